@@ -1,0 +1,23 @@
+# What every target of the project is compiled with.
+add_library(roomlattice_options INTERFACE)
+target_include_directories(roomlattice_options INTERFACE ${PROJECT_SOURCE_DIR})
+target_compile_options(
+  roomlattice_options
+  INTERFACE -Wall
+            -Wextra
+            -Wpedantic
+            -Wshadow
+            -Wconversion
+            -Wsign-conversion
+            -Wnon-virtual-dtor
+            -Woverloaded-virtual
+            -Wimplicit-fallthrough
+            # Designated initialisers leave the other members at their defaults on purpose.
+            -Wno-missing-field-initializers
+            $<$<BOOL:${ROOMLATTICE_WARNINGS_AS_ERRORS}>:-Werror>)
+
+if(ROOMLATTICE_SANITIZERS)
+  set(sanitizers -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_compile_options(roomlattice_options INTERFACE ${sanitizers})
+  target_link_options(roomlattice_options INTERFACE ${sanitizers})
+endif()

@@ -1,0 +1,119 @@
+#include "menubar/MenuBarController.h"
+
+#include "preferences/PreferencesStore.h"
+#include "spaces/SpaceManager.h"
+
+#include <algorithm>
+#include <optional>
+#include <string>
+
+namespace roomlattice {
+namespace {
+
+using platform::Color;
+
+constexpr double fixedWidth = 140.0;
+constexpr double titleCornerRadius = 3.0;
+
+/// Rec. 601 luma of gamma-encoded components; alpha takes no part. The weights are whole thousandths so that a grey's
+/// luminance is exactly its component, which the strict bounds below depend on.
+double luminance(const Color& color) {
+  return (299.0 * color.red + 587.0 * color.green + 114.0 * color.blue) / 1000.0;
+}
+
+Color mapComponents(const Color& color, double (*map)(double)) {
+  return {map(color.red), map(color.green), map(color.blue), color.alpha};
+}
+
+Color usedColor(const SpaceColorConfig& config, ColorMode mode) {
+  return (mode == ColorMode::colorForeground ? config.foreground : config.background).color();
+}
+
+}  // namespace
+
+MenuBarController::MenuBarController(platform::Platform& platform)
+    : platform_(platform), statusItem_(platform.userInterface().createStatusItem(platform::VariableLength{})) {
+  statusItem_->setMenu(&menu_);
+  refreshTitle();
+  platform::Notifications& notifications = platform.notifications();
+  const auto refresh = [this] { refreshTitle(); };
+  observers_ = {
+      notifications.defaultCenter().observe(SpaceManager::activeChanged, refresh),
+      notifications.defaultCenter().observe(SpaceManager::didChange, refresh),
+      notifications.defaultCenter().observe(PreferencesStore::didChange, refresh),
+      notifications.distributedCenter().observe(platform::notification::interfaceThemeChanged, refresh),
+  };
+}
+
+void MenuBarController::refreshTitle() {
+  const PreferencesStore& preferences = PreferencesStore::shared();
+  if (platform::StatusButton* button = statusItem_->button()) {
+    if (!preferences.showSpaceNameInMenuBar()) {
+      // The icon keeps its square whatever the width mode.
+      platform::Image icon = makeIconImage();
+      icon.isTemplate = true;
+      button->setContent({.image = std::move(icon)});
+      statusItem_->setLength(platform::SquareLength{});
+      return;
+    }
+    button->setContent(titleContent());
+  }
+  if (preferences.menuBarWidthMode() == MenuBarWidthMode::maxTitleLength) {
+    statusItem_->setLength(platform::FixedLength{fixedWidth});
+  } else {
+    statusItem_->setLength(platform::VariableLength{});
+  }
+}
+
+platform::StatusButtonContent MenuBarController::titleContent() const {
+  const SpaceInfo* active = SpaceManager::shared().activeSpace();
+  if (active == nullptr) {
+    return {.title = {.text = "Desktops"}};
+  }
+  const PreferencesStore& preferences = PreferencesStore::shared();
+  const ColorMode mode = preferences.colorMode();
+  const Color color = usedColor(preferences.colorConfig(active->uuid), mode);
+  const std::string text = " " + SpaceManager::shared().displayName(*active) + " ";
+  if (mode == ColorMode::colorForeground) {
+    return {.title = {.text = text, .color = adjustedForeground(color)}};
+  }
+  return {.title = {.text = text, .color = contrastingColor(color)},
+          .background = color,
+          .cornerRadius = titleCornerRadius};
+}
+
+platform::Image MenuBarController::makeIconImage() {
+  constexpr double side = 7.25;
+  constexpr double far = 8.75;
+  constexpr double radius = 2.0;
+  platform::Image image{.size = {16.0, 16.0}};
+  for (const platform::Point origin : {platform::Point{0.0, far}, {far, far}, {0.0, 0.0}, {far, 0.0}}) {
+    image.shapes.push_back({.kind = platform::ShapeKind::RoundedRect,
+                            .bounds = {origin, {side, side}},
+                            .cornerRadius = radius,
+                            .color = Color::black()});
+  }
+  return image;
+}
+
+Color MenuBarController::adjustedForeground(const Color& color) const {
+  const Color given = color.inSRGB().value_or(color);
+  const double luma = luminance(given);
+  if (platform_.userInterface().effectiveAppearance() == platform::Appearance::Dark) {
+    const auto lift = [](double component) { return std::min(component * 1.5 + 0.2, 1.0); };
+    return luma < 0.25 ? mapComponents(given, lift) : color;
+  }
+  const auto halve = [](double component) { return component * 0.5; };
+  return luma > 0.75 ? mapComponents(given, halve) : color;
+}
+
+Color MenuBarController::contrastingColor(const Color& color) {
+  return luminance(color.inSRGB().value_or(Color::black())) > 0.5 ? Color::black() : Color::white();
+}
+
+Color MenuBarController::dotColor(const SpaceInfo& space) {
+  const PreferencesStore& preferences = PreferencesStore::shared();
+  return usedColor(preferences.colorConfig(space.uuid), preferences.colorMode());
+}
+
+}  // namespace roomlattice

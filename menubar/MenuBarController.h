@@ -1,0 +1,44 @@
+#pragma once
+
+#include "platform/Platform.h"
+#include "spaces/SpaceInfo.h"
+
+#include <array>
+#include <memory>
+
+namespace roomlattice {
+
+/// Owns the status item: the active desktop's name in that desktop's colour, or a grid icon. It has no state besides;
+/// every refresh computes everything from the model and the preferences. Main thread only.
+class MenuBarController {
+ public:
+  /// Puts the item into the status bar, refreshes it once and from then on at every change of what it shows.
+  explicit MenuBarController(platform::Platform& platform);
+
+  /// Recomputes title, icon, colours and width.
+  void refreshTitle();
+
+  /// Four rounded squares in black, 16 × 16 points; not yet marked as a template.
+  static platform::Image makeIconImage();
+
+  /// `color` as text on the status bar: a very dark one is lifted on a dark bar, a very light one halved on a light
+  /// bar.
+  platform::Color adjustedForeground(const platform::Color& color) const;
+
+  /// Black or white, whichever reads better over `color`; white over a colour without an sRGB form.
+  static platform::Color contrastingColor(const platform::Color& color);
+
+  /// The colour of a desktop that the colour mode uses.
+  static platform::Color dotColor(const SpaceInfo& space);
+
+ private:
+  void refreshButton(platform::StatusButton& button);
+  platform::StatusButtonContent titleContent() const;
+
+  platform::Platform& platform_;
+  platform::Menu menu_;
+  std::unique_ptr<platform::StatusItem> statusItem_;
+  std::array<platform::Registration, 4> observers_;
+};
+
+}  // namespace roomlattice

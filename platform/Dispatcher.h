@@ -1,0 +1,39 @@
+#pragma once
+
+#include "platform/Registration.h"
+
+#include <chrono>
+#include <functional>
+
+namespace roomlattice::platform {
+
+using Duration = std::chrono::nanoseconds;
+
+/// The main queue, its timers, and the one background queue.
+///
+/// Main-queue tasks run on the main thread, one at a time, ordered by due time and, when due at the same time, by the
+/// order of scheduling. No task runs before the call that scheduled it has returned.
+class Dispatcher {
+ public:
+  using Task = std::function<void()>;
+
+  virtual ~Dispatcher() = default;
+
+  /// Runs `task` on a later turn of the main queue. May be called from any thread.
+  virtual void async(Task task) = 0;
+
+  /// Runs `task` once `delay` has passed since this call. It cannot be cancelled: it holds its owner weakly.
+  virtual void asyncAfter(Duration delay, Task task) = 0;
+
+  /// Like asyncAfter, and cancelled with the registration. Once the task has run, the registration means nothing.
+  virtual Registration schedule(Duration delay, Task task) = 0;
+
+  /// Runs `task` once `first` has passed and then every `period`, until the registration ends. Where the main thread
+  /// was busy for several periods, the missed ones are not made up.
+  virtual Registration repeat(Duration first, Duration period, Task task) = 0;
+
+  /// Runs `task` off the main thread at user-initiated priority. It may call async and nothing else of this class.
+  virtual void background(Task task) = 0;
+};
+
+}  // namespace roomlattice::platform

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "platform/View.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace roomlattice::platform {
+
+/// A row that the program draws itself. The item owns the view; its frame's size is the row's.
+struct ViewItem {
+  std::unique_ptr<View> view;
+};
+
+/// A command with a title. The key equivalent is used with the platform's default modifier; empty for none.
+struct CommandItem {
+  std::string title;
+  std::string keyEquivalent;
+  std::function<void()> action;
+};
+
+struct SeparatorItem {};
+
+using MenuItem = std::variant<ViewItem, CommandItem, SeparatorItem>;
+
+/// A menu as data. Backends show what `items` holds when it opens, and keep nothing of it beyond.
+struct Menu {
+  std::vector<MenuItem> items;
+
+  /// Called each time just before the menu opens, to bring `items` up to date. The items of the last opening live
+  /// until then.
+  std::function<void(Menu&)> needsUpdate;
+};
+
+}  // namespace roomlattice::platform

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "platform/Registration.h"
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+namespace roomlattice::platform {
+
+/// Notifications have a name and nothing else: no sender, no user info. Main thread only.
+class NotificationCenter {
+ public:
+  using Handler = std::function<void()>;
+
+  virtual ~NotificationCenter() = default;
+
+  /// Calls `handler` on every post of `name` until the registration ends.
+  virtual Registration observe(std::string_view name, Handler handler) = 0;
+
+  /// Runs the observers of `name` in the order they were registered, before returning. An observer added meanwhile is
+  /// not called for this post; one that has ended meanwhile is not called any more.
+  virtual void post(std::string_view name) = 0;
+};
+
+/// The three centres of a desktop session.
+class Notifications {
+ public:
+  virtual ~Notifications() = default;
+
+  /// Between the parts of this process.
+  virtual NotificationCenter& defaultCenter() = 0;
+
+  /// What the session's workspace reports: desktop switches, wake from sleep.
+  virtual NotificationCenter& workspaceCenter() = 0;
+
+  /// What any process of the session may report, such as the change between light and dark.
+  virtual NotificationCenter& distributedCenter() = 0;
+};
+
+/// The platform's own notifications that the program observes.
+namespace notification {
+
+/// Workspace centre: another desktop is active, or the list of desktops is another one.
+inline constexpr std::string_view activeSpaceDidChange = "NSWorkspaceActiveSpaceDidChangeNotification";
+
+/// Workspace centre: the machine has woken from sleep.
+inline constexpr std::string_view didWake = "NSWorkspaceDidWakeNotification";
+
+/// Default centre: screens were added, removed, moved or resized.
+inline constexpr std::string_view didChangeScreenParameters = "NSApplicationDidChangeScreenParametersNotification";
+
+/// Distributed centre: the desktop went from light to dark or back.
+inline constexpr std::string_view interfaceThemeChanged = "AppleInterfaceThemeChangedNotification";
+
+}  // namespace notification
+
+}  // namespace roomlattice::platform

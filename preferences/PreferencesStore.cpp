@@ -1,0 +1,129 @@
+#include "preferences/PreferencesStore.h"
+
+#include "platform/Installation.h"
+
+namespace roomlattice {
+namespace {
+
+using platform::Value;
+
+constexpr const char* signTextSizeKey = "SignTextSize";
+constexpr const char* signSwipeAlphaKey = "SignSwipeAlpha";
+constexpr const char* showSignInSwipeModeKey = "ShowSignInSwipeMode";
+constexpr const char* showSignAfterSelectionKey = "ShowSignAfterSelection";
+constexpr const char* showSpaceNameInMenuBarKey = "ShowSpaceNameInMenuBar";
+constexpr const char* instantMenuSwitchKey = "InstantMenuSwitch";
+constexpr const char* menuBarWidthModeKey = "MenuBarWidthMode";
+constexpr const char* colorModeKey = "ColorMode";
+constexpr const char* spaceColorsKey = "SpaceColors";
+
+constexpr const char* rawValue(MenuBarWidthMode mode) {
+  return mode == MenuBarWidthMode::fitToTitle ? "fitToTitle" : "maxTitleLength";
+}
+
+constexpr const char* rawValue(ColorMode mode) {
+  return mode == ColorMode::colorForeground ? "colorForeground" : "colorBackground";
+}
+
+}  // namespace
+
+PreferencesStore& PreferencesStore::shared() {
+  return platform::Installation::current().shared<PreferencesStore>();
+}
+
+double PreferencesStore::signTextSize() const {
+  return number(signTextSizeKey, 160.0);
+}
+void PreferencesStore::setSignTextSize(double points) {
+  write(signTextSizeKey, points);
+}
+
+double PreferencesStore::signSwipeAlpha() const {
+  return number(signSwipeAlphaKey, 0.78);
+}
+void PreferencesStore::setSignSwipeAlpha(double alpha) {
+  write(signSwipeAlphaKey, alpha);
+}
+
+bool PreferencesStore::showSignInSwipeMode() const {
+  return flag(showSignInSwipeModeKey, true);
+}
+void PreferencesStore::setShowSignInSwipeMode(bool show) {
+  write(showSignInSwipeModeKey, show);
+}
+
+bool PreferencesStore::showSignAfterSelection() const {
+  return flag(showSignAfterSelectionKey, true);
+}
+void PreferencesStore::setShowSignAfterSelection(bool show) {
+  write(showSignAfterSelectionKey, show);
+}
+
+bool PreferencesStore::showSpaceNameInMenuBar() const {
+  return flag(showSpaceNameInMenuBarKey, true);
+}
+void PreferencesStore::setShowSpaceNameInMenuBar(bool show) {
+  write(showSpaceNameInMenuBarKey, show);
+}
+
+bool PreferencesStore::instantMenuSwitch() const {
+  return flag(instantMenuSwitchKey, false);
+}
+void PreferencesStore::setInstantMenuSwitch(bool instant) {
+  write(instantMenuSwitchKey, instant);
+}
+
+MenuBarWidthMode PreferencesStore::menuBarWidthMode() const {
+  const bool fixed = string(menuBarWidthModeKey) == rawValue(MenuBarWidthMode::maxTitleLength);
+  return fixed ? MenuBarWidthMode::maxTitleLength : MenuBarWidthMode::fitToTitle;
+}
+
+void PreferencesStore::setMenuBarWidthMode(MenuBarWidthMode mode) {
+  write(menuBarWidthModeKey, rawValue(mode));
+}
+
+ColorMode PreferencesStore::colorMode() const {
+  const bool foreground = string(colorModeKey) == rawValue(ColorMode::colorForeground);
+  return foreground ? ColorMode::colorForeground : ColorMode::colorBackground;
+}
+
+void PreferencesStore::setColorMode(ColorMode mode) {
+  write(colorModeKey, rawValue(mode));
+}
+
+SpaceColors PreferencesStore::spaceColors() const {
+  const std::optional<Value> stored = platform_.defaults().object(spaceColorsKey);
+  const Value::Data* data = stored ? stored->asData() : nullptr;
+  const std::optional<Value> document = data == nullptr ? std::nullopt : platform_.json().decode(*data);
+  return document ? decodeSpaceColors(*document).value_or(SpaceColors()) : SpaceColors();
+}
+
+void PreferencesStore::setSpaceColors(const SpaceColors& colors) {
+  if (std::optional<Value::Data> data = platform_.json().encode(encode(colors))) {
+    platform_.defaults().set(spaceColorsKey, *std::move(data));
+  }
+  platform_.notifications().defaultCenter().post(didChange);
+}
+
+double PreferencesStore::number(const char* key, double fallback) const {
+  const std::optional<Value> stored = platform_.defaults().object(key);
+  return stored ? stored->toDouble().value_or(fallback) : fallback;
+}
+
+bool PreferencesStore::flag(const char* key, bool fallback) const {
+  const std::optional<Value> stored = platform_.defaults().object(key);
+  return stored ? stored->toBool().value_or(fallback) : fallback;
+}
+
+std::string PreferencesStore::string(const char* key) const {
+  const std::optional<Value> stored = platform_.defaults().object(key);
+  const std::string* string = stored ? stored->asString() : nullptr;
+  return string == nullptr ? std::string() : *string;
+}
+
+void PreferencesStore::write(const char* key, const Value& value) {
+  platform_.defaults().set(key, value);
+  platform_.notifications().defaultCenter().post(didChange);
+}
+
+}  // namespace roomlattice

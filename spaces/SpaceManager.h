@@ -1,0 +1,64 @@
+#pragma once
+
+#include "platform/Platform.h"
+#include "spaces/SpaceInfo.h"
+
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace roomlattice {
+
+/// The one model of the desktops: the latest snapshot, which desktop is active, and the names users gave. All other
+/// parts of the program read desktops only from here. Main thread only; notifications are posted synchronously on the
+/// default centre.
+class SpaceManager {
+ public:
+  static constexpr std::string_view didChange = "SpaceManagerDidChange";
+  static constexpr std::string_view activeChanged = "SpaceManagerActiveSpaceChanged";
+  static constexpr std::string_view tourWillStart = "SpaceManagerTourWillStart";
+  static constexpr std::string_view tourDidEnd = "SpaceManagerTourDidEnd";
+
+  /// The instance of the installed platform, made on first use.
+  static SpaceManager& shared();
+
+  /// For shared(); loads the names.
+  explicit SpaceManager(platform::Platform& platform);
+
+  /// All desktops of all displays in the window server's order, those that are not regular included.
+  const std::vector<SpaceInfo>& spaces() const { return spaces_; }
+
+  /// 0 before the first snapshot.
+  platform::SpaceID activeSpaceID() const { return activeSpaceID_; }
+
+  /// The first desktop in the list with the active identifier, of any type; null when the list has none. Valid until
+  /// the next update.
+  const SpaceInfo* activeSpace() const;
+
+  /// Stores a snapshot, remembers every regular desktop in it, and posts didChange if the list is another one and then
+  /// activeChanged if the active desktop is another one.
+  void update(std::vector<SpaceInfo> spaces, platform::SpaceID activeSpaceID);
+
+  /// The name the user gave the desktop, or "Desktop" with its number among the regular desktops of its display.
+  std::string displayName(const SpaceInfo& space) const;
+
+  /// Keeps `name`, without white space at its ends, for the desktop's uuid; a blank name brings the default title back.
+  /// Posts didChange in any case.
+  void setName(const std::string& name, const SpaceInfo& space);
+
+ private:
+  static constexpr const char* defaultsKey = "SpaceNames";
+  static constexpr const char* knownUUIDsKey = "KnownSpaceUUIDs";
+
+  void loadNames();
+  void rememberRegularSpaces();
+  void post(std::string_view notification);
+
+  platform::Platform& platform_;
+  std::vector<SpaceInfo> spaces_;
+  platform::SpaceID activeSpaceID_ = 0;
+  std::map<std::string, std::string> names_;
+};
+
+}  // namespace roomlattice
