@@ -1,6 +1,10 @@
 #pragma once
 
+#include "input/HotCornerWatcher.h"
+#include "input/SwipeWatcher.h"
+#include "labels/SpaceSignWindowController.h"
 #include "menubar/MenuBarController.h"
+#include "platform/Lifetime.h"
 #include "platform/Platform.h"
 #include "spaces/SpaceObserver.h"
 
@@ -17,11 +21,17 @@ class AppDelegate {
 
  private:
   void observeDesktops();
+  void startHotCornerWatcher();
+  void startSwipeWatcher();
 
   platform::Platform& platform_;
   std::optional<SpaceObserver> observer_;
   platform::Registration activeSpaceObservation_;
   std::optional<MenuBarController> menuBar_;
+  std::optional<SpaceSignWindowController> signs_;
+  std::optional<HotCornerWatcher> hot_;
+  std::optional<SwipeWatcher> swipes_;
+  platform::Lifetime lifetime_;
 };
 
 }  // namespace roomlattice

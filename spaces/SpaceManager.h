@@ -1,18 +1,22 @@
 #pragma once
 
+#include "platform/Lifetime.h"
 #include "platform/Platform.h"
 #include "spaces/SpaceInfo.h"
 
+#include <deque>
+#include <functional>
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace roomlattice {
 
-/// The one model of the desktops: the latest snapshot, which desktop is active, and the names users gave. All other
-/// parts of the program read desktops only from here. Main thread only; notifications are posted synchronously on the
-/// default centre.
+/// The one model of the desktops: the latest snapshot, which desktop is active, and the names users gave; and the way
+/// to move among them. All other parts of the program read desktops only from here. Main thread only; notifications
+/// are posted synchronously on the default centre.
 class SpaceManager {
  public:
   static constexpr std::string_view didChange = "SpaceManagerDidChange";
@@ -47,6 +51,16 @@ class SpaceManager {
   /// Posts didChange in any case.
   void setName(const std::string& name, const SpaceInfo& space);
 
+  /// Moves to `space` from the active desktop by one Dock swipe for each regular desktop on the way, over all displays.
+  /// All swipes are scheduled now and none is posted before this returns. Does nothing unless both desktops are regular
+  /// ones of the list.
+  void switchToSpace(const SpaceInfo& space);
+
+  /// Visits every regular desktop and returns to the active one: to the last desktop, back to the first, and forward.
+  /// `completion` is called once: at the end, or from within this call when there is nothing to tour. Not to be called
+  /// while a tour runs.
+  void performAutoTour(std::function<void()> completion = {});
+
  private:
   static constexpr const char* defaultsKey = "SpaceNames";
   static constexpr const char* knownUUIDsKey = "KnownSpaceUUIDs";
@@ -55,10 +69,30 @@ class SpaceManager {
   void rememberRegularSpaces();
   void post(std::string_view notification);
 
+  void animatedDockSwipe(ISSDirection direction);
+  void instantDockSwipe(ISSDirection direction);
+
+  void advanceTour();
+  void tourStepTimedOut(int step);
+  void tourSpaceArrived();
+  void endTour();
+  bool isCurrentTourStep(int step) const;
+
   platform::Platform& platform_;
   std::vector<SpaceInfo> spaces_;
   platform::SpaceID activeSpaceID_ = 0;
   std::map<std::string, std::string> names_;
+
+  std::deque<ISSDirection> tourQueue_;
+  std::function<void()> tourCompletion_;
+  // Set exactly while a tour runs.
+  platform::Registration tourObserver_;
+  // Counts from 1; deferred work compares it to learn that its step is over.
+  int tourStep_ = 0;
+  bool tourRetried_ = false;
+  std::optional<ISSDirection> currentTourDirection_;
+
+  platform::Lifetime lifetime_;
 };
 
 }  // namespace roomlattice

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "platform/Lifetime.h"
+#include "platform/Platform.h"
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+
+namespace roomlattice {
+
+/// Listens to the user's Dock swipes and reports the start of each one, once. Swipes that a process posts, this
+/// program's own included, do not count. Main thread only.
+class SwipeWatcher {
+ public:
+  explicit SwipeWatcher(platform::Platform& platform) : platform_(platform) {}
+
+  /// Called on a later turn of the main queue; `isRight` is true for a swipe towards the next desktop.
+  std::function<void(bool isRight)> onSwipeBegan = [](bool) {};
+
+  /// Begins to listen, until this object goes. Without the user's permission it logs one line and hears nothing.
+  void start();
+
+ private:
+  void handle(const platform::Event& event, std::uint32_t type);
+  void reportSwipe(const platform::Event& event);
+
+  platform::Platform& platform_;
+  std::unique_ptr<platform::EventTap> tap_;
+  // From the first reported event of a swipe until its end.
+  bool swipeFired_ = false;
+  platform::Lifetime lifetime_;
+};
+
+}  // namespace roomlattice

@@ -1,0 +1,21 @@
+#include "labels/LabelScreen.h"
+
+#include "platform/Fatal.h"
+
+#include <optional>
+#include <vector>
+
+namespace roomlattice {
+
+platform::Screen labelScreen(const platform::UserInterface& userInterface) {
+  if (const std::optional<platform::Screen> main = userInterface.mainScreen()) {
+    return *main;
+  }
+  const std::vector<platform::Screen> screens = userInterface.screens();
+  if (screens.empty()) {
+    platform::fatal("there is no screen to show labels on");
+  }
+  return screens.front();
+}
+
+}  // namespace roomlattice

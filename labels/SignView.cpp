@@ -1,0 +1,58 @@
+#include "labels/SignView.h"
+
+#include "preferences/PreferencesStore.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace roomlattice {
+namespace {
+
+constexpr double plateAlpha = 0.78;
+constexpr double plateCornerRadius = 40.0;
+constexpr double sideMargin = 40.0;
+
+}  // namespace
+
+SignView::SignView(platform::Platform& platform, std::string text)
+    : platform_(platform), text_(std::move(text)), font_(labelFont()) {
+  preferencesObserver_ =
+      platform.notifications().defaultCenter().observe(PreferencesStore::didChange, [this] { prefsChanged(); });
+}
+
+platform::Font SignView::labelFont() {
+  return {.size = PreferencesStore::shared().signTextSize(), .weight = platform::FontWeight::Heavy};
+}
+
+void SignView::setText(const std::string& text) {
+  if (text != text_) {
+    text_ = text;
+    contentChanged();
+  }
+}
+
+void SignView::prefsChanged() {
+  if (const platform::Font font = labelFont(); font != font_) {
+    font_ = font;
+    contentChanged();
+  }
+}
+
+platform::Rect SignView::labelFrame() const {
+  const platform::Size plate = frame().size;
+  const platform::Size text = platform_.userInterface().measure(text_, font_);
+  const double width = std::min(text.width, std::max(plate.width - 2 * sideMargin, 0.0));
+  return {{(plate.width - width) * 0.5, (plate.height - text.height) * 0.5}, {width, text.height}};
+}
+
+platform::ViewContent SignView::content() const {
+  return {.background = platform::Color::black().withAlpha(plateAlpha),
+          .cornerRadius = plateCornerRadius,
+          .elements = {platform::TextElement{.frame = labelFrame(),
+                                             .text = text_,
+                                             .font = font_,
+                                             .color = platform::Color::white(),
+                                             .alignment = platform::TextAlignment::Center}}};
+}
+
+}  // namespace roomlattice

@@ -1,0 +1,40 @@
+#include "labels/TourOverlayView.h"
+
+#include "platform/Stack.h"
+
+#include <algorithm>
+
+namespace roomlattice {
+namespace {
+
+constexpr const char* message = "initializing the plink";
+constexpr platform::Font messageFont{.size = 22.0, .weight = platform::FontWeight::Semibold};
+constexpr double plateAlpha = 0.72;
+constexpr platform::Size spinnerSize{24.0, 24.0};
+constexpr double spacing = 16.0;
+constexpr double sideMargin = 28.0;
+
+}  // namespace
+
+TourOverlayView::TourOverlayView(platform::Platform& platform, const platform::Rect& frame) : platform_(platform) {
+  setFrame(frame);
+}
+
+platform::ViewContent TourOverlayView::content() const {
+  const platform::Size plate = frame().size;
+  platform::Size text = platform_.userInterface().measure(message, messageFont);
+  text.width = std::min(text.width, std::max(plate.width - 2 * sideMargin - spinnerSize.width - spacing, 0.0));
+  platform::Stack stack = platform::horizontalStack({spinnerSize, text}, spacing);
+  for (platform::Rect& child : stack.frames) {
+    child.origin.x += (plate.width - stack.size.width) * 0.5;
+    child.origin.y += (plate.height - stack.size.height) * 0.5;
+  }
+  return {.background = platform::Color::black().withAlpha(plateAlpha),
+          .cornerRadius = plate.height * 0.5,
+          .elements = {
+              platform::SpinnerElement{.frame = stack.frames[0]},
+              platform::TextElement{
+                  .frame = stack.frames[1], .text = message, .font = messageFont, .color = platform::Color::white()}}};
+}
+
+}  // namespace roomlattice
