@@ -1,0 +1,50 @@
+# shellcheck shell=bash
+# The checks of the sources that `scripts/test` runs. To be sourced after common.sh.
+
+source_folders=(app spaces input labels menubar preferences platform support tests benchmarks)
+
+# Prints the project's own C++ files: sources with the argument `sources`, headers too with `all`.
+cpp_files() {
+  local folder patterns=()
+  for folder in "${source_folders[@]}"; do
+    patterns+=("$folder/*.cpp")
+    if [[ $1 == all ]]; then patterns+=("$folder/*.h"); fi
+  done
+  project_files "${patterns[@]}"
+}
+
+check_format() {
+  cd "$root"
+  cpp_files all | xargs -d '\n' clang-format --dry-run -Werror
+}
+
+check_includes() {
+  "$root/scripts/check-includes-test"
+  "$root/scripts/check-includes"
+}
+
+# Paths of the machine something was written on mean nothing on another one.
+check_paths() {
+  local boundary='(^|[^[:alnum:]_.~})/-])' folders='(home|root|Users|work|workspace|builds|tmp/[[:alnum:]_.]+)'
+  cd "$root"
+  if project_files . | xargs -d '\n' grep --binary-files=without-match --line-number --with-filename --extended-regexp \
+    "$boundary/$folders/[[:alnum:]_.]"; then
+    note "These lines name places of one machine."
+    return 1
+  fi
+}
+
+# What is sourced is checked with the scripts that source it.
+check_scripts() {
+  cd "$root"
+  project_files scripts .ci | xargs -d '\n' grep --files-with-matches '^#!.*bash' |
+    xargs -d '\n' shellcheck --external-sources --check-sourced
+}
+
+# On the files of the `ci` build, with whose options they are compiled.
+check_tidy() {
+  local folders
+  folders=$(printf '%s|' "${source_folders[@]}")
+  cd "$root"
+  run-clang-tidy -quiet -p build/ci -j "$(core_count)" "^$root/(${folders%|})/.*\\.cpp\$" 2>/dev/null
+}

@@ -1,0 +1,60 @@
+# shellcheck shell=bash
+# The Debian packages the project needs, and their installation. To be sourced after common.sh.
+
+build_packages=(
+  build-essential cmake ninja-build pkg-config
+  qt6-base-dev libxcb1-dev libxcb-ewmh-dev libxcb-shape0-dev libxcb-xfixes0-dev libxcb-xinput-dev
+  nlohmann-json3-dev
+)
+
+# A desktop without a screen, and the tools that act on it from outside.
+desktop_packages=(
+  xvfb xauth openbox xfwm4 kwin-x11 picom hsetroot dbus xterm fonts-dejavu-core
+  xdotool wmctrl x11-utils x11-xserver-utils imagemagick
+)
+
+test_packages=(
+  libgtest-dev libgmock-dev
+  xserver-xorg-core xserver-xorg-video-dummy xserver-xorg-dev xinput libxcb-xtest0-dev
+)
+
+check_packages=(git clang-format clang-tidy shellcheck)
+
+# Prints those of the given packages that are not installed.
+missing_packages() {
+  comm -23 <(printf '%s\n' "$@" | sort -u) \
+    <({ dpkg-query --show --showformat '${db:Status-Status} ${Package}\n' "$@" 2>/dev/null || true; } |
+      sed -n 's/^installed //p' | sort -u)
+}
+
+as_root() {
+  if [[ $(id -u) == 0 ]]; then
+    "$@"
+  elif [[ -t 0 ]]; then
+    sudo "$@"
+  else
+    sudo --non-interactive "$@"
+  fi
+}
+
+apt_get() {
+  as_root env DEBIAN_FRONTEND=noninteractive apt-get --quiet --yes -o DPkg::Lock::Timeout=300 -o Acquire::Retries=3 \
+    "$@" </dev/null
+}
+
+# Makes sure that the given packages are installed.
+install_packages() {
+  local missing
+  if ! command -v dpkg-query >/dev/null; then
+    note "This is not a Debian system: what is needed must be installed already ($*)."
+    return
+  fi
+  mapfile -t missing < <(missing_packages "$@")
+  if [[ ${#missing[@]} == 0 ]]; then return; fi
+  note "Installing ${missing[*]}"
+  if [[ $(id -u) != 0 ]] && ! command -v sudo >/dev/null; then
+    die "neither root nor sudo: please install these packages: ${missing[*]}"
+  fi
+  apt_get update || die "apt-get update failed"
+  apt_get install --no-install-recommends "${missing[@]}" || die "could not install: ${missing[*]}"
+}

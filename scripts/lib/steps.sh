@@ -1,0 +1,46 @@
+# shellcheck shell=bash
+# Steps with a heading, a duration and a remembered result. To be sourced after common.sh.
+
+step_results=()
+failed_steps=()
+
+heading() { printf '\n==== %s\n' "$*"; }
+
+# run_step NAME COMMAND...: a failure is remembered and does not end the script.
+run_step() {
+  local name=$1 started=$SECONDS status=0
+  shift
+  heading "$name"
+  # Not in a condition: there `set -e` would mean nothing within the command.
+  set +e
+  (
+    set -euo pipefail
+    "$@"
+  )
+  status=$?
+  set -e
+  finish_step "$name" "$status" $((SECONDS - started))
+}
+
+finish_step() {
+  local name=$1 status=$2 seconds=$3 result=ok
+  if [[ $status != 0 ]]; then
+    result=FAILED
+    failed_steps+=("$name")
+  fi
+  step_results+=("$(printf '%-6s %4d s  %s' "$result" "$seconds" "$name")")
+  printf -- '---- %s: %s (%d s)\n' "$name" "$result" "$seconds"
+}
+
+step_failed() {
+  local name
+  for name in ${failed_steps[@]+"${failed_steps[@]}"}; do
+    if [[ $name == "$1" ]]; then return 0; fi
+  done
+  return 1
+}
+
+print_steps() {
+  heading "Steps"
+  printf '%s\n' "${step_results[@]}"
+}
