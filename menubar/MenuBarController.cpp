@@ -33,6 +33,7 @@ Color usedColor(const SpaceColorConfig& config, ColorMode mode) {
 
 MenuBarController::MenuBarController(platform::Platform& platform)
     : platform_(platform), statusItem_(platform.userInterface().createStatusItem(platform::VariableLength{})) {
+  menu_.needsUpdate = [this](platform::Menu& menu) { menuNeedsUpdate(menu); };
   statusItem_->setMenu(&menu_);
   refreshTitle();
   platform::Notifications& notifications = platform.notifications();

@@ -8,8 +8,9 @@
 
 namespace roomlattice {
 
-/// Owns the status item: the active desktop's name in that desktop's colour, or a grid icon. It has no state besides;
-/// every refresh computes everything from the model and the preferences. Main thread only.
+/// Owns the status item, with the active desktop's name in that desktop's colour or a grid icon, and its menu. It has
+/// no state besides: every refresh, and every opening of the menu, computes everything from the model and the
+/// preferences. Main thread only.
 class MenuBarController {
  public:
   /// Puts the item into the status bar, refreshes it once and from then on at every change of what it shows.
@@ -17,6 +18,12 @@ class MenuBarController {
 
   /// Recomputes title, icon, colours and width.
   void refreshTitle();
+
+  /// Brings the menu up to date before it opens: a row for each regular desktop, then the commands.
+  void menuNeedsUpdate(platform::Menu& menu);
+
+  /// Brings the preferences window to the front of all applications.
+  void showPreferences();
 
   /// Four rounded squares in black, 16 × 16 points; not yet marked as a template.
   static platform::Image makeIconImage();

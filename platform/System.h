@@ -18,6 +18,13 @@ struct LaunchError {
   std::string localizedDescription;
 };
 
+/// How to get at the process's recent log lines: a tool with its arguments, and the same as a user would type it.
+struct LogQuery {
+  std::string executable;
+  std::vector<std::string> arguments;
+  std::string command;
+};
+
 enum class ActivityKind {
   /// The user waits for it: timers are not throttled; the idle system may still sleep.
   UserInitiatedAllowingIdleSystemSleep,
@@ -35,6 +42,10 @@ class System {
   /// status is not looked at. May be called from any thread.
   virtual std::variant<ProcessOutput, LaunchError> run(const std::string& path,
                                                        const std::vector<std::string>& arguments) = 0;
+
+  /// `query` is written for the log tool of macOS. Gives what asks the same of this system: the query itself where that
+  /// tool is at home.
+  virtual LogQuery localized(const LogQuery& query) const { return query; }
 
   /// Replaces the contents of the general pasteboard by plain text. Main thread only.
   virtual void setPasteboardString(const std::string& text) = 0;

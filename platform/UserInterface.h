@@ -44,7 +44,7 @@ class UserInterface {
   /// The typographic size of `text` as a single line.
   virtual Size measure(const std::string& text, const Font& font) const = 0;
 
-  /// The size `control` has of itself in this platform's look.
+  /// The size `control` has of itself in this platform's look. A text that is empty is as high as a line.
   virtual Size intrinsicSize(const Control& control) const = 0;
 
   virtual std::unique_ptr<StatusItem> createStatusItem(const StatusItemLength& length) = 0;

@@ -104,7 +104,8 @@ class ViewHost {
   /// The view's content or frame has changed. May be called often; drawing comes later.
   virtual void viewChanged() = 0;
 
-  /// The field behind the view's TextFieldElement; none when the view has no such element.
+  /// The field behind the view's TextFieldElement, with the view's latest content in effect for it; none when the view
+  /// has no such element.
   virtual TextField* textField() = 0;
 
   /// Closes the menu the view's item is in, if it is in one.

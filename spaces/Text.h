@@ -8,4 +8,7 @@ namespace roomlattice {
 /// Unicode Character Database): blanks, tabs and newlines of every kind. Bytes that are not UTF-8 are kept.
 std::string trimWhitespace(const std::string& text);
 
+/// Whether `bytes` are well-formed UTF-8 (RFC 3629).
+bool isUtf8(const std::string& bytes);
+
 }  // namespace roomlattice

@@ -1,0 +1,44 @@
+#include "preferences/DiagnosticLog.h"
+
+#include "spaces/Text.h"
+
+#include <utility>
+#include <variant>
+
+namespace roomlattice {
+namespace {
+
+constexpr const char* emptyOutputText = "(no log output \u2014 make sure you reproduced the issue recently)";
+
+}  // namespace
+
+platform::LogQuery diagnosticLogQuery(const platform::System& system) {
+  return system.localized(
+      {.executable = "/usr/bin/log",
+       .arguments = {"show", "--predicate", "process == \"Roomlattice\"", "--last", "10m", "--style", "compact"},
+       .command = "log show --predicate 'process == \"Roomlattice\"' --last 10m --style compact"});
+}
+
+std::string gatherDiagnosticLog(platform::System& system, const platform::LogQuery& query) {
+  auto outcome = system.run(query.executable, query.arguments);
+  if (const auto* error = std::get_if<platform::LaunchError>(&outcome)) {
+    return "Failed to run log command: " + error->localizedDescription + "\n\nRun this in Terminal instead:\n" +
+           query.command;
+  }
+  std::string& bytes = std::get<platform::ProcessOutput>(outcome).bytes;
+  return bytes.empty() || !isUtf8(bytes) ? emptyOutputText : std::move(bytes);
+}
+
+std::size_t countLogLines(const std::string& text) {
+  std::size_t count = 0;
+  char previous = '\n';
+  for (const char character : text) {
+    if (previous == '\n' && character != '\n') {
+      ++count;
+    }
+    previous = character;
+  }
+  return count;
+}
+
+}  // namespace roomlattice

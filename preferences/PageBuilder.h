@@ -1,0 +1,49 @@
+#pragma once
+
+#include "platform/UserInterface.h"
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+namespace roomlattice {
+
+/// Lays a preferences page out: one vertical stack of controls and labelled rows, hanging from the page's top. Sizes
+/// are the controls' own in the platform's look, but for the widths that are stated. A page with more than fits goes on
+/// below its bottom edge.
+class PageBuilder {
+ public:
+  /// A width of a control in a row.
+  enum class RowWidth { OfItself, Slider };
+
+  PageBuilder(const platform::UserInterface& userInterface, double spacing)
+      : userInterface_(userInterface), spacing_(spacing) {}
+
+  /// Appends a control and returns its place in the page's list.
+  std::size_t add(platform::Control control);
+
+  /// The same with a stated width, in points.
+  std::size_t add(platform::Control control, double width);
+
+  /// Appends a label of fixed width with a control behind it. The label's text also names the control to assistive
+  /// technology.
+  void addRow(const std::string& label, platform::Control control, RowWidth width = RowWidth::OfItself);
+
+  platform::TabPage build(std::string identifier, std::string label) const;
+
+ private:
+  struct Child {
+    platform::Control control;
+    platform::Size size;
+  };
+  using Row = std::vector<Child>;
+
+  platform::Size controlSize(const platform::Control& control, RowWidth width) const;
+
+  const platform::UserInterface& userInterface_;
+  double spacing_;
+  std::vector<Row> rows_;
+  std::size_t count_ = 0;
+};
+
+}  // namespace roomlattice
