@@ -1,0 +1,41 @@
+#pragma once
+
+#include "platform/WindowServer.h"
+
+#include <cstddef>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace roomlattice::platform::x11 {
+
+/// A desktop as the rest of the program knows it. Both identify it: neither is empty or 0, and both stay the same over
+/// restarts of the program.
+struct Desktop {
+  SpaceID id = 0;
+  std::string uuid;
+
+  bool operator==(const Desktop&) const = default;
+};
+
+struct DesktopList {
+  std::vector<Desktop> desktops;  // in the window manager's order
+  std::optional<std::size_t> current;
+
+  bool operator==(const DesktopList&) const = default;
+};
+
+/// Where the desktops of a screen are known and switched. Main thread only.
+class DesktopSource {
+ public:
+  virtual ~DesktopSource() = default;
+
+  /// The desktops as far as known now; nothing while they are unknown.
+  virtual std::optional<DesktopList> read() = 0;
+
+  /// Asks for a switch to the desktop at `index` of the list last read; it comes later, or not at all.
+  virtual void activate(std::size_t index) = 0;
+};
+
+}  // namespace roomlattice::platform::x11

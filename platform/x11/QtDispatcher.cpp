@@ -1,0 +1,204 @@
+#include "platform/x11/QtDispatcher.h"
+
+#include "platform/TaskQueue.h"
+
+#include <QThread>
+#include <QTimer>
+#include <algorithm>
+#include <condition_variable>
+#include <deque>
+#include <mutex>
+#include <thread>
+#include <utility>
+
+namespace roomlattice::platform::x11 {
+namespace {
+
+Duration now() {
+  return std::chrono::steady_clock::now().time_since_epoch();
+}
+
+}  // namespace
+
+class QtDispatcher::MainQueue : public std::enable_shared_from_this<MainQueue> {
+ public:
+  MainQueue() {
+    timer_.setSingleShot(true);
+    timer_.setTimerType(Qt::PreciseTimer);
+    QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { runDueTasks(); });
+  }
+
+  std::uint64_t post(Duration delay, Task task) {
+    const std::scoped_lock lock(mutex_);
+    // Later than the turn that runs now, so that a task which posts itself leaves the turn an end.
+    const Duration due = std::max(now() + std::max(delay, Duration::zero()), turn_ + Duration(1));
+    return add(due, std::move(task));
+  }
+
+  Registration repeat(Duration first, Duration period, Task task) {
+    auto repetition = std::make_shared<Repetition>(std::max(period, Duration(1)), std::move(task));
+    const std::scoped_lock lock(mutex_);
+    repeatAt(now() + std::max(first, Duration::zero()), repetition);
+    return Registration([weak = weak_from_this(), repetition] {
+      if (const auto queue = weak.lock()) {
+        queue->remove(repetition->token);
+      }
+    });
+  }
+
+  Registration registrationOf(std::uint64_t token) {
+    return Registration([weak = weak_from_this(), token] {
+      if (const auto queue = weak.lock()) {
+        queue->remove(token);
+      }
+    });
+  }
+
+ private:
+  struct Repetition {
+    Repetition(Duration givenPeriod, Task givenTask) : period(givenPeriod), task(std::move(givenTask)) {}
+
+    Duration period;
+    Task task;
+    std::uint64_t token = 0;
+  };
+
+  std::uint64_t add(Duration due, Task task) {
+    const std::uint64_t token = tasks_.post(due, std::move(task));
+    if (QThread::currentThread() == timer_.thread()) {
+      arm();
+    } else {
+      QMetaObject::invokeMethod(
+          &timer_, [this] { arm(); }, Qt::QueuedConnection);
+    }
+    return token;
+  }
+
+  void remove(std::uint64_t token) {
+    const std::scoped_lock lock(mutex_);
+    tasks_.remove(token);
+  }
+
+  void repeatAt(Duration due, const std::shared_ptr<Repetition>& repetition) {
+    repetition->token = add(due, [this, due, repetition] {
+      {
+        const std::scoped_lock lock(mutex_);
+        const auto missed = std::max<Duration::rep>((now() - due) / repetition->period, 0);
+        repeatAt(due + (missed + 1) * repetition->period, repetition);
+      }
+      repetition->task();
+    });
+  }
+
+  void arm() {
+    const std::scoped_lock lock(mutex_);
+    if (const std::optional<Duration> due = tasks_.nextDue()) {
+      timer_.start(std::max(std::chrono::ceil<std::chrono::milliseconds>(*due - now()), std::chrono::milliseconds(0)));
+    } else {
+      timer_.stop();
+    }
+  }
+
+  void runDueTasks() {
+    const auto alive = shared_from_this();
+    const Duration started = now();
+    while (std::optional<Task> task = takeDue(started)) {
+      (*task)();
+    }
+    arm();
+  }
+
+  std::optional<Task> takeDue(Duration started) {
+    const std::scoped_lock lock(mutex_);
+    turn_ = std::max(turn_, started);
+    std::optional<Task> task = tasks_.takeDue(started);
+    if (task) {
+      // Before the task runs: it may open an event loop of its own, which must go on serving the queue.
+      arm();
+    }
+    return task;
+  }
+
+  // Recursive: ending a task may end what it owns, and that may come back here.
+  std::recursive_mutex mutex_;
+  TaskQueue tasks_;
+  Duration turn_ = Duration::zero();
+  QTimer timer_;
+};
+
+class QtDispatcher::Worker {
+ public:
+  Worker() : thread_([this] { work(); }) {}
+
+  ~Worker() {
+    {
+      const std::scoped_lock lock(mutex_);
+      ending_ = true;
+    }
+    changed_.notify_one();
+    thread_.join();
+  }
+
+  void post(Task task) {
+    {
+      const std::scoped_lock lock(mutex_);
+      tasks_.push_back(std::move(task));
+    }
+    changed_.notify_one();
+  }
+
+ private:
+  void work() {
+    for (std::unique_lock lock(mutex_);;) {
+      changed_.wait(lock, [this] { return ending_ || !tasks_.empty(); });
+      if (ending_) {
+        return;
+      }
+      {
+        const Task task = std::move(tasks_.front());
+        tasks_.pop_front();
+        lock.unlock();
+        task();
+      }
+      lock.lock();
+    }
+  }
+
+  std::mutex mutex_;
+  std::condition_variable changed_;
+  std::deque<Task> tasks_;
+  bool ending_ = false;
+  std::thread thread_;
+};
+
+QtDispatcher::QtDispatcher() : mainQueue_(std::make_shared<MainQueue>()) {}
+
+QtDispatcher::~QtDispatcher() {
+  // Before the main queue goes: what runs may still call async.
+  worker_.reset();
+}
+
+void QtDispatcher::async(Task task) {
+  mainQueue_->post(Duration::zero(), std::move(task));
+}
+
+void QtDispatcher::asyncAfter(Duration delay, Task task) {
+  mainQueue_->post(delay, std::move(task));
+}
+
+Registration QtDispatcher::schedule(Duration delay, Task task) {
+  return mainQueue_->registrationOf(mainQueue_->post(delay, std::move(task)));
+}
+
+Registration QtDispatcher::repeat(Duration first, Duration period, Task task) {
+  return mainQueue_->repeat(first, period, std::move(task));
+}
+
+void QtDispatcher::background(Task task) {
+  if (worker_ == nullptr) {
+    worker_ = std::make_unique<Worker>();
+  }
+  worker_->post(std::move(task));
+}
+
+}  // namespace roomlattice::platform::x11

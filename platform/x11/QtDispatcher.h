@@ -1,0 +1,31 @@
+#pragma once
+
+#include "platform/Dispatcher.h"
+
+#include <memory>
+
+namespace roomlattice::platform::x11 {
+
+/// The main queue on the Qt application's event loop, and one worker thread. Tasks that post tasks never keep events
+/// from being handled. The Qt application must outlive it; it ends on the main thread, once the background task that
+/// runs has ended, and without running what is still queued.
+class QtDispatcher final : public Dispatcher {
+ public:
+  QtDispatcher();
+  ~QtDispatcher() override;
+
+  void async(Task task) override;
+  void asyncAfter(Duration delay, Task task) override;
+  Registration schedule(Duration delay, Task task) override;
+  Registration repeat(Duration first, Duration period, Task task) override;
+  void background(Task task) override;
+
+ private:
+  class MainQueue;
+  class Worker;
+
+  std::shared_ptr<MainQueue> mainQueue_;
+  std::unique_ptr<Worker> worker_;
+};
+
+}  // namespace roomlattice::platform::x11

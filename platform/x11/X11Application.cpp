@@ -1,0 +1,54 @@
+#include "platform/x11/X11Application.h"
+
+#include <QWidget>
+#include <utility>
+
+namespace roomlattice::platform::x11 {
+namespace {
+
+// EWMH: a request that comes straight from the user, which no focus stealing prevention holds back.
+constexpr std::uint32_t sourceIsPager = 2;
+
+bool takesKeyboard(const QWidget& window) {
+  return window.isVisible() && window.windowType() == Qt::Window && !window.testAttribute(Qt::WA_ShowWithoutActivating);
+}
+
+}  // namespace
+
+X11Application::X11Application(X11Connection& connection, int& argc, char** argv)
+    : connection_(connection), application_(argc, argv) {
+  connection_.attachToEventLoop();
+}
+
+void X11Application::setActivationPolicy(ActivationPolicy) {
+  // Each window keeps itself out of taskbars; what is left is not to end with the last ordinary window.
+  QApplication::setQuitOnLastWindowClosed(false);
+}
+
+int X11Application::run(std::function<void()> didFinishLaunching) {
+  if (state_ == State::Terminated) {
+    return 0;
+  }
+  state_ = State::Running;
+  QMetaObject::invokeMethod(&application_, std::move(didFinishLaunching), Qt::QueuedConnection);
+  return QApplication::exec();
+}
+
+void X11Application::activateIgnoringOtherApps() {
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    if (takesKeyboard(*window)) {
+      window->raise();
+      connection_.sendToRoot(static_cast<xcb_window_t>(window->winId()), connection_.ewmh()->_NET_ACTIVE_WINDOW,
+                             {sourceIsPager, XCB_CURRENT_TIME, 0, 0, 0});
+    }
+  }
+}
+
+void X11Application::terminate() {
+  if (state_ == State::Running) {
+    QApplication::exit(0);
+  }
+  state_ = State::Terminated;
+}
+
+}  // namespace roomlattice::platform::x11

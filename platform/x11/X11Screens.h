@@ -1,0 +1,56 @@
+#pragma once
+
+#include "platform/Geometry.h"
+#include "platform/NotificationCenter.h"
+#include "platform/UserInterface.h"
+#include "platform/x11/X11Connection.h"
+
+#include <QObject>
+#include <QPointF>
+#include <QRectF>
+#include <QTimer>
+#include <optional>
+#include <vector>
+
+class QScreen;
+
+namespace roomlattice::platform::x11 {
+
+/// The screens of the Qt application and the ways between the three kinds of coordinates: the program's (points, origin
+/// at the bottom left of the primary screen, y up), Qt's (points, origin at the top left, y down) and the X server's
+/// (pixels, origin at the top left of the root window, y down). Main thread only.
+class X11Screens {
+ public:
+  /// Changes are posted to `defaultCenter` as didChangeScreenParameters, once for all that come together.
+  X11Screens(X11Connection& connection, NotificationCenter& defaultCenter);
+
+  /// The primary screen first.
+  std::vector<Screen> screens() const;
+
+  /// The screen with the active window; without one, the screen with the pointer; else the primary screen.
+  std::optional<Screen> mainScreen() const;
+
+  Point fromQt(QPointF point) const;
+  Rect fromQt(const QRectF& rect) const;
+  QPointF toQt(Point point) const;
+  QRectF toQt(const Rect& rect) const;
+
+  /// The place in screen coordinates of a pixel of the root window.
+  Point fromPixel(QPointF pixel) const;
+
+ private:
+  void follow(QScreen* screen);
+  void changed();
+  void postIfChanged();
+  QScreen* screenAtPixel(QPointF pixel) const;
+  QScreen* screenOfActiveWindow() const;
+  QScreen* screenOfPointer() const;
+
+  X11Connection& connection_;
+  NotificationCenter& defaultCenter_;
+  std::vector<Screen> posted_;
+  QTimer coalescing_;
+  QObject context_;  // ends the connections to Qt's signals
+};
+
+}  // namespace roomlattice::platform::x11

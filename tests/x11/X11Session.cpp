@@ -1,0 +1,233 @@
+#include "tests/x11/X11Session.h"
+
+#include "platform/x11/Properties.h"
+#include "platform/x11/WindowManagerWatch.h"
+
+#include <array>
+#include <csignal>
+#include <fcntl.h>
+#include <fstream>
+#include <stdexcept>
+#include <unistd.h>
+
+namespace roomlattice::tests {
+namespace {
+
+using platform::x11::X11Connection;
+
+void require(bool condition, const std::string& message) {
+  if (!condition) {
+    throw std::runtime_error(message);
+  }
+}
+
+/// A pipe end that children inherit, for those that announce on it that they are ready.
+class AnnouncementPipe {
+ public:
+  AnnouncementPipe() { require(pipe(ends_.data()) == 0, "cannot make a pipe"); }
+  ~AnnouncementPipe() {
+    close(ends_[0]);
+    closeWriter();
+  }
+  AnnouncementPipe(const AnnouncementPipe&) = delete;
+  AnnouncementPipe& operator=(const AnnouncementPipe&) = delete;
+
+  std::string writer() const { return std::to_string(ends_[1]); }
+
+  /// The line that the child writes; empty when it ends without one.
+  std::string readLine() {
+    closeWriter();
+    std::string line;
+    for (char character = 0; read(ends_[0], &character, 1) == 1 && character != '\n';) {
+      line.push_back(character);
+    }
+    return line;
+  }
+
+ private:
+  void closeWriter() {
+    if (ends_[1] >= 0) {
+      close(ends_[1]);
+      ends_[1] = -1;
+    }
+  }
+
+  std::array<int, 2> ends_{-1, -1};
+};
+
+/// Starts nothing by itself but what the window managers cannot do without.
+constexpr const char* busConfiguration =
+    R"(<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
+ "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
+<busconfig>
+  <type>session</type>
+  <listen>unix:dir=@FOLDER@</listen>
+  <servicedir>@FOLDER@</servicedir>
+  <policy context="default">
+    <allow send_destination="*" eavesdrop="true"/>
+    <allow eavesdrop="true"/>
+    <allow own="*"/>
+  </policy>
+</busconfig>
+)";
+
+std::string replaceAll(std::string text, const std::string& what, const std::string& by) {
+  for (std::size_t at = 0; (at = text.find(what, at)) != std::string::npos; at += by.size()) {
+    text.replace(at, what.size(), by);
+  }
+  return text;
+}
+
+void writeFile(const std::filesystem::path& path, const std::string& text) {
+  std::filesystem::create_directories(path.parent_path());
+  std::ofstream(path) << text;
+}
+
+std::vector<std::string> commandOf(WindowManagerKind kind) {
+  switch (kind) {
+    case WindowManagerKind::Openbox:
+      return {"openbox", "--replace"};
+    case WindowManagerKind::Xfwm4:
+      return {"xfwm4", "--replace", "--compositor=off"};
+    case WindowManagerKind::KWin:
+      return {"kwin_x11", "--replace", "--no-kactivities"};
+  }
+  throw std::runtime_error("no such window manager");
+}
+
+}  // namespace
+
+std::ostream& operator<<(std::ostream& stream, WindowManagerKind kind) {
+  return stream << commandOf(kind).front();
+}
+
+X11Session::X11Session(const SessionOptions& options) : desktops_(options.desktops) {
+  prepareFolders();
+  startBus();
+  startServer(options);
+  if (options.windowManager) {
+    startWindowManager(*options.windowManager);
+  }
+}
+
+X11Session::~X11Session() {
+  windowManager_.reset();
+  server_.reset();
+  bus_.reset();
+}
+
+void X11Session::prepareFolders() {
+  const std::filesystem::path run = folder_.path() / "run";
+  std::filesystem::create_directories(run);
+  std::filesystem::permissions(run, std::filesystem::perms::owner_all);
+  std::filesystem::create_directories(configFolder());
+  environment_.set("HOME", home().string());
+  environment_.set("XDG_RUNTIME_DIR", run.string());
+  environment_.set("XDG_CONFIG_HOME", configFolder().string());
+  environment_.set("XDG_DATA_HOME", (home() / ".local" / "share").string());
+  environment_.set("XDG_STATE_HOME", (home() / ".local" / "state").string());
+  environment_.set("XDG_CACHE_HOME", (home() / ".cache").string());
+  for (const char* name : {"WAYLAND_DISPLAY", "XDG_SESSION_TYPE", "XDG_CURRENT_DESKTOP", "XAUTHORITY",
+                           "QT_QPA_PLATFORM", "QT_QPA_PLATFORMTHEME", "SESSION_MANAGER"}) {
+    environment_.set(name, std::nullopt);
+  }
+}
+
+void X11Session::startBus() {
+  const std::filesystem::path folder = folder_.path() / "bus";
+  const std::filesystem::path configuration = folder / "bus.conf";
+  writeFile(configuration, replaceAll(busConfiguration, "@FOLDER@", folder.string()));
+  std::error_code noSuchService;
+  std::filesystem::copy_file("/usr/share/dbus-1/services/org.xfce.Xfconf.service", folder / "org.xfce.Xfconf.service",
+                             noSuchService);
+  AnnouncementPipe ready;
+  bus_ = std::make_unique<ChildProcess>(std::vector<std::string>{
+      "dbus-daemon", "--config-file=" + configuration.string(), "--nofork", "--print-address=" + ready.writer()});
+  busAddress_ = ready.readLine();
+  require(!busAddress_.empty(), "the message bus did not start: " + bus_->errorOutput());
+  environment_.set("DBUS_SESSION_BUS_ADDRESS", busAddress_);
+  // A bus of the machine would bring its sleep and its settings into the tests.
+  environment_.set("DBUS_SYSTEM_BUS_ADDRESS", busAddress_);
+}
+
+void X11Session::startServer(const SessionOptions& options) {
+  AnnouncementPipe ready;
+  std::vector<std::string> command{"Xvfb",         "-displayfd", ready.writer(), "-screen", "0",
+                                   options.screen, "-nolisten",  "tcp",          "-noreset"};
+  command.insert(command.end(), options.serverArguments.begin(), options.serverArguments.end());
+  server_ = std::make_unique<ChildProcess>(command);
+  const std::string number = ready.readLine();
+  require(!number.empty(), "the X server did not start: " + server_->errorOutput());
+  display_ = ":" + number;
+  environment_.set("DISPLAY", display_);
+}
+
+void X11Session::startWindowManager(WindowManagerKind kind) {
+  writeDesktopCount(kind);
+  const std::unique_ptr<ChildProcess> former = std::move(windowManager_);
+  windowManager_ = std::make_unique<ChildProcess>(commandOf(kind));
+  if (former != nullptr) {
+    require(former->waitForEnd().has_value(), "the former window manager did not give way");
+  }
+  const bool ready = waitFor([this] { return managedBySomebody() && currentDesktop() && desktopCount(); });
+  require(ready, "the window manager did not start: " + windowManager_->errorOutput());
+  if (desktopCount() != desktops_) {
+    run({"wmctrl", "-n", std::to_string(desktops_)});
+    require(waitFor([this] { return desktopCount() == desktops_; }), "the number of desktops stays another");
+  }
+}
+
+void X11Session::stopWindowManager() {
+  windowManager_.reset();
+  require(waitFor([this] { return !managedBySomebody(); }), "the window manager's traces stay");
+}
+
+void X11Session::stopServer() {
+  server_.reset();
+}
+
+void X11Session::stopBus() {
+  bus_.reset();
+}
+
+void X11Session::writeDesktopCount(WindowManagerKind kind) const {
+  if (kind == WindowManagerKind::KWin) {
+    std::string text = "[Desktops]\nNumber=" + std::to_string(desktops_) + "\nRows=1\n";
+    for (int number = 1; number <= desktops_; ++number) {
+      text += "Id_" + std::to_string(number) + "=test-desktop-" + std::to_string(number) + "\n";
+    }
+    writeFile(configFolder() / "kwinrc", text);
+  }
+}
+
+std::string X11Session::run(const std::vector<std::string>& arguments) {
+  ChildProcess child(arguments);
+  const std::optional<int> status = child.waitForExitStatus();
+  require(status == 0, arguments.front() + " failed: " + child.errorOutput());
+  return child.output();
+}
+
+bool X11Session::managedBySomebody() {
+  const auto connection = X11Connection::open(display_);
+  return connection != nullptr && platform::x11::findWindowManager(*connection).has_value();
+}
+
+std::optional<int> X11Session::desktopCount() {
+  return rootNumber("_NET_NUMBER_OF_DESKTOPS");
+}
+
+std::optional<int> X11Session::currentDesktop() {
+  return rootNumber("_NET_CURRENT_DESKTOP");
+}
+
+std::optional<int> X11Session::rootNumber(const std::string& property) {
+  const auto connection = X11Connection::open(display_);
+  if (connection == nullptr) {
+    return std::nullopt;
+  }
+  const auto number =
+      platform::x11::readNumber(*connection, connection->root(), connection->atom(property), XCB_ATOM_CARDINAL);
+  return number ? std::optional(static_cast<int>(*number)) : std::nullopt;
+}
+
+}  // namespace roomlattice::tests
