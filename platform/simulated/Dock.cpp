@@ -1,0 +1,96 @@
+#include "platform/simulated/Dock.h"
+
+#include "platform/simulated/SimulatedEvent.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+#include <vector>
+
+namespace roomlattice::platform::simulated {
+namespace {
+
+constexpr double sufficientProgress = 0.5;
+constexpr double sufficientVelocity = 1.0;
+
+bool isDockSwipe(const Event& event) {
+  return event.integer(EventField::Kind) == eventType::dockGesture &&
+         event.integer(EventField::GestureKind) == dockSwipe && event.integer(EventField::SwipeAxis) == horizontalAxis;
+}
+
+Direction directionOf(double signedAmount) {
+  return signedAmount < 0.0 ? Direction::Left : Direction::Right;
+}
+
+/// Nothing for a swipe that falls back to where it came from.
+std::optional<Direction> outcome(const Event& ended) {
+  const double velocity = ended.real(EventField::Velocity);
+  if (std::abs(velocity) >= sufficientVelocity) {
+    return directionOf(velocity);
+  }
+  const double progress = ended.real(EventField::Progress);
+  return std::abs(progress) >= sufficientProgress ? std::optional(directionOf(progress)) : std::nullopt;
+}
+
+}  // namespace
+
+Dock::Dock(VirtualTime& time, SpaceList& spaces, Faults& faults, std::function<void()> spacesChanged)
+    : time_(time), spaces_(spaces), faults_(faults), spacesChanged_(std::move(spacesChanged)) {}
+
+void Dock::handle(const Event& event) {
+  if (!isDockSwipe(event)) {
+    return;
+  }
+  switch (static_cast<SwipePhase>(event.integer(EventField::Phase))) {
+    case SwipePhase::Began:
+    case SwipePhase::Changed:
+      swiping_ = true;
+      break;
+    case SwipePhase::Ended:
+      if (const auto direction = outcome(event); std::exchange(swiping_, false) && direction) {
+        complete(*direction);
+      }
+      break;
+    case SwipePhase::Cancelled:
+      swiping_ = false;
+      break;
+  }
+}
+
+void Dock::complete(Direction direction) {
+  if (faults_.allSwipesDropped) {
+    return;
+  }
+  if (faults_.swipesDropped > 0) {
+    --faults_.swipesDropped;
+    return;
+  }
+  time_.post(settlingTime_ + faults_.swipesDelayedBy, [this, direction] { arrive(direction); });
+}
+
+void Dock::arrive(Direction direction) {
+  if (const std::optional<SpaceID> space = neighbor(direction)) {
+    spaces_.activate(*space);
+    spacesChanged_();
+  }
+}
+
+std::optional<SpaceID> Dock::neighbor(Direction direction) const {
+  std::vector<Space> spaces = spaces_.all();
+  if (rule_ == SwipeRule::SpacesOfDisplay && !spaces.empty()) {
+    spaces = spaces_.displays()[spaces_.keyboardDisplay()].spaces;
+  }
+  if (direction == Direction::Left) {
+    std::ranges::reverse(spaces);
+  }
+  const auto active = std::ranges::find(spaces, spaces_.activeSpace(), &Space::id);
+  if (active == spaces.end()) {
+    return std::nullopt;
+  }
+  const auto next = std::find_if(active + 1, spaces.end(), [this](const Space& space) {
+    return rule_ == SwipeRule::SpacesOfDisplay || space.isRegular();
+  });
+  return next == spaces.end() ? std::nullopt : std::optional(next->id);
+}
+
+}  // namespace roomlattice::platform::simulated

@@ -1,0 +1,123 @@
+#include "platform/simulated/SimulatedTabbedWindow.h"
+
+#include "platform/Fatal.h"
+
+#include <algorithm>
+
+namespace roomlattice::platform::simulated {
+namespace {
+
+struct Naming {
+  std::string_view operator()(const LabelControl&) const { return {}; }
+  std::string_view operator()(const CheckBoxControl& box) const { return box.title; }
+  std::string_view operator()(const PushButtonControl& button) const { return button.title; }
+  template <class Labelled>
+  std::string_view operator()(const Labelled& control) const {
+    return control.accessibilityLabel;
+  }
+};
+
+bool isLabel(const Control& control, std::string_view text) {
+  const auto* const label = std::get_if<LabelControl>(&control);
+  return label != nullptr && label->text == text;
+}
+
+}  // namespace
+
+SimulatedTabbedWindow::SimulatedTabbedWindow(TabbedWindowModel model, const Rect& frame, WindowList& windows)
+    : windows_(windows), model_(std::move(model)), frame_(frame) {
+  windows_.add(*this);
+}
+
+SimulatedTabbedWindow::~SimulatedTabbedWindow() {
+  windows_.remove(*this);
+}
+
+void SimulatedTabbedWindow::show() {
+  visible_ = true;
+}
+
+void SimulatedTabbedWindow::setText(ControlReference label, const std::string& text) {
+  edit<LabelControl>(label).text = text;
+}
+
+void SimulatedTabbedWindow::setEnabled(ControlReference button, bool enabled) {
+  edit<PushButtonControl>(button);
+  if (enabled) {
+    disabled_.erase({button.page, button.control});
+  } else {
+    disabled_.insert({button.page, button.control});
+  }
+}
+
+std::optional<ControlReference> SimulatedTabbedWindow::find(std::string_view text) const {
+  std::optional<ControlReference> inRow;
+  for (std::size_t page = 0; page < model_.pages.size(); ++page) {
+    const std::vector<PlacedControl>& controls = model_.pages[page].controls;
+    for (std::size_t index = 0; index < controls.size(); ++index) {
+      if (!text.empty() && std::visit(Naming(), controls[index].control) == text) {
+        return ControlReference{page, index};
+      }
+      if (!inRow && isLabel(controls[index].control, text) && index + 1 < controls.size()) {
+        inRow = ControlReference{page, index + 1};
+      }
+    }
+  }
+  return inRow;
+}
+
+void SimulatedTabbedWindow::slide(ControlReference slider, double value) {
+  auto& control = edit<SliderControl>(slider);
+  control.value = std::clamp(value, control.minimum, control.maximum);
+  if (control.action) {
+    control.action(control.value);
+  }
+}
+
+void SimulatedTabbedWindow::toggle(ControlReference checkBox) {
+  check(checkBox, control<CheckBoxControl>(checkBox).state == CheckState::On ? CheckState::Off : CheckState::On);
+}
+
+void SimulatedTabbedWindow::check(ControlReference checkBox, CheckState state) {
+  auto& control = edit<CheckBoxControl>(checkBox);
+  control.state = state;
+  if (control.action) {
+    control.action(state);
+  }
+}
+
+void SimulatedTabbedWindow::choose(ControlReference popUp, int index) {
+  auto& control = edit<PopUpControl>(popUp);
+  control.selectedIndex = index;
+  if (control.action) {
+    control.action(index);
+  }
+}
+
+void SimulatedTabbedWindow::pickColor(ControlReference colorWell, const Color& color) {
+  auto& control = edit<ColorWellControl>(colorWell);
+  control.color = color;
+  if (control.action) {
+    control.action(control.tag, color);
+  }
+}
+
+void SimulatedTabbedWindow::push(ControlReference button) {
+  const auto& control = edit<PushButtonControl>(button);
+  if (isEnabled(button) && control.action) {
+    control.action();
+  }
+}
+
+void SimulatedTabbedWindow::noSuchControl() {
+  fatal("the window has no control of that kind there");
+}
+
+const Control& SimulatedTabbedWindow::at(ControlReference reference) const {
+  if (reference.page >= model_.pages.size() || reference.control >= model_.pages[reference.page].controls.size()) {
+    noSuchControl();
+  }
+  return model_.pages[reference.page].controls[reference.control].control;
+}
+
+}  // namespace roomlattice::platform::simulated

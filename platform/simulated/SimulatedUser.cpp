@@ -1,0 +1,219 @@
+#include "platform/simulated/SimulatedUser.h"
+
+#include "platform/Fatal.h"
+#include "platform/simulated/SimulatedStatusItem.h"
+#include "platform/simulated/SimulatedTabbedWindow.h"
+#include "platform/simulated/TextMetrics.h"
+
+#include <algorithm>
+#include <memory>
+#include <variant>
+#include <vector>
+
+namespace roomlattice::platform::simulated {
+namespace {
+
+using std::chrono::milliseconds;
+
+SimulatedEvent inputEvent(std::int64_t type) {
+  SimulatedEvent event;
+  event.setInteger(EventField::Kind, type);
+  return event;
+}
+
+Point middle(const Rect& rect) {
+  return {rect.midX(), rect.midY()};
+}
+
+Rect buttonFrame(const View& view) {
+  for (const ViewElement& element : view.content().elements) {
+    if (const auto* button = std::get_if<ButtonElement>(&element); button != nullptr && !button->hidden) {
+      return button->frame;
+    }
+  }
+  fatal("the row shows no button");
+}
+
+}  // namespace
+
+void SimulatedUser::swipes(Direction direction) {
+  constexpr int moves = 4;
+  constexpr milliseconds pace(8);
+  const double sign = direction == Direction::Right ? 1.0 : -1.0;
+  movesFingers(SwipePhase::Began, {.progress = sign * 0.01, .velocity = sign * 0.5});
+  for (int move = 1; move <= moves; ++move) {
+    desktop_.after(pace * move, [this, sign, move] {
+      movesFingers(SwipePhase::Changed, {.progress = sign * move / moves, .velocity = sign * 1.5});
+    });
+  }
+  desktop_.after(pace * (moves + 1),
+                 [this, sign] { movesFingers(SwipePhase::Ended, {.progress = sign, .velocity = sign * 1.5}); });
+}
+
+void SimulatedUser::movesFingers(SwipePhase phase, SwipeMotion motion) {
+  SimulatedEvent event = inputEvent(eventType::dockGesture);
+  event.setInteger(EventField::GestureKind, dockSwipe);
+  event.setInteger(EventField::SwipeAxis, horizontalAxis);
+  event.setInteger(EventField::Phase, static_cast<std::int64_t>(phase));
+  event.setReal(EventField::Progress, motion.progress);
+  event.setReal(EventField::Velocity, motion.velocity);
+  event.setReal(EventField::SecondaryVelocity, motion.velocity);
+  desktop_.events().pass(event);
+}
+
+void SimulatedUser::movesPointerTo(Point point) {
+  desktop_.events().setPointer(point);
+  desktop_.events().pass(inputEvent(eventType::mouseMoved));
+  if (const auto session = desktop_.menu()) {
+    session->pointerMoved(point);
+  }
+  InputListener* const listener = desktop_.events().listener();
+  if (listener != nullptr && !desktop_.programTakesMouseAt(point)) {
+    listener->pointerMovedElsewhere();
+  }
+}
+
+void SimulatedUser::clicks(Point point) {
+  movesPointerTo(point);
+  const auto& items = desktop_.statusBar().items();
+  const auto item = std::ranges::find_if(
+      items, [point](const SimulatedStatusItem* candidate) { return candidate->frame().contains(point); });
+  if (item != items.end()) {
+    desktop_.statusBar().click(**item);
+  } else if (const auto session = desktop_.menu()) {
+    session->click(point);
+  }
+}
+
+void SimulatedUser::clicksStatusItem() {
+  SimulatedStatusItem* const item = desktop_.statusItem();
+  if (item == nullptr) {
+    fatal("there is no status item to click");
+  }
+  clicks(middle(item->frame()));
+}
+
+void SimulatedUser::entersRow(std::size_t row) {
+  movesPointerTo(middle(menu().rowFrame(row)));
+}
+
+void SimulatedUser::leavesMenu() {
+  const Rect frame = menu().frame();
+  movesPointerTo({frame.midX(), frame.minY() - 50.0});
+}
+
+void SimulatedUser::clicksRow(std::size_t row) {
+  clicks(middle(menu().rowFrame(row)));
+}
+
+void SimulatedUser::clicksRow(std::size_t row, Point inView) {
+  const Rect frame = menu().rowFrame(row);
+  clicks({frame.minX() + inView.x, frame.minY() + inView.y});
+}
+
+void SimulatedUser::clicksRowButton(std::size_t row) {
+  entersRow(row);
+  const View* const view = menu().view(row);
+  if (view == nullptr) {
+    fatal("the row has no view");
+  }
+  clicksRow(row, middle(buttonFrame(*view)));
+}
+
+void SimulatedUser::clicksCommand(std::string_view title) {
+  const std::vector<std::string> titles = menu().titles();
+  const auto found = std::ranges::find(titles, title);
+  if (found == titles.end()) {
+    fatal("the menu has no such command");
+  }
+  clicksRow(static_cast<std::size_t>(found - titles.begin()));
+}
+
+void SimulatedUser::pressesKey(std::uint16_t keyCode) {
+  presses(SimulatedKeyEvent(keyCode));
+}
+
+void SimulatedUser::pressesCommandKey(const std::string& key) {
+  presses(SimulatedKeyEvent(simulatedKeyCode::text, key, KeyModifier::Command));
+}
+
+void SimulatedUser::types(std::string_view text) {
+  std::vector<std::string> characters;
+  for (std::string_view rest = text; !rest.empty();) {
+    const std::size_t last = startOfLastCharacter(rest);
+    characters.emplace_back(rest.substr(last));
+    rest = rest.substr(0, last);
+  }
+  std::ranges::reverse(characters);
+  for (const std::string& character : characters) {
+    presses(SimulatedKeyEvent(simulatedKeyCode::text, character));
+  }
+}
+
+void SimulatedUser::presses(const SimulatedKeyEvent& event) {
+  desktop_.events().pass(inputEvent(eventType::keyDown));
+  InputListener* const listener = desktop_.events().listener();
+  if (listener == nullptr || !desktop_.programHasKeyboard()) {
+    return;
+  }
+  const auto session = desktop_.menu();
+  if (listener->keyPressed(event) == KeyDisposition::PassOn && session != nullptr) {
+    session->keyDown(event);
+  }
+}
+
+void SimulatedUser::slides(std::string_view slider, double value) {
+  window().slide(control(slider), value);
+}
+
+void SimulatedUser::clicksCheckBox(std::string_view checkBox) {
+  window().toggle(control(checkBox));
+}
+
+void SimulatedUser::chooses(std::string_view popUp, std::string_view item) {
+  const ControlReference reference = control(popUp);
+  const std::vector<std::string>& items = window().control<PopUpControl>(reference).items;
+  const auto found = std::ranges::find(items, item);
+  if (found == items.end()) {
+    fatal("the pop-up has no such item");
+  }
+  window().choose(reference, static_cast<int>(found - items.begin()));
+}
+
+void SimulatedUser::picksColor(std::string_view colorWell, const Color& color) {
+  window().pickColor(control(colorWell), color);
+}
+
+void SimulatedUser::pushes(std::string_view button) {
+  window().push(control(button));
+}
+
+void SimulatedUser::closesWindow() {
+  window().close();
+}
+
+MenuSession& SimulatedUser::menu() const {
+  const auto session = desktop_.menu();
+  if (session == nullptr) {
+    fatal("no menu is open");
+  }
+  return *session;
+}
+
+SimulatedTabbedWindow& SimulatedUser::window() const {
+  SimulatedTabbedWindow* const window = desktop_.tabbedWindow();
+  if (window == nullptr || !window->isVisible()) {
+    fatal("no tabbed window is open");
+  }
+  return *window;
+}
+
+ControlReference SimulatedUser::control(std::string_view name) const {
+  const std::optional<ControlReference> found = window().find(name);
+  if (!found) {
+    fatal("the window has no such control");
+  }
+  return *found;
+}
+
+}  // namespace roomlattice::platform::simulated
