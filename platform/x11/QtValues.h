@@ -1,0 +1,27 @@
+#pragma once
+
+#include "platform/Color.h"
+#include "platform/Geometry.h"
+
+#include <QColor>
+#include <QRectF>
+#include <QString>
+#include <string>
+
+namespace roomlattice::platform::x11 {
+
+/// The colour with its components limited to 0–1.
+QColor toQt(const Color& color);
+Color fromQt(const QColor& color);
+
+inline QString toQt(const std::string& text) {
+  return QString::fromStdString(text);
+}
+
+/// A rectangle of y-up coordinates in Qt's y-down ones; `height` is that of the surface both lie on.
+QRectF toQt(const Rect& rect, double height);
+
+/// A point of Qt's y-down coordinates in y-up ones; `height` is that of the surface both lie on.
+Point fromQt(const QPointF& point, double height);
+
+}  // namespace roomlattice::platform::x11

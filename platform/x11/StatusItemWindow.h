@@ -1,0 +1,53 @@
+#pragma once
+
+#include "platform/StatusItem.h"
+#include "platform/x11/CompositorWatch.h"
+#include "platform/x11/NativeWindow.h"
+#include "platform/x11/X11Appearance.h"
+
+#include <QTimer>
+#include <QWidget>
+
+namespace roomlattice::platform::x11 {
+
+/// The status item as a dock window of its own at the top right of the primary screen: system trays squeeze a wide item
+/// into a square. It is on all desktops, above other windows, and never takes the keyboard.
+///
+/// With ROOMLATTICE_RESERVE_SCREEN_EDGE=1 in the environment it reserves its height along the top edge of the screen,
+/// so that maximised windows start below it; otherwise it lies over them.
+class StatusItemWindow final : public QWidget, public StatusItem, public StatusButton {
+ public:
+  StatusItemWindow(X11Connection& connection, X11Appearance& appearance, CompositorWatch& compositor,
+                   const StatusItemLength& length);
+
+  StatusButton* button() override { return this; }
+  void setLength(const StatusItemLength& length) override;
+  void setMenu(Menu* menu) override;
+  void setContent(const StatusButtonContent& content) override;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void changeEvent(QEvent* event) override;
+
+ private:
+  void followScreens();
+  void layOut();
+  void appear();
+  void reserveScreenEdge();
+
+  /// Where the item is in the window. A window manager may have made the window wider.
+  QRectF itemRect() const;
+
+  X11Connection& connection_;
+  X11Appearance& appearance_;
+  CompositorWatch& compositor_;
+  StatusButtonContent content_;
+  StatusItemLength length_;
+  Menu* menu_ = nullptr;
+  double itemWidth_ = 0.0;
+  NativeWindow native_;
+  QTimer layOutSoon_;
+  Registration compositorChanges_;
+};
+
+}  // namespace roomlattice::platform::x11

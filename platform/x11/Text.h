@@ -1,0 +1,35 @@
+#pragma once
+
+#include "platform/Font.h"
+#include "platform/Geometry.h"
+#include "platform/View.h"
+
+#include <QColor>
+#include <QFont>
+#include <QString>
+#include <string>
+
+class QPainter;
+class QRectF;
+
+namespace roomlattice::platform::x11 {
+
+/// `font` in the desktop's own family. A point is one logical pixel, so a font of 160 points is 160 logical pixels
+/// high on every screen; sizes are rounded to whole pixels.
+QFont toQt(const Font& font);
+
+/// 13 points, or the size of the desktop's general font where that is larger.
+double systemFontSize();
+
+/// Text for a single line: a line break is a blank.
+QString singleLine(const std::string& text);
+
+/// Advance, blanks at both ends included, and line height.
+Size measureText(const std::string& text, const QFont& font);
+
+/// Draws one line, centred vertically in `frame`, over its whole advance. A line longer than the frame ends in an
+/// ellipsis; blanks at its ends stay, so that a padded text remains padded.
+void drawText(QPainter& painter, const QRectF& frame, const std::string& text, const QFont& font, const QColor& color,
+              TextAlignment alignment);
+
+}  // namespace roomlattice::platform::x11

@@ -1,0 +1,42 @@
+#include "platform/x11/X11UserInterface.h"
+
+#include "platform/Fatal.h"
+#include "platform/x11/StatusItemWindow.h"
+#include "platform/x11/Text.h"
+
+namespace roomlattice::platform::x11 {
+
+X11UserInterface::X11UserInterface(X11Connection& connection, X11Screens& screens, X11Appearance& appearance,
+                                   X11Desktops& desktops, WindowAttachments& attachments)
+    : connection_(connection),
+      screens_(screens),
+      appearance_(appearance),
+      desktops_(desktops),
+      attachments_(attachments),
+      compositor_(connection) {}
+
+double X11UserInterface::systemFontSize() const {
+  return x11::systemFontSize();
+}
+
+Size X11UserInterface::measure(const std::string& text, const Font& font) const {
+  return measureText(text, toQt(font));
+}
+
+Size X11UserInterface::intrinsicSize(const Control&) const {
+  fatal("controls are not measured yet");
+}
+
+std::unique_ptr<StatusItem> X11UserInterface::createStatusItem(const StatusItemLength& length) {
+  return std::make_unique<StatusItemWindow>(connection_, appearance_, compositor_, length);
+}
+
+std::unique_ptr<Window> X11UserInterface::createOverlayWindow(const OverlayWindowOptions&) {
+  fatal("overlay windows are not shown yet");
+}
+
+std::unique_ptr<TabbedWindow> X11UserInterface::createTabbedWindow(const TabbedWindowModel&) {
+  fatal("tabbed windows are not shown yet");
+}
+
+}  // namespace roomlattice::platform::x11

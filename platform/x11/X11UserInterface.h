@@ -1,0 +1,39 @@
+#pragma once
+
+#include "platform/UserInterface.h"
+#include "platform/x11/CompositorWatch.h"
+#include "platform/x11/WindowAttachments.h"
+#include "platform/x11/X11Appearance.h"
+#include "platform/x11/X11Desktops.h"
+#include "platform/x11/X11Screens.h"
+
+namespace roomlattice::platform::x11 {
+
+/// What the program shows, as Qt widgets. A point is a logical pixel of Qt. Everything it makes must go before it and
+/// before the Qt application.
+class X11UserInterface final : public UserInterface {
+ public:
+  X11UserInterface(X11Connection& connection, X11Screens& screens, X11Appearance& appearance, X11Desktops& desktops,
+                   WindowAttachments& attachments);
+
+  std::vector<Screen> screens() const override { return screens_.screens(); }
+  std::optional<Screen> mainScreen() const override { return screens_.mainScreen(); }
+  std::optional<Appearance> effectiveAppearance() const override { return appearance_.current(); }
+  Color accentColor() const override { return appearance_.accentColor(); }
+  double systemFontSize() const override;
+  Size measure(const std::string& text, const Font& font) const override;
+  Size intrinsicSize(const Control& control) const override;
+  std::unique_ptr<StatusItem> createStatusItem(const StatusItemLength& length) override;
+  std::unique_ptr<Window> createOverlayWindow(const OverlayWindowOptions& options) override;
+  std::unique_ptr<TabbedWindow> createTabbedWindow(const TabbedWindowModel& model) override;
+
+ private:
+  X11Connection& connection_;
+  X11Screens& screens_;
+  X11Appearance& appearance_;
+  X11Desktops& desktops_;
+  WindowAttachments& attachments_;
+  CompositorWatch compositor_;
+};
+
+}  // namespace roomlattice::platform::x11

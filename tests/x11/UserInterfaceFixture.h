@@ -1,0 +1,34 @@
+#pragma once
+
+#include "platform/InProcessNotificationCenter.h"
+#include "platform/x11/X11UserInterface.h"
+#include "tests/x11/QtApplication.h"
+#include "tests/x11/X11Session.h"
+
+#include <gtest/gtest.h>
+
+namespace roomlattice::tests {
+
+/// A user interface in a session of its own, with all it stands on.
+struct UserInterfaceSession {
+  explicit UserInterfaceSession(const SessionOptions& options = {}) : session(options) {}
+
+  platform::x11::X11Connection& connection() { return qt.connection(); }
+
+  X11Session session;
+  QtApplication qt;
+  platform::InProcessNotificationCenter center;
+  platform::x11::WindowManagerWatch windowManager{qt.connection()};
+  platform::x11::X11Desktops desktops{qt.connection(), windowManager, center};
+  platform::x11::X11Screens screens{qt.connection(), center};
+  platform::x11::X11Appearance appearance{qt.connection(), center};
+  platform::x11::WindowAttachments attachments;
+  platform::x11::X11UserInterface userInterface{qt.connection(), screens, appearance, desktops, attachments};
+};
+
+/// For the suites that run under every window manager at hand.
+inline auto everyWindowManager() {
+  return ::testing::Values(WindowManagerKind::Openbox, WindowManagerKind::Xfwm4, WindowManagerKind::KWin);
+}
+
+}  // namespace roomlattice::tests
