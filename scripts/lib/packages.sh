@@ -3,7 +3,7 @@
 
 build_packages=(
   build-essential cmake ninja-build pkg-config
-  qt6-base-dev libxcb1-dev libxcb-ewmh-dev libxcb-shape0-dev libxcb-xfixes0-dev libxcb-xinput-dev
+  qt6-base-dev libxcb1-dev libxcb-composite0-dev libxcb-ewmh-dev libxcb-shape0-dev libxcb-xfixes0-dev libxcb-xinput-dev
   nlohmann-json3-dev
 )
 
