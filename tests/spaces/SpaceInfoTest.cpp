@@ -1,0 +1,39 @@
+#include "spaces/SpaceInfo.h"
+
+#include <gtest/gtest.h>
+
+#include <unordered_set>
+
+namespace roomlattice {
+namespace {
+
+const SpaceInfo space{.spaceID = 7, .uuid = "A", .displayUUID = "Main", .type = 0};
+
+TEST(SpaceInfo, EqualsOnlyWhenAllFourFieldsDo) {
+  EXPECT_EQ(space, (SpaceInfo{7, "A", "Main", 0}));
+  EXPECT_NE(space, (SpaceInfo{8, "A", "Main", 0}));
+  EXPECT_NE(space, (SpaceInfo{7, "B", "Main", 0}));
+  EXPECT_NE(space, (SpaceInfo{7, "A", "Other", 0}));
+  EXPECT_NE(space, (SpaceInfo{7, "A", "Main", 4}));
+}
+
+TEST(SpaceInfo, HashesEqualSpacesAlike) {
+  const std::unordered_set<SpaceInfo> set{space, {7, "A", "Main", 0}, {7, "A", "Main", 4}};
+  EXPECT_EQ(set.size(), 2U);
+}
+
+TEST(SpaceInfo, NumbersTheDirectionsFromLeftToRight) {
+  EXPECT_EQ(static_cast<int>(ISSDirection::left), 0);
+  EXPECT_EQ(static_cast<int>(ISSDirection::right), 1);
+}
+
+TEST(RegularSpaces, KeepTheOrderOfTheList) {
+  const SpaceInfo first{1, "A", "Main", 0};
+  const SpaceInfo fullScreen{2, "B", "Main", 4};
+  const SpaceInfo odd{3, "C", "Main", -1};
+  const SpaceInfo second{4, "D", "Other", 0};
+  EXPECT_EQ(regularSpaces({first, fullScreen, odd, second}), (std::vector<SpaceInfo>{first, second}));
+}
+
+}  // namespace
+}  // namespace roomlattice

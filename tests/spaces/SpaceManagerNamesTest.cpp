@@ -1,0 +1,137 @@
+#include "spaces/SpaceManager.h"
+
+#include "tests/support/SimulatedFixture.h"
+
+#include <string>
+#include <vector>
+
+namespace roomlattice {
+namespace {
+
+using platform::Value;
+
+const SpaceInfo first{1, "A", "Main", 0};
+const SpaceInfo fullScreen{2, "F", "Main", 4};
+const SpaceInfo second{3, "B", "Main", 0};
+const SpaceInfo otherFirst{4, "C", "Other", 0};
+const SpaceInfo otherSecond{5, "D", "Other", 0};
+
+class SpaceManagerNames : public tests::SimulatedFixture {
+ protected:
+  SpaceManager& managerWithDesktops() {
+    SpaceManager& manager = SpaceManager::shared();
+    manager.update({first, fullScreen, second, otherFirst, otherSecond}, 1);
+    return manager;
+  }
+
+  Value stored() { return desktop.storedDefaults()["SpaceNames"]; }
+};
+
+TEST_F(SpaceManagerNames, NumberTheRegularDesktopsOfEachDisplayFromOne) {
+  const SpaceManager& manager = managerWithDesktops();
+  EXPECT_EQ(manager.displayName(first), "Desktop 1");
+  EXPECT_EQ(manager.displayName(second), "Desktop 2");
+  EXPECT_EQ(manager.displayName(otherFirst), "Desktop 1");
+  EXPECT_EQ(manager.displayName(otherSecond), "Desktop 2");
+}
+
+TEST_F(SpaceManagerNames, GiveNoNumberToAFullScreenSpaceOrAnUnknownOne) {
+  const SpaceManager& manager = managerWithDesktops();
+  EXPECT_EQ(manager.displayName(fullScreen), "Desktop");
+  EXPECT_EQ(manager.displayName({9, "Z", "Main", 0}), "Desktop");
+  EXPECT_EQ(manager.displayName({1, "A", "Main", 4}), "Desktop");
+}
+
+TEST_F(SpaceManagerNames, NumberTheFirstOfTwoEqualEntries) {
+  SpaceManager& manager = SpaceManager::shared();
+  manager.update({second, first, first}, 1);
+  EXPECT_EQ(manager.displayName(first), "Desktop 2");
+}
+
+TEST_F(SpaceManagerNames, FollowTheUuidWhateverElseChanges) {
+  SpaceManager& manager = managerWithDesktops();
+  manager.setName("Work", first);
+  EXPECT_EQ(manager.displayName({99, "A", "Elsewhere", 4}), "Work");
+}
+
+TEST_F(SpaceManagerNames, AreStoredWithoutWhiteSpaceAtTheirEnds) {
+  SpaceManager& manager = managerWithDesktops();
+  manager.setName("  Work \n", first);
+  EXPECT_EQ(manager.displayName(first), "Work");
+  EXPECT_EQ(stored(), Value(Value::Dictionary{{"A", "Work"}}));
+}
+
+TEST_F(SpaceManagerNames, KeepWhatIsBetweenTheWords) {
+  SpaceManager& manager = managerWithDesktops();
+  manager.setName("\u2003deep  focus\u00A0", second);
+  EXPECT_EQ(manager.displayName(second), "deep  focus");
+}
+
+TEST_F(SpaceManagerNames, GoWithABlankName) {
+  SpaceManager& manager = managerWithDesktops();
+  manager.setName("Work", first);
+  manager.setName("Mail", second);
+  for (const char* blank : {"", " \t\n", "\u3000"}) {
+    manager.setName("Work", first);
+    manager.setName(blank, first);
+    EXPECT_EQ(manager.displayName(first), "Desktop 1");
+    EXPECT_EQ(stored(), Value(Value::Dictionary{{"B", "Mail"}}));
+  }
+}
+
+TEST_F(SpaceManagerNames, PostOneChangeForEverySet) {
+  SpaceManager& manager = managerWithDesktops();
+  int changes = 0;
+  const auto observer =
+      platform().notifications().defaultCenter().observe("SpaceManagerDidChange", [&changes] { ++changes; });
+  for (const char* name : {"Work", "Work", "", " "}) {
+    changes = 0;
+    manager.setName(name, first);
+    EXPECT_EQ(changes, 1) << name;
+  }
+}
+
+TEST_F(SpaceManagerNames, AreStoredBeforeTheChangeIsPosted) {
+  SpaceManager& manager = managerWithDesktops();
+  Value seen;
+  const auto observer =
+      platform().notifications().defaultCenter().observe(SpaceManager::didChange, [&] { seen = stored(); });
+  manager.setName("Work", first);
+  EXPECT_EQ(seen, Value(Value::Dictionary{{"A", "Work"}}));
+}
+
+TEST_F(SpaceManagerNames, SurviveARestart) {
+  managerWithDesktops().setName("Work", first);
+  relaunch();
+  EXPECT_EQ(managerWithDesktops().displayName(first), "Work");
+}
+
+TEST_F(SpaceManagerNames, ComeBackWithTheirDesktop) {
+  SpaceManager& manager = managerWithDesktops();
+  manager.setName("Work", first);
+  manager.update({second}, 3);
+  manager.setName("Mail", second);
+  manager.update({first, second}, 1);
+  EXPECT_EQ(manager.displayName(first), "Work");
+}
+
+TEST_F(SpaceManagerNames, AreTakenFromTheSettingsAsTheyStand) {
+  desktop.storedDefaults()["SpaceNames"] = Value::Dictionary{{"A", " Work "}, {"B", ""}, {"gone", "Play"}};
+  SpaceManager& manager = managerWithDesktops();
+  EXPECT_EQ(manager.displayName(first), " Work ");
+  EXPECT_EQ(manager.displayName(second), "Desktop 2");
+  manager.setName("Mail", otherFirst);
+  EXPECT_EQ(stored(), Value(Value::Dictionary{{"A", " Work "}, {"B", ""}, {"C", "Mail"}, {"gone", "Play"}}));
+}
+
+TEST_F(SpaceManagerNames, AreEmptyWhereTheSettingsHoldSomethingElse) {
+  for (const Value& damaged :
+       {Value("Work"), Value(Value::Array{"A", "Work"}), Value(7), Value(Value::Dictionary{{"A", "Work"}, {"B", 7}})}) {
+    desktop.storedDefaults()["SpaceNames"] = damaged;
+    relaunch();
+    EXPECT_EQ(managerWithDesktops().displayName(first), "Desktop 1");
+  }
+}
+
+}  // namespace
+}  // namespace roomlattice
