@@ -10,6 +10,10 @@ die() {
   exit 1
 }
 
+# A command that fails where that is not expected is named.
+set -o errtrace
+trap 'printf "%s: failed: %s (%s, line %s)\n" "${0##*/}" "$BASH_COMMAND" "${BASH_SOURCE[0]##*/}" "$LINENO" >&2' ERR
+
 # The usage text of a script is the comment at its head.
 usage() { awk 'NR > 1 { if (!sub(/^# ?/, "")) exit; print }' "$0"; }
 

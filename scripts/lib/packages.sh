@@ -1,24 +1,27 @@
 # shellcheck shell=bash
 # The Debian packages the project needs, and their installation. To be sourced after common.sh.
 
-build_packages=(
-  build-essential cmake ninja-build pkg-config
-  qt6-base-dev libxcb1-dev libxcb-composite0-dev libxcb-ewmh-dev libxcb-shape0-dev libxcb-xfixes0-dev libxcb-xinput-dev
-  nlohmann-json3-dev
-)
-
-# A desktop without a screen, and the tools that act on it from outside.
-desktop_packages=(
-  xvfb xauth openbox xfwm4 kwin-x11 picom hsetroot dbus xterm fonts-dejavu-core
-  xdotool wmctrl x11-utils x11-xserver-utils imagemagick
-)
-
-test_packages=(
-  libgtest-dev libgmock-dev
-  xserver-xorg-core xserver-xorg-video-dummy xserver-xorg-dev xinput libxcb-xtest0-dev
-)
-
-check_packages=(git clang-format clang-tidy shellcheck)
+# Prints the packages for a purpose.
+packages_for() {
+  case $1 in
+    build)
+      printf '%s\n' build-essential cmake ninja-build pkg-config nlohmann-json3-dev qt6-base-dev \
+        libxcb1-dev libxcb-composite0-dev libxcb-ewmh-dev libxcb-shape0-dev libxcb-xfixes0-dev libxcb-xinput-dev
+      ;;
+    # A desktop without a screen, and the tools that act on it from outside.
+    desktop)
+      printf '%s\n' xvfb openbox xfwm4 kwin-x11 picom hsetroot dbus xterm fonts-dejavu-core \
+        xdotool wmctrl x11-utils x11-xserver-utils imagemagick
+      ;;
+    # The X server with a touchpad that the tests move.
+    test)
+      printf '%s\n' libgtest-dev libgmock-dev libbenchmark-dev \
+        xserver-xorg-core xserver-xorg-video-dummy xserver-xorg-dev xinput libxcb-xtest0-dev
+      ;;
+    check) printf '%s\n' git clang-format clang-tidy shellcheck ;;
+    *) die "no packages are known for $1" ;;
+  esac
+}
 
 # Prints those of the given packages that are not installed.
 missing_packages() {
@@ -42,18 +45,19 @@ apt_get() {
     "$@" </dev/null
 }
 
-# Makes sure that the given packages are installed.
-install_packages() {
-  local missing
+# install_packages_for PURPOSE...: whatever of it is missing.
+install_packages_for() {
+  local purpose wanted missing
+  mapfile -t wanted < <(for purpose in "$@"; do packages_for "$purpose"; done)
   if ! command -v dpkg-query >/dev/null; then
-    note "This is not a Debian system: what is needed must be installed already ($*)."
+    note "This is not a Debian system; what is needed must be there already: ${wanted[*]}"
     return
   fi
-  mapfile -t missing < <(missing_packages "$@")
+  mapfile -t missing < <(missing_packages "${wanted[@]}")
   if [[ ${#missing[@]} == 0 ]]; then return; fi
   note "Installing ${missing[*]}"
   if [[ $(id -u) != 0 ]] && ! command -v sudo >/dev/null; then
-    die "neither root nor sudo: please install these packages: ${missing[*]}"
+    die "neither root nor sudo; please install these packages: ${missing[*]}"
   fi
   apt_get update || die "apt-get update failed"
   apt_get install --no-install-recommends "${missing[@]}" || die "could not install: ${missing[*]}"

@@ -1,0 +1,50 @@
+# shellcheck shell=bash
+# What the settings make of the status item. To be sourced by demo.sh after switching.sh.
+
+show_looks() {
+  show_foreground_mode
+  show_fixed_width
+  show_icon
+}
+
+show_foreground_mode() {
+  start_program "{$named_settings, \"ColorMode\": \"colorForeground\"}"
+  switch_to_desktop 1
+  take_screenshot foreground "The colour of the desktop on the text instead of behind it"
+  stop_program
+}
+
+show_fixed_width() {
+  start_program "{$named_settings, \"MenuBarWidthMode\": \"maxTitleLength\"}"
+  switch_to_desktop 1
+  expect_item_width 140
+  expect_item_color "${desktop_colors[1]}" 2 40 "fixed width"
+  take_screenshot fixed-width "A width that stays the same on every desktop"
+  stop_program
+}
+
+show_icon() {
+  start_program "{$named_settings, \"ShowSpaceNameInMenuBar\": false}"
+  switch_to_desktop 1
+  expect_item_square
+  take_screenshot icon "An icon instead of the name"
+  stop_program
+}
+
+expect_item_width() {
+  wait_for "a status item $1 pixels wide" 10 item_is_wide "$1"
+}
+
+item_is_wide() {
+  local width
+  read -r _ _ width _ < <(status_item_geometry)
+  [[ $width == "$1" ]]
+}
+
+expect_item_square() { wait_for "a square status item" 10 item_is_square; }
+
+item_is_square() {
+  local width height
+  read -r _ _ width height < <(status_item_geometry)
+  [[ -n $width && $width == "$height" ]]
+}
