@@ -21,7 +21,7 @@ run_demo() {
   mkdir -p "$log_folder" "$screenshot_folder"
   rm -f "$log_folder"/*.log "$screenshot_folder"/*.png
   trap stop_desktop EXIT
-  trap 'exit 130' INT TERM HUP
+  trap 'exit 130' INT TERM HUP PIPE
   start_desktop
   open_sample_windows
   note "Desktop without a screen: display $DISPLAY, window manager $window_manager"

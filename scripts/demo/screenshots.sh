@@ -8,10 +8,10 @@ strip_height=132
 
 # take_screenshot NAME CAPTION: the whole screen, below it the caption and the status item, enlarged.
 take_screenshot() {
-  local file screen=$desktop_folder/screen.png item=$desktop_folder/item.png
+  local file screen=$desktop_folder/screen.ppm item=$desktop_folder/item.png
   screenshot_number=$((screenshot_number + 1))
   file=$(printf '%s/%02d-%s.png' "$screenshot_folder" "$screenshot_number" "$1")
-  import -window root "$screen"
+  capture_settled_screen "$screen"
   enlarge_status_item "$screen" "$item"
   convert "$screen" \
     \( -size "${desktop_size%x*}x$strip_height" xc:'#16181c' \
@@ -20,6 +20,20 @@ take_screenshot() {
     "$item" -gravity East -geometry +24+0 -composite \) \
     -gravity None -append -strip "$file"
   note "  ${file#"$root"/}: $2"
+}
+
+# The compositor paints some time after the window manager has switched, and labels fade: the picture counts once it
+# has stayed the same for a while.
+capture_settled_screen() {
+  local last=$desktop_folder/last.ppm attempt
+  import -window root "ppm:$1"
+  for ((attempt = 0; attempt < 40; ++attempt)); do
+    mv "$1" "$last"
+    sleep 0.25
+    import -window root "ppm:$1"
+    if cmp --quiet "$1" "$last"; then return; fi
+  done
+  die "the screen does not come to rest"
 }
 
 # As much as fits beside the caption, in whole steps, so that every pixel can be made out.
