@@ -61,8 +61,7 @@ start_window_manager() {
     *) die "ROOMLATTICE_WM is $window_manager; known are openbox, xfwm4 and kwin_x11" ;;
   esac
   wait_for "the window manager $window_manager" 60 wmctrl -m
-  wmctrl -n "$desktop_count"
-  wait_for "$desktop_count desktops" 30 has_desktops "$desktop_count"
+  wait_for "$desktop_count desktops" 30 set_desktop_count
 }
 
 # Without the name of the desktop in mid-screen at each switch.
@@ -108,6 +107,12 @@ open_sample_windows() {
 }
 
 is_managed() { wmctrl -l | grep -q "$1\$"; }
+
+# To be tried again: a window manager that is starting may not hear.
+set_desktop_count() {
+  if ! has_desktops "$desktop_count"; then wmctrl -n "$desktop_count"; fi
+  has_desktops "$desktop_count"
+}
 
 has_desktops() { [[ $(wmctrl -d | wc -l) == "$1" ]]; }
 
