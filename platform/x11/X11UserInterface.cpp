@@ -1,7 +1,9 @@
 #include "platform/x11/X11UserInterface.h"
 
 #include "platform/Fatal.h"
+#include "platform/x11/ControlWidgets.h"
 #include "platform/x11/StatusItemWindow.h"
+#include "platform/x11/TabbedPanel.h"
 #include "platform/x11/Text.h"
 
 namespace roomlattice::platform::x11 {
@@ -23,8 +25,8 @@ Size X11UserInterface::measure(const std::string& text, const Font& font) const 
   return measureText(text, toQt(font));
 }
 
-Size X11UserInterface::intrinsicSize(const Control&) const {
-  fatal("controls are not measured yet");
+Size X11UserInterface::intrinsicSize(const Control& control) const {
+  return intrinsicSizeOf(control);
 }
 
 std::unique_ptr<StatusItem> X11UserInterface::createStatusItem(const StatusItemLength& length) {
@@ -35,8 +37,8 @@ std::unique_ptr<Window> X11UserInterface::createOverlayWindow(const OverlayWindo
   fatal("overlay windows are not shown yet");
 }
 
-std::unique_ptr<TabbedWindow> X11UserInterface::createTabbedWindow(const TabbedWindowModel&) {
-  fatal("tabbed windows are not shown yet");
+std::unique_ptr<TabbedWindow> X11UserInterface::createTabbedWindow(const TabbedWindowModel& model) {
+  return std::make_unique<TabbedPanel>(model);
 }
 
 }  // namespace roomlattice::platform::x11

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "platform/Controls.h"
+
+#include <QWidget>
+#include <string>
+#include <vector>
+
+class QTabWidget;
+
+namespace roomlattice::platform::x11 {
+
+/// The preferences window: a window of fixed size with native tabs and controls, at the places the model gives. A page
+/// whose controls need more room than it has can be scrolled.
+class TabbedPanel final : public TabbedWindow {
+ public:
+  explicit TabbedPanel(const TabbedWindowModel& model);
+
+  void show() override;
+  void setText(ControlReference label, const std::string& text) override;
+  void setEnabled(ControlReference button, bool enabled) override;
+
+ private:
+  void addPage(QTabWidget& tabs, const TabPage& page);
+  void center();
+
+  QWidget window_;
+  // By page and place; owned by the window.
+  std::vector<std::vector<QWidget*>> controls_;
+};
+
+}  // namespace roomlattice::platform::x11
