@@ -1,20 +1,16 @@
 #include "input/SwipeWatcher.h"
 
+#include "platform/DockSwipe.h"
+
 namespace roomlattice {
 namespace {
 
 using platform::Event;
 using platform::EventField;
 
-enum Phase : std::int64_t { Began = 1, Changed = 2, Ended = 4, Cancelled = 8 };
-
 bool isUsersDockSwipe(const Event& event) {
   constexpr std::int64_t noProcess = 0;
-  constexpr std::int64_t dockControlEvent = 30;
-  constexpr std::int64_t dockSwipeGesture = 23;
-  return event.integer(EventField::SourceProcessID) == noProcess &&
-         event.integer(EventField::Kind) == dockControlEvent &&
-         event.integer(EventField::GestureKind) == dockSwipeGesture;
+  return event.integer(EventField::SourceProcessID) == noProcess && platform::isDockSwipe(event);
 }
 
 }  // namespace
@@ -40,16 +36,16 @@ void SwipeWatcher::handle(const Event& event, std::uint32_t type) {
     return;
   }
   switch (event.integer(EventField::Phase)) {
-    case Began:
-    case Changed:
+    case platform::dockSwipe::Began:
+    case platform::dockSwipe::Changed:
       // A lost beginning is made good by the first change.
       if (!swipeFired_) {
         swipeFired_ = true;
         reportSwipe(event);
       }
       break;
-    case Ended:
-    case Cancelled:
+    case platform::dockSwipe::Ended:
+    case platform::dockSwipe::Cancelled:
       swipeFired_ = false;
       break;
     default:

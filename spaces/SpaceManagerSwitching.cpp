@@ -1,3 +1,4 @@
+#include "platform/DockSwipe.h"
 #include "preferences/PreferencesStore.h"
 #include "spaces/SpaceManager.h"
 
@@ -16,6 +17,7 @@ namespace {
 
 using namespace std::chrono_literals;
 using platform::EventField;
+namespace dockSwipe = platform::dockSwipe;
 
 constexpr platform::Duration animatedSpacing = 220ms;
 constexpr platform::Duration instantSpacing = 50ms;
@@ -27,26 +29,21 @@ constexpr platform::Duration changedEventSpacing = 18ms;
 constexpr double instantProgress = 0x1p-149;
 constexpr double instantVelocity = 400.0;
 
-enum class Phase : std::int64_t { Began = 1, Changed = 2, Ended = 4 };
-
 constexpr double sign(ISSDirection direction) {
   return direction == ISSDirection::right ? 1.0 : -1.0;
 }
 
 /// Posts one event of a Dock swipe as a trackpad makes them. An event that the system will not make is left out.
-void postDockSwipe(platform::Events& events, Phase phase, double progress, double velocity) {
-  constexpr std::int64_t dockControlEvent = 30;
-  constexpr std::int64_t dockSwipeGesture = 23;
-  constexpr std::int64_t horizontal = 1;
+void postDockSwipe(platform::Events& events, dockSwipe::Phase phase, double progress, double velocity) {
   const std::unique_ptr<platform::Event> event = events.createEvent();
   if (event == nullptr) {
     return;
   }
-  event->setInteger(EventField::Kind, dockControlEvent);
-  event->setInteger(EventField::GestureKind, dockSwipeGesture);
-  event->setInteger(EventField::Phase, static_cast<std::int64_t>(phase));
+  event->setInteger(EventField::Kind, dockSwipe::eventKind);
+  event->setInteger(EventField::GestureKind, dockSwipe::gestureKind);
+  event->setInteger(EventField::Phase, phase);
   event->setReal(EventField::Progress, progress);
-  event->setInteger(EventField::SwipeAxis, horizontal);
+  event->setInteger(EventField::SwipeAxis, dockSwipe::horizontal);
   event->setReal(EventField::Velocity, velocity);
   event->setReal(EventField::SecondaryVelocity, velocity);
   events.post(*event);
@@ -86,21 +83,21 @@ void SpaceManager::switchToSpace(const SpaceInfo& space) {
 
 void SpaceManager::animatedDockSwipe(ISSDirection direction) {
   const double s = sign(direction);
-  postDockSwipe(platform_.events(), Phase::Began, s * 0.001, s * 0.5);
-  const auto postLater = [this, s](int i, Phase phase, double progress) {
+  postDockSwipe(platform_.events(), dockSwipe::Began, s * 0.001, s * 0.5);
+  const auto postLater = [this, s](int i, dockSwipe::Phase phase, double progress) {
     platform_.dispatcher().asyncAfter(changedEventSpacing * i, lifetime_.guard([this, s, phase, progress] {
       postDockSwipe(platform_.events(), phase, s * progress, s * 1.5);
     }));
   };
   for (int i = 1; i <= changedEventCount; ++i) {
-    postLater(i, Phase::Changed, static_cast<double>(i) / changedEventCount);
+    postLater(i, dockSwipe::Changed, static_cast<double>(i) / changedEventCount);
   }
-  postLater(changedEventCount + 1, Phase::Ended, 1.0);
+  postLater(changedEventCount + 1, dockSwipe::Ended, 1.0);
 }
 
 void SpaceManager::instantDockSwipe(ISSDirection direction) {
   const double s = sign(direction);
-  for (const Phase phase : {Phase::Began, Phase::Changed, Phase::Ended}) {
+  for (const dockSwipe::Phase phase : {dockSwipe::Began, dockSwipe::Changed, dockSwipe::Ended}) {
     postDockSwipe(platform_.events(), phase, s * instantProgress, s * instantVelocity);
   }
 }
