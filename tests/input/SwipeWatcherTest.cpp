@@ -1,0 +1,264 @@
+#include "input/SwipeWatcher.h"
+
+#include "spaces/SpaceManager.h"
+#include "tests/support/SimulatedFixture.h"
+
+#include <gmock/gmock.h>
+
+#include <cstdint>
+#include <limits>
+#include <optional>
+#include <vector>
+
+namespace roomlattice::tests {
+namespace {
+
+using platform::EventField;
+using platform::simulated::SimulatedEvent;
+using platform::simulated::SwipeMotion;
+using platform::simulated::SwipePhase;
+using platform::simulated::TapDisabling;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+constexpr SwipeMotion toTheRight{.progress = 0.1, .velocity = 0.5};
+constexpr SwipeMotion toTheLeft{.progress = -0.1, .velocity = -0.5};
+
+class SwipeWatcherTest : public SimulatedFixture {
+ protected:
+  void startWatcher() {
+    watcher.emplace(platform());
+    watcher->onSwipeBegan = [this](bool isRight) { reported.push_back(isRight); };
+    watcher->start();
+  }
+
+  void moves(SwipePhase phase, const SwipeMotion& motion) {
+    user.movesFingers(phase, motion);
+    desktop.advance(0s);
+  }
+
+  static SimulatedEvent swipeBeginning() {
+    SimulatedEvent event;
+    event.setInteger(EventField::Kind, 30);
+    event.setInteger(EventField::GestureKind, 23);
+    event.setInteger(EventField::Phase, 1);
+    event.setReal(EventField::Velocity, 0.5);
+    return event;
+  }
+
+  void passes(const SimulatedEvent& event) {
+    desktop.events().pass(event);
+    desktop.advance(0s);
+  }
+
+  std::vector<bool> reported;
+  std::optional<SwipeWatcher> watcher;
+};
+
+TEST_F(SwipeWatcherTest, ReportsAWholeSwipeOnce) {
+  startWatcher();
+  user.swipes(Right);
+  desktop.advance(1s);
+  EXPECT_THAT(reported, ElementsAre(true));
+}
+
+TEST_F(SwipeWatcherTest, ReportsEachOfSeveralSwipes) {
+  startWatcher();
+  for (const Direction direction : {Right, Left, Left}) {
+    user.swipes(direction);
+    desktop.advance(1s);
+  }
+  EXPECT_THAT(reported, ElementsAre(true, false, false));
+}
+
+TEST_F(SwipeWatcherTest, ReportsOnALaterTurn) {
+  startWatcher();
+  user.movesFingers(SwipePhase::Began, toTheRight);
+  EXPECT_THAT(reported, IsEmpty());
+  desktop.advance(0s);
+  EXPECT_THAT(reported, ElementsAre(true));
+}
+
+TEST_F(SwipeWatcherTest, TakesTheDirectionFromTheVelocityOrElseFromTheProgress) {
+  constexpr double tiny = std::numeric_limits<double>::denorm_min();
+  struct Row {
+    SwipeMotion motion;
+    bool isRight;
+  };
+  const std::vector<Row> rows = {
+      {{.progress = 0.3, .velocity = 1.0}, true},    {{.progress = -0.3, .velocity = 1.0}, true},
+      {{.progress = 0.3, .velocity = -1.0}, false},  {{.progress = -0.3, .velocity = -1.0}, false},
+      {{.progress = 0.3, .velocity = 0.0}, true},    {{.progress = -0.3, .velocity = 0.0}, false},
+      {{.progress = 0.0, .velocity = 0.0}, true},    {{.progress = -0.0, .velocity = -0.0}, true},
+      {{.progress = -0.3, .velocity = -0.0}, false}, {{.progress = 0.3, .velocity = -tiny}, false},
+      {{.progress = -0.3, .velocity = tiny}, true},  {{.progress = -tiny, .velocity = 0.0}, false},
+  };
+  startWatcher();
+  for (const Row& row : rows) {
+    reported.clear();
+    moves(SwipePhase::Began, row.motion);
+    EXPECT_THAT(reported, ElementsAre(row.isRight)) << row.motion.progress << " " << row.motion.velocity;
+    moves(SwipePhase::Ended, row.motion);
+  }
+}
+
+TEST_F(SwipeWatcherTest, MakesALostBeginningGoodByTheFirstChange) {
+  startWatcher();
+  moves(SwipePhase::Changed, toTheLeft);
+  moves(SwipePhase::Changed, toTheRight);
+  EXPECT_THAT(reported, ElementsAre(false));
+}
+
+TEST_F(SwipeWatcherTest, ReportsOnlyTheFirstOfTwoSwipesWithoutAnEndBetween) {
+  startWatcher();
+  moves(SwipePhase::Began, toTheRight);
+  moves(SwipePhase::Changed, toTheRight);
+  moves(SwipePhase::Began, toTheLeft);
+  EXPECT_THAT(reported, ElementsAre(true));
+}
+
+TEST_F(SwipeWatcherTest, IsReadyAgainAfterTheEndOrTheCancellation) {
+  startWatcher();
+  for (const SwipePhase end : {SwipePhase::Ended, SwipePhase::Cancelled}) {
+    reported.clear();
+    moves(SwipePhase::Began, toTheRight);
+    moves(end, toTheRight);
+    moves(SwipePhase::Began, toTheLeft);
+    EXPECT_THAT(reported, ElementsAre(true, false));
+    moves(end, toTheLeft);
+  }
+}
+
+TEST_F(SwipeWatcherTest, TakesNoOtherPhaseForABeginningOrAnEnd) {
+  startWatcher();
+  for (const std::int64_t phase : {0, 3, 5, 6, 16, 32, 128, -1}) {
+    reported.clear();
+    moves(static_cast<SwipePhase>(phase), toTheRight);
+    EXPECT_THAT(reported, IsEmpty()) << phase;
+    moves(SwipePhase::Began, toTheRight);
+    moves(static_cast<SwipePhase>(phase), toTheRight);
+    moves(SwipePhase::Changed, toTheRight);
+    EXPECT_THAT(reported, ElementsAre(true)) << phase;
+    moves(SwipePhase::Ended, toTheRight);
+  }
+}
+
+TEST_F(SwipeWatcherTest, EndsOfNothingAreHarmless) {
+  startWatcher();
+  moves(SwipePhase::Ended, toTheRight);
+  moves(SwipePhase::Cancelled, toTheRight);
+  EXPECT_THAT(reported, IsEmpty());
+}
+
+TEST_F(SwipeWatcherTest, CountsOnlyDockSwipesThatNoProcessPosted) {
+  startWatcher();
+  for (const auto& [field, value] : {std::pair{EventField::SourceProcessID, 1},
+                                     {EventField::SourceProcessID, -1},
+                                     {EventField::Kind, 29},
+                                     {EventField::Kind, 0},
+                                     {EventField::GestureKind, 22},
+                                     {EventField::GestureKind, 0}}) {
+    SimulatedEvent event = swipeBeginning();
+    event.setInteger(field, value);
+    passes(event);
+    EXPECT_THAT(reported, IsEmpty()) << static_cast<int>(field) << "=" << value;
+  }
+  passes(swipeBeginning());
+  EXPECT_THAT(reported, ElementsAre(true));
+}
+
+TEST_F(SwipeWatcherTest, LetsNoProcessEndTheUsersSwipe) {
+  startWatcher();
+  passes(swipeBeginning());
+  SimulatedEvent end = swipeBeginning();
+  end.setInteger(EventField::Phase, 4);
+  end.setInteger(EventField::SourceProcessID, 1);
+  passes(end);
+  passes(swipeBeginning());
+  EXPECT_THAT(reported, ElementsAre(true));
+}
+
+TEST_F(SwipeWatcherTest, DoesNotHearTheProgramsOwnSwipes) {
+  startWatcher();
+  SpaceManager& manager = SpaceManager::shared();
+  manager.update({{.spaceID = desktop.desktopAt(0)}, {.spaceID = desktop.desktopAt(1)}}, desktop.desktopAt(0));
+  manager.switchToSpace(manager.spaces().at(1));
+  desktop.advance(1s);
+  EXPECT_EQ(desktop.activeSpace(), desktop.desktopAt(1));
+  EXPECT_THAT(reported, IsEmpty());
+}
+
+TEST_F(SwipeWatcherTest, LeavesTheSwipeToTheDock) {
+  startWatcher();
+  user.swipes(Right);
+  desktop.advance(1s);
+  EXPECT_EQ(desktop.activeSpace(), desktop.desktopAt(1));
+}
+
+TEST_F(SwipeWatcherTest, LogsOneLineAndHearsNothingWithoutPermission) {
+  desktop.faults.accessibilityDenied = true;
+  startWatcher();
+  desktop.faults.accessibilityDenied = false;
+  user.swipes(Right);
+  desktop.advance(60s);
+  EXPECT_THAT(reported, IsEmpty());
+  EXPECT_THAT(desktop.log().texts(),
+              ElementsAre("[Roomlattice] SwipeWatcher: failed to create event tap (need Accessibility)"));
+}
+
+TEST_F(SwipeWatcherTest, CanBeStartedOnceThePermissionIsGiven) {
+  desktop.faults.accessibilityDenied = true;
+  startWatcher();
+  desktop.faults.accessibilityDenied = false;
+  watcher->start();
+  moves(SwipePhase::Began, toTheRight);
+  EXPECT_THAT(reported, ElementsAre(true));
+}
+
+TEST_F(SwipeWatcherTest, StartsOnce) {
+  startWatcher();
+  watcher->start();
+  moves(SwipePhase::Began, toTheRight);
+  EXPECT_THAT(reported, ElementsAre(true));
+  EXPECT_THAT(desktop.log().texts(), IsEmpty());
+}
+
+TEST_F(SwipeWatcherTest, HearsOnAfterTheSystemDisabledTheTap) {
+  startWatcher();
+  for (const TapDisabling cause : {TapDisabling::ByTimeout, TapDisabling::ByUserInput}) {
+    reported.clear();
+    desktop.events().disableTaps(cause);
+    moves(SwipePhase::Began, toTheRight);
+    EXPECT_THAT(reported, ElementsAre(true));
+    moves(SwipePhase::Ended, toTheRight);
+  }
+}
+
+TEST_F(SwipeWatcherTest, RemembersTheSwipeWhileTheTapIsDisabled) {
+  startWatcher();
+  moves(SwipePhase::Began, toTheRight);
+  desktop.events().disableTaps(TapDisabling::ByTimeout);
+  moves(SwipePhase::Changed, toTheRight);
+  EXPECT_THAT(reported, ElementsAre(true));
+}
+
+TEST_F(SwipeWatcherTest, ReportsNothingOnceItHasGone) {
+  startWatcher();
+  user.movesFingers(SwipePhase::Began, toTheRight);
+  watcher.reset();
+  desktop.advance(1s);
+  user.swipes(Left);
+  desktop.advance(1s);
+  EXPECT_THAT(reported, IsEmpty());
+}
+
+TEST_F(SwipeWatcherTest, NeedsNobodyToReportTo) {
+  watcher.emplace(platform());
+  watcher->start();
+  user.swipes(Right);
+  desktop.advance(1s);
+  EXPECT_EQ(desktop.activeSpace(), desktop.desktopAt(1));
+}
+
+}  // namespace
+}  // namespace roomlattice::tests
