@@ -1,0 +1,91 @@
+#pragma once
+
+#include "labels/SpaceSignWindowController.h"
+#include "platform/Fatal.h"
+#include "preferences/PreferencesStore.h"
+#include "spaces/SpaceManager.h"
+#include "spaces/SpaceObserver.h"
+#include "tests/support/SimulatedFixture.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace roomlattice::tests {
+
+/// The labels and the model they follow, without the rest of the program. With the simulated font and the standard text
+/// size, a label is 100 points wide for each character and 160 more, and 320 points high.
+class LabelFixture : public SimulatedFixture {
+ protected:
+  using SimulatedFixture::SimulatedFixture;
+
+  /// Builds what the program builds at launch, in that order.
+  void startLabels() {
+    observer_.emplace(platform());
+    observation_ = platform().notifications().workspaceCenter().observe(platform::notification::activeSpaceDidChange,
+                                                                        [this] { observer_->activeSpaceDidChange(); });
+    observer_->refresh();
+    signs.emplace(platform());
+  }
+
+  /// Starts them, has every desktop visited, and returns to the first one; all is at rest then, a priming tick just
+  /// over.
+  void startVisitedLabels() {
+    startLabels();
+    const std::size_t desktops = desktop.spaces().regular().size();
+    for (std::size_t index = 1; index < desktops; ++index) {
+      desktop.switchTo(desktop.desktopAt(index));
+    }
+    desktop.switchTo(desktop.desktopAt(0));
+    desktop.advance(1s);
+  }
+
+  /// The windows that look like labels, ordered in or not.
+  std::vector<platform::simulated::SimulatedWindow*> labels() {
+    std::vector<platform::simulated::SimulatedWindow*> windows = desktop.windows().overlays();
+    std::erase_if(windows, [](const auto* window) { return window->level() != platform::WindowLevel::Floating; });
+    return windows;
+  }
+
+  platform::simulated::SimulatedWindow* labelOn(platform::SpaceID space) {
+    const auto windows = labels();
+    const auto found = std::ranges::find_if(windows, [space](const auto* label) { return label->isOn(space); });
+    return found == windows.end() ? nullptr : *found;
+  }
+
+  /// The label of the desktop at `index`, which must be there.
+  platform::simulated::SimulatedWindow& label(std::size_t index) {
+    auto* const found = labelOn(desktop.desktopAt(index));
+    if (found == nullptr) {
+      platform::fatal("there is no such label");
+    }
+    return *found;
+  }
+
+  double alpha(std::size_t index) { return label(index).alpha(); }
+
+  std::vector<double> alphas() {
+    std::vector<double> values;
+    for (std::size_t index = 0; index < desktop.spaces().regular().size(); ++index) {
+      values.push_back(alpha(index));
+    }
+    return values;
+  }
+
+  static PreferencesStore& preferences() { return PreferencesStore::shared(); }
+
+  void post(std::string_view notification) { platform().notifications().defaultCenter().post(notification); }
+
+  static constexpr platform::Point overTheLabels{720.0, 450.0};
+  static constexpr platform::Point besideTheLabels{720.0, 30.0};
+
+  std::optional<SpaceSignWindowController> signs;
+
+ private:
+  std::optional<SpaceObserver> observer_;
+  platform::Registration observation_;
+};
+
+}  // namespace roomlattice::tests
