@@ -9,8 +9,9 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <functional>
 #include <optional>
-#include <string>
+#include <string_view>
 #include <vector>
 
 namespace roomlattice::tests {
@@ -19,7 +20,13 @@ namespace roomlattice::tests {
 /// size, a label is 100 points wide for each character and 160 more, and 320 points high.
 class LabelFixture : public SimulatedFixture {
  protected:
-  using SimulatedFixture::SimulatedFixture;
+  explicit LabelFixture(int desktops = 3) : SimulatedFixture(desktops) {
+    earlyObservation_ = platform().notifications().defaultCenter().observe(SpaceManager::activeChanged, [this] {
+      if (beforeLabelsHearOfAChange) {
+        beforeLabelsHearOfAChange();
+      }
+    });
+  }
 
   /// Builds what the program builds at launch, in that order.
   void startLabels() {
@@ -40,6 +47,23 @@ class LabelFixture : public SimulatedFixture {
     }
     desktop.switchTo(desktop.desktopAt(0));
     desktop.advance(1s);
+  }
+
+  /// The same, with the next priming tick 400 ms away.
+  void startBetweenTicks() {
+    startVisitedLabels();
+    desktop.advance(100ms);
+  }
+
+  /// The same, with the second desktop just arrived at and its label about to fade out.
+  void arriveOnTheSecond() {
+    startBetweenTicks();
+    desktop.switchTo(desktop.desktopAt(1));
+  }
+
+  void showAllFully() {
+    signs->showAll();
+    desktop.advance(500ms);
   }
 
   /// The windows that look like labels, ordered in or not.
@@ -64,6 +88,10 @@ class LabelFixture : public SimulatedFixture {
     return *found;
   }
 
+  static unsigned behaviorOf(const platform::simulated::SimulatedWindow& label) {
+    return static_cast<unsigned>(label.collectionBehavior());
+  }
+
   double alpha(std::size_t index) { return label(index).alpha(); }
 
   std::vector<double> alphas() {
@@ -81,9 +109,14 @@ class LabelFixture : public SimulatedFixture {
   static constexpr platform::Point overTheLabels{720.0, 450.0};
   static constexpr platform::Point besideTheLabels{720.0, 30.0};
 
+  /// Called when the model has another active desktop and the labels have not heard of it yet: what comes between the
+  /// two is otherwise not to be caught.
+  std::function<void()> beforeLabelsHearOfAChange;
+
   std::optional<SpaceSignWindowController> signs;
 
  private:
+  platform::Registration earlyObservation_;
   std::optional<SpaceObserver> observer_;
   platform::Registration observation_;
 };
