@@ -4,6 +4,7 @@
 
 desktop_size=1280x800
 desktop_count=4
+settings_manager_pid=
 window_manager=${ROOMLATTICE_WM:-openbox}
 
 start_desktop() {
@@ -14,6 +15,7 @@ start_desktop() {
   start_session_bus
   start_window_manager
   start_compositor
+  set_theme Adwaita
   hsetroot -add '#22384f' -add '#5b8aa6' -add '#c9b79c' -gradient 155 >/dev/null
 }
 
@@ -92,6 +94,20 @@ start_compositor() {
   start picom picom --config /dev/null --backend xrender
   wait_for "the compositor" 30 window_exists picom
 }
+
+# The light or the dark half of a pair of themes, as a desktop's own settings would choose it.
+set_theme() {
+  printf 'Net/ThemeName "%s"\n' "$1" >"$desktop_folder/xsettings.conf"
+  if [[ -z $settings_manager_pid ]]; then
+    start xsettingsd xsettingsd --config="$desktop_folder/xsettings.conf"
+    settings_manager_pid=$!
+  else
+    kill -HUP "$settings_manager_pid"
+  fi
+  wait_for "the theme $1" 10 theme_is "$1"
+}
+
+theme_is() { dump_xsettings | grep -q "^Net/ThemeName \"$1\"\$"; }
 
 # One window on every desktop, so that it shows which one is in front.
 open_sample_windows() {

@@ -7,10 +7,17 @@ show_looks() {
   show_icon
 }
 
+# A light colour is darkened on a light bar and stays as it is on a dark one.
 show_foreground_mode() {
   start_program "{$named_settings, \"ColorMode\": \"colorForeground\"}"
   switch_to_desktop 1
-  take_screenshot foreground "The colour of the desktop on the text instead of behind it"
+  expect_item_color '#586A80' 12 2 "the name in a darker shade"
+  take_screenshot text-color "The colour of the desktop on the text instead of behind it"
+  set_theme Adwaita-dark
+  expect_item_color "${desktop_colors[1]}" 12 2 "the name in the full shade"
+  take_screenshot dark "The same after the desktop has turned dark"
+  set_theme Adwaita
+  expect_item_color '#586A80' 12 2 "the name in the darker shade again"
   stop_program
 }
 
