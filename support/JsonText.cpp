@@ -116,8 +116,10 @@ std::optional<std::string> toJson(const Value& value, JsonLayout layout) {
 std::optional<Value> fromJson(std::string_view text) {
   // The document is refused as a whole where it is too deep: the conversion and every later copy are recursive.
   bool tooDeep = false;
-  const auto watchDepth = [&tooDeep](int depth, Json::parse_event_t, Json&) {
-    tooDeep = tooDeep || depth > maximumDepth;
+  const auto watchDepth = [&tooDeep](int depth, Json::parse_event_t event, Json&) {
+    // The depth given with the start of a container is that of what surrounds it.
+    const bool starts = event == Json::parse_event_t::array_start || event == Json::parse_event_t::object_start;
+    tooDeep = tooDeep || depth + (starts ? 1 : 0) > maximumDepth;
     return !tooDeep;
   };
   try {

@@ -13,11 +13,22 @@
 namespace roomlattice::platform::simulated {
 namespace {
 
-using std::chrono::milliseconds;
+constexpr Duration swipePace = std::chrono::milliseconds(8);
 
 SimulatedEvent inputEvent(std::int64_t type) {
   SimulatedEvent event;
   event.setInteger(EventField::Kind, type);
+  return event;
+}
+
+SimulatedEvent swipeEvent(SwipePhase phase, SwipeMotion motion) {
+  SimulatedEvent event = inputEvent(eventType::dockGesture);
+  event.setInteger(EventField::GestureKind, dockSwipe);
+  event.setInteger(EventField::SwipeAxis, horizontalAxis);
+  event.setInteger(EventField::Phase, static_cast<std::int64_t>(phase));
+  event.setReal(EventField::Progress, motion.progress);
+  event.setReal(EventField::Velocity, motion.velocity);
+  event.setReal(EventField::SecondaryVelocity, motion.velocity);
   return event;
 }
 
@@ -38,27 +49,19 @@ Rect buttonFrame(const View& view) {
 
 void SimulatedUser::swipes(Direction direction) {
   constexpr int moves = 4;
-  constexpr milliseconds pace(8);
   const double sign = direction == Direction::Right ? 1.0 : -1.0;
+  const auto later = [&desktop = desktop_](int step, SwipePhase phase, SwipeMotion motion) {
+    desktop.after(swipePace * step, [&desktop, phase, motion] { desktop.events().pass(swipeEvent(phase, motion)); });
+  };
   movesFingers(SwipePhase::Began, {.progress = sign * 0.01, .velocity = sign * 0.5});
   for (int move = 1; move <= moves; ++move) {
-    desktop_.after(pace * move, [this, sign, move] {
-      movesFingers(SwipePhase::Changed, {.progress = sign * move / moves, .velocity = sign * 1.5});
-    });
+    later(move, SwipePhase::Changed, {.progress = sign * move / moves, .velocity = sign * 1.5});
   }
-  desktop_.after(pace * (moves + 1),
-                 [this, sign] { movesFingers(SwipePhase::Ended, {.progress = sign, .velocity = sign * 1.5}); });
+  later(moves + 1, SwipePhase::Ended, {.progress = sign, .velocity = sign * 1.5});
 }
 
 void SimulatedUser::movesFingers(SwipePhase phase, SwipeMotion motion) {
-  SimulatedEvent event = inputEvent(eventType::dockGesture);
-  event.setInteger(EventField::GestureKind, dockSwipe);
-  event.setInteger(EventField::SwipeAxis, horizontalAxis);
-  event.setInteger(EventField::Phase, static_cast<std::int64_t>(phase));
-  event.setReal(EventField::Progress, motion.progress);
-  event.setReal(EventField::Velocity, motion.velocity);
-  event.setReal(EventField::SecondaryVelocity, motion.velocity);
-  desktop_.events().pass(event);
+  desktop_.events().pass(swipeEvent(phase, motion));
 }
 
 void SimulatedUser::movesPointerTo(Point point) {

@@ -1,0 +1,143 @@
+#include "support/JsonText.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <string>
+
+namespace roomlattice::support {
+namespace {
+
+using platform::Value;
+
+std::optional<std::string> compact(const Value& value) {
+  return toJson(value, JsonLayout::Compact);
+}
+
+std::string nestedArrays(std::size_t levels, const std::string& innermost = {}) {
+  return std::string(levels, '[') + innermost + std::string(levels, ']');
+}
+
+TEST(JsonText, WritesCompactDocuments) {
+  const Value value = Value::Dictionary{{"a", Value::Array{1, 2.5, true, "x", {}}}, {"b", Value::Dictionary{}}};
+  EXPECT_EQ(compact(value), R"({"a":[1,2.5,true,"x",null],"b":{}})");
+}
+
+TEST(JsonText, WritesIndentedDocumentsThatReadTheSame) {
+  const Value value = Value::Dictionary{{"a", Value::Array{1}}};
+  const auto text = toJson(value, JsonLayout::Indented);
+  ASSERT_TRUE(text.has_value());
+  EXPECT_NE(text->find('\n'), std::string::npos);
+  EXPECT_EQ(fromJson(*text), value);
+}
+
+TEST(JsonText, KeepsIntegersAndDoublesApart) {
+  EXPECT_EQ(compact(1), "1");
+  EXPECT_EQ(compact(1.0), "1.0");
+  EXPECT_EQ(fromJson("1"), Value(1));
+  EXPECT_EQ(fromJson("1.0"), Value(1.0));
+  EXPECT_EQ(fromJson("1e2"), Value(100.0));
+  EXPECT_EQ(fromJson("-0.0"), Value(-0.0));
+}
+
+TEST(JsonText, ReadsWholeNumbersThatDoNotFitAsDoubles) {
+  EXPECT_EQ(fromJson("9223372036854775807"), Value(std::numeric_limits<std::int64_t>::max()));
+  EXPECT_EQ(fromJson("9223372036854775808"), Value(9223372036854775808.0));
+  EXPECT_EQ(fromJson("-9223372036854775808"), Value(std::numeric_limits<std::int64_t>::min()));
+  EXPECT_EQ(fromJson("-9223372036854775809"), Value(-9223372036854775809.0));
+  EXPECT_EQ(fromJson("123456789012345678901234567890"), Value(123456789012345678901234567890.0));
+}
+
+class JsonTextDoubles : public ::testing::TestWithParam<double> {};
+
+TEST_P(JsonTextDoubles, ReadBackEqual) {
+  const auto text = compact(GetParam());
+  ASSERT_TRUE(text.has_value());
+  EXPECT_EQ(fromJson(*text), Value(GetParam())) << *text;
+}
+
+INSTANTIATE_TEST_SUITE_P(JsonText, JsonTextDoubles,
+                         ::testing::Values(0.0, -0.0, 0.1, 1.0 / 3.0, 0.78, 160.0, 1e300, -1e-300,
+                                           std::numeric_limits<double>::max(), std::numeric_limits<double>::min(),
+                                           std::numeric_limits<double>::denorm_min(),
+                                           std::numeric_limits<double>::epsilon(), 9007199254740993.0));
+
+class JsonTextWithoutForm : public ::testing::TestWithParam<Value> {};
+
+TEST_P(JsonTextWithoutForm, IsNotWritten) {
+  EXPECT_EQ(compact(GetParam()), std::nullopt);
+  EXPECT_EQ(compact(Value::Array{1, GetParam()}), std::nullopt);
+  EXPECT_EQ(compact(Value::Dictionary{{"key", GetParam()}}), std::nullopt);
+}
+
+INSTANTIATE_TEST_SUITE_P(JsonText, JsonTextWithoutForm,
+                         ::testing::Values(Value(std::numeric_limits<double>::quiet_NaN()),
+                                           Value(std::numeric_limits<double>::infinity()),
+                                           Value(-std::numeric_limits<double>::infinity()),
+                                           Value(Value::Data{std::byte{1}}), Value("\xff"), Value("\xc3")));
+
+TEST(JsonText, DoesNotWriteKeysThatAreNotUTF8) {
+  EXPECT_EQ(compact(Value::Dictionary{{"\xff", 1}}), std::nullopt);
+}
+
+TEST(JsonText, WritesTextOfEveryKindSoThatItReadsBackEqual) {
+  const std::string text = std::string("quote \" backslash \\ newline \n tab \t Größe 漢字 🎈 null ") + '\0' + '\x01';
+  const auto written = compact(text);
+  ASSERT_TRUE(written.has_value());
+  EXPECT_EQ(fromJson(*written), Value(text));
+}
+
+TEST(JsonText, ReadsEscapedCharacters) {
+  EXPECT_EQ(fromJson(R"("\u00e9\ud83c\udf88")"), Value("é🎈"));
+}
+
+class JsonTextRefused : public ::testing::TestWithParam<const char*> {};
+
+TEST_P(JsonTextRefused, IsNotOneDocument) {
+  EXPECT_EQ(fromJson(GetParam()), std::nullopt);
+}
+
+INSTANTIATE_TEST_SUITE_P(JsonText, JsonTextRefused,
+                         ::testing::Values("", " ", "{", "[1,]", "{\"a\":1,}", "{a:1}", "'a'", "nul", "NaN", "Infinity",
+                                           "01", "1.", ".5", "+1", "1e999", "[1] x", "{} {}", "1 2", "\"\xff\"",
+                                           "\"\xed\xa0\x80\"", "\"\\ud83c\"", "\"a\nb\"", "// a\n1"));
+
+TEST(JsonText, AllowsBlanksAroundADocument) {
+  EXPECT_EQ(fromJson(" \t\r\n[ 1 ] \n"), Value(Value::Array{1}));
+}
+
+TEST(JsonText, ReadsNestingUpToItsLimitAndNoDeeper) {
+  EXPECT_TRUE(fromJson(nestedArrays(500)).has_value());
+  EXPECT_TRUE(fromJson(nestedArrays(500, "1")).has_value());
+  EXPECT_TRUE(fromJson(nestedArrays(499, "{\"a\":1}")).has_value());
+  EXPECT_EQ(fromJson(nestedArrays(500, "{}")), std::nullopt);
+  EXPECT_EQ(fromJson(nestedArrays(501)), std::nullopt);
+}
+
+TEST(JsonText, RefusesDepthBombsOfArraysAndObjects) {
+  constexpr std::size_t levels = 1'000'000;
+  EXPECT_EQ(fromJson(nestedArrays(levels)), std::nullopt);
+  EXPECT_EQ(fromJson(std::string(levels, '[')), std::nullopt);
+  std::string objects;
+  for (std::size_t level = 0; level < 100'000; ++level) {
+    objects += "{\"a\":";
+  }
+  EXPECT_EQ(fromJson(objects), std::nullopt);
+}
+
+TEST(JsonTextCodec, DecodesWhatItEncoded) {
+  const JsonTextCodec codec;
+  const Value value = Value::Dictionary{{"red", 0.1}, {"count", 3}, {"name", "Größe"}};
+  const auto data = codec.encode(value);
+  ASSERT_TRUE(data.has_value());
+  EXPECT_EQ(codec.decode(*data), value);
+}
+
+TEST(JsonTextCodec, AnswersWithNothingWhereThereIsNoForm) {
+  const JsonTextCodec codec;
+  EXPECT_EQ(codec.encode(std::numeric_limits<double>::infinity()), std::nullopt);
+  EXPECT_EQ(codec.decode({}), std::nullopt);
+}
+
+}  // namespace
+}  // namespace roomlattice::support

@@ -1,0 +1,105 @@
+#include "platform/Value.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+namespace roomlattice::platform {
+namespace {
+
+TEST(Value, IsNullUntilGivenSomething) {
+  EXPECT_TRUE(Value().isNull());
+  EXPECT_FALSE(Value(false).isNull());
+  EXPECT_FALSE(Value("").isNull());
+}
+
+TEST(Value, ReadsAsTheTypeItWasMadeOfAndNoOther) {
+  const Value values[] = {
+      true, 7, 0.5, "text", Value::Data{std::byte{1}}, Value::Array{1}, Value::Dictionary{{"a", 1}}};
+  for (std::size_t index = 0; index < std::size(values); ++index) {
+    const Value& value = values[index];
+    EXPECT_EQ(value.asBool() != nullptr, index == 0) << index;
+    EXPECT_EQ(value.asInteger() != nullptr, index == 1) << index;
+    EXPECT_EQ(value.asDouble() != nullptr, index == 2) << index;
+    EXPECT_EQ(value.asString() != nullptr, index == 3) << index;
+    EXPECT_EQ(value.asData() != nullptr, index == 4) << index;
+    EXPECT_EQ(value.asArray() != nullptr, index == 5) << index;
+    EXPECT_EQ(value.asDictionary() != nullptr, index == 6) << index;
+  }
+}
+
+TEST(Value, KeepsWhatItWasGiven) {
+  EXPECT_EQ(*Value(std::numeric_limits<std::int64_t>::min()).asInteger(), std::numeric_limits<std::int64_t>::min());
+  EXPECT_EQ(*Value("Größe").asString(), "Größe");
+  EXPECT_EQ(*Value(0.1).asDouble(), 0.1);
+}
+
+TEST(Value, TellsEqualNumbersOfDifferentTypesApart) {
+  EXPECT_EQ(Value(1), Value(std::int64_t{1}));
+  EXPECT_NE(Value(1), Value(1.0));
+  EXPECT_NE(Value(1), Value(true));
+}
+
+TEST(Value, ConvertsNumbersButNoBooleansToDoubles) {
+  EXPECT_EQ(Value(3).toDouble(), 3.0);
+  EXPECT_EQ(Value(3.5).toDouble(), 3.5);
+  EXPECT_EQ(Value(true).toDouble(), std::nullopt);
+  EXPECT_EQ(Value("3").toDouble(), std::nullopt);
+  EXPECT_EQ(Value().toDouble(), std::nullopt);
+}
+
+struct BooleanReading {
+  Value value;
+  std::optional<bool> expected;
+};
+
+class ValueToBool : public ::testing::TestWithParam<BooleanReading> {};
+
+TEST_P(ValueToBool, TakesBooleansAndNumbersThatAreZeroOrOne) {
+  EXPECT_EQ(GetParam().value.toBool(), GetParam().expected);
+}
+
+INSTANTIATE_TEST_SUITE_P(Value, ValueToBool,
+                         ::testing::Values(BooleanReading{true, true}, BooleanReading{false, false},
+                                           BooleanReading{1, true}, BooleanReading{0, false}, BooleanReading{1.0, true},
+                                           BooleanReading{0.0, false}, BooleanReading{-0.0, false},
+                                           BooleanReading{2, std::nullopt}, BooleanReading{-1, std::nullopt},
+                                           BooleanReading{0.5, std::nullopt},
+                                           BooleanReading{std::numeric_limits<double>::quiet_NaN(), std::nullopt},
+                                           BooleanReading{"true", std::nullopt}, BooleanReading{{}, std::nullopt}));
+
+TEST(Value, ReadsAnArrayOfStringsAsAWholeOrNotAtAll) {
+  EXPECT_EQ(Value(Value::Array{"a", "b"}).toStrings(), (std::vector<std::string>{"a", "b"}));
+  EXPECT_EQ(Value(Value::Array{}).toStrings(), std::vector<std::string>());
+  EXPECT_EQ(Value(Value::Array{"a", 1}).toStrings(), std::nullopt);
+  EXPECT_EQ(Value("a").toStrings(), std::nullopt);
+}
+
+TEST(Value, ReadsADictionaryOfStringsAsAWholeOrNotAtAll) {
+  EXPECT_EQ(Value(Value::Dictionary{{"a", "x"}}).toStringDictionary(),
+            (std::map<std::string, std::string>{{"a", "x"}}));
+  EXPECT_EQ(Value(Value::Dictionary{{"a", "x"}, {"b", {}}}).toStringDictionary(), std::nullopt);
+  EXPECT_EQ(Value(Value::Array{}).toStringDictionary(), std::nullopt);
+}
+
+TEST(Value, ReadsAnArrayOfDictionariesAsAWholeOrNotAtAll) {
+  const Value displays = Value::Array{Value::Dictionary{{"a", 1}}, Value::Dictionary{}};
+  const auto dictionaries = displays.toDictionaries();
+  ASSERT_TRUE(dictionaries.has_value());
+  ASSERT_EQ(dictionaries->size(), 2U);
+  EXPECT_EQ(dictionaries->front(), displays.asArray()->front().asDictionary());
+  EXPECT_EQ(Value(Value::Array{Value::Dictionary{}, 1}).toDictionaries(), std::nullopt);
+  EXPECT_EQ(Value(Value::Dictionary{}).toDictionaries(), std::nullopt);
+}
+
+TEST(Value, FindsEntriesOfADictionaryByKey) {
+  const Value::Dictionary dictionary{{"key", "value"}, {"null", {}}};
+  ASSERT_NE(find(dictionary, "key"), nullptr);
+  EXPECT_EQ(*find(dictionary, "key"), Value("value"));
+  ASSERT_NE(find(dictionary, "null"), nullptr);
+  EXPECT_TRUE(find(dictionary, "null")->isNull());
+  EXPECT_EQ(find(dictionary, "Key"), nullptr);
+}
+
+}  // namespace
+}  // namespace roomlattice::platform
