@@ -53,20 +53,26 @@ struct BooleanReading {
   std::optional<bool> expected;
 };
 
-class ValueToBool : public ::testing::TestWithParam<BooleanReading> {};
-
-TEST_P(ValueToBool, TakesBooleansAndNumbersThatAreZeroOrOne) {
-  EXPECT_EQ(GetParam().value.toBool(), GetParam().expected);
+TEST(Value, TakesBooleansAndNumbersThatAreZeroOrOneForBooleans) {
+  const BooleanReading readings[] = {
+      {true, true},
+      {false, false},
+      {1, true},
+      {0, false},
+      {1.0, true},
+      {0.0, false},
+      {-0.0, false},
+      {2, std::nullopt},
+      {-1, std::nullopt},
+      {0.5, std::nullopt},
+      {std::numeric_limits<double>::quiet_NaN(), std::nullopt},
+      {"true", std::nullopt},
+      {{}, std::nullopt},
+  };
+  for (std::size_t row = 0; row < std::size(readings); ++row) {
+    EXPECT_EQ(readings[row].value.toBool(), readings[row].expected) << "row " << row;
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Value, ValueToBool,
-                         ::testing::Values(BooleanReading{true, true}, BooleanReading{false, false},
-                                           BooleanReading{1, true}, BooleanReading{0, false}, BooleanReading{1.0, true},
-                                           BooleanReading{0.0, false}, BooleanReading{-0.0, false},
-                                           BooleanReading{2, std::nullopt}, BooleanReading{-1, std::nullopt},
-                                           BooleanReading{0.5, std::nullopt},
-                                           BooleanReading{std::numeric_limits<double>::quiet_NaN(), std::nullopt},
-                                           BooleanReading{"true", std::nullopt}, BooleanReading{{}, std::nullopt}));
 
 TEST(Value, ReadsAnArrayOfStringsAsAWholeOrNotAtAll) {
   EXPECT_EQ(Value(Value::Array{"a", "b"}).toStrings(), (std::vector<std::string>{"a", "b"}));
