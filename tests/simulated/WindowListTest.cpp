@@ -1,0 +1,91 @@
+#include "platform/simulated/WindowList.h"
+
+#include "tests/support/SimulatedFixture.h"
+
+#include <memory>
+#include <vector>
+
+namespace roomlattice::tests {
+namespace {
+
+using platform::Window;
+using platform::WindowLevel;
+using platform::WindowNumber;
+
+class WindowList : public SimulatedFixture {
+ protected:
+  std::unique_ptr<Window> make(WindowLevel level = WindowLevel::Floating) {
+    auto window = platform().userInterface().createOverlayWindow({.level = level, .alpha = 1.0});
+    window->orderFront();
+    return window;
+  }
+
+  static std::vector<WindowNumber> numbers(const std::vector<platform::simulated::SimulatedWindow*>& windows) {
+    std::vector<WindowNumber> numbers;
+    for (const auto* window : windows) {
+      numbers.push_back(window->number());
+    }
+    return numbers;
+  }
+};
+
+TEST_F(WindowList, StandsByLevelAndThenByOrderingFront) {
+  const auto first = make();
+  const auto overlay = make(WindowLevel::StatusWindow);
+  const auto second = make();
+  first->orderFront();
+  EXPECT_EQ(numbers(desktop.windows().overlays()),
+            (std::vector<WindowNumber>{second->number(), first->number(), overlay->number()}));
+}
+
+TEST_F(WindowList, GivesEveryWindowANumberOfItsOwn) {
+  auto first = make();
+  const WindowNumber number = first->number();
+  first.reset();
+  const auto second = make();
+  EXPECT_NE(second->number(), number);
+  EXPECT_EQ(desktop.windows().find(number), nullptr);
+}
+
+TEST_F(WindowList, KnowsTheWindowsOfADesktopAndWhichCanBeSeen) {
+  const auto shown = make();
+  const auto transparent = make();
+  transparent->setAlpha(0.0);
+  const auto out = make();
+  out->orderOut();
+  desktop.switchTo(desktop.desktopAt(1));
+  const auto elsewhere = make();
+  EXPECT_EQ(numbers(desktop.windows().on(desktop.desktopAt(0))),
+            (std::vector<WindowNumber>{shown->number(), transparent->number()}));
+  EXPECT_EQ(numbers(desktop.windows().visibleOn(desktop.desktopAt(0))), std::vector<WindowNumber>{shown->number()});
+  EXPECT_EQ(numbers(desktop.windows().on(desktop.desktopAt(1))), std::vector<WindowNumber>{elsewhere->number()});
+}
+
+TEST_F(WindowList, SeesAWindowOnceItsOpacityRises) {
+  const auto window = make();
+  window->setAlpha(0.0);
+  window->animateAlpha(1.0, 1s);
+  EXPECT_TRUE(desktop.windows().visibleOn(desktop.activeSpace()).empty());
+  desktop.advance(1ms);
+  EXPECT_EQ(desktop.windows().visibleOn(desktop.activeSpace()).size(), 1U);
+}
+
+TEST_F(WindowList, LeavesTheWindowsOfARemovedDesktopOnNone) {
+  const auto window = make();
+  const auto removed = desktop.desktopAt(0);
+  desktop.removeDesktop(removed);
+  EXPECT_TRUE(desktop.windows().on(removed).empty());
+  EXPECT_TRUE(desktop.windows().find(window->number())->spaces().empty());
+}
+
+TEST_F(WindowList, LeavesTheWindowsOfARemovedDisplayOnNone) {
+  const auto display = desktop.addDisplay("Display 2");
+  desktop.giveKeyboardTo(display);
+  const auto window = make();
+  EXPECT_EQ(desktop.windows().find(window->number())->spaces().size(), 1U);
+  desktop.removeDisplay(display);
+  EXPECT_TRUE(desktop.windows().find(window->number())->spaces().empty());
+}
+
+}  // namespace
+}  // namespace roomlattice::tests
