@@ -1,5 +1,6 @@
 #include "platform/simulated/MenuSession.h"
 
+#include "platform/Fatal.h"
 #include "platform/simulated/TextMetrics.h"
 
 #include <algorithm>
@@ -55,6 +56,13 @@ void MenuSession::layOut(Point topLeft) {
     rows_.push_back({.frame = {{frame_.minX(), top}, {frame_.size.width, height}},
                      .host = view == nullptr ? nullptr : std::make_unique<HostedView>(*view->view, surroundings)});
   }
+}
+
+const Rect& MenuSession::rowFrame(std::size_t row) const {
+  if (row >= rows_.size()) {
+    fatal("the menu has no such row");
+  }
+  return rows_[row].frame;
 }
 
 std::optional<std::size_t> MenuSession::rowAt(Point point) const {

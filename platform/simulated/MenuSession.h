@@ -26,7 +26,8 @@ class MenuSession final : private ViewSurroundings, private FieldFocus {
 
   Rect frame() const { return frame_; }
   const std::vector<MenuItem>& items() const { return menu_.items; }
-  const Rect& rowFrame(std::size_t row) const { return rows_.at(row).frame; }
+  /// Of an existing row; a script that asks for another is stopped.
+  const Rect& rowFrame(std::size_t row) const;
   std::optional<std::size_t> rowAt(Point point) const;
 
   /// The view of a row and its text field; null where there is none.

@@ -75,10 +75,13 @@ void SimulatedDesktop::moveDesktop(SpaceID space, std::size_t position) {
 }
 
 SpaceID SimulatedDesktop::enterFullScreen() {
+  const std::size_t display = spaces_.keyboardDisplay();
+  if (display >= spaces_.displays().size()) {
+    return 0;
+  }
   SpaceID id = 0;
   changeSpaces([&] {
-    const std::size_t display = spaces_.keyboardDisplay();
-    const std::vector<Space>& spaces = spaces_.displays().at(display).spaces;
+    const std::vector<Space>& spaces = spaces_.displays()[display].spaces;
     const auto active = std::ranges::find(spaces, spaces_.activeSpace(), &Space::id);
     const auto position = active == spaces.end() ? 0 : static_cast<std::size_t>(active - spaces.begin()) + 1;
     id = insertSpace({.type = spaceType::fullScreen, .display = display, .position = position});

@@ -71,7 +71,7 @@ class SimulatedDesktop {
   SpaceID addDesktop(const NewSpace& description = {});
   void removeDesktop(SpaceID space);
   void moveDesktop(SpaceID space, std::size_t position);
-  /// A new full-screen space, right of the active one on its display, comes to the front.
+  /// A new full-screen space, right of the active one on its display, comes to the front. 0 without any display.
   SpaceID enterFullScreen();
   /// Brings a desktop to the front by other means than a swipe.
   void switchTo(SpaceID space);
