@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <iterator>
 #include <vector>
 
 namespace roomlattice::tests {
@@ -28,9 +30,7 @@ class SpaceList : public ::testing::Test {
 
   static std::vector<SpaceID> identifiers(const std::vector<Space>& spaces) {
     std::vector<SpaceID> identifiers;
-    for (const Space& space : spaces) {
-      identifiers.push_back(space.id);
-    }
+    std::ranges::transform(spaces, std::back_inserter(identifiers), &Space::id);
     return identifiers;
   }
 

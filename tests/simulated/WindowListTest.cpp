@@ -2,6 +2,8 @@
 
 #include "tests/support/SimulatedFixture.h"
 
+#include <algorithm>
+#include <iterator>
 #include <memory>
 #include <vector>
 
@@ -22,9 +24,7 @@ class WindowList : public SimulatedFixture {
 
   static std::vector<WindowNumber> numbers(const std::vector<platform::simulated::SimulatedWindow*>& windows) {
     std::vector<WindowNumber> numbers;
-    for (const auto* window : windows) {
-      numbers.push_back(window->number());
-    }
+    std::ranges::transform(windows, std::back_inserter(numbers), &Window::number);
     return numbers;
   }
 };
