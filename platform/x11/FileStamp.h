@@ -1,0 +1,23 @@
+#pragma once
+
+#include <sys/stat.h>
+
+namespace roomlattice::platform::x11 {
+
+/// What tells one state of a file from another without reading it.
+struct FileStamp {
+  explicit FileStamp(const struct stat& status);
+
+  /// True while a further change of the file could go without a change of the stamp: clocks of file systems are coarse.
+  bool isTooFreshToTrust() const;
+
+  bool operator==(const FileStamp& other) const;
+
+  dev_t device;
+  ino_t inode;
+  off_t size;
+  timespec modified;
+  timespec changed;
+};
+
+}  // namespace roomlattice::platform::x11

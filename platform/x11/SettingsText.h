@@ -1,0 +1,21 @@
+#pragma once
+
+#include "platform/Value.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace roomlattice::platform::x11 {
+
+/// Settings as indented JSON: one object, whose members are the keys. JSON has no form for data; data stands as
+/// {"$text": "..."} where it is UTF-8, and as {"$data": "base64"} elsewhere. A dictionary whose only key starts with a
+/// dollar sign would be taken for such a form, and stands in one of its own: {"$dictionary": {...}}.
+
+/// Nothing when a value has no form: a number that is not finite, or text that is not UTF-8.
+std::optional<std::string> toSettingsText(const Value::Dictionary& settings);
+
+/// Nothing when `text` is not one JSON object.
+std::optional<Value::Dictionary> fromSettingsText(std::string_view text);
+
+}  // namespace roomlattice::platform::x11
