@@ -1,6 +1,7 @@
 #include "platform/x11/X11Desktops.h"
 
 #include "platform/x11/EwmhDesktopSource.h"
+#include "platform/x11/KWinDesktopSource.h"
 
 #include <algorithm>
 #include <utility>
@@ -11,20 +12,26 @@ namespace {
 // Window managers switch within milliseconds. What has not come by then was refused, or the user went elsewhere.
 constexpr std::chrono::seconds requestLifetime{1};
 
+// What the start of the program may take longer for the sake of the desktops' identity.
+constexpr std::chrono::milliseconds answerLimitAtStart{500};
+
 DesktopIdentity identityUnder(const WindowManager& windowManager) {
   return windowManager.name == "i3" ? DesktopIdentity::Name : DesktopIdentity::Position;
 }
 
 }  // namespace
 
-X11Desktops::X11Desktops(X11Connection& connection, WindowManagerWatch& windowManager,
+X11Desktops::X11Desktops(X11Connection& connection, MessageBus& sessionBus, WindowManagerWatch& windowManager,
                          NotificationCenter& workspaceCenter)
-    : connection_(connection), windowManager_(windowManager), workspaceCenter_(workspaceCenter) {
+    : connection_(connection),
+      sessionBus_(sessionBus),
+      windowManager_(windowManager),
+      workspaceCenter_(workspaceCenter) {
   windowManagerChanges_ = windowManager.observe([this] {
-    selectSource();
+    selectSource(Moment::Later);
     sourceChanged();
   });
-  selectSource();
+  selectSource(Moment::Start);
   if (source_ != nullptr) {
     list_ = source_->read().value_or(DesktopList());
   }
@@ -61,12 +68,22 @@ std::optional<std::size_t> X11Desktops::destination() {
   return requests_.empty() ? list_.current : std::optional(requests_.back());
 }
 
-void X11Desktops::selectSource() {
+void X11Desktops::selectSource(Moment moment) {
   const std::optional<WindowManager>& manager = windowManager_.current();
   source_.reset();
-  if (manager) {
-    source_ = std::make_unique<EwmhDesktopSource>(connection_, identityUnder(*manager), [this] { sourceChanged(); });
+  if (!manager) {
+    return;
   }
+  const auto changed = [this] { sourceChanged(); };
+  if (manager->name != "KWin") {
+    source_ = std::make_unique<EwmhDesktopSource>(connection_, identityUnder(*manager), changed);
+    return;
+  }
+  auto source = std::make_unique<KWinDesktopSource>(connection_, sessionBus_, changed);
+  if (moment == Moment::Start) {
+    source->waitForAnswer(answerLimitAtStart);
+  }
+  source_ = std::move(source);
 }
 
 void X11Desktops::sourceChanged() {

@@ -2,6 +2,7 @@
 
 #include "platform/NotificationCenter.h"
 #include "platform/x11/DesktopSource.h"
+#include "platform/x11/MessageBus.h"
 #include "platform/x11/WindowManagerWatch.h"
 #include "platform/x11/X11Connection.h"
 
@@ -19,7 +20,8 @@ enum class StepDirection { Previous, Next };
 class X11Desktops {
  public:
   /// Every change of the list or of the current desktop is posted to `workspaceCenter` as activeSpaceDidChange.
-  X11Desktops(X11Connection& connection, WindowManagerWatch& windowManager, NotificationCenter& workspaceCenter);
+  X11Desktops(X11Connection& connection, MessageBus& sessionBus, WindowManagerWatch& windowManager,
+              NotificationCenter& workspaceCenter);
 
   /// As last heard of; while no window manager runs, as it was. Empty when none ever told.
   const DesktopList& list() const { return list_; }
@@ -37,12 +39,15 @@ class X11Desktops {
  private:
   using Clock = std::chrono::steady_clock;
 
-  void selectSource();
+  enum class Moment { Start, Later };
+
+  void selectSource(Moment moment);
   void sourceChanged();
   void settleRequests();
   std::optional<std::size_t> destination();
 
   X11Connection& connection_;
+  MessageBus& sessionBus_;
   WindowManagerWatch& windowManager_;
   NotificationCenter& workspaceCenter_;
   DesktopList list_;

@@ -1,56 +1,167 @@
 #include "platform/x11/X11Desktops.h"
 
-#include "platform/InProcessNotificationCenter.h"
-#include "tests/x11/QtApplication.h"
-#include "tests/x11/X11Session.h"
+#include "tests/x11/DesktopsFixture.h"
 
-#include <gtest/gtest.h>
+#include <csignal>
+#include <gmock/gmock.h>
 
 namespace roomlattice::tests {
 namespace {
 
-using platform::InProcessNotificationCenter;
-using platform::Registration;
 using platform::x11::StepDirection;
-using platform::x11::WindowManagerWatch;
-using platform::x11::X11Desktops;
+using platform::x11::X11Connection;
+using ::testing::ElementsAre;
 
-class Desktops : public ::testing::TestWithParam<WindowManagerKind> {
+class Desktops : public OnEveryWindowManager {
  protected:
-  int count() const { return static_cast<int>(desktops_.list().desktops.size()); }
-  int current() const { return desktops_.list().current ? static_cast<int>(*desktops_.list().current) : -1; }
-
-  X11Session session_{{.windowManager = GetParam(), .desktops = 3}};
-  QtApplication qt_;
-  InProcessNotificationCenter center_;
-  int posts_ = 0;
-  Registration observation_ = center_.observe(platform::notification::activeSpaceDidChange, [this] { ++posts_; });
-  WindowManagerWatch windowManager_{qt_.connection()};
-  X11Desktops desktops_{qt_.connection(), windowManager_, center_};
+  FollowedDesktops followed_{{.windowManager = GetParam(), .desktops = 3}};
 };
 
 TEST_P(Desktops, AreReadAtOnce) {
-  EXPECT_EQ(count(), 3);
-  EXPECT_EQ(current(), session_.currentDesktop());
+  EXPECT_EQ(followed_.count(), 3);
+  EXPECT_EQ(followed_.current(), followed_.session.currentDesktop());
+}
+
+TEST_P(Desktops, HaveIdentifiersThatAreSmallEnoughAndNotZero) {
+  for (const platform::x11::Desktop& desktop : followed_.desktops.list().desktops) {
+    EXPECT_GT(static_cast<std::int64_t>(desktop.id), 0);
+    EXPECT_FALSE(desktop.uuid.empty());
+  }
+}
+
+TEST_P(Desktops, AreTheSameAfterARestartOfTheProgram) {
+  const platform::x11::DesktopList before = followed_.desktops.list();
+  const platform::x11::X11Desktops again(followed_.qt.connection(), followed_.bus, followed_.windowManager,
+                                         followed_.center);
+  EXPECT_EQ(again.list(), before);
 }
 
 TEST_P(Desktops, FollowASwitchMadeByOthers) {
-  session_.run({"wmctrl", "-s", "2"});
-  EXPECT_TRUE(waitFor([this] { return current() == 2; }));
-  EXPECT_GE(posts_, 1);
+  followed_.session.run({"wmctrl", "-s", "2"});
+  EXPECT_TRUE(waitFor([this] { return followed_.current() == 2; }));
+  EXPECT_EQ(followed_.posts, 1);
 }
 
-TEST_P(Desktops, StepByStepQuicklyArriveAtTheSum) {
-  desktops_.step(StepDirection::Next);
-  desktops_.step(StepDirection::Next);
-  EXPECT_TRUE(waitFor([this] { return current() == 2; }));
-  EXPECT_EQ(session_.currentDesktop(), 2);
+TEST_P(Desktops, AddUpQuickSteps) {
+  followed_.desktops.step(StepDirection::Next);
+  followed_.desktops.step(StepDirection::Next);
+  EXPECT_TRUE(waitFor([this] { return followed_.current() == 2; }));
+  EXPECT_EQ(followed_.session.currentDesktop(), 2);
 }
 
-INSTANTIATE_TEST_SUITE_P(OnEvery, Desktops,
-                         ::testing::Values(WindowManagerKind::Openbox, WindowManagerKind::Xfwm4,
-                                           WindowManagerKind::KWin),
-                         ::testing::PrintToStringParamName());
+TEST_P(Desktops, AddUpQuickStepsThereAndBack) {
+  for (const auto direction : {StepDirection::Next, StepDirection::Previous, StepDirection::Next, StepDirection::Next,
+                               StepDirection::Previous}) {
+    followed_.desktops.step(direction);
+  }
+  followed_.session.run({"wmctrl", "-n", "4"});  // comes after the steps, as messages are served in order
+  EXPECT_TRUE(waitFor([this] { return followed_.count() == 4 && followed_.current() == 1; }));
+}
+
+TEST_P(Desktops, EndAtBothEnds) {
+  followed_.desktops.step(StepDirection::Previous);
+  for (int step = 0; step < 7; ++step) {
+    followed_.desktops.step(StepDirection::Next);
+  }
+  EXPECT_TRUE(waitFor([this] { return followed_.current() == 2; }));
+  followed_.desktops.step(StepDirection::Next);
+  followed_.desktops.step(StepDirection::Previous);
+  EXPECT_TRUE(waitFor([this] { return followed_.current() == 1; }));
+}
+
+TEST_P(Desktops, FollowDesktopsThatComeAndGo) {
+  const std::vector<std::string> before = followed_.uuids();
+  followed_.session.run({"wmctrl", "-n", "5"});
+  EXPECT_TRUE(waitFor([this] { return followed_.count() == 5; }));
+  followed_.session.run({"wmctrl", "-n", "2"});
+  EXPECT_TRUE(waitFor([this] { return followed_.count() == 2; }));
+  EXPECT_EQ(followed_.uuids()[0], before[0]);
+  EXPECT_EQ(followed_.uuids()[1], before[1]);
+}
+
+TEST_P(Desktops, StayKnownWhileNoWindowManagerRuns) {
+  const platform::x11::DesktopList before = followed_.desktops.list();
+  followed_.session.stopWindowManager();
+  ASSERT_TRUE(waitFor([this] { return !followed_.windowManager.current(); }));
+  EXPECT_EQ(followed_.desktops.list(), before);
+  followed_.desktops.step(StepDirection::Next);
+  EXPECT_EQ(followed_.desktops.list(), before);
+}
+
+TEST_P(Desktops, AreFollowedAgainWhenTheWindowManagerWasReplaced) {
+  followed_.session.startWindowManager(GetParam());
+  ASSERT_TRUE(waitFor([this] { return followed_.windowManager.current().has_value(); }));
+  followed_.session.run({"wmctrl", "-s", "1"});
+  EXPECT_TRUE(waitFor([this] { return followed_.current() == 1; }));
+  EXPECT_EQ(followed_.count(), 3);
+}
+
+TEST_P(Desktops, AreFollowedAgainWhenTheWindowManagerWasKilledAndStartedAnew) {
+  followed_.session.stopWindowManager();
+  followed_.session.startWindowManager(GetParam());
+  ASSERT_TRUE(waitFor([this] { return followed_.windowManager.current().has_value(); }));
+  followed_.session.run({"wmctrl", "-s", "2"});
+  EXPECT_TRUE(waitFor([this] { return followed_.current() == 2; }));
+}
+
+TEST_P(Desktops, ArePostedOnlyWhenTheyDiffer) {
+  followed_.session.run({"wmctrl", "-s", "0"});
+  followed_.session.run(
+      {"xprop", "-root", "-f", "_NET_NUMBER_OF_DESKTOPS", "32c", "-set", "_NET_NUMBER_OF_DESKTOPS", "3"});
+  followed_.session.run({"wmctrl", "-s", "1"});
+  EXPECT_TRUE(waitFor([this] { return followed_.current() == 1; }));
+  EXPECT_EQ(followed_.posts, 1);
+}
+
+INSTANTIATE_TEST_SUITE_P(OnEvery, Desktops, everyWindowManager(), ::testing::PrintToStringParamName());
+
+TEST(DesktopsOfAnotherWindowManager, AreIdentifiedItsOwnWay) {
+  FollowedDesktops followed({.windowManager = WindowManagerKind::Openbox, .desktops = 2});
+  EXPECT_THAT(followed.uuids(), ElementsAre("desktop-1", "desktop-2"));
+  followed.session.startWindowManager(WindowManagerKind::KWin);
+  EXPECT_TRUE(waitFor([&] {
+    return followed.uuids() == std::vector<std::string>{"test-desktop-1", "test-desktop-2"};
+  }));
+  followed.session.startWindowManager(WindowManagerKind::Xfwm4);
+  EXPECT_TRUE(waitFor([&] { return followed.uuids() == std::vector<std::string>{"desktop-1", "desktop-2"}; }));
+}
+
+TEST(DesktopsOfOpenbox, AreFollowedWhenItRestartsItself) {
+  FollowedDesktops followed({.windowManager = WindowManagerKind::Openbox, .desktops = 3});
+  const auto before = followed.windowManager.current();
+  bool gone = false;
+  const platform::Registration observation = followed.windowManager.observe([&] { gone = true; });
+  followed.session.run({"openbox", "--restart"});
+  ASSERT_TRUE(waitFor([&] { return gone && followed.windowManager.current(); }));
+  followed.session.run({"wmctrl", "-s", "1"});
+  EXPECT_TRUE(waitFor([&] { return followed.current() == 1; }));
+}
+
+// Whatever stands in the root window's properties.
+class GarbledDesktops : public ::testing::Test {
+ protected:
+  void setProperty(const char* name, const char* format, const char* value) {
+    followed_.session.run({"xprop", "-root", "-f", name, format, "-set", name, value});
+  }
+
+  FollowedDesktops followed_{{.windowManager = WindowManagerKind::Openbox, .desktops = 3}};
+};
+
+TEST_F(GarbledDesktops, KeepTheLastGoodList) {
+  for (const auto& [format, value] : {std::pair("32c", "0"), std::pair("32c", "4000000000"), std::pair("8s", "three"),
+                                      std::pair("16c", "7"), std::pair("32a", "STRING")}) {
+    setProperty("_NET_NUMBER_OF_DESKTOPS", format, value);
+    followed_.session.run({"wmctrl", "-s", "1"});
+    followed_.session.run({"wmctrl", "-s", "0"});
+    EXPECT_EQ(followed_.count(), 3) << format << value;
+  }
+}
+
+TEST_F(GarbledDesktops, HaveNoCurrentOneBeyondTheirCount) {
+  setProperty("_NET_CURRENT_DESKTOP", "32c", "3");
+  EXPECT_TRUE(waitFor([this] { return followed_.current() == -1; }));
+  EXPECT_EQ(followed_.count(), 3);
+}
 
 }  // namespace
 }  // namespace roomlattice::tests

@@ -171,10 +171,20 @@ void X11Session::startWindowManager(WindowManagerKind kind) {
   }
   const bool ready = waitFor([this] { return managedBySomebody() && currentDesktop() && desktopCount(); });
   require(ready, "the window manager did not start: " + windowManager_->errorOutput());
-  if (desktopCount() != desktops_) {
-    run({"wmctrl", "-n", std::to_string(desktops_)});
-    require(waitFor([this] { return desktopCount() == desktops_; }), "the number of desktops stays another");
+  if (kind != WindowManagerKind::KWin) {
+    // It may still drop what it is asked for. Once the number has changed, it has begun to serve requests.
+    setDesktopCount(desktops_ + 1);
+    setDesktopCount(desktops_);
   }
+}
+
+void X11Session::setDesktopCount(int count) {
+  using namespace std::chrono_literals;
+  const bool changed = waitFor([this, count] {
+    run({"wmctrl", "-n", std::to_string(count)});
+    return waitFor([this, count] { return desktopCount() == count; }, 200ms);
+  });
+  require(changed, "the number of desktops stays another");
 }
 
 void X11Session::stopWindowManager() {

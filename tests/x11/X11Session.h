@@ -61,6 +61,7 @@ class X11Session {
   void startBus();
   void startServer(const SessionOptions& options);
   void writeDesktopCount(WindowManagerKind kind) const;
+  void setDesktopCount(int count);
   bool managedBySomebody();
   std::optional<int> rootNumber(const std::string& property);
 

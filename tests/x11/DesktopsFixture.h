@@ -1,0 +1,47 @@
+#pragma once
+
+#include "platform/InProcessNotificationCenter.h"
+#include "platform/x11/X11Desktops.h"
+#include "tests/x11/QtApplication.h"
+#include "tests/x11/X11Session.h"
+
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+
+namespace roomlattice::tests {
+
+/// The desktops of a session, as the program follows them, and what it posts about them.
+class FollowedDesktops {
+ public:
+  explicit FollowedDesktops(const SessionOptions& options) : session(options) {}
+
+  int count() const { return static_cast<int>(desktops.list().desktops.size()); }
+  int current() const { return desktops.list().current ? static_cast<int>(*desktops.list().current) : -1; }
+  std::vector<std::string> uuids() const {
+    std::vector<std::string> uuids;
+    for (const platform::x11::Desktop& desktop : desktops.list().desktops) {
+      uuids.push_back(desktop.uuid);
+    }
+    return uuids;
+  }
+
+  X11Session session;
+  QtApplication qt;
+  platform::InProcessNotificationCenter center;
+  int posts = 0;
+  platform::Registration observation =
+      center.observe(platform::notification::activeSpaceDidChange, [this] { ++posts; });
+  platform::x11::MessageBus bus{platform::x11::MessageBus::Kind::Session};
+  platform::x11::WindowManagerWatch windowManager{qt.connection()};
+  platform::x11::X11Desktops desktops{qt.connection(), bus, windowManager, center};
+};
+
+/// For tests that hold whatever manages the windows.
+class OnEveryWindowManager : public ::testing::TestWithParam<WindowManagerKind> {};
+
+inline auto everyWindowManager() {
+  return ::testing::Values(WindowManagerKind::Openbox, WindowManagerKind::Xfwm4, WindowManagerKind::KWin);
+}
+
+}  // namespace roomlattice::tests
