@@ -13,6 +13,7 @@ std::string stampedLogLine(std::chrono::system_clock::time_point time, const std
   const auto seconds = std::chrono::floor<std::chrono::seconds>(sinceEpoch);
   const std::time_t calendarTime = static_cast<std::time_t>(seconds.count());
   std::tm local{};
+  tzset();  // the time zone may have changed since the last line
   localtime_r(&calendarTime, &local);
   std::array<char, 32> date{};
   std::strftime(date.data(), date.size(), "%Y-%m-%d %H:%M:%S", &local);

@@ -39,9 +39,11 @@ class QtDispatcher::MainQueue : public std::enable_shared_from_this<MainQueue> {
     auto repetition = std::make_shared<Repetition>(std::max(period, Duration(1)), std::move(task));
     const std::scoped_lock lock(mutex_);
     repeatAt(now() + std::max(first, Duration::zero()), repetition);
-    return Registration([weak = weak_from_this(), repetition] {
-      if (const auto queue = weak.lock()) {
-        queue->remove(repetition->token);
+    return Registration([weak = weak_from_this(), weakRepetition = std::weak_ptr(repetition)] {
+      const auto queue = weak.lock();
+      const auto ending = weakRepetition.lock();
+      if (queue != nullptr && ending != nullptr) {
+        queue->remove(ending->token);
       }
     });
   }

@@ -2,6 +2,7 @@
 
 #include "platform/InProcessNotificationCenter.h"
 #include "platform/x11/X11Desktops.h"
+#include "tests/x11/EveryWindowManager.h"
 #include "tests/x11/QtApplication.h"
 #include "tests/x11/X11Session.h"
 
@@ -39,9 +40,5 @@ class FollowedDesktops {
 
 /// For tests that hold whatever manages the windows.
 class OnEveryWindowManager : public ::testing::TestWithParam<WindowManagerKind> {};
-
-inline auto everyWindowManager() {
-  return ::testing::Values(WindowManagerKind::Openbox, WindowManagerKind::Xfwm4, WindowManagerKind::KWin);
-}
 
 }  // namespace roomlattice::tests

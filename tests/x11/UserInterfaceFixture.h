@@ -2,6 +2,7 @@
 
 #include "platform/InProcessNotificationCenter.h"
 #include "platform/x11/X11UserInterface.h"
+#include "tests/x11/EveryWindowManager.h"
 #include "tests/x11/QtApplication.h"
 #include "tests/x11/X11Session.h"
 
@@ -18,17 +19,13 @@ struct UserInterfaceSession {
   X11Session session;
   QtApplication qt;
   platform::InProcessNotificationCenter center;
+  platform::x11::MessageBus bus{platform::x11::MessageBus::Kind::Session};
   platform::x11::WindowManagerWatch windowManager{qt.connection()};
-  platform::x11::X11Desktops desktops{qt.connection(), windowManager, center};
+  platform::x11::X11Desktops desktops{qt.connection(), bus, windowManager, center};
   platform::x11::X11Screens screens{qt.connection(), center};
-  platform::x11::X11Appearance appearance{qt.connection(), center};
+  platform::x11::X11Appearance appearance{qt.connection(), bus, center};
   platform::x11::WindowAttachments attachments;
   platform::x11::X11UserInterface userInterface{qt.connection(), screens, appearance, desktops, attachments};
 };
-
-/// For the suites that run under every window manager at hand.
-inline auto everyWindowManager() {
-  return ::testing::Values(WindowManagerKind::Openbox, WindowManagerKind::Xfwm4, WindowManagerKind::KWin);
-}
 
 }  // namespace roomlattice::tests

@@ -1,0 +1,83 @@
+#include "platform/x11/X11Screens.h"
+
+#include "platform/InProcessNotificationCenter.h"
+#include "tests/x11/PlainWindow.h"
+#include "tests/x11/QtApplication.h"
+#include "tests/x11/X11Session.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace roomlattice::tests {
+namespace {
+
+using platform::Point;
+using platform::Rect;
+using platform::Screen;
+using platform::x11::X11Screens;
+using ::testing::ElementsAre;
+
+class Screens : public ::testing::Test {
+ protected:
+  /// Cuts the server's screen into two monitors, the right one of which is lower and smaller.
+  void addSecondMonitor() {
+    session_.run({"xrandr", "--setmonitor", "left", "800/200x600/150+0+0", "screen"});
+    session_.run({"xrandr", "--setmonitor", "right", "480/120x400/100+800+100", "none"});
+  }
+
+  X11Session session_{{.windowManager = WindowManagerKind::Openbox, .screen = "1280x800x24"}};
+  QtApplication qt_;
+  platform::InProcessNotificationCenter center_;
+  int posts_ = 0;
+  platform::Registration observation_ =
+      center_.observe(platform::notification::didChangeScreenParameters, [this] { ++posts_; });
+  X11Screens screens_{qt_.connection(), center_};
+};
+
+TEST_F(Screens, HaveTheirOriginAtTheBottomLeft) {
+  EXPECT_THAT(screens_.screens(), ElementsAre(Screen{Rect{{0, 0}, {1280, 800}}}));
+  EXPECT_EQ(screens_.mainScreen(), screens_.screens().front());
+}
+
+TEST_F(Screens, TurnCoordinatesAround) {
+  EXPECT_EQ(screens_.fromQt(QPointF(10, 20)), (Point{10, 780}));
+  EXPECT_EQ(screens_.toQt(Point{10, 780}), QPointF(10, 20));
+  EXPECT_EQ(screens_.fromQt(QRectF(10, 20, 30, 40)), (Rect{{10, 740}, {30, 40}}));
+  EXPECT_EQ(screens_.toQt(Rect{{10, 740}, {30, 40}}), QRectF(10, 20, 30, 40));
+  EXPECT_EQ(screens_.fromPixel(QPointF(10, 20)), (Point{10, 780}));
+}
+
+TEST_F(Screens, PostThatTheSizeHasChanged) {
+  session_.run({"xrandr", "--newmode", "small", "60", "1024", "1048", "1184", "1344", "768", "771", "777", "806"});
+  session_.run({"xrandr", "--addmode", "screen", "small"});
+  session_.run({"xrandr", "--output", "screen", "--mode", "small"});
+  EXPECT_TRUE(waitFor([this] { return screens_.screens().front().frame.size == platform::Size{1024, 768}; }));
+  EXPECT_TRUE(waitFor([this] { return posts_ > 0; }));
+}
+
+TEST_F(Screens, OfSeveralMonitorsStandAroundThePrimaryOne) {
+  addSecondMonitor();
+  EXPECT_TRUE(waitFor([this] { return screens_.screens().size() == 2; }));
+  EXPECT_THAT(screens_.screens(), ElementsAre(Screen{Rect{{0, 0}, {800, 600}}}, Screen{Rect{{800, 100}, {480, 400}}}));
+  EXPECT_GT(posts_, 0);
+}
+
+TEST_F(Screens, HaveTheMainOneWhereTheActiveWindowIs) {
+  addSecondMonitor();
+  ASSERT_TRUE(waitFor([this] { return screens_.screens().size() == 2; }));
+  session_.run({"xdotool", "mousemove", "10", "10"});
+  const PlainWindow window(QRect(900, 200, 100, 100), Qt::red);
+  EXPECT_TRUE(waitFor([this] { return screens_.mainScreen() == screens_.screens()[1]; }));
+}
+
+TEST_F(Screens, HaveTheMainOneWhereThePointerIsWhenNoWindowIsActive) {
+  addSecondMonitor();
+  ASSERT_TRUE(waitFor([this] { return screens_.screens().size() == 2; }));
+  session_.run({"xdotool", "mousemove", "1000", "300"});
+  EXPECT_EQ(screens_.mainScreen(), screens_.screens()[1]);
+  session_.run({"xdotool", "mousemove", "10", "10"});
+  EXPECT_EQ(screens_.mainScreen(), screens_.screens()[0]);
+}
+
+}  // namespace
+}  // namespace roomlattice::tests
