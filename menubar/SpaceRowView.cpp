@@ -152,7 +152,8 @@ void SpaceRowView::installMonitor() {
 
 platform::KeyDisposition SpaceRowView::handleKey(const platform::KeyEvent& event) {
   using platform::KeyDisposition;
-  if (!isEditing_) {
+  // The row outlives the menu's closing until the next opening; an edit that was under way is lost.
+  if (!isEditing_ || host() == nullptr) {
     return KeyDisposition::PassOn;
   }
   switch (event.code()) {
@@ -164,7 +165,7 @@ platform::KeyDisposition SpaceRowView::handleKey(const platform::KeyEvent& event
       cancelRename();
       return KeyDisposition::Swallow;
     default: {
-      platform::TextField* field = host() == nullptr ? nullptr : host()->textField();
+      platform::TextField* field = host()->textField();
       return field != nullptr && field->interpret(event) ? KeyDisposition::Swallow : KeyDisposition::PassOn;
     }
   }

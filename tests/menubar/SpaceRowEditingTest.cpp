@@ -245,6 +245,17 @@ TEST_F(SpaceRowEditing, HasEndedWhenTheNewNameIsHandedOut) {
   EXPECT_EQ(key, KeyDisposition::PassOn);
 }
 
+TEST_F(SpaceRowEditing, IsLostWhenTheMenuCloses) {
+  for (const std::uint16_t key : {keyCode::returnKey, keyCode::keypadEnter, keyCode::escape, std::uint16_t{0}}) {
+    editRow("Mail");
+    user.types("Post");
+    user.clicks({10.0, 10.0});
+    ASSERT_EQ(desktop.menu(), nullptr);
+    EXPECT_EQ(presses(key), KeyDisposition::PassOn) << key;
+  }
+  EXPECT_TRUE(renames.empty());
+}
+
 TEST_F(SpaceRowEditing, LetsGoOfTheKeysWithTheRow) {
   editRow("Mail");
   user.clicksStatusItem();
