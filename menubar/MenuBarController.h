@@ -39,7 +39,6 @@ class MenuBarController {
   static platform::Color dotColor(const SpaceInfo& space);
 
  private:
-  void refreshButton(platform::StatusButton& button);
   platform::StatusButtonContent titleContent() const;
 
   platform::Platform& platform_;
