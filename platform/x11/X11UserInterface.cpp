@@ -13,9 +13,8 @@ X11UserInterface::X11UserInterface(X11Connection& connection, X11Screens& screen
     : connection_(connection),
       screens_(screens),
       appearance_(appearance),
-      desktops_(desktops),
-      attachments_(attachments),
-      compositor_(connection) {}
+      compositor_(connection),
+      overlays_{connection, screens, desktops, attachments, compositor_, {}} {}
 
 double X11UserInterface::systemFontSize() const {
   return x11::systemFontSize();
@@ -33,8 +32,8 @@ std::unique_ptr<StatusItem> X11UserInterface::createStatusItem(const StatusItemL
   return std::make_unique<StatusItemWindow>(connection_, appearance_, compositor_, length);
 }
 
-std::unique_ptr<Window> X11UserInterface::createOverlayWindow(const OverlayWindowOptions&) {
-  fatal("overlay windows are not shown yet");
+std::unique_ptr<Window> X11UserInterface::createOverlayWindow(const OverlayWindowOptions& options) {
+  return std::make_unique<X11Window>(overlays_, options);
 }
 
 std::unique_ptr<TabbedWindow> X11UserInterface::createTabbedWindow(const TabbedWindowModel& model) {

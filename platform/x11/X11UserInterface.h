@@ -1,11 +1,8 @@
 #pragma once
 
 #include "platform/UserInterface.h"
-#include "platform/x11/CompositorWatch.h"
-#include "platform/x11/WindowAttachments.h"
 #include "platform/x11/X11Appearance.h"
-#include "platform/x11/X11Desktops.h"
-#include "platform/x11/X11Screens.h"
+#include "platform/x11/X11Window.h"
 
 namespace roomlattice::platform::x11 {
 
@@ -31,9 +28,8 @@ class X11UserInterface final : public UserInterface {
   X11Connection& connection_;
   X11Screens& screens_;
   X11Appearance& appearance_;
-  X11Desktops& desktops_;
-  WindowAttachments& attachments_;
   CompositorWatch compositor_;
+  OverlayEnvironment overlays_;
 };
 
 }  // namespace roomlattice::platform::x11

@@ -1,0 +1,55 @@
+#include "platform/x11/OverlaySurface.h"
+
+#include <QMetaObject>
+
+namespace roomlattice::platform::x11 {
+namespace {
+
+constexpr Qt::WindowFlags surfaceFlags = Qt::Window | Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus |
+                                         Qt::WindowTransparentForInput | Qt::NoDropShadowWindowHint |
+                                         Qt::WindowStaysOnTopHint;
+
+}  // namespace
+
+OverlaySurface::OverlaySurface() : QWidget(nullptr, surfaceFlags) {
+  setAttribute(Qt::WA_TranslucentBackground);
+  setAttribute(Qt::WA_ShowWithoutActivating);
+  setAttribute(Qt::WA_TransparentForMouseEvents);
+  setFocusPolicy(Qt::NoFocus);
+  setWindowTitle(QStringLiteral("Roomlattice"));
+}
+
+void OverlaySurface::place(const QRect& frame) {
+  wanted_ = frame;
+  setGeometry(frame);
+}
+
+void OverlaySurface::moveEvent(QMoveEvent* event) {
+  QWidget::moveEvent(event);
+  verify();
+}
+
+void OverlaySurface::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  verify();
+}
+
+void OverlaySurface::verify() {
+  if (!isVisible() || geometry() == wanted_ || corrections_ == 0 || verifying_) {
+    return;
+  }
+  // A window that was moved and resized reports it in two events.
+  verifying_ = true;
+  QMetaObject::invokeMethod(
+      this,
+      [this] {
+        verifying_ = false;
+        if (isVisible() && geometry() != wanted_) {
+          --corrections_;
+          setGeometry(wanted_);
+        }
+      },
+      Qt::QueuedConnection);
+}
+
+}  // namespace roomlattice::platform::x11

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "platform/View.h"
+
+#include <QLineEdit>
+
+namespace roomlattice::platform::x11 {
+
+/// The text field of a view. What ends an edit is asked of the view first, and keys that would leave the field, or work
+/// the menu around it, stay in it.
+class ViewTextField final : public QLineEdit, public TextField {
+ public:
+  /// The view must outlive it.
+  ViewTextField(View& view, QWidget* parent);
+
+  void show(const TextFieldElement& element);
+
+  std::string text() const override;
+  void setText(const std::string& text) override;
+  void focusAndSelectAll() override;
+  bool interpret(const KeyEvent& event) override;
+
+ protected:
+  bool event(QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  View& view_;
+};
+
+}  // namespace roomlattice::platform::x11
