@@ -1,0 +1,32 @@
+#pragma once
+
+#include "platform/x11/WindowManagerWatch.h"
+#include "platform/x11/X11Connection.h"
+
+#include <QTimer>
+#include <chrono>
+
+namespace roomlattice::platform::x11 {
+
+/// Waits until a window manager runs that supports EWMH, but not beyond `limit`. Needs no event loop.
+bool waitForWindowManager(X11Connection& connection, std::chrono::milliseconds limit);
+
+/// Ends the program, with a line on standard error and status 1, when it has lost what it runs on: at once when the
+/// X server has gone, and when the window manager has gone and none has come for a while. Main thread only.
+class SessionGuard {
+ public:
+  SessionGuard(X11Connection& connection, WindowManagerWatch& windowManager);
+  ~SessionGuard();
+  SessionGuard(const SessionGuard&) = delete;
+  SessionGuard& operator=(const SessionGuard&) = delete;
+
+ private:
+  void windowManagerChanged();
+
+  WindowManagerWatch& windowManager_;
+  QTimer patience_;
+  Registration loss_;
+  Registration windowManagerChanges_;
+};
+
+}  // namespace roomlattice::platform::x11

@@ -1,0 +1,94 @@
+#include "platform/x11/X11Platform.h"
+
+#include "platform/NativePlatform.h"
+#include "platform/x11/CommandLine.h"
+
+#include <chrono>
+#include <cstdlib>
+#include <optional>
+#include <string>
+#include <utility>
+
+namespace roomlattice::platform {
+namespace x11 {
+namespace {
+
+using namespace std::chrono_literals;
+
+// At the start of a session programs may be started before the window manager is there.
+constexpr std::chrono::milliseconds windowManagerStart = 5s;
+
+constexpr ExitStatus noDesktop{1};
+
+const char* environment(const char* name) {
+  const char* value = std::getenv(name);
+  return value == nullptr || *value == '\0' ? nullptr : value;
+}
+
+ExitStatus refuse(const std::string& reason) {
+  printError(reason);
+  return noDesktop;
+}
+
+std::string displayName() {
+  return "'" + std::string(std::getenv("DISPLAY")) + "'";
+}
+
+std::variant<std::unique_ptr<Platform>, ExitStatus> start(int& argc, char** argv) {
+  if (environment("DISPLAY") == nullptr) {
+    return refuse(environment("WAYLAND_DISPLAY") != nullptr
+                      ? "no X11 display: DISPLAY is not set, and pure Wayland sessions are not supported"
+                      : "no X11 display: DISPLAY is not set");
+  }
+  std::unique_ptr<X11Connection> connection = X11Connection::open();
+  if (connection == nullptr) {
+    return refuse("cannot connect to the X11 display " + displayName());
+  }
+  if (!waitForWindowManager(*connection, windowManagerStart)) {
+    return refuse("no window manager that supports EWMH runs on the X11 display " + displayName());
+  }
+  std::unique_ptr<InstanceLock> lock = InstanceLock::acquire(*connection);
+  if (lock == nullptr) {
+    return refuse("already running on the X11 display " + displayName());
+  }
+  // Also where the environment asks the toolkit for another platform: the windows are X windows.
+  setenv("QT_QPA_PLATFORM", "xcb", 1);
+  return std::make_unique<X11Platform>(std::move(connection), std::move(lock), argc, argv);
+}
+
+}  // namespace
+
+X11Platform::X11Platform(std::unique_ptr<X11Connection> connection, std::unique_ptr<InstanceLock> lock, int& argc,
+                         char** argv)
+    : connection_(std::move(connection)),
+      lock_(std::move(lock)),
+      application_(*connection_, argc, argv),
+      signals_([this] { application_.terminate(); }),
+      defaults_(FileDefaults::standardPath(), [this](const std::string& line) { system_.log(line); }),
+      sessionBus_(MessageBus::Kind::Session),
+      systemBus_(MessageBus::Kind::System),
+      windowManager_(*connection_),
+      guard_(*connection_, windowManager_),
+      desktops_(*connection_, sessionBus_, windowManager_, notifications_.workspaceCenter()),
+      windowServer_(*connection_, desktops_, attachments_),
+      screens_(*connection_, notifications_.defaultCenter()),
+      appearance_(*connection_, sessionBus_, notifications_.distributedCenter()),
+      sleep_(systemBus_, notifications_.workspaceCenter()),
+      events_(*connection_, desktops_, screens_),
+      userInterface_(*connection_, screens_, appearance_, desktops_, attachments_) {}
+
+X11Platform::~X11Platform() {
+  // A log tool that never ends must not hold the worker, and with it the end of the program.
+  system_.interruptRuns();
+}
+
+}  // namespace x11
+
+std::variant<std::unique_ptr<Platform>, ExitStatus> makeNativePlatform(int& argc, char** argv) {
+  if (const std::optional<ExitStatus> status = x11::answerCommandLine(argc, argv)) {
+    return *status;
+  }
+  return x11::start(argc, argv);
+}
+
+}  // namespace roomlattice::platform

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "platform/Platform.h"
+#include "platform/x11/FileDefaults.h"
+#include "platform/x11/InstanceLock.h"
+#include "platform/x11/MessageBus.h"
+#include "platform/x11/QtDispatcher.h"
+#include "platform/x11/SessionGuard.h"
+#include "platform/x11/SleepWatch.h"
+#include "platform/x11/TerminationSignals.h"
+#include "platform/x11/WindowAttachments.h"
+#include "platform/x11/WindowManagerWatch.h"
+#include "platform/x11/X11Appearance.h"
+#include "platform/x11/X11Application.h"
+#include "platform/x11/X11Desktops.h"
+#include "platform/x11/X11Events.h"
+#include "platform/x11/X11Notifications.h"
+#include "platform/x11/X11Screens.h"
+#include "platform/x11/X11System.h"
+#include "platform/x11/X11UserInterface.h"
+#include "platform/x11/X11WindowServer.h"
+#include "support/JsonText.h"
+
+#include <memory>
+
+namespace roomlattice::platform::x11 {
+
+/// A Linux desktop on X11. One in a process, on the main thread.
+class X11Platform final : public Platform {
+ public:
+  /// Takes over a connection to a display with a window manager, and the claim to it. `argc` and `argv` must outlive
+  /// the platform.
+  X11Platform(std::unique_ptr<X11Connection> connection, std::unique_ptr<InstanceLock> lock, int& argc, char** argv);
+  ~X11Platform() override;
+
+  Application& application() override { return application_; }
+  Defaults& defaults() override { return defaults_; }
+  Dispatcher& dispatcher() override { return dispatcher_; }
+  Events& events() override { return events_; }
+  JsonCodec& json() override { return json_; }
+  Notifications& notifications() override { return notifications_; }
+  System& system() override { return system_; }
+  UserInterface& userInterface() override { return userInterface_; }
+  WindowServer& windowServer() override { return windowServer_; }
+
+ private:
+  std::unique_ptr<X11Connection> connection_;
+  std::unique_ptr<InstanceLock> lock_;
+  X11Application application_;
+  TerminationSignals signals_;
+  X11Notifications notifications_;
+  X11System system_;
+  FileDefaults defaults_;
+  support::JsonTextCodec json_;
+  QtDispatcher dispatcher_;
+  MessageBus sessionBus_;
+  MessageBus systemBus_;
+  WindowManagerWatch windowManager_;
+  SessionGuard guard_;
+  X11Desktops desktops_;
+  WindowAttachments attachments_;
+  X11WindowServer windowServer_;
+  X11Screens screens_;
+  X11Appearance appearance_;
+  SleepWatch sleep_;
+  X11Events events_;
+  X11UserInterface userInterface_;
+};
+
+}  // namespace roomlattice::platform::x11
