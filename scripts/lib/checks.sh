@@ -41,8 +41,7 @@ check_scripts() {
     xargs -d '\n' shellcheck --external-sources --check-sourced
 }
 
-# On the files of the `ci` build, with whose options they are compiled; not on the tests themselves, which take as long
-# as all the rest.
+# On the files of the program, with the options of the `ci` build; the tests would take as long as all the rest.
 check_tidy() {
   local folders
   folders=$(printf '|%s' "${source_folders[@]}")
