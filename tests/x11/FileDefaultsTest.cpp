@@ -194,13 +194,13 @@ TEST_F(FileDefaultsTest, ReportsAFullDiskAgainAfterItHadRoom) {
 
 TEST_F(FileDefaultsTest, FollowsTheBaseDirectorySpecification) {
   Environment environment;
-  environment.set("HOME", "/home/somebody");
+  environment.set("HOME", "/people/somebody");
   environment.set("XDG_CONFIG_HOME", "/etc/elsewhere");
   EXPECT_EQ(FileDefaults::standardPath(), "/etc/elsewhere/roomlattice/settings.json");
   environment.set("XDG_CONFIG_HOME", "relative");
-  EXPECT_EQ(FileDefaults::standardPath(), "/home/somebody/.config/roomlattice/settings.json");
+  EXPECT_EQ(FileDefaults::standardPath(), "/people/somebody/.config/roomlattice/settings.json");
   environment.set("XDG_CONFIG_HOME", std::nullopt);
-  EXPECT_EQ(FileDefaults::standardPath(), "/home/somebody/.config/roomlattice/settings.json");
+  EXPECT_EQ(FileDefaults::standardPath(), "/people/somebody/.config/roomlattice/settings.json");
 }
 
 TEST_F(FileDefaultsTest, KeepsTheLastGoodValuesWhenTheFileIsDamagedMeanwhile) {
