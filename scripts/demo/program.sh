@@ -25,7 +25,8 @@ stop_program() {
 status_item_geometry() {
   local window
   window=$(status_item_window)
-  [[ -n $window ]]
+  # Without one, xwininfo would wait for a click.
+  if [[ -z $window ]]; then return 1; fi
   xwininfo -id "$window" | awk '
     /Absolute upper-left X:/ { left = $NF }
     /Absolute upper-left Y:/ { top = $NF }
