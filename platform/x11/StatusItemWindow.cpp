@@ -5,6 +5,7 @@
 
 #include <QEvent>
 #include <QGuiApplication>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QScreen>
 #include <cmath>
@@ -56,7 +57,17 @@ void StatusItemWindow::setLength(const StatusItemLength& length) {
 }
 
 void StatusItemWindow::setMenu(Menu* menu) {
+  popup_.reset();
   menu_ = menu;
+}
+
+void StatusItemWindow::mousePressEvent(QMouseEvent* event) {
+  event->accept();
+  if (menu_ == nullptr || (popup_ != nullptr && popup_->isOpen())) {
+    return;
+  }
+  popup_ = std::make_unique<MenuPopup>(*menu_);
+  popup_->open(mapToGlobal(itemRect().toAlignedRect().bottomRight() + QPoint(1, 1)));
 }
 
 void StatusItemWindow::setContent(const StatusButtonContent& content) {

@@ -2,11 +2,13 @@
 
 #include "platform/StatusItem.h"
 #include "platform/x11/CompositorWatch.h"
+#include "platform/x11/MenuPopup.h"
 #include "platform/x11/NativeWindow.h"
 #include "platform/x11/X11Appearance.h"
 
 #include <QTimer>
 #include <QWidget>
+#include <memory>
 
 namespace roomlattice::platform::x11 {
 
@@ -28,6 +30,7 @@ class StatusItemWindow final : public QWidget, public StatusItem, public StatusB
  protected:
   void paintEvent(QPaintEvent* event) override;
   void changeEvent(QEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
 
  private:
   void followScreens();
@@ -44,6 +47,8 @@ class StatusItemWindow final : public QWidget, public StatusItem, public StatusB
   StatusButtonContent content_;
   StatusItemLength length_;
   Menu* menu_ = nullptr;
+  // The last opening of the menu.
+  std::unique_ptr<MenuPopup> popup_;
   double itemWidth_ = 0.0;
   NativeWindow native_;
   QTimer layOutSoon_;

@@ -52,6 +52,10 @@ ViewCanvas::~ViewCanvas() {
   view_.setHost(nullptr);
 }
 
+QSize ViewCanvas::sizeHint() const {
+  return pixelSize(view_.frame().size);
+}
+
 void ViewCanvas::setBlending(const CanvasBlending& blending) {
   if (blending != blending_) {
     blending_ = blending;

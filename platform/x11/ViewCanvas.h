@@ -31,6 +31,9 @@ class ViewCanvas final : public QWidget, public ViewHost {
 
   View& view() { return view_; }
 
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override { return sizeHint(); }
+
   void setBlending(const CanvasBlending& blending);
 
   /// Called when the pointer enters or leaves the view; without it the view itself is told.

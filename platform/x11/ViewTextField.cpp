@@ -24,6 +24,10 @@ ViewTextField::ViewTextField(View& view, QWidget* parent) : QLineEdit(parent), v
 
 void ViewTextField::show(const TextFieldElement& element) {
   setFont(toQt(element.font));
+  if (element.hidden && hasFocus()) {
+    // Or else the menu around it would take the focus to its next row.
+    window()->setFocus(Qt::OtherFocusReason);
+  }
   setVisible(!element.hidden);
 }
 
