@@ -68,6 +68,7 @@ std::vector<Desktop> parseDesktops(const QVariant& value) {
       placed.emplace_back(position, desktopWithIdentifier(identifier));
     }
   }
+  argument.endArray();
   std::ranges::stable_sort(placed, {}, &std::pair<uint, Desktop>::first);
   std::vector<Desktop> desktops;
   for (auto& [position, desktop] : placed) {

@@ -66,6 +66,8 @@ void StatusItemWindow::mousePressEvent(QMouseEvent* event) {
   if (menu_ == nullptr || (popup_ != nullptr && popup_->isOpen())) {
     return;
   }
+  // The rows of the last opening go when the menu is brought up to date: nothing may show them then.
+  popup_.reset();
   popup_ = std::make_unique<MenuPopup>(*menu_);
   popup_->open(mapToGlobal(itemRect().toAlignedRect().bottomRight() + QPoint(1, 1)));
 }

@@ -29,7 +29,7 @@ class RowFixture : public SimulatedFixture {
   }
 
   SpaceRowView& makeRow(const std::string& name, Activity activity = Activity::Inactive) {
-    menu_.items.clear();
+    destroyRow();
     auto made = std::make_unique<SpaceRowView>(platform(), SpaceInfo{101, "A", "Display 1", 0},
                                                activity == Activity::Active, dotColor, name);
     row_ = made.get();
@@ -55,6 +55,8 @@ class RowFixture : public SimulatedFixture {
   }
 
   void destroyRow() {
+    // A menu that has closed is gone once it is looked for; until then it shows its rows.
+    static_cast<void>(desktop.menu());
     menu_.items.clear();
     row_ = nullptr;
   }

@@ -54,7 +54,8 @@ TEST_F(SpaceRow, ShowsTheActiveDesktopAsADiscAndASemiboldName) {
       .shapes = {{.kind = ShapeKind::Ellipse, .bounds = {{0.0, 0.0}, {14.0, 14.0}}, .color = dotColor}}};
   EXPECT_EQ(dot().image, disc);
   EXPECT_EQ(label().font, (platform::Font{.size = 13.0, .weight = FontWeight::Semibold}));
-  EXPECT_EQ(fieldElement().font, label().font);
+  const platform::Font labelFont = label().font;
+  EXPECT_EQ(fieldElement().font, labelFont);
   EXPECT_EQ(label().frame.size.width, 4 * 7.3125);
 }
 
@@ -66,7 +67,8 @@ TEST_F(SpaceRow, ShowsAnotherDesktopAsARingAndARegularName) {
           {.kind = ShapeKind::Ellipse, .bounds = {{1.0, 1.0}, {12.0, 12.0}}, .color = dotColor, .lineWidth = 1.5}}};
   EXPECT_EQ(dot().image, ring);
   EXPECT_EQ(label().font, (platform::Font{.size = 13.0, .weight = FontWeight::Regular}));
-  EXPECT_EQ(fieldElement().font, label().font);
+  const platform::Font labelFont = label().font;
+  EXPECT_EQ(fieldElement().font, labelFont);
 }
 
 TEST_F(SpaceRow, HasAPencilThatSaysWhatItDoes) {

@@ -35,8 +35,8 @@ class PreferencesStoreTest : public tests::SimulatedFixture {
   PreferencesStore& store = PreferencesStore::shared();
 };
 
-using BooleanGetter = bool (PreferencesStore::*)() const;
-using BooleanSetter = void (PreferencesStore::*)(bool);
+using BooleanGetter = std::function<bool(const PreferencesStore&)>;
+using BooleanSetter = std::function<void(PreferencesStore&, bool)>;
 
 struct BooleanSetting {
   const char* key;
@@ -58,7 +58,7 @@ TEST_F(PreferencesStoreTest, HasItsDefaultsOnAFreshInstallation) {
   EXPECT_EQ(store.signTextSize(), 160.0);
   EXPECT_EQ(store.signSwipeAlpha(), 0.78);
   for (const BooleanSetting& setting : booleanSettings) {
-    EXPECT_EQ((store.*setting.get)(), setting.byDefault) << setting.key;
+    EXPECT_EQ(setting.get(store), setting.byDefault) << setting.key;
   }
   EXPECT_EQ(store.menuBarWidthMode(), MenuBarWidthMode::fitToTitle);
   EXPECT_EQ(store.colorMode(), ColorMode::colorBackground);
@@ -76,8 +76,8 @@ TEST_F(PreferencesStoreTest, ReadsBackWhatWasSet) {
   EXPECT_EQ(store.colorMode(), ColorMode::colorForeground);
   for (const BooleanSetting& setting : booleanSettings) {
     for (const bool value : {false, true}) {
-      (store.*setting.set)(value);
-      EXPECT_EQ((store.*setting.get)(), value) << setting.key;
+      setting.set(store, value);
+      EXPECT_EQ(setting.get(store), value) << setting.key;
     }
   }
 }
@@ -96,7 +96,7 @@ TEST_F(PreferencesStoreTest, StoresEachSettingUnderItsKeyInItsType) {
   EXPECT_EQ(stored("MenuBarWidthMode"), Value("maxTitleLength"));
   EXPECT_EQ(stored("ColorMode"), Value("colorForeground"));
   for (const BooleanSetting& setting : booleanSettings) {
-    (store.*setting.set)(!setting.byDefault);
+    setting.set(store, !setting.byDefault);
     EXPECT_EQ(stored(setting.key), Value(!setting.byDefault)) << setting.key;
   }
 }
@@ -109,7 +109,7 @@ TEST_F(PreferencesStoreTest, PostsOneChangeForEveryWriteEvenOfTheSameValue) {
     EXPECT_EQ(changes([&] { store.setColorMode(ColorMode::colorForeground); }), 1);
     EXPECT_EQ(changes([&] { store.setSpaceColors({}); }), 1);
     for (const BooleanSetting& setting : booleanSettings) {
-      EXPECT_EQ(changes([&] { (store.*setting.set)(true); }), 1) << setting.key;
+      EXPECT_EQ(changes([&] { setting.set(store, true); }), 1) << setting.key;
     }
   }
 }
@@ -149,7 +149,7 @@ TEST_F(PreferencesStoreTest, ReadsAnotherTypeAsTheDefaultAndLeavesIt) {
   for (const BooleanSetting& setting : booleanSettings) {
     for (const Value& wrong : {Value("false"), Value("YES"), Value(2), Value(0.5), Value(Value::Array{})}) {
       stored(setting.key) = wrong;
-      EXPECT_EQ((store.*setting.get)(), setting.byDefault) << setting.key;
+      EXPECT_EQ(setting.get(store), setting.byDefault) << setting.key;
     }
   }
 }
@@ -157,9 +157,9 @@ TEST_F(PreferencesStoreTest, ReadsAnotherTypeAsTheDefaultAndLeavesIt) {
 TEST_F(PreferencesStoreTest, ReadsTheNumbersZeroAndOneAsBooleans) {
   for (const BooleanSetting& setting : booleanSettings) {
     stored(setting.key) = 0;
-    EXPECT_FALSE((store.*setting.get)()) << setting.key;
+    EXPECT_FALSE(setting.get(store)) << setting.key;
     stored(setting.key) = 1.0;
-    EXPECT_TRUE((store.*setting.get)()) << setting.key;
+    EXPECT_TRUE(setting.get(store)) << setting.key;
   }
 }
 
