@@ -16,7 +16,7 @@ std::optional<std::filesystem::path> absolutePath(const char* text) {
 }
 
 std::optional<std::filesystem::path> homeFolder() {
-  if (const auto home = absolutePath(std::getenv("HOME"))) {
+  if (auto home = absolutePath(std::getenv("HOME"))) {
     return home;
   }
   const passwd* user = getpwuid(getuid());
@@ -130,7 +130,7 @@ std::optional<std::string> FileDefaults::tryToWrite() {
   if (std::holds_alternative<SettingsFile::Unreadable>(state_)) {
     return std::nullopt;  // reported by the reading
   }
-  if (const std::optional<std::string> failure = setAside()) {
+  if (std::optional<std::string> failure = setAside()) {
     return failure;
   }
   Value::Dictionary settings = settings_;
@@ -141,7 +141,7 @@ std::optional<std::string> FileDefaults::tryToWrite() {
       reason = "the value of " + key + " has no form in JSON";
     }
   }
-  if (const std::optional<std::string> failure = replaceFile(settings)) {
+  if (std::optional<std::string> failure = replaceFile(settings)) {
     return failure;
   }
   std::erase_if(pending_, [](const auto& entry) { return canBeWritten(entry.first, entry.second); });

@@ -71,6 +71,7 @@ std::vector<Desktop> parseDesktops(const QVariant& value) {
   argument.endArray();
   std::ranges::stable_sort(placed, {}, &std::pair<uint, Desktop>::first);
   std::vector<Desktop> desktops;
+  desktops.reserve(placed.size());
   for (auto& [position, desktop] : placed) {
     desktops.push_back(std::move(desktop));
   }
