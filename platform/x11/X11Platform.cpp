@@ -31,7 +31,8 @@ ExitStatus refuse(const std::string& reason) {
 }
 
 std::string displayName() {
-  return "'" + std::string(std::getenv("DISPLAY")) + "'";
+  const char* name = environment("DISPLAY");
+  return name == nullptr ? "''" : "'" + std::string(name) + "'";
 }
 
 std::variant<std::unique_ptr<Platform>, ExitStatus> start(int& argc, char** argv) {
