@@ -22,7 +22,7 @@ class FileDefaults final : public Defaults {
   /// Each trouble with the file is reported once, when it begins. Without a path everything stays in memory.
   FileDefaults(std::optional<std::filesystem::path> path, Report report);
 
-  /// Where the XDG Base Directory Specification has it; nothing for a user without a home.
+  /// Where the XDG base directory rules have it; nothing for a user without a home.
   static std::optional<std::filesystem::path> standardPath();
 
   std::optional<Value> object(const std::string& key) const override;

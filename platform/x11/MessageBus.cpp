@@ -22,7 +22,7 @@ std::optional<QString> variable(const char* name) {
   return value == nullptr || *value == '\0' ? std::nullopt : std::optional(QString::fromLocal8Bit(value));
 }
 
-/// Where the D-Bus specification has the bus. Left to itself the library would, when in doubt, start a session bus of
+/// Where the rules of D-Bus have the bus. Left to itself the library would, when in doubt, start a session bus of
 /// its own, which nobody else is on.
 std::optional<QString> addressOf(MessageBus::Kind kind) {
   if (kind == MessageBus::Kind::System) {
