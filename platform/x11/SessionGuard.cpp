@@ -3,8 +3,6 @@
 #include "platform/x11/CommandLine.h"
 
 #include <QCoreApplication>
-#include <QtGlobal>
-#include <cstdio>
 #include <cstdlib>
 #include <poll.h>
 #include <unistd.h>
@@ -19,8 +17,7 @@ constexpr std::chrono::milliseconds withoutWindowManager = 10s;
 
 constexpr int failure = 1;
 
-X11Connection* guarded = nullptr;
-QtMessageHandler ordinaryHandler = nullptr;
+bool guarding = false;
 
 [[noreturn]] void serverHasGone() {
   printError("the X server has gone");
@@ -29,33 +26,32 @@ QtMessageHandler ordinaryHandler = nullptr;
   _exit(failure);
 }
 
-bool serverAnswers(X11Connection& connection) {
-  const XcbPointer<xcb_get_input_focus_reply_t> reply(
-      xcb_get_input_focus_reply(connection.raw(), xcb_get_input_focus(connection.raw()), nullptr));
-  return reply != nullptr;
-}
-
-/// The toolkit, too, ends the process when its connection breaks. Before it does, it warns, and so the message and the
-/// way to end are the same whichever connection is found broken first.
-void handleToolkitMessage(QtMsgType type, const QMessageLogContext& context, const QString& message) {
-  if (type == QtWarningMsg && guarded != nullptr && !serverAnswers(*guarded)) {
+/// The toolkit, too, ends the process when it finds its connection broken, from wherever it is.
+void exitCalled() {
+  if (guarding) {
     serverHasGone();
   }
-  ordinaryHandler(type, context, message);
 }
 
 }  // namespace
 
-bool waitForWindowManager(X11Connection& connection, std::chrono::milliseconds limit) {
+WindowManagerWait waitForWindowManager(X11Connection& connection, const TerminationSignals& signals,
+                                       std::chrono::milliseconds limit) {
   constexpr std::chrono::milliseconds pause = 50ms;
   const auto deadline = std::chrono::steady_clock::now() + limit;
+  pollfd termination{signals.file(), POLLIN, 0};
   while (!findWindowManager(connection)) {
-    if (connection.isLost() || std::chrono::steady_clock::now() >= deadline) {
-      return false;
+    if (connection.isLost()) {
+      return WindowManagerWait::ServerLost;
     }
-    poll(nullptr, 0, static_cast<int>(pause.count()));
+    if (std::chrono::steady_clock::now() >= deadline) {
+      return WindowManagerWait::TimedOut;
+    }
+    if (poll(&termination, 1, static_cast<int>(pause.count())) > 0) {
+      return WindowManagerWait::Terminated;
+    }
   }
-  return true;
+  return WindowManagerWait::Found;
 }
 
 SessionGuard::SessionGuard(X11Connection& connection, WindowManagerWatch& windowManager)
@@ -67,13 +63,13 @@ SessionGuard::SessionGuard(X11Connection& connection, WindowManagerWatch& window
   });
   loss_ = connection.observeLoss(serverHasGone);
   windowManagerChanges_ = windowManager.observe([this] { windowManagerChanged(); });
-  guarded = &connection;
-  ordinaryHandler = qInstallMessageHandler(handleToolkitMessage);
+  // The last to be registered comes first: before anything of the toolkit is taken down.
+  std::atexit(exitCalled);
+  guarding = true;
 }
 
 SessionGuard::~SessionGuard() {
-  qInstallMessageHandler(ordinaryHandler);
-  guarded = nullptr;
+  guarding = false;
 }
 
 void SessionGuard::windowManagerChanged() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/x11/TerminationSignals.h"
 #include "platform/x11/WindowManagerWatch.h"
 #include "platform/x11/X11Connection.h"
 
@@ -8,8 +9,12 @@
 
 namespace roomlattice::platform::x11 {
 
-/// Waits until a window manager runs that supports EWMH, but not beyond `limit`. Needs no event loop.
-bool waitForWindowManager(X11Connection& connection, std::chrono::milliseconds limit);
+enum class WindowManagerWait { Found, TimedOut, ServerLost, Terminated };
+
+/// Waits until a window manager runs that supports EWMH, but not beyond `limit`, nor when a signal asks the program to
+/// end. Needs no event loop.
+WindowManagerWait waitForWindowManager(X11Connection& connection, const TerminationSignals& signals,
+                                       std::chrono::milliseconds limit);
 
 /// Ends the program, with a line on standard error and status 1, when it has lost what it runs on: at once when the
 /// X server has gone, and when the window manager has gone and none has come for a while. Main thread only.

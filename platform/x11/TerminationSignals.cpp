@@ -1,67 +1,62 @@
 #include "platform/x11/TerminationSignals.h"
 
-#include "platform/Fatal.h"
-
-#include <array>
+#include <QSocketNotifier>
 #include <cerrno>
 #include <csignal>
-#include <fcntl.h>
+#include <cstdint>
+#include <memory>
+#include <sys/eventfd.h>
 #include <unistd.h>
 #include <utility>
 
 namespace roomlattice::platform::x11 {
 namespace {
 
-constexpr std::array signals{SIGTERM, SIGINT, SIGHUP};
+// Signal handlers have nothing else to find it by.
+int eventFile = -1;
 
-// What a signal handler may touch; the read end is the object's.
-volatile std::sig_atomic_t writeEnd = -1;
-
-void signalled(int) {
-  const int savedError = errno;
-  const char byte = 0;
-  // A full pipe holds the news already.
-  [[maybe_unused]] const ssize_t written = write(writeEnd, &byte, 1);
-  errno = savedError;
+void signalCame(int) {
+  const int error = errno;
+  const std::uint64_t one = 1;
+  [[maybe_unused]] const ssize_t written = write(eventFile, &one, sizeof(one));
+  errno = error;
 }
 
-int openPipe() {
-  std::array<int, 2> ends{};
-  if (pipe2(ends.data(), O_CLOEXEC | O_NONBLOCK) != 0) {
-    fatal("no pipe could be made for signals");
+/// A signal that whoever started the process had it ignore, as nohup does, stays ignored.
+void handle(int signal) {
+  struct sigaction former {};
+  if (sigaction(signal, nullptr, &former) == 0 && former.sa_handler == SIG_IGN) {
+    return;
   }
-  writeEnd = ends[1];
-  return ends[0];
-}
-
-void setHandlers(void (*handler)(int)) {
   struct sigaction action {};
-  action.sa_handler = handler;
-  action.sa_flags = SA_RESTART;
-  sigemptyset(&action.sa_mask);
-  for (const int signal : signals) {
-    sigaction(signal, &action, nullptr);
-  }
+  action.sa_handler = signalCame;
+  action.sa_flags = static_cast<int>(SA_RESTART | SA_RESETHAND);
+  sigaction(signal, &action, nullptr);
 }
 
 }  // namespace
 
-TerminationSignals::TerminationSignals(std::function<void()> handler)
-    : readEnd_(openPipe()), notifier_(readEnd_, QSocketNotifier::Read) {
-  QObject::connect(&notifier_, &QSocketNotifier::activated, &notifier_,
-                   [this, handler = std::move(handler)](QSocketDescriptor) {
-                     std::array<char, 16> bytes{};
-                     [[maybe_unused]] const ssize_t count = read(readEnd_, bytes.data(), bytes.size());
-                     handler();
-                   });
-  setHandlers(signalled);
+TerminationSignals::TerminationSignals() {
+  eventFile = eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
+  for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
+    handle(signal);
+  }
+  std::signal(SIGPIPE, SIG_IGN);
+  std::signal(SIGXFSZ, SIG_IGN);
 }
 
-TerminationSignals::~TerminationSignals() {
-  setHandlers(SIG_DFL);
-  close(readEnd_);
-  close(writeEnd);
-  writeEnd = -1;
+int TerminationSignals::file() const {
+  return eventFile;
+}
+
+Registration TerminationSignals::observe(std::function<void()> handler) const {
+  auto notifier = std::make_shared<QSocketNotifier>(eventFile, QSocketNotifier::Read);
+  QObject::connect(notifier.get(), &QSocketNotifier::activated, notifier.get(),
+                   [source = notifier.get(), handler = std::move(handler)] {
+                     source->setEnabled(false);
+                     handler();
+                   });
+  return Registration([notifier = std::move(notifier)]() mutable { notifier.reset(); });
 }
 
 }  // namespace roomlattice::platform::x11

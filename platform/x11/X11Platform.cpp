@@ -2,11 +2,13 @@
 
 #include "platform/NativePlatform.h"
 #include "platform/x11/CommandLine.h"
+#include "platform/x11/QtMessages.h"
 
 #include <chrono>
 #include <cstdlib>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 
 namespace roomlattice::platform {
@@ -35,36 +37,55 @@ std::string displayName() {
   return name == nullptr ? "''" : "'" + std::string(name) + "'";
 }
 
+bool isWaylandSession() {
+  const char* type = environment("XDG_SESSION_TYPE");
+  return environment("WAYLAND_DISPLAY") != nullptr || (type != nullptr && std::string_view(type) == "wayland");
+}
+
+std::optional<ExitStatus> waitForWindowManager(X11Connection& connection, const TerminationSignals& signals) {
+  switch (waitForWindowManager(connection, signals, windowManagerStart)) {
+    case WindowManagerWait::Found:
+      return std::nullopt;
+    case WindowManagerWait::TimedOut:
+      return refuse("no window manager that supports EWMH runs on the X11 display " + displayName());
+    case WindowManagerWait::ServerLost:
+      return refuse("the X server has gone");
+    case WindowManagerWait::Terminated:
+      break;
+  }
+  return ExitStatus{EXIT_SUCCESS};
+}
+
 std::variant<std::unique_ptr<Platform>, ExitStatus> start(int& argc, char** argv) {
   if (environment("DISPLAY") == nullptr) {
-    return refuse(environment("WAYLAND_DISPLAY") != nullptr
-                      ? "no X11 display: DISPLAY is not set, and pure Wayland sessions are not supported"
-                      : "no X11 display: DISPLAY is not set");
+    return refuse(isWaylandSession() ? "no X11 display: DISPLAY is not set, and pure Wayland sessions are not supported"
+                                     : "no X11 display: DISPLAY is not set");
   }
+  static const TerminationSignals signals;
   std::unique_ptr<X11Connection> connection = X11Connection::open();
   if (connection == nullptr) {
     return refuse("cannot connect to the X11 display " + displayName());
-  }
-  if (!waitForWindowManager(*connection, windowManagerStart)) {
-    return refuse("no window manager that supports EWMH runs on the X11 display " + displayName());
   }
   std::unique_ptr<InstanceLock> lock = InstanceLock::acquire(*connection);
   if (lock == nullptr) {
     return refuse("already running on the X11 display " + displayName());
   }
+  if (const std::optional<ExitStatus> status = waitForWindowManager(*connection, signals)) {
+    return *status;
+  }
   // Also where the environment asks the toolkit for another platform: the windows are X windows.
   setenv("QT_QPA_PLATFORM", "xcb", 1);
-  return std::make_unique<X11Platform>(std::move(connection), std::move(lock), argc, argv);
+  redirectQtMessages();
+  return std::make_unique<X11Platform>(std::move(connection), std::move(lock), signals, argc, argv);
 }
 
 }  // namespace
 
-X11Platform::X11Platform(std::unique_ptr<X11Connection> connection, std::unique_ptr<InstanceLock> lock, int& argc,
-                         char** argv)
+X11Platform::X11Platform(std::unique_ptr<X11Connection> connection, std::unique_ptr<InstanceLock> lock,
+                         const TerminationSignals& signals, int& argc, char** argv)
     : connection_(std::move(connection)),
       lock_(std::move(lock)),
       application_(*connection_, argc, argv),
-      signals_([this] { application_.terminate(); }),
       defaults_(FileDefaults::standardPath(), [this](const std::string& line) { system_.log(line); }),
       sessionBus_(MessageBus::Kind::Session),
       systemBus_(MessageBus::Kind::System),
@@ -76,7 +97,8 @@ X11Platform::X11Platform(std::unique_ptr<X11Connection> connection, std::unique_
       appearance_(*connection_, sessionBus_, notifications_.distributedCenter()),
       sleep_(systemBus_, notifications_.workspaceCenter()),
       events_(*connection_, desktops_, screens_),
-      userInterface_(*connection_, screens_, appearance_, desktops_, attachments_) {}
+      userInterface_(*connection_, screens_, appearance_, desktops_, attachments_),
+      termination_(signals.observe([this] { application_.terminate(); })) {}
 
 X11Platform::~X11Platform() {
   // A log tool that never ends must not hold the worker, and with it the end of the program.

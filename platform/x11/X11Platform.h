@@ -28,9 +28,10 @@ namespace roomlattice::platform::x11 {
 /// A Linux desktop on X11. One in a process, on the main thread.
 class X11Platform final : public Platform {
  public:
-  /// Takes over a connection to a display with a window manager, and the claim to it. `argc` and `argv` must outlive
-  /// the platform.
-  X11Platform(std::unique_ptr<X11Connection> connection, std::unique_ptr<InstanceLock> lock, int& argc, char** argv);
+  /// Takes over a connection to a display with a window manager, and the claim to it. The others must outlive the
+  /// platform.
+  X11Platform(std::unique_ptr<X11Connection> connection, std::unique_ptr<InstanceLock> lock,
+              const TerminationSignals& signals, int& argc, char** argv);
   ~X11Platform() override;
 
   Application& application() override { return application_; }
@@ -47,7 +48,6 @@ class X11Platform final : public Platform {
   std::unique_ptr<X11Connection> connection_;
   std::unique_ptr<InstanceLock> lock_;
   X11Application application_;
-  TerminationSignals signals_;
   X11Notifications notifications_;
   X11System system_;
   FileDefaults defaults_;
@@ -65,6 +65,7 @@ class X11Platform final : public Platform {
   SleepWatch sleep_;
   X11Events events_;
   X11UserInterface userInterface_;
+  Registration termination_;
 };
 
 }  // namespace roomlattice::platform::x11

@@ -11,9 +11,9 @@ using platform::x11::X11Connection;
 using platform::x11::XcbPointer;
 
 std::optional<QRect> WindowProbe::geometry() const {
-  xcb_connection_t* raw = connection_.raw();
+  xcb_connection_t* raw = connection_->raw();
   const auto sizeCookie = xcb_get_geometry(raw, window_);
-  const auto placeCookie = xcb_translate_coordinates(raw, window_, connection_.root(), 0, 0);
+  const auto placeCookie = xcb_translate_coordinates(raw, window_, connection_->root(), 0, 0);
   const XcbPointer<xcb_get_geometry_reply_t> size(xcb_get_geometry_reply(raw, sizeCookie, nullptr));
   const XcbPointer<xcb_translate_coordinates_reply_t> place(xcb_translate_coordinates_reply(raw, placeCookie, nullptr));
   if (size == nullptr || place == nullptr) {
@@ -24,7 +24,7 @@ std::optional<QRect> WindowProbe::geometry() const {
 
 bool WindowProbe::isViewable() const {
   const XcbPointer<xcb_get_window_attributes_reply_t> attributes(xcb_get_window_attributes_reply(
-      connection_.raw(), xcb_get_window_attributes(connection_.raw(), window_), nullptr));
+      connection_->raw(), xcb_get_window_attributes(connection_->raw(), window_), nullptr));
   return attributes != nullptr && attributes->map_state == XCB_MAP_STATE_VIEWABLE;
 }
 
@@ -38,12 +38,12 @@ bool WindowProbe::hasState(const std::string& name) const {
 }
 
 std::optional<std::uint32_t> WindowProbe::number(const std::string& property) const {
-  return platform::x11::readNumber(connection_, window_, connection_.atom(property), XCB_ATOM_CARDINAL);
+  return platform::x11::readNumber(*connection_, window_, connection_->atom(property), XCB_ATOM_CARDINAL);
 }
 
 bool WindowProbe::passesClicks() const {
-  xcb_connection_t* raw = connection_.raw();
-  for (xcb_window_t window = window_; window != connection_.root();) {
+  xcb_connection_t* raw = connection_->raw();
+  for (xcb_window_t window = window_; window != connection_->root();) {
     const XcbPointer<xcb_shape_get_rectangles_reply_t> shape(
         xcb_shape_get_rectangles_reply(raw, xcb_shape_get_rectangles(raw, window, XCB_SHAPE_SK_INPUT), nullptr));
     const XcbPointer<xcb_query_tree_reply_t> tree(xcb_query_tree_reply(raw, xcb_query_tree(raw, window), nullptr));
@@ -57,10 +57,10 @@ bool WindowProbe::passesClicks() const {
 
 std::vector<std::string> WindowProbe::atomNames(const std::string& property) const {
   std::vector<std::string> names;
-  const auto atoms = platform::x11::readNumbers(connection_, window_, connection_.atom(property), XCB_ATOM_ATOM);
+  const auto atoms = platform::x11::readNumbers(*connection_, window_, connection_->atom(property), XCB_ATOM_ATOM);
   for (const xcb_atom_t atom : atoms.value_or(std::vector<std::uint32_t>{})) {
     const XcbPointer<xcb_get_atom_name_reply_t> reply(
-        xcb_get_atom_name_reply(connection_.raw(), xcb_get_atom_name(connection_.raw(), atom), nullptr));
+        xcb_get_atom_name_reply(connection_->raw(), xcb_get_atom_name(connection_->raw(), atom), nullptr));
     if (reply != nullptr) {
       names.emplace_back(xcb_get_atom_name_name(reply.get()),
                          static_cast<std::size_t>(xcb_get_atom_name_name_length(reply.get())));

@@ -13,7 +13,9 @@ namespace roomlattice::tests {
 class WindowProbe {
  public:
   WindowProbe(platform::x11::X11Connection& connection, xcb_window_t window)
-      : connection_(connection), window_(window) {}
+      : connection_(&connection), window_(window) {}
+
+  xcb_window_t id() const { return window_; }
 
   /// In pixels of the root window.
   std::optional<QRect> geometry() const;
@@ -32,7 +34,7 @@ class WindowProbe {
  private:
   std::vector<std::string> atomNames(const std::string& property) const;
 
-  platform::x11::X11Connection& connection_;
+  platform::x11::X11Connection* connection_;
   xcb_window_t window_;
 };
 

@@ -192,8 +192,9 @@ void X11Session::stopWindowManager() {
   require(waitFor([this] { return !managedBySomebody(); }), "the window manager's traces stay");
 }
 
-void X11Session::stopServer() {
-  server_.reset();
+void X11Session::endServer(int signal) {
+  server_->signal(signal);
+  require(server_->waitForEnd().has_value(), "the X server does not end");
 }
 
 void X11Session::stopBus() {

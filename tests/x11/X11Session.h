@@ -43,8 +43,13 @@ class X11Session {
   void stopWindowManager();
 
   ChildProcess* windowManager() { return windowManager_.get(); }
-  void stopServer();
+
+  /// Sends the server a signal that ends it, and waits for its end.
+  void endServer(int signal);
   void stopBus();
+
+  /// Asks the window manager until it has that many desktops.
+  void setDesktopCount(int count);
 
   /// The session bus, started with the session.
   const std::string& busAddress() const { return busAddress_; }
@@ -61,7 +66,6 @@ class X11Session {
   void startBus();
   void startServer(const SessionOptions& options);
   void writeDesktopCount(WindowManagerKind kind) const;
-  void setDesktopCount(int count);
   bool managedBySomebody();
   std::optional<int> rootNumber(const std::string& property);
 

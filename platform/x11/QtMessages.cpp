@@ -1,0 +1,34 @@
+#include "platform/x11/QtMessages.h"
+
+#include "platform/x11/CommandLine.h"
+#include "platform/x11/LogLine.h"
+
+#include <QCoreApplication>
+#include <QString>
+#include <QtGlobal>
+#include <cstdlib>
+#include <unistd.h>
+
+namespace roomlattice::platform::x11 {
+namespace {
+
+void handleMessage(QtMsgType type, const QMessageLogContext&, const QString& message) {
+  if (type == QtFatalMsg) {
+    printError(message.simplified().toStdString());
+    _exit(EXIT_FAILURE);
+  }
+  if (type == QtDebugMsg || type == QtInfoMsg || QCoreApplication::instance() == nullptr) {
+    return;
+  }
+  const std::string line = "Qt: " + message.toStdString();
+  QMetaObject::invokeMethod(
+      QCoreApplication::instance(), [line] { writeLogLine(STDERR_FILENO, line); }, Qt::QueuedConnection);
+}
+
+}  // namespace
+
+void redirectQtMessages() {
+  qInstallMessageHandler(handleMessage);
+}
+
+}  // namespace roomlattice::platform::x11
