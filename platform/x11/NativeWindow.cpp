@@ -19,6 +19,13 @@ constexpr std::uint32_t removeState = 0;
 constexpr std::uint32_t addState = 1;
 constexpr std::uint32_t sourceIsApplication = 1;
 
+// ICCCM: which of the values of WM_HINTS are given, and what they are.
+constexpr std::uint32_t inputHint = 1U << 0U;
+constexpr std::uint32_t stateHint = 1U << 1U;
+constexpr std::uint32_t windowGroupHint = 1U << 6U;
+constexpr std::uint32_t noInput = 0;
+constexpr std::uint32_t normalState = 1;
+
 xcb_connection_t* toolkitConnection() {
   auto* application = qApp->nativeInterface<QNativeInterface::QX11Application>();
   if (application == nullptr) {
@@ -37,6 +44,13 @@ void NativeWindow::writeHints(const WindowHints& hints) {
   writeAtoms(connection_.ewmh()->_NET_WM_STATE, hints.states);
   xcb_change_property(raw_, XCB_PROP_MODE_REPLACE, id_, connection_.ewmh()->_NET_WM_DESKTOP, XCB_ATOM_CARDINAL, 32, 1,
                       &hints.desktop);
+}
+
+void NativeWindow::leaveGroup() {
+  const std::array<std::uint32_t, 9> hints = {
+      inputHint | stateHint | windowGroupHint, noInput, normalState, 0, 0, 0, 0, 0, id_};
+  xcb_change_property(raw_, XCB_PROP_MODE_REPLACE, id_, XCB_ATOM_WM_HINTS, XCB_ATOM_WM_HINTS, 32, hints.size(),
+                      hints.data());
 }
 
 void NativeWindow::requestDesktop(std::uint32_t desktop) {

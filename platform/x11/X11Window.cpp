@@ -144,6 +144,7 @@ void X11Window::map() {
   }
   applyShape();
   native_.writeHints(hints);
+  native_.leaveGroup();
   desktopCorrections_ = maximumCorrections;
   surface_.allowCorrections();
   surface_.show();

@@ -6,6 +6,8 @@
 #include "tests/x11/UserInterfaceFixture.h"
 #include "tests/x11/WindowProbe.h"
 
+#include <gmock/gmock.h>
+
 namespace roomlattice::tests {
 namespace {
 
@@ -158,6 +160,30 @@ TEST_P(OverlayWindowUnder, MovesToAnotherDesktop) {
   ASSERT_TRUE(appears(*window));
   server_.addWindowToSpace(window->number(), spaceAt(3));
   EXPECT_TRUE(waitFor([&] { return probe(*window).desktop() == 3U && !similar(centerColor(), Qt::red); }));
+}
+
+TEST_P(OverlayWindowUnder, StaysWhereItIsWhenAnotherWindowOfTheProgramIsActivated) {
+  const auto window = makeOn(2);
+  ASSERT_TRUE(waitFor([&] { return probe(*window).desktop() == 2U && probe(*window).number("WM_STATE") != 0U; }));
+  settle();
+  std::vector<std::optional<std::uint32_t>> desktops;
+  const auto observation = ui_.connection().observe(XCB_PROPERTY_NOTIFY, [&](const xcb_generic_event_t& event) {
+    const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(event);
+    if (change.window == probe(*window).id() && change.atom == ui_.connection().ewmh()->_NET_WM_DESKTOP) {
+      desktops.push_back(probe(*window).desktop());
+    }
+  });
+  QWidget ordinary;
+  ordinary.setGeometry(100, 100, 200, 100);
+  for (int time = 0; time < 3; ++time) {
+    ordinary.show();
+    ui_.qt.application().activateIgnoringOtherApps();
+    ASSERT_TRUE(waitFor([&] { return focusedWindow(ui_.connection()) == ordinary.winId(); }));
+    settle();
+    ordinary.hide();
+  }
+  EXPECT_THAT(desktops, ::testing::Each(2U));
+  EXPECT_EQ(probe(*window).desktop(), 2U);
 }
 
 TEST_P(OverlayWindowUnder, ComesBackOnItsOwnDesktopAfterItWasHidden) {
