@@ -28,7 +28,7 @@ std::optional<QString> addressOf(MessageBus::Kind kind) {
   if (kind == MessageBus::Kind::System) {
     return variable("DBUS_SYSTEM_BUS_ADDRESS").value_or(QStringLiteral("unix:path=/var/run/dbus/system_bus_socket"));
   }
-  if (const auto address = variable("DBUS_SESSION_BUS_ADDRESS")) {
+  if (auto address = variable("DBUS_SESSION_BUS_ADDRESS")) {
     return address;
   }
   const auto folder = variable("XDG_RUNTIME_DIR");
