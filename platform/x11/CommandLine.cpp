@@ -1,5 +1,8 @@
 #include "platform/x11/CommandLine.h"
 
+#include "platform/x11/SystemLog.h"
+
+#include <chrono>
 #include <cstdio>
 #include <string>
 #include <string_view>
@@ -16,10 +19,12 @@ constexpr const char* help =
     "desktop in front, a menu of all desktops, and a label on each. Runs on the X11 display of\n"
     "DISPLAY, with a window manager that supports EWMH, until it is quit from its menu.\n"
     "\n"
-    "  --help       print this text\n"
-    "  --version    print the version\n"
+    "  --help         print this text\n"
+    "  --version      print the version\n"
+    "  --recent-log   print what the program has logged in the last ten minutes\n"
     "\n"
-    "Settings are kept in $XDG_CONFIG_HOME/roomlattice/settings.json (~/.config if not set).\n";
+    "Settings are kept in $XDG_CONFIG_HOME/roomlattice/settings.json (~/.config if not set), log\n"
+    "lines in the journal and in $XDG_STATE_HOME/roomlattice/log (~/.local/state if not set).\n";
 
 }  // namespace
 
@@ -32,6 +37,10 @@ std::optional<ExitStatus> answerCommandLine(int argc, const char* const* argv) {
     }
     if (argument == "--version") {
       std::puts("roomlattice " ROOMLATTICE_VERSION);
+      return ExitStatus{0};
+    }
+    if (argument == recentLogOption) {
+      std::fputs(recentLog(std::chrono::minutes(10)).c_str(), stdout);
       return ExitStatus{0};
     }
     printError("unknown option '" + std::string(argument) + "' (see --help)");

@@ -7,6 +7,9 @@
 
 namespace roomlattice::platform::x11 {
 
+/// Asks for the log lines of the last ten minutes.
+inline constexpr const char* recentLogOption = "--recent-log";
+
 /// Answers the options that need no desktop on standard output, and an option that is not known on standard error.
 /// Nothing when the program is to run.
 std::optional<ExitStatus> answerCommandLine(int argc, const char* const* argv);

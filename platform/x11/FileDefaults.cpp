@@ -1,27 +1,12 @@
 #include "platform/x11/FileDefaults.h"
 
 #include "platform/x11/SettingsText.h"
+#include "platform/x11/UserFolders.h"
 
-#include <cstdlib>
-#include <pwd.h>
-#include <unistd.h>
 #include <utility>
 
 namespace roomlattice::platform::x11 {
 namespace {
-
-std::optional<std::filesystem::path> absolutePath(const char* text) {
-  const std::filesystem::path path = text == nullptr ? "" : text;
-  return path.is_absolute() ? std::optional(path) : std::nullopt;
-}
-
-std::optional<std::filesystem::path> homeFolder() {
-  if (auto home = absolutePath(std::getenv("HOME"))) {
-    return home;
-  }
-  const passwd* user = getpwuid(getuid());
-  return user == nullptr ? std::nullopt : absolutePath(user->pw_dir);
-}
 
 bool canBeWritten(const std::string& key, const Value& value) {
   return value.isNull() || toSettingsText({{key, value}}).has_value();
@@ -46,16 +31,8 @@ FileDefaults::FileDefaults(std::optional<std::filesystem::path> path, Report rep
 }
 
 std::optional<std::filesystem::path> FileDefaults::standardPath() {
-  // A relative $XDG_CONFIG_HOME is invalid and to be ignored.
-  std::optional<std::filesystem::path> folder = absolutePath(std::getenv("XDG_CONFIG_HOME"));
-  if (!folder) {
-    folder = homeFolder();
-    if (!folder) {
-      return std::nullopt;
-    }
-    *folder /= ".config";
-  }
-  return *folder / "roomlattice" / "settings.json";
+  const auto folder = configurationFolder();
+  return folder ? std::optional(*folder / "settings.json") : std::nullopt;
 }
 
 std::optional<Value> FileDefaults::object(const std::string& key) const {

@@ -2,13 +2,18 @@
 
 #include <chrono>
 #include <string>
+#include <string_view>
 
 namespace roomlattice::platform::x11 {
 
-/// "2024-05-01 12:00:00.123 Roomlattice[4711] line", in local time and with its end.
+/// "2024-05-01 12:00:00.123+0200 Roomlattice[4711] line", in local time and with its end.
 std::string stampedLogLine(std::chrono::system_clock::time_point time, const std::string& line);
 
-/// Writes the line, stamped with the present time, in one piece where the system allows it.
-void writeLogLine(int file, const std::string& line);
+/// The part of a log whose lines were stamped at `start` or later. A line without a stamp goes on with the one before
+/// it.
+std::string logSince(std::chrono::system_clock::time_point start, std::string_view log);
+
+/// Writes the whole text, unless the file takes no more.
+void writeAll(int file, std::string_view text);
 
 }  // namespace roomlattice::platform::x11

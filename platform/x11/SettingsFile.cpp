@@ -1,6 +1,7 @@
 #include "platform/x11/SettingsFile.h"
 
 #include "platform/x11/SettingsText.h"
+#include "platform/x11/UserFolders.h"
 
 #include <array>
 #include <cerrno>
@@ -92,14 +93,6 @@ bool isSameFile(int file, const Path& name) {
   struct stat named {};
   return fstat(file, &opened) == 0 && ::stat(name.c_str(), &named) == 0 && opened.st_dev == named.st_dev &&
          opened.st_ino == named.st_ino;
-}
-
-void makeFolder(const Path& folder) {
-  if (folder.empty() || mkdir(folder.c_str(), S_IRWXU) == 0 || errno != ENOENT) {
-    return;
-  }
-  makeFolder(folder.parent_path());
-  mkdir(folder.c_str(), S_IRWXU);
 }
 
 /// A rename lasts over a power failure once the folder is on the disk.

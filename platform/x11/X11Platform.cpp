@@ -86,6 +86,7 @@ X11Platform::X11Platform(std::unique_ptr<X11Connection> connection, std::unique_
     : connection_(std::move(connection)),
       lock_(std::move(lock)),
       application_(*connection_, argc, argv),
+      system_(SystemLog(SystemLog::standardPath(), Journal::open())),
       defaults_(FileDefaults::standardPath(), [this](const std::string& line) { system_.log(line); }),
       sessionBus_(MessageBus::Kind::Session),
       systemBus_(MessageBus::Kind::System),

@@ -2,17 +2,20 @@
 
 #include "platform/System.h"
 #include "platform/x11/ChildRunner.h"
+#include "platform/x11/SystemLog.h"
 
 namespace roomlattice::platform::x11 {
 
-/// The log is standard error, each line stamped with time, program and process. The pasteboard is the clipboard.
+/// The pasteboard is the clipboard.
 class X11System final : public System {
  public:
-  X11System();
+  explicit X11System(SystemLog log = {});
 
   void log(const std::string& line) override;
   std::variant<ProcessOutput, LaunchError> run(const std::string& path,
                                                const std::vector<std::string>& arguments) override;
+  /// Where the tool is not there, the program itself stands in for it.
+  LogQuery localized(const LogQuery& query) const override;
   void setPasteboardString(const std::string& text) override;
   Registration beginActivity(ActivityKind kind, const std::string& reason) override;
 
@@ -20,6 +23,7 @@ class X11System final : public System {
   void interruptRuns() { children_.interrupt(); }
 
  private:
+  SystemLog log_;
   ChildRunner children_;
 };
 

@@ -1,6 +1,6 @@
 #include "platform/x11/X11System.h"
 
-#include "platform/x11/LogLine.h"
+#include "tests/x11/Environment.h"
 #include "tests/x11/QtApplication.h"
 #include "tests/x11/X11Session.h"
 
@@ -23,7 +23,6 @@ using platform::ProcessOutput;
 using platform::x11::X11System;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
-using ::testing::MatchesRegex;
 
 std::string outputOf(X11System& system, const std::string& script) {
   const auto result = system.run("/bin/sh", {"-c", script});
@@ -139,17 +138,27 @@ TEST(X11System, PutsTextOnTheClipboard) {
   EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("Werkstatt\n"));
 }
 
-TEST(LogLine, IsStampedWithTimeProgramAndProcess) {
-  EXPECT_THAT(platform::x11::stampedLogLine(std::chrono::system_clock::now(), "[Roomlattice] tour end"),
-              MatchesRegex("[0-9]{4}-[0-9]{2}-[0-9]{2} [0-9]{2}:[0-9]{2}:[0-9]{2}\\.[0-9]{3} Roomlattice\\[" +
-                           std::to_string(getpid()) + "\\] \\[Roomlattice\\] tour end\n"));
+TEST(X11System, StandsInForALogToolThatIsMissing) {
+  const X11System system;
+  const auto query = system.localized({.executable = "/nonexistent/log", .arguments = {"show"}, .command = "log show"});
+  EXPECT_EQ(std::filesystem::canonical(query.executable), std::filesystem::canonical("/proc/self/exe"));
+  EXPECT_THAT(query.arguments, ::testing::ElementsAre("--recent-log"));
+  EXPECT_EQ(query.command, "'" + std::filesystem::canonical("/proc/self/exe").string() + "' --recent-log");
 }
 
-TEST(LogLine, IsInLocalTime) {
+TEST(X11System, NamesItselfShortlyWhereAShellFindsIt) {
+  const TemporaryFolder folder;
+  std::filesystem::create_symlink(std::filesystem::canonical("/proc/self/exe"), folder.path() / "roomlattice");
   Environment environment;
-  environment.set("TZ", "XYZ-2");
-  const auto time = std::chrono::system_clock::from_time_t(1700000000) + std::chrono::milliseconds(7);
-  EXPECT_THAT(platform::x11::stampedLogLine(time, "x"), ::testing::StartsWith("2023-11-15 00:13:20.007 Roomlattice["));
+  environment.set("PATH", folder.path().string());
+  EXPECT_EQ(X11System().localized({.executable = "/nonexistent/log"}).command, "roomlattice --recent-log");
+}
+
+TEST(X11System, LeavesALogToolThatIsThereAlone) {
+  const auto query = X11System().localized({.executable = "/bin/sh", .arguments = {"-c"}, .command = "sh"});
+  EXPECT_EQ(query.executable, "/bin/sh");
+  EXPECT_THAT(query.arguments, ::testing::ElementsAre("-c"));
+  EXPECT_EQ(query.command, "sh");
 }
 
 }  // namespace

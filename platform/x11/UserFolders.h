@@ -1,0 +1,17 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+
+namespace roomlattice::platform::x11 {
+
+/// The folders that the XDG Base Directory Specification gives the program for a user's files; they need not exist.
+/// Nothing for a user without a home.
+std::optional<std::filesystem::path> configurationFolder();
+std::optional<std::filesystem::path> stateFolder();
+
+/// Makes a folder that only the user can enter, and those above it that are missing. Whether that worked shows when the
+/// folder is used.
+void makeFolder(const std::filesystem::path& folder);
+
+}  // namespace roomlattice::platform::x11
