@@ -6,6 +6,7 @@
 #include <QCoreApplication>
 #include <QString>
 #include <QtGlobal>
+#include <chrono>
 #include <cstdlib>
 #include <unistd.h>
 
@@ -22,7 +23,9 @@ void handleMessage(QtMsgType type, const QMessageLogContext&, const QString& mes
   }
   const std::string line = "Qt: " + message.toStdString();
   QMetaObject::invokeMethod(
-      QCoreApplication::instance(), [line] { writeLogLine(STDERR_FILENO, line); }, Qt::QueuedConnection);
+      QCoreApplication::instance(),
+      [line] { writeAll(STDERR_FILENO, stampedLogLine(std::chrono::system_clock::now(), line)); },
+      Qt::QueuedConnection);
 }
 
 }  // namespace

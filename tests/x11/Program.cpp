@@ -20,7 +20,7 @@ std::vector<std::string> commandWith(const std::vector<std::string>& arguments) 
 }
 
 bool isLogged(const std::string& line) {
-  static const std::regex stamp(R"(\d{4}-\d\d-\d\d \d\d:\d\d:\d\d\.\d{3} Roomlattice\[\d+\] .*)");
+  static const std::regex stamp(R"(\d{4}-\d\d-\d\d \d\d:\d\d:\d\d\.\d{3}[+-]\d{4} Roomlattice\[\d+\] .*)");
   return std::regex_match(line, stamp);
 }
 
