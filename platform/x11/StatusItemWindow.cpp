@@ -69,7 +69,10 @@ void StatusItemWindow::mousePressEvent(QMouseEvent* event) {
   // The rows of the last opening go when the menu is brought up to date: nothing may show them then.
   popup_.reset();
   popup_ = std::make_unique<MenuPopup>(*menu_);
-  popup_->open(mapToGlobal(itemRect().toAlignedRect().bottomRight() + QPoint(1, 1)));
+  // Where the window is, by the X server's account: the toolkit's own may be out of date while a window manager moves
+  // it.
+  const QPointF origin = event->globalPosition() - event->position();
+  popup_->open((origin + itemRect().bottomRight()).toPoint());
 }
 
 void StatusItemWindow::setContent(const StatusButtonContent& content) {

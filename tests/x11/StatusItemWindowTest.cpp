@@ -6,6 +6,8 @@
 #include "tests/x11/UserInterfaceFixture.h"
 #include "tests/x11/WindowProbe.h"
 
+#include <QApplication>
+#include <QWindow>
 #include <algorithm>
 #include <cmath>
 
@@ -69,6 +71,20 @@ class StatusItemTest : public ::testing::Test {
   std::unique_ptr<StatusItem> item_;
 };
 
+/// Tells a window that it has been moved, which is not so.
+void misinform(platform::x11::X11Connection& connection, xcb_window_t window, const QRect& geometry) {
+  xcb_configure_notify_event_t notice{};
+  notice.response_type = XCB_CONFIGURE_NOTIFY;
+  notice.event = window;
+  notice.window = window;
+  notice.x = static_cast<std::int16_t>(geometry.x());
+  notice.y = static_cast<std::int16_t>(geometry.y());
+  notice.width = static_cast<std::uint16_t>(geometry.width());
+  notice.height = static_cast<std::uint16_t>(geometry.height());
+  xcb_send_event(connection.raw(), 0, window, XCB_EVENT_MASK_STRUCTURE_NOTIFY, reinterpret_cast<const char*>(&notice));
+  xcb_flush(connection.raw());
+}
+
 class StatusItemUnder : public StatusItemTest, public ::testing::WithParamInterface<WindowManagerKind> {
  protected:
   StatusItemUnder() : StatusItemTest({.windowManager = GetParam()}) {}
@@ -118,6 +134,24 @@ TEST_P(StatusItemUnder, StaysOnTheScreenWhenTheDesktopChanges) {
   ui_.session.run({"wmctrl", "-s", "2"});
   ASSERT_TRUE(waitFor([this] { return ui_.session.currentDesktop() == 2; }));
   EXPECT_TRUE(waitFor([this] { return probe().isViewable() && similar(pixel(screenWidth - 4, 12), red); }));
+}
+
+TEST_P(StatusItemUnder, OpensItsMenuBelowItWhereverTheToolkitBelievesItToBe) {
+  platform::Menu menu;
+  menu.items.push_back(platform::CommandItem{.title = "Quit", .action = [] {}});
+  show(redTitle(" Mail ")).setMenu(&menu);
+  const int width = titleWidth(" Mail ");
+  ASSERT_TRUE(standsRightWithWidth(width));
+  // The window manager may have some news of its own under way.
+  ASSERT_TRUE(waitFor([&] {
+    misinform(ui_.connection(), probe().id(), {0, 0, width, height});
+    return dynamic_cast<QWidget&>(*item_).windowHandle()->position() == QPoint(0, 0);
+  }));
+  ui_.session.run({"xdotool", "mousemove", "--sync", "1270", "12", "click", "1"});
+  ASSERT_TRUE(waitFor([] { return QApplication::activePopupWidget() != nullptr; }));
+  const QRect opened = QApplication::activePopupWidget()->geometry();
+  EXPECT_EQ(opened.top(), height);
+  EXPECT_EQ(opened.left() + opened.width(), screenWidth);
 }
 
 INSTANTIATE_TEST_SUITE_P(OnEvery, StatusItemUnder, everyWindowManager(), ::testing::PrintToStringParamName());
