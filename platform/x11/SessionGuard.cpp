@@ -3,6 +3,7 @@
 #include "platform/x11/CommandLine.h"
 
 #include <QCoreApplication>
+#include <X11/Xlib.h>
 #include <cstdlib>
 #include <poll.h>
 #include <unistd.h>
@@ -33,7 +34,17 @@ void exitCalled() {
   }
 }
 
+int toolkitConnectionBroke(Display*) {
+  serverHasGone();
+}
+
 }  // namespace
+
+void watchToolkitConnection() {
+  XSetIOErrorHandler(toolkitConnectionBroke);
+  std::atexit(exitCalled);
+  guarding = true;
+}
 
 WindowManagerWait waitForWindowManager(X11Connection& connection, const TerminationSignals& signals,
                                        std::chrono::milliseconds limit) {
@@ -63,9 +74,9 @@ SessionGuard::SessionGuard(X11Connection& connection, WindowManagerWatch& window
   });
   loss_ = connection.observeLoss(serverHasGone);
   windowManagerChanges_ = windowManager.observe([this] { windowManagerChanged(); });
-  // The last to be registered comes first: before anything of the toolkit is taken down.
-  std::atexit(exitCalled);
-  guarding = true;
+  // Again, now that the toolkit is there: it has put in a handler of its own, and of what is to be called at the exit
+  // the last to be registered comes first, before anything of the toolkit is taken down.
+  watchToolkitConnection();
 }
 
 SessionGuard::~SessionGuard() {

@@ -16,6 +16,10 @@ enum class WindowManagerWait { Found, TimedOut, ServerLost, Terminated };
 WindowManagerWait waitForWindowManager(X11Connection& connection, const TerminationSignals& signals,
                                        std::chrono::milliseconds limit);
 
+/// Lets a broken connection end the program as a SessionGuard does, for the time until there is one; to be called
+/// before the toolkit connects.
+void watchToolkitConnection();
+
 /// Ends the program, with a line on standard error and status 1, when it has lost what it runs on: at once when the
 /// X server has gone, and when the window manager has gone and none has come for a while. Main thread only.
 class SessionGuard {

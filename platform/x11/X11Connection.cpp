@@ -28,6 +28,10 @@ std::unique_ptr<X11Connection> X11Connection::open(const std::string& display) {
   std::unique_ptr<X11Connection> connection(new X11Connection(raw, screenNumber));
   xcb_intern_atom_cookie_t* cookies = xcb_ewmh_init_atoms(raw, &connection->ewmh_);
   const bool ready = xcb_ewmh_init_atoms_replies(&connection->ewmh_, cookies, nullptr) != 0;
+  if (!ready) {
+    // The library has freed what is in it already.
+    connection->ewmh_ = {};
+  }
   return ready && connection->screen_ != nullptr ? std::move(connection) : nullptr;
 }
 

@@ -6,7 +6,8 @@ packages_for() {
   case $1 in
     build)
       printf '%s\n' build-essential cmake ninja-build pkg-config nlohmann-json3-dev qt6-base-dev \
-        libxcb1-dev libxcb-composite0-dev libxcb-ewmh-dev libxcb-shape0-dev libxcb-xfixes0-dev libxcb-xinput-dev
+        libx11-dev libxcb1-dev libxcb-composite0-dev libxcb-ewmh-dev libxcb-shape0-dev libxcb-xfixes0-dev \
+        libxcb-xinput-dev
       ;;
     # A desktop without a screen, and the tools that act on it from outside.
     desktop)
