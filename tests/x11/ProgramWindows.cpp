@@ -45,6 +45,12 @@ std::optional<WindowProbe> ProgramWindows::statusItem() const {
   return viewable("DOCK");
 }
 
+std::vector<WindowProbe> ProgramWindows::labels() const {
+  std::vector<WindowProbe> labels = ofType("NOTIFICATION");
+  std::erase_if(labels, [](const WindowProbe& label) { return label.desktop() == platform::x11::allDesktops; });
+  return labels;
+}
+
 std::vector<WindowProbe> ProgramWindows::labelsOn(std::uint32_t desktop) const {
   std::vector<WindowProbe> labels = ofType("NOTIFICATION");
   std::erase_if(labels, [desktop](const WindowProbe& label) { return label.desktop() != desktop; });

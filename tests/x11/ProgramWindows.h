@@ -22,6 +22,9 @@ class ProgramWindows {
   /// The window of the type dock, when it is to be seen.
   std::optional<WindowProbe> statusItem() const;
 
+  /// All labels, those included that are on no desktop because they are not shown.
+  std::vector<WindowProbe> labels() const;
+
   /// The labels that the window manager has on that desktop, shown or not.
   std::vector<WindowProbe> labelsOn(std::uint32_t desktop) const;
 
