@@ -71,6 +71,56 @@ constexpr const char* busConfiguration =
 </busconfig>
 )";
 
+/// A screen in memory, and a touchpad and a keyboard that hear from a test.
+constexpr const char* touchpadServerConfiguration = R"(
+Section "ServerFlags"
+  Option "AutoAddDevices" "false"
+  Option "AutoEnableDevices" "false"
+  Option "AutoAddGPU" "false"
+  Option "DontVTSwitch" "true"
+EndSection
+Section "Device"
+  Identifier "memory"
+  Driver "dummy"
+  VideoRam 65536
+EndSection
+Section "Monitor"
+  Identifier "monitor"
+  HorizSync 5.0-1000.0
+  VertRefresh 5.0-200.0
+  Modeline "1280x800" 83.46 1280 1344 1480 1680 800 801 804 828
+EndSection
+Section "Screen"
+  Identifier "screen"
+  Device "memory"
+  Monitor "monitor"
+  DefaultDepth 24
+  SubSection "Display"
+    Depth 24
+    Modes "1280x800"
+    Virtual 1280 800
+  EndSubSection
+EndSection
+Section "InputDevice"
+  Identifier "touchpad"
+  Driver "inputtest"
+  Option "SocketPath" "@FOLDER@/touchpad"
+  Option "DeviceType" "PointerGesture"
+EndSection
+Section "InputDevice"
+  Identifier "keyboard"
+  Driver "inputtest"
+  Option "SocketPath" "@FOLDER@/keyboard"
+  Option "DeviceType" "Keyboard"
+EndSection
+Section "ServerLayout"
+  Identifier "layout"
+  Screen "screen"
+  InputDevice "touchpad" "CorePointer"
+  InputDevice "keyboard" "CoreKeyboard"
+EndSection
+)";
+
 std::string replaceAll(std::string text, const std::string& what, const std::string& by) {
   for (std::size_t at = 0; (at = text.find(what, at)) != std::string::npos; at += by.size()) {
     text.replace(at, what.size(), by);
@@ -152,14 +202,30 @@ void X11Session::startBus() {
 
 void X11Session::startServer(const SessionOptions& options) {
   AnnouncementPipe ready;
-  std::vector<std::string> command{"Xvfb",         "-displayfd", ready.writer(), "-screen", "0",
-                                   options.screen, "-nolisten",  "tcp",          "-noreset"};
-  command.insert(command.end(), options.serverArguments.begin(), options.serverArguments.end());
-  server_ = std::make_unique<ChildProcess>(command);
+  server_ = std::make_unique<ChildProcess>(serverCommand(options, ready.writer()));
   const std::string number = ready.readLine();
-  require(!number.empty(), "the X server did not start: " + server_->errorOutput());
+  if (number.empty()) {
+    server_->waitForEnd();
+    throw ServerNotStarted(server_->errorOutput());
+  }
   display_ = ":" + number;
   environment_.set("DISPLAY", display_);
+}
+
+std::vector<std::string> X11Session::serverCommand(const SessionOptions& options,
+                                                   const std::string& announcement) const {
+  std::vector<std::string> command;
+  if (options.server == ServerKind::XorgWithTouchpad) {
+    const std::filesystem::path configuration = folder_.path() / "xorg.conf";
+    writeFile(configuration, replaceAll(touchpadServerConfiguration, "@FOLDER@", folder_.path().string()));
+    command = {"/usr/lib/xorg/Xorg", "-config", configuration.string(), "-logfile", (folder_.path() / "log").string(),
+               "-novtswitch",        "-keeptty"};
+  } else {
+    command = {"Xvfb", "-screen", "0", options.screen};
+  }
+  command.insert(command.end(), {"-displayfd", announcement, "-nolisten", "tcp", "-noreset"});
+  command.insert(command.end(), options.serverArguments.begin(), options.serverArguments.end());
+  return command;
 }
 
 void X11Session::startWindowManager(WindowManagerKind kind) {

@@ -8,6 +8,7 @@
 #include <memory>
 #include <optional>
 #include <ostream>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -17,10 +18,18 @@ enum class WindowManagerKind { Openbox, Xfwm4, KWin };
 
 std::ostream& operator<<(std::ostream& stream, WindowManagerKind kind);
 
+enum class ServerKind { Xvfb, XorgWithTouchpad };
+
+/// The X server of choice cannot be started here.
+class ServerNotStarted : public std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
 struct SessionOptions {
   /// None leaves the screen without one.
   std::optional<WindowManagerKind> windowManager = WindowManagerKind::Openbox;
   int desktops = 4;
+  ServerKind server = ServerKind::Xvfb;
   std::string screen = "1280x800x24";
   std::vector<std::string> serverArguments;
 };
@@ -33,6 +42,9 @@ class X11Session {
   ~X11Session();
 
   const std::string& display() const { return display_; }
+
+  /// Where the driver of the server's touchpad listens.
+  std::filesystem::path touchpadSocket() const { return folder_.path() / "touchpad"; }
   std::filesystem::path home() const { return folder_.path() / "home"; }
   std::filesystem::path configFolder() const { return home() / ".config"; }
 
@@ -65,6 +77,7 @@ class X11Session {
   void prepareFolders();
   void startBus();
   void startServer(const SessionOptions& options);
+  std::vector<std::string> serverCommand(const SessionOptions& options, const std::string& announcement) const;
   void writeDesktopCount(WindowManagerKind kind) const;
   bool managedBySomebody();
   std::optional<int> rootNumber(const std::string& property);
