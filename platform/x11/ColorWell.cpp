@@ -62,7 +62,7 @@ void ColorWell::openDialog() {
     // The dialog of a desktop's own would not let its changes be followed as they are made.
     dialog_->setOption(QColorDialog::DontUseNativeDialog);
     dialog_->setAttribute(Qt::WA_DeleteOnClose);
-    dialog_->setWindowTitle(accessibleName());
+    dialog_->setWindowTitle(QStringLiteral("Color: %1").arg(accessibleName()));
     dialog_->setCurrentColor(color_);
     connect(dialog_, &QColorDialog::currentColorChanged, this, [this](const QColor& color) { choose(color); });
     connect(dialog_, &QColorDialog::rejected, this, [this, before = color_] { choose(before); });

@@ -107,7 +107,12 @@ WidgetPointer makeWidget(const Control& control) {
 Size intrinsicSizeOf(const Control& control) {
   const WidgetPointer widget = makeWidget(control);
   widget->ensurePolished();
-  const QSize size = widget->sizeHint();
+  QSize size = widget->sizeHint();
+  if (std::holds_alternative<PushButtonControl>(control)) {
+    // Styles leave long titles hardly any room.
+    constexpr int besideTitle = 8;
+    size.rwidth() += 2 * besideTitle;
+  }
   return {static_cast<double>(size.width()), static_cast<double>(size.height())};
 }
 

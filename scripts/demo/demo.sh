@@ -14,6 +14,12 @@
 . "$root/scripts/demo/switching.sh"
 # shellcheck source=scripts/demo/looks.sh
 . "$root/scripts/demo/looks.sh"
+# shellcheck source=scripts/demo/labels.sh
+. "$root/scripts/demo/labels.sh"
+# shellcheck source=scripts/demo/menu.sh
+. "$root/scripts/demo/menu.sh"
+# shellcheck source=scripts/demo/preferences.sh
+. "$root/scripts/demo/preferences.sh"
 
 log_folder=$root/build/demo-logs
 
@@ -25,7 +31,10 @@ run_demo() {
   start_desktop
   open_sample_windows
   note "Desktop without a screen: display $DISPLAY, window manager $window_manager"
+  show_labels
   show_switching
   show_looks
+  show_menu
+  show_preferences
   note "All that was expected was seen. Screenshots: ${screenshot_folder#"$PWD"/}"
 }

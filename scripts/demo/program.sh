@@ -7,13 +7,19 @@ program_pid=
 # start_program SETTINGS: with SETTINGS, a JSON object, as all that is stored; waits until the tour at launch is over,
 # so that no switch of a step mixes with it.
 start_program() {
+  launch_program "$1"
+  wait_for_end_of_tour
+}
+
+launch_program() {
   mkdir -p "$XDG_CONFIG_HOME/roomlattice"
   printf '%s\n' "$1" >"$XDG_CONFIG_HOME/roomlattice/settings.json"
   start roomlattice "$program"
   program_pid=$!
   wait_for "the status item" 20 status_item_geometry
-  wait_for "the end of the tour" 40 grep -q 'tour end' "$log_folder/roomlattice.log"
 }
+
+wait_for_end_of_tour() { wait_for "the end of the tour" 40 grep -q 'tour end' "$log_folder/roomlattice.log"; }
 
 stop_program() {
   kill -0 "$program_pid" 2>/dev/null || die "roomlattice has ended by itself (log in $log_folder)"
@@ -39,7 +45,7 @@ status_item_geometry() {
 # The program's only window of the type dock.
 status_item_window() {
   local window
-  for window in $(xdotool search --onlyvisible --class '^roomlattice$' 2>/dev/null); do
+  for window in $(wmctrl -l | awk '$2 == -1 && $NF == "Roomlattice" { print $1 }'); do
     if xprop -id "$window" _NET_WM_WINDOW_TYPE | grep -q _NET_WM_WINDOW_TYPE_DOCK; then
       printf '%s\n' "$window"
       return

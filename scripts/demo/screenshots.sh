@@ -6,17 +6,28 @@ screenshot_number=0
 caption_font=/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf
 strip_height=132
 
-# take_screenshot NAME CAPTION: the whole screen, below it the caption and the status item, enlarged.
+# take_screenshot NAME CAPTION: the whole screen, once it has come to rest.
 take_screenshot() {
-  local file screen=$desktop_folder/screen.ppm item=$desktop_folder/item.png
+  capture_settled_screen "$desktop_folder/screen.ppm"
+  frame_screenshot "$@"
+}
+
+# frame_screenshot NAME CAPTION [without-item]: keeps screen.ppm, with the caption and the status item, enlarged, below.
+frame_screenshot() {
+  local file screen=$desktop_folder/screen.ppm item=$desktop_folder/item.png caption
   screenshot_number=$((screenshot_number + 1))
   file=$(printf '%s/%02d-%s.png' "$screenshot_folder" "$screenshot_number" "$1")
-  capture_settled_screen "$screen"
-  enlarge_status_item "$screen" "$item"
+  caption="$screenshot_number. $2"
+  if [[ ${3-} == without-item ]]; then
+    convert -size 1x1 xc:'#16181c' "$item"
+  else
+    enlarge_status_item "$screen" "$item"
+  fi
+  # A per cent sign is doubled for convert.
   convert "$screen" \
     \( -size "${desktop_size%x*}x$strip_height" xc:'#16181c' \
-    \( -background none -fill white -font "$caption_font" -pointsize 21 -size "540x$((strip_height - 20))" \
-    -gravity West caption:"$screenshot_number. $2" \) -gravity West -geometry +24+0 -composite \
+    \( -background none -fill white -font "$caption_font" -pointsize 21 -size "560x$((strip_height - 20))" \
+    -gravity West caption:"${caption//%/%%}" \) -gravity West -geometry +24+0 -composite \
     "$item" -gravity East -geometry +24+0 -composite \) \
     -gravity None -append -strip "$file"
   note "  ${file#"$root"/}: $2"

@@ -12,7 +12,7 @@ packages_for() {
     # A desktop without a screen, and the tools that act on it from outside.
     desktop)
       printf '%s\n' xvfb openbox xfwm4 kwin-x11 picom hsetroot dbus xterm fonts-dejavu-core \
-        xdotool wmctrl x11-utils x11-xserver-utils xsettingsd imagemagick
+        xdotool xclip wmctrl x11-utils x11-xserver-utils xsettingsd imagemagick
       ;;
     # The X server with a touchpad that the tests move.
     test)
