@@ -31,10 +31,11 @@ run_demo() {
   start_desktop
   open_sample_windows
   note "Desktop without a screen: display $DISPLAY, window manager $window_manager"
+  show_tour
+  show_menu
   show_labels
   show_switching
   show_looks
-  show_menu
   show_preferences
   note "All that was expected was seen. Screenshots: ${screenshot_folder#"$PWD"/}"
 }

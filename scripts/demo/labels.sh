@@ -1,9 +1,8 @@
 # shellcheck shell=bash
-# The labels: the tour that puts them in their places, the flash after a switch, show-all from the corner, and sending
-# them away with the pointer. To be sourced after switching.sh.
+# The tour that puts the labels in their places; the labels themselves: the flash after a switch, show-all from the
+# corner, and sending them away with the pointer. To be sourced after switching.sh.
 
 show_labels() {
-  show_tour
   show_labels_of_all_desktops
   show_flash
   show_corner
@@ -12,18 +11,18 @@ show_labels() {
 }
 
 show_tour() {
-  launch_program "{$named_settings}"
+  launch_program "{}"
   wait_for "the overlay of the tour" 20 overlay_is_shown
   import -window root "ppm:$desktop_folder/screen.ppm"
   frame_screenshot tour "The tour at launch: every desktop is visited once"
   wait_for_end_of_tour
+  wait_for "a label on each desktop" 10 each_desktop_has_a_label
   desktop_is 0 || die "the tour ended on desktop $(current_desktop), not where it began"
 }
 
 # By the window manager's own account.
 show_labels_of_all_desktops() {
   local desktop tiles=()
-  wait_for "a label on each desktop" 10 each_desktop_has_a_label
   for desktop in 1 2 3 0; do
     catch_flash "$desktop"
     convert "$desktop_folder/screen.ppm" -resize 50% "$desktop_folder/tile-$desktop.png"

@@ -4,12 +4,10 @@
 row_height=24
 
 show_menu() {
-  start_program "{}"
-  switch_to_desktop 0
   show_rows
   show_renaming
   show_row_switch animated "A click on a row switches, with the desktops in between passing by"
-  stop_program
+  remember_names
 }
 
 show_rows() {
@@ -19,19 +17,35 @@ show_rows() {
 }
 
 show_renaming() {
-  click_pencil_of_row 2
-  xdotool key ctrl+a
-  xdotool type --delay 40 'Büro'
+  type_name_of_row 2 Mail
   take_screenshot renaming "A new name is being typed"
-  xdotool key Return
-  wait_for "the name in the settings" 10 grep -q 'Büro' "$XDG_CONFIG_HOME/roomlattice/settings.json"
+  keep_name Mail
   take_screenshot renamed "Return keeps the name, and the menu stays open"
+  type_name_of_row 3 "Deep work"
+  keep_name "Deep work"
   close_menu
   catch_flash 1
   frame_screenshot new-name "The new name in the status item and on the label"
   open_menu
   take_screenshot next-menu "And in the menu when it is opened again"
   close_menu
+}
+
+# type_name_of_row ROW NAME
+type_name_of_row() {
+  click_pencil_of_row "$1"
+  xdotool key ctrl+a
+  xdotool type --delay 40 "$2"
+}
+
+keep_name() {
+  xdotool key Return
+  wait_for "the name in the settings" 10 grep -q "\"$1\"" "$settings_file"
+}
+
+# For the steps that start the program anew. What the desktops are known by is for the program to say.
+remember_names() {
+  named_settings=$(tr -d '\n' <"$settings_file" | grep -o '"SpaceNames": *{[^}]*}')
 }
 
 # show_row_switch NAME CAPTION: from the second desktop to the fourth.

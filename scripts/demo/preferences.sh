@@ -21,7 +21,7 @@ show_colors() {
   # The second palette of the list.
   click_in_preferences 300 111
   xdotool key Down Return
-  wait_for "the colours in the settings" 10 grep -q SpaceColors "$XDG_CONFIG_HOME/roomlattice/settings.json"
+  wait_for "the colours in the settings" 10 grep -q SpaceColors "$settings_file"
   take_screenshot palette "Another palette, applied to all desktops at once"
   click_in_preferences 227 222
   wait_for "the colour dialog" 10 wmctrl -R "Color: Mail"
@@ -34,7 +34,7 @@ show_menu_bar() {
   take_screenshot preferences-menu-bar "The page of the status item and of switching"
   # Switching without the animation.
   click_in_preferences 47 153
-  wait_for "the setting" 10 grep -q '"InstantMenuSwitch": true' "$XDG_CONFIG_HOME/roomlattice/settings.json"
+  wait_for "the setting" 10 grep -q '"InstantMenuSwitch": true' "$settings_file"
   show_row_switch instant "A click on a row after that switches at once"
   switch_to_desktop 1
 }

@@ -3,6 +3,10 @@
 
 program=$root/build/release/app/roomlattice
 program_pid=
+settings_file=
+
+# Where the user has named desktops: the names, as they are stored.
+named_settings='"SpaceNames": {}'
 
 # start_program SETTINGS: with SETTINGS, a JSON object, as all that is stored; waits until the tour at launch is over,
 # so that no switch of a step mixes with it.
@@ -12,8 +16,9 @@ start_program() {
 }
 
 launch_program() {
-  mkdir -p "$XDG_CONFIG_HOME/roomlattice"
-  printf '%s\n' "$1" >"$XDG_CONFIG_HOME/roomlattice/settings.json"
+  settings_file=$XDG_CONFIG_HOME/roomlattice/settings.json
+  mkdir -p "${settings_file%/*}"
+  printf '%s\n' "$1" >"$settings_file"
   start roomlattice "$program"
   program_pid=$!
   wait_for "the status item" 20 status_item_geometry
@@ -29,8 +34,11 @@ stop_program() {
 
 # Prints the status item's left, top, width and height; fails while there is none.
 status_item_geometry() {
-  local window
-  window=$(status_item_window)
+  local window='' attempt
+  # The list cannot be read while a window of it is going.
+  for ((attempt = 0; attempt < 10; ++attempt)); do
+    window=$(status_item_window) && break
+  done
   # Without one, xwininfo would wait for a click.
   if [[ -z $window ]]; then return 1; fi
   xwininfo -id "$window" | awk '
@@ -44,8 +52,10 @@ status_item_geometry() {
 
 # The program's only window of the type dock.
 status_item_window() {
-  local window
-  for window in $(wmctrl -l | awk '$2 == -1 && $NF == "Roomlattice" { print $1 }'); do
+  local list windows window
+  list=$(wmctrl -l 2>/dev/null) || return 1
+  mapfile -t windows < <(awk '$2 == -1 && $NF == "Roomlattice" { print $1 }' <<<"$list")
+  for window in "${windows[@]}"; do
     if xprop -id "$window" _NET_WM_WINDOW_TYPE | grep -q _NET_WM_WINDOW_TYPE_DOCK; then
       printf '%s\n' "$window"
       return

@@ -4,9 +4,6 @@
 # The first colours of the palette that desktops have as long as the user gives them none.
 desktop_colors=('#FFB5C2' '#B0D4FF' '#B8F5B8' '#FFD999')
 
-# The user's names for the second and the third desktop.
-named_settings='"SpaceNames": {"desktop-2": "Mail", "desktop-3": "Deep work"}'
-
 show_switching() {
   local captions=(
     "The first desktop, which the user has not named"
