@@ -4,6 +4,7 @@
 #include "platform/x11/QtValues.h"
 #include "platform/x11/Text.h"
 
+#include <QComboBox>
 #include <QEvent>
 #include <QGuiApplication>
 #include <QLabel>
@@ -76,6 +77,11 @@ void TabbedPanel::addPage(QTabWidget& tabs, const TabPage& page) {
     if (previous != nullptr) {
       QWidget::setTabOrder(previous, widget);
     }
+    // Screen readers get the name of a pop-up from its label alone.
+    if (auto* label = dynamic_cast<QLabel*>(previous);
+        label != nullptr && dynamic_cast<QComboBox*>(widget) != nullptr) {
+      label->setBuddy(widget);
+    }
     previous = widget;
     controls.push_back(widget);
   }
@@ -111,7 +117,19 @@ void TabbedPanel::setText(ControlReference label, const std::string& text) {
 }
 
 void TabbedPanel::setEnabled(ControlReference button, bool enabled) {
-  controls_.at(button.page).at(button.control)->setEnabled(enabled);
+  QWidget* widget = controls_.at(button.page).at(button.control);
+  if (!enabled && window_.focusWidget() == widget) {
+    // Otherwise the toolkit passes the keyboard on to the next control for good.
+    widget->clearFocus();
+    awaitsFocus_ = widget;
+  }
+  widget->setEnabled(enabled);
+  if (enabled && awaitsFocus_ == widget) {
+    awaitsFocus_ = nullptr;
+    if (window_.focusWidget() == nullptr) {
+      widget->setFocus();
+    }
+  }
 }
 
 }  // namespace roomlattice::platform::x11

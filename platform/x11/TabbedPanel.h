@@ -27,6 +27,8 @@ class TabbedPanel final : public TabbedWindow {
   QWidget window_;
   // By page and place; owned by the window.
   std::vector<std::vector<QWidget*>> controls_;
+  // A control that was disabled while it had the keyboard.
+  QWidget* awaitsFocus_ = nullptr;
 };
 
 }  // namespace roomlattice::platform::x11

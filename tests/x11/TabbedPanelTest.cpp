@@ -1,0 +1,139 @@
+#include "platform/x11/TabbedPanel.h"
+
+#include "tests/x11/UserInterfaceFixture.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QComboBox>
+#include <QTabWidget>
+#include <gmock/gmock.h>
+
+namespace roomlattice::tests {
+namespace {
+
+using platform::CheckBoxControl;
+using platform::Control;
+using platform::PopUpControl;
+using platform::PushButtonControl;
+using platform::SelectableTextControl;
+using platform::SliderControl;
+using platform::TabbedWindow;
+using platform::TabbedWindowModel;
+using platform::TabPage;
+using ::testing::ElementsAre;
+
+class TabbedPanelTest : public ::testing::Test {
+ protected:
+  /// One page, the controls below one another.
+  void showPage(const std::vector<Control>& controls) {
+    TabPage page{.identifier = "page", .label = "Page", .size = {400.0, 300.0}};
+    double y = 260.0;
+    for (const Control& control : controls) {
+      page.controls.push_back({{{20.0, y}, {200.0, 24.0}}, control});
+      y -= 40.0;
+    }
+    panel_ = ui_.userInterface.createTabbedWindow(
+        {.title = "Panel", .contentSize = {420.0, 360.0}, .tabFrame = {{0.0, 0.0}, {420.0, 360.0}}, .pages = {page}});
+    panel_->show();
+    ASSERT_TRUE(waitFor([this] { return window() != nullptr && window()->isActiveWindow(); }));
+  }
+
+  static QWidget* window() {
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+      if (widget->windowTitle() == QStringLiteral("Panel")) {
+        return widget;
+      }
+    }
+    return nullptr;
+  }
+
+  void press(const std::string& keys) { ui_.session.run({"xdotool", "key", keys}); }
+
+  UserInterfaceSession ui_;
+  std::unique_ptr<TabbedWindow> panel_;
+};
+
+std::string nameOf(QWidget* widget) {
+  QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(widget);
+  return interface == nullptr ? "" : interface->text(QAccessible::Name).toStdString();
+}
+
+QAccessible::Role roleOf(QWidget* widget) {
+  QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(widget);
+  return interface == nullptr ? QAccessible::NoRole : interface->role();
+}
+
+PushButtonControl button(const std::string& title) {
+  return {.title = title, .action = [] {}};
+}
+
+TEST_F(TabbedPanelTest, IsReachedByTheKeyboardFromControlToControl) {
+  showPage({CheckBoxControl{.title = "Check", .action = [](platform::CheckState) {}}, button("Push"),
+            SelectableTextControl{.text = "text", .accessibilityLabel = "Text"}});
+  std::vector<std::string> visited;
+  for (int step = 0; step < 3; ++step) {
+    QWidget* before = window()->focusWidget();
+    press("Tab");
+    ASSERT_TRUE(waitFor([&] { return window()->focusWidget() != before; }));
+    visited.push_back(nameOf(window()->focusWidget()));
+  }
+  EXPECT_THAT(visited, ElementsAre("Check", "Push", "Text"));
+}
+
+TEST_F(TabbedPanelTest, TellsScreenReadersNamesAndRoles) {
+  showPage({SliderControl{.accessibilityLabel = "Size", .action = [](double) {}},
+            platform::ColorWellControl{.accessibilityLabel = "Shade", .action = [](std::int64_t, platform::Color) {}},
+            button("Push")});
+  std::map<std::string, QAccessible::Role> roles;
+  for (QWidget* widget : window()->findChildren<QWidget*>()) {
+    roles[nameOf(widget)] = roleOf(widget);
+  }
+  EXPECT_EQ(roles["Size"], QAccessible::Slider);
+  EXPECT_EQ(roles["Shade"], QAccessible::Button);
+  EXPECT_EQ(roles["Push"], QAccessible::Button);
+}
+
+TEST_F(TabbedPanelTest, TellsScreenReadersTheLabelOfAPopUp) {
+  showPage({platform::LabelControl{.text = "Choice:"}, PopUpControl{.items = {"One"}, .action = [](int) {}}});
+  QAccessibleInterface* popUp = QAccessible::queryAccessibleInterface(window()->findChild<QComboBox*>());
+  ASSERT_NE(popUp, nullptr);
+  EXPECT_EQ(popUp->role(), QAccessible::ComboBox);
+  const auto labels = popUp->relations(QAccessible::Label);
+  ASSERT_EQ(labels.size(), 1);
+  EXPECT_EQ(labels.first().first->text(QAccessible::Name), QStringLiteral("Choice:"));
+}
+
+TEST_F(TabbedPanelTest, GivesTheKeyboardBackToAButtonThatWasDisabledForAWhile) {
+  showPage({button("Gather"), SelectableTextControl{.text = "text", .accessibilityLabel = "Text"}});
+  press("Tab");
+  ASSERT_TRUE(waitFor([] { return nameOf(window()->focusWidget()) == "Gather"; }));
+  panel_->setEnabled({0, 0}, false);
+  EXPECT_EQ(window()->focusWidget(), nullptr);
+  panel_->setEnabled({0, 0}, true);
+  EXPECT_EQ(nameOf(window()->focusWidget()), "Gather");
+}
+
+TEST_F(TabbedPanelTest, LeavesTheKeyboardWhereTheUserHasTakenItMeanwhile) {
+  showPage({button("Gather"), SelectableTextControl{.text = "text", .accessibilityLabel = "Text"}});
+  press("Tab");
+  ASSERT_TRUE(waitFor([] { return nameOf(window()->focusWidget()) == "Gather"; }));
+  panel_->setEnabled({0, 0}, false);
+  for (QWidget* widget : window()->findChildren<QWidget*>()) {
+    if (nameOf(widget) == "Text") {
+      widget->setFocus();
+    }
+  }
+  panel_->setEnabled({0, 0}, true);
+  EXPECT_EQ(nameOf(window()->focusWidget()), "Text");
+}
+
+TEST_F(TabbedPanelTest, ComesBackAfterItWasClosed) {
+  showPage({button("Push")});
+  press("ctrl+w");
+  ASSERT_TRUE(waitFor([] { return !window()->isVisible(); }));
+  panel_->show();
+  EXPECT_TRUE(waitFor([] { return window()->isActiveWindow(); }));
+}
+
+}  // namespace
+}  // namespace roomlattice::tests
