@@ -20,6 +20,9 @@ namespace {
 
 constexpr double margin = 20.0;
 
+// EWMH: a request that comes straight from the user.
+constexpr std::uint32_t sourceIsPager = 2;
+
 /// Turning the wheel over a page scrolls it, whatever control is under the pointer.
 class WheelToPage final : public QObject {
  public:
@@ -51,7 +54,8 @@ QSize toQt(const Size& size) {
 
 }  // namespace
 
-TabbedPanel::TabbedPanel(const TabbedWindowModel& model) {
+TabbedPanel::TabbedPanel(const TabbedWindowModel& model, X11Connection& connection, const X11Desktops& desktops)
+    : connection_(connection), desktops_(desktops) {
   window_.setWindowTitle(x11::toQt(model.title));
   window_.setFixedSize(toQt(model.contentSize));
   auto* tabs = new QTabWidget(&window_);
@@ -103,7 +107,19 @@ void TabbedPanel::center() {
   }
 }
 
+void TabbedPanel::bringToCurrentDesktop() {
+  const std::optional<std::size_t> current = desktops_.list().current;
+  if (!window_.isVisible() || !current) {
+    return;
+  }
+  connection_.sendToRoot(static_cast<xcb_window_t>(window_.winId()), connection_.ewmh()->_NET_WM_DESKTOP,
+                         {static_cast<std::uint32_t>(*current), sourceIsPager, 0, 0, 0});
+  connection_.waitForServer();
+}
+
 void TabbedPanel::show() {
+  // Before it is activated: many window managers would rather take the user to where it is.
+  bringToCurrentDesktop();
   window_.show();
   window_.setWindowState(window_.windowState() & ~Qt::WindowMinimized);
   window_.raise();

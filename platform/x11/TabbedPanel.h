@@ -1,6 +1,8 @@
 #pragma once
 
 #include "platform/Controls.h"
+#include "platform/x11/X11Connection.h"
+#include "platform/x11/X11Desktops.h"
 
 #include <QWidget>
 #include <string>
@@ -14,7 +16,8 @@ namespace roomlattice::platform::x11 {
 /// whose controls need more room than it has can be scrolled.
 class TabbedPanel final : public TabbedWindow {
  public:
-  explicit TabbedPanel(const TabbedWindowModel& model);
+  /// The others must outlive the panel.
+  TabbedPanel(const TabbedWindowModel& model, X11Connection& connection, const X11Desktops& desktops);
 
   void show() override;
   void setText(ControlReference label, const std::string& text) override;
@@ -23,7 +26,10 @@ class TabbedPanel final : public TabbedWindow {
  private:
   void addPage(QTabWidget& tabs, const TabPage& page);
   void center();
+  void bringToCurrentDesktop();
 
+  X11Connection& connection_;
+  const X11Desktops& desktops_;
   QWidget window_;
   // By page and place; owned by the window.
   std::vector<std::vector<QWidget*>> controls_;

@@ -107,6 +107,11 @@ void X11Connection::flush() {
   xcb_flush(connection_);
 }
 
+void X11Connection::waitForServer() {
+  const XcbPointer<xcb_get_input_focus_reply_t> reply(
+      xcb_get_input_focus_reply(connection_, xcb_get_input_focus(connection_), nullptr));
+}
+
 void X11Connection::deliverEvents() {
   bool any = false;
   while (const XcbPointer<xcb_generic_event_t> event{xcb_poll_for_event(connection_)}) {

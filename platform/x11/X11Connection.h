@@ -69,6 +69,9 @@ class X11Connection {
   /// Sends all requests made so far.
   void flush();
 
+  /// Sends them and waits until the server has carried them out: what another connection asks for comes later then.
+  void waitForServer();
+
   bool isLost() const { return xcb_connection_has_error(connection_) != 0; }
 
   /// Delivers the events that have arrived. The event loop does this by itself.

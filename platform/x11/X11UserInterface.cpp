@@ -37,7 +37,7 @@ std::unique_ptr<Window> X11UserInterface::createOverlayWindow(const OverlayWindo
 }
 
 std::unique_ptr<TabbedWindow> X11UserInterface::createTabbedWindow(const TabbedWindowModel& model) {
-  return std::make_unique<TabbedPanel>(model);
+  return std::make_unique<TabbedPanel>(model, connection_, overlays_.desktops);
 }
 
 }  // namespace roomlattice::platform::x11
