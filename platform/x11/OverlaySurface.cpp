@@ -5,9 +5,10 @@
 namespace roomlattice::platform::x11 {
 namespace {
 
-constexpr Qt::WindowFlags surfaceFlags = Qt::Window | Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus |
+constexpr Qt::WindowFlags surfaceHints = Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus |
                                          Qt::WindowTransparentForInput | Qt::NoDropShadowWindowHint |
                                          Qt::WindowStaysOnTopHint;
+constexpr Qt::WindowFlags surfaceFlags = Qt::Window | surfaceHints;
 
 }  // namespace
 
@@ -22,6 +23,14 @@ OverlaySurface::OverlaySurface() : QWidget(nullptr, surfaceFlags) {
 void OverlaySurface::place(const QRect& frame) {
   wanted_ = frame;
   setGeometry(frame);
+}
+
+void OverlaySurface::appear() {
+  // When an ordinary window appears, the toolkit closes all menus; it does not for what it takes for a tool. This is
+  // between the two of them: the window system is not told.
+  overrideWindowFlags(Qt::Tool | surfaceHints);
+  show();
+  overrideWindowFlags(surfaceFlags);
 }
 
 void OverlaySurface::moveEvent(QMoveEvent* event) {

@@ -14,6 +14,9 @@ class OverlaySurface final : public QWidget {
   /// Where it is to be, in Qt's coordinates.
   void place(const QRect& frame);
 
+  /// Shows it beside a menu that may be open.
+  void appear();
+
   /// To be called before it appears, when window managers have their ideas.
   void allowCorrections() { corrections_ = maximumCorrections; }
 

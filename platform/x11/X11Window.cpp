@@ -147,7 +147,7 @@ void X11Window::map() {
   native_.leaveGroup();
   desktopCorrections_ = maximumCorrections;
   surface_.allowCorrections();
-  surface_.show();
+  surface_.appear();
   environment_.stack.raise(surface_);
 }
 

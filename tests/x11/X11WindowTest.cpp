@@ -6,6 +6,8 @@
 #include "tests/x11/UserInterfaceFixture.h"
 #include "tests/x11/WindowProbe.h"
 
+#include <QApplication>
+#include <QMenu>
 #include <gmock/gmock.h>
 
 namespace roomlattice::tests {
@@ -153,6 +155,17 @@ TEST_P(OverlayWindowUnder, IsOnTheDesktopItWasPutOnAndNowhereElse) {
   EXPECT_TRUE(centerBecomes(Qt::red));
   switchTo(1);
   EXPECT_TRUE(waitFor([&] { return !similar(centerColor(), Qt::red); }));
+}
+
+TEST_P(OverlayWindowUnder, LeavesAMenuOpenWhenItAppears) {
+  QMenu menu;
+  menu.addAction(QStringLiteral("Item"));
+  menu.popup({10, 10});
+  ASSERT_TRUE(waitFor([&] { return QApplication::activePopupWidget() == &menu; }));
+  const auto window = makeOn(0);
+  ASSERT_TRUE(centerBecomes(Qt::red));
+  EXPECT_EQ(QApplication::activePopupWidget(), &menu);
+  EXPECT_EQ(probe(*window).types().front(), "_NET_WM_WINDOW_TYPE_NOTIFICATION");
 }
 
 TEST_P(OverlayWindowUnder, MovesToAnotherDesktop) {
