@@ -44,11 +44,14 @@ bool Program::hasLogged(const std::string& text) {
 
 bool Program::knowsDesktop(const std::string& uuid) const {
   return waitFor([&] {
-    const platform::x11::FileDefaults defaults(settingsFile(), [](const std::string&) {});
-    const auto known = defaults.object("KnownSpaceUUIDs");
+    const auto known = setting("KnownSpaceUUIDs");
     const auto uuids = known ? known->toStrings() : std::nullopt;
     return uuids && std::ranges::find(*uuids, uuid) != uuids->end();
   });
+}
+
+std::optional<platform::Value> Program::setting(const std::string& key) {
+  return platform::x11::FileDefaults(settingsFile(), [](const std::string&) {}).object(key);
 }
 
 std::vector<std::string> Program::complaints() const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/Value.h"
 #include "tests/x11/ChildProcess.h"
 
 #include <filesystem>
@@ -24,6 +25,9 @@ class Program {
 
   /// Waits until it has taken note of a desktop in its settings.
   bool knowsDesktop(const std::string& uuid) const;
+
+  /// What its settings file now holds under `key`.
+  static std::optional<platform::Value> setting(const std::string& key);
 
   /// Waits until it ends; nothing when it does not.
   std::optional<int> exitStatus() { return process_.waitForExitStatus(); }

@@ -12,6 +12,8 @@ namespace {
 using platform::x11::X11Connection;
 using platform::x11::XcbPointer;
 
+constexpr int rowHeight = 24;
+
 bool isComposited(X11Connection& connection) {
   const xcb_atom_t selection = connection.atom("_NET_WM_CM_S" + std::to_string(connection.screenNumber()));
   const XcbPointer<xcb_get_selection_owner_reply_t> reply(
@@ -98,6 +100,54 @@ void ProgramSession::pressKeys(const std::vector<std::string>& keys) {
 
 void ProgramSession::typeText(const std::string& text) {
   session.run({"xdotool", "type", "--clearmodifiers", text});
+}
+
+bool ProgramSession::openMenu() {
+  const std::optional<WindowProbe> item = windows().statusItem();
+  const std::optional<QRect> frame = item ? item->geometry() : std::nullopt;
+  if (!frame) {
+    return false;
+  }
+  clickAt(frame->center());
+  if (!waitFor([this] { return windows().popup().has_value(); })) {
+    return false;
+  }
+  // It has the keyboard and the pointer once it answers to them: the row under the pointer is highlighted.
+  movePointerTo(menuRow(0));
+  const QPoint leftEdge(menuFrame().left() + 5, 0);
+  return waitFor([&] {
+    const auto color = [&](const QPoint& place) { return screenColor(connection(), {leftEdge.x(), place.y()}); };
+    return color(menuRow(0)) != color(menuRow(1)) && color(menuRow(1)) == color(quitCommand());
+  });
+}
+
+bool ProgramSession::menuCloses() {
+  return waitFor([this] { return !isMenuOpen(); });
+}
+
+QRect ProgramSession::menuFrame() {
+  const std::optional<WindowProbe> menu = windows().popup();
+  return menu ? menu->geometry().value_or(QRect()) : QRect();
+}
+
+QPoint ProgramSession::menuRow(int row) {
+  const QRect menu = menuFrame();
+  return {menu.left() + 60, menu.top() + 1 + row * rowHeight + rowHeight / 2};
+}
+
+QPoint ProgramSession::pencilOfMenuRow(int row) {
+  return {menuFrame().right() - 20, menuRow(row).y()};
+}
+
+QPoint ProgramSession::preferencesCommand(int rows) {
+  // Two commands, each below a separator, follow the rows.
+  const QRect menu = menuFrame();
+  const int firstBelow = menu.top() + 1 + rows * rowHeight;
+  return {menu.left() + 60, firstBelow + (menu.bottom() - firstBelow) * 3 / 10};
+}
+
+QPoint ProgramSession::quitCommand() {
+  return {menuFrame().left() + 60, menuFrame().bottom() - rowHeight / 2};
 }
 
 QColor defaultColorOf(int desktop) {

@@ -6,6 +6,7 @@
 
 #include <QColor>
 #include <QPoint>
+#include <QRect>
 #include <memory>
 #include <optional>
 #include <string>
@@ -49,7 +50,20 @@ class ProgramSession {
   void pressKeys(const std::vector<std::string>& keys);
   void typeText(const std::string& text);
 
+  /// Opens the menu by a click on the status item; false when it does not come up, ready for use.
+  bool openMenu();
+  bool isMenuOpen() { return windows().popup().has_value(); }
+  bool menuCloses();
+
+  /// Places in the open menu.
+  QPoint menuRow(int row);
+  QPoint pencilOfMenuRow(int row);
+  QPoint preferencesCommand(int rows);
+  QPoint quitCommand();
+
  private:
+  QRect menuFrame();
+
   std::unique_ptr<platform::x11::X11Connection> connection_;
   std::unique_ptr<ChildProcess> compositor_;
   std::unique_ptr<Program> program_;

@@ -61,6 +61,25 @@ std::vector<WindowProbe> ProgramWindows::overlaysEverywhere() const {
   return labelsOn(platform::x11::allDesktops);
 }
 
+std::optional<WindowProbe> ProgramWindows::popup() const {
+  for (const xcb_window_t window : all()) {
+    const WindowProbe probe(connection_, window);
+    if (probe.isOverrideRedirect() && probe.isViewable()) {
+      return probe;
+    }
+  }
+  return std::nullopt;
+}
+
+std::optional<WindowProbe> ProgramWindows::preferences() const {
+  for (const WindowProbe& window : ofType("NORMAL")) {
+    if (!window.isOverrideRedirect() && window.isViewable()) {
+      return window;
+    }
+  }
+  return std::nullopt;
+}
+
 std::optional<WindowProbe> ProgramWindows::viewable(const std::string& type) const {
   const std::vector<WindowProbe> windows = ofType(type);
   const auto found = std::ranges::find_if(windows, &WindowProbe::isViewable);

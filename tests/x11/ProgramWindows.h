@@ -31,7 +31,13 @@ class ProgramWindows {
   /// Overlay windows on all desktops at once: while the tour runs, one.
   std::vector<WindowProbe> overlaysEverywhere() const;
 
-  /// The first that is to be seen of windows of that type, such as "NORMAL" or "POPUP_MENU" (EWMH).
+  /// What has popped up, the menu or the choices of a pop-up button.
+  std::optional<WindowProbe> popup() const;
+
+  /// The preferences window, when it is to be seen.
+  std::optional<WindowProbe> preferences() const;
+
+  /// The first that is to be seen of the windows of that type, such as "NOTIFICATION" (EWMH).
   std::optional<WindowProbe> viewable(const std::string& type) const;
 
  private:

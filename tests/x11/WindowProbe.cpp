@@ -28,6 +28,12 @@ bool WindowProbe::isViewable() const {
   return attributes != nullptr && attributes->map_state == XCB_MAP_STATE_VIEWABLE;
 }
 
+bool WindowProbe::isOverrideRedirect() const {
+  const XcbPointer<xcb_get_window_attributes_reply_t> attributes(xcb_get_window_attributes_reply(
+      connection_->raw(), xcb_get_window_attributes(connection_->raw(), window_), nullptr));
+  return attributes != nullptr && attributes->override_redirect != 0;
+}
+
 std::vector<std::string> WindowProbe::types() const {
   return atomNames("_NET_WM_WINDOW_TYPE");
 }

@@ -23,6 +23,9 @@ class WindowProbe {
   /// Whether it and all that surround it are mapped.
   bool isViewable() const;
 
+  /// Whether window managers are to leave it alone, as they do with menus.
+  bool isOverrideRedirect() const;
+
   std::vector<std::string> types() const;
   bool hasState(const std::string& name) const;
   std::optional<std::uint32_t> number(const std::string& property) const;
