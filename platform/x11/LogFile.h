@@ -11,7 +11,7 @@ namespace roomlattice::platform::x11 {
 /// reason to trouble the user.
 class LogFile {
  public:
-  static constexpr std::uintmax_t usualLimit = 512 * 1024;  // bytes
+  static constexpr std::uintmax_t usualLimit = 524'288;  // bytes
 
   explicit LogFile(std::filesystem::path path, std::uintmax_t limit = usualLimit);
 
