@@ -4,6 +4,7 @@
 #include "tests/x11/ScreenImage.h"
 
 #include <gtest/gtest.h>
+#include <sstream>
 
 namespace roomlattice::tests {
 namespace {
@@ -41,6 +42,18 @@ class PreferencesUnder : public ::testing::TestWithParam<WindowManagerKind> {
     });
   }
 
+  /// For the reader of a failure.
+  std::string situation() {
+    const std::optional<WindowProbe> window = user_.windows().preferences();
+    std::ostringstream text;
+    text << "menu open: " << user_.isMenuOpen() << ", desktop: " << user_.session.currentDesktop().value_or(-1);
+    text << std::hex << ", keyboard at: " << focusedWindow(user_.connection()) << ", preferences: ";
+    if (window) {
+      text << window->id() << " on desktop " << window->desktop().value_or(99);
+    }
+    return text.str();
+  }
+
   bool settingBecomes(const std::string& key, const Value& value) {
     return waitFor([&] { return Program::setting(key) == value; });
   }
@@ -61,17 +74,17 @@ class PreferencesUnder : public ::testing::TestWithParam<WindowManagerKind> {
 
 TEST_P(PreferencesUnder, IsOneWindowThatComesToTheUserWhereverHeIs) {
   ASSERT_TRUE(user_.startAndTour()) << user_.program().process().errorOutput();
-  ASSERT_TRUE(openByShortcut());
+  ASSERT_TRUE(openByShortcut()) << situation();
   const xcb_window_t window = user_.windows().preferences()->id();
   ASSERT_TRUE(user_.switchTo(1));
-  ASSERT_TRUE(openByMouse());
+  ASSERT_TRUE(openByMouse()) << situation();
   EXPECT_EQ(user_.windows().preferences()->id(), window);
   EXPECT_TRUE(user_.isOnDesktop(1));
   EXPECT_TRUE(waitFor([&] { return user_.windows().preferences()->desktop() == 1U; }));
 
   PlainWindow application({300, 100, 700, 650}, Qt::green);
   for (int time = 0; time < 4; ++time) {
-    ASSERT_TRUE(openByShortcut());
+    ASSERT_TRUE(openByShortcut()) << situation();
   }
   EXPECT_EQ(user_.windows().preferences()->id(), window);
   // Other windows of the program stay where they are.
@@ -80,7 +93,7 @@ TEST_P(PreferencesUnder, IsOneWindowThatComesToTheUserWhereverHeIs) {
   user_.pressKeys({"ctrl+w"});
   ASSERT_TRUE(waitFor([&] { return !user_.windows().preferences(); }));
   EXPECT_TRUE(user_.program().process().isRunning());
-  ASSERT_TRUE(openByShortcut());
+  ASSERT_TRUE(openByShortcut()) << situation();
   EXPECT_EQ(user_.windows().preferences()->desktop(), 1U);
   ASSERT_TRUE(user_.openMenu());
   user_.pressKeys({"ctrl+q"});
@@ -89,7 +102,7 @@ TEST_P(PreferencesUnder, IsOneWindowThatComesToTheUserWhereverHeIs) {
 
 TEST_P(PreferencesUnder, WritesWhatIsChosenByKeyboardAndMouseAndTheStatusItemFollows) {
   ASSERT_TRUE(user_.startAndTour()) << user_.program().process().errorOutput();
-  ASSERT_TRUE(openByShortcut());
+  ASSERT_TRUE(openByShortcut()) << situation();
   user_.pressKeys({"ctrl+Tab", "ctrl+Tab", "Tab", "Down"});
   EXPECT_TRUE(settingBecomes("MenuBarWidthMode", "maxTitleLength"));
   EXPECT_TRUE(statusItemBecomesAsWideAs(140));

@@ -133,6 +133,19 @@ void writeFile(const std::filesystem::path& path, const std::string& text) {
   std::ofstream(path) << text;
 }
 
+/// By what a process was started with; one of somebody else cannot be looked into, and does not live there.
+bool anyProcessLivesIn(const std::filesystem::path& folder) {
+  std::error_code gone;
+  for (const auto& entry : std::filesystem::directory_iterator("/proc", gone)) {
+    std::ifstream file(entry.path() / "environ");
+    const std::string environment{std::istreambuf_iterator<char>(file), {}};
+    if (environment.find("=" + folder.string()) != std::string::npos) {
+      return true;
+    }
+  }
+  return false;
+}
+
 std::vector<std::string> commandOf(WindowManagerKind kind) {
   switch (kind) {
     case WindowManagerKind::Openbox:
@@ -164,6 +177,8 @@ X11Session::~X11Session() {
   windowManager_.reset();
   server_.reset();
   bus_.reset();
+  // What the bus had started notices by itself, and saves its settings before it ends.
+  waitFor([this] { return !anyProcessLivesIn(folder_.path()); });
 }
 
 void X11Session::prepareFolders() {
