@@ -5,9 +5,9 @@
 #include "preferences/PreferencesStore.h"
 #include "spaces/SpaceManager.h"
 #include "spaces/SpaceObserver.h"
+#include "tests/support/ShownWindows.h"
 #include "tests/support/SimulatedFixture.h"
 
-#include <algorithm>
 #include <cstddef>
 #include <functional>
 #include <optional>
@@ -66,18 +66,9 @@ class LabelFixture : public SimulatedFixture {
     desktop.advance(500ms);
   }
 
-  /// The windows that look like labels, ordered in or not.
-  std::vector<platform::simulated::SimulatedWindow*> labels() {
-    std::vector<platform::simulated::SimulatedWindow*> windows = desktop.windows().overlays();
-    std::erase_if(windows, [](const auto* window) { return window->level() != platform::WindowLevel::Floating; });
-    return windows;
-  }
+  std::vector<platform::simulated::SimulatedWindow*> labels() { return labelsOf(desktop); }
 
-  platform::simulated::SimulatedWindow* labelOn(platform::SpaceID space) {
-    const auto windows = labels();
-    const auto found = std::ranges::find_if(windows, [space](const auto* label) { return label->isOn(space); });
-    return found == windows.end() ? nullptr : *found;
-  }
+  platform::simulated::SimulatedWindow* labelOn(platform::SpaceID space) { return tests::labelOn(desktop, space); }
 
   /// The label of the desktop at `index`, which must be there.
   platform::simulated::SimulatedWindow& label(std::size_t index) {

@@ -9,7 +9,6 @@ namespace roomlattice::tests {
 namespace {
 
 using platform::Rect;
-using platform::WindowLevel;
 using platform::simulated::SimulatedWindow;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
@@ -17,11 +16,7 @@ using ::testing::SizeIs;
 
 class SignTour : public LabelFixture {
  protected:
-  std::vector<SimulatedWindow*> overlays() {
-    std::vector<SimulatedWindow*> windows = desktop.windows().overlays();
-    std::erase_if(windows, [](const SimulatedWindow* window) { return window->level() != WindowLevel::StatusWindow; });
-    return windows;
-  }
+  std::vector<SimulatedWindow*> overlays() { return tourOverlaysOf(desktop); }
 
   void startTour() { post(SpaceManager::tourWillStart); }
   void endTour() { post(SpaceManager::tourDidEnd); }
