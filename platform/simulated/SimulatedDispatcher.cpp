@@ -27,6 +27,8 @@ class SimulatedDispatcher::Pending {
     }
   }
 
+  std::size_t count() const { return tokens_.size(); }
+
   void removeAll() {
     while (!tokens_.empty()) {
       remove(tokens_.begin()->first);
@@ -108,6 +110,10 @@ void SimulatedDispatcher::block(Duration duration) {
   } else {
     time_.block(duration);
   }
+}
+
+std::size_t SimulatedDispatcher::pendingTasks() const {
+  return pending_->count();
 }
 
 void SimulatedDispatcher::endTasks() {

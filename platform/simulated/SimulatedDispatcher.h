@@ -3,6 +3,7 @@
 #include "platform/Dispatcher.h"
 #include "platform/simulated/VirtualTime.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -28,6 +29,9 @@ class SimulatedDispatcher final : public Dispatcher {
 
   /// Lets the caller be blocked for `duration`: the background task that runs, or else the main thread.
   void block(Duration duration);
+
+  /// How many tasks are queued for the program: scheduled ones, and one for each repetition.
+  std::size_t pendingTasks() const;
 
   /// Drops all that is queued. Tasks may own objects of other services, so this comes before those end.
   void endTasks();
