@@ -14,9 +14,10 @@ packages_for() {
       printf '%s\n' xvfb openbox xfwm4 kwin-x11 picom hsetroot dbus xterm fonts-dejavu-core \
         xdotool xclip wmctrl x11-utils x11-xserver-utils xsettingsd imagemagick
       ;;
+    bench) printf '%s\n' libbenchmark-dev ;;
     # The X server with a touchpad that the tests move.
     test)
-      printf '%s\n' libgtest-dev libgmock-dev libbenchmark-dev \
+      printf '%s\n' libgtest-dev libgmock-dev \
         xserver-xorg-core xserver-xorg-video-dummy xserver-xorg-dev xinput libxcb-xtest0-dev
       ;;
     check) printf '%s\n' git clang-format clang-tidy shellcheck ;;
