@@ -1,9 +1,8 @@
 #pragma once
 
 #include "platform/Application.h"
+#include "platform/x11/MenuKeepingApplication.h"
 #include "platform/x11/X11Connection.h"
-
-#include <QApplication>
 
 namespace roomlattice::platform::x11 {
 
@@ -22,7 +21,7 @@ class X11Application final : public Application {
   enum class State { Ready, Running, Terminated };
 
   X11Connection& connection_;
-  QApplication application_;
+  MenuKeepingApplication application_;
   State state_ = State::Ready;
 };
 
