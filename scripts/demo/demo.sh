@@ -23,12 +23,17 @@
 
 log_folder=$root/build/demo-logs
 
-run_demo() {
+# A desktop, which goes when the script ends.
+prepare_demo() {
   mkdir -p "$log_folder" "$screenshot_folder"
   rm -f "$log_folder"/*.log "$screenshot_folder"/*.png
   trap stop_desktop EXIT
   trap 'exit 130' INT TERM HUP PIPE
   start_desktop
+}
+
+run_demo() {
+  prepare_demo
   open_sample_windows
   note "Desktop without a screen: display $DISPLAY, window manager $window_manager"
   show_tour
