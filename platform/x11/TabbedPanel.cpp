@@ -63,6 +63,7 @@ TabbedPanel::TabbedPanel(const TabbedWindowModel& model, X11Connection& connecti
   for (const TabPage& page : model.pages) {
     addPage(*tabs, page);
   }
+  followKeys(*tabs);
   auto* close = new QShortcut(QKeySequence::Close, &window_);
   QObject::connect(close, &QShortcut::activated, &window_, &QWidget::close);
   center();
@@ -99,6 +100,18 @@ void TabbedPanel::addPage(QTabWidget& tabs, const TabPage& page) {
   scrolling->viewport()->setAutoFillBackground(false);
   content->setAutoFillBackground(false);
   tabs.addTab(scrolling, x11::toQt(page.label).replace(u'&', QStringLiteral("&&")));
+}
+
+void TabbedPanel::followKeys(QTabWidget& tabs) {
+  // Pop-ups keep these keys from the tabs, which would know them.
+  const auto turnPages = [this, &tabs](QKeySequence::StandardKey key, int pages) {
+    auto* shortcut = new QShortcut(key, &window_);
+    QObject::connect(shortcut, &QShortcut::activated, &tabs, [&tabs, pages] {
+      tabs.setCurrentIndex((tabs.currentIndex() + tabs.count() + pages) % tabs.count());
+    });
+  };
+  turnPages(QKeySequence::NextChild, 1);
+  turnPages(QKeySequence::PreviousChild, -1);
 }
 
 void TabbedPanel::center() {

@@ -25,6 +25,7 @@ class TabbedPanel final : public TabbedWindow {
 
  private:
   void addPage(QTabWidget& tabs, const TabPage& page);
+  void followKeys(QTabWidget& tabs);
   void center();
   void bringToCurrentDesktop();
 

@@ -24,16 +24,27 @@ using ::testing::ElementsAre;
 
 class TabbedPanelTest : public ::testing::Test {
  protected:
-  /// One page, the controls below one another.
-  void showPage(const std::vector<Control>& controls) {
-    TabPage page{.identifier = "page", .label = "Page", .size = {400.0, 300.0}};
-    double y = 260.0;
-    for (const Control& control : controls) {
-      page.controls.push_back({{{20.0, y}, {200.0, 24.0}}, control});
-      y -= 40.0;
+  void showPage(const std::vector<Control>& controls) { showPages({{"Page", controls}}); }
+
+  struct Page {
+    std::string label;
+    std::vector<Control> controls;
+  };
+
+  /// The controls of each page stand below one another.
+  void showPages(const std::vector<Page>& pages) {
+    TabbedWindowModel model{
+        .title = "Panel", .contentSize = {420.0, 360.0}, .tabFrame = {{0.0, 0.0}, {420.0, 360.0}}, .pages = {}};
+    for (const Page& page : pages) {
+      TabPage& placed = model.pages.emplace_back(
+          TabPage{.identifier = page.label, .label = page.label, .size = {400.0, 300.0}, .controls = {}});
+      double y = 260.0;
+      for (const Control& control : page.controls) {
+        placed.controls.push_back({{{20.0, y}, {200.0, 24.0}}, control});
+        y -= 40.0;
+      }
     }
-    panel_ = ui_.userInterface.createTabbedWindow(
-        {.title = "Panel", .contentSize = {420.0, 360.0}, .tabFrame = {{0.0, 0.0}, {420.0, 360.0}}, .pages = {page}});
+    panel_ = ui_.userInterface.createTabbedWindow(model);
     panel_->show();
     ASSERT_TRUE(waitFor([this] { return window() != nullptr && window()->isActiveWindow(); }));
   }
@@ -78,6 +89,20 @@ TEST_F(TabbedPanelTest, IsReachedByTheKeyboardFromControlToControl) {
     visited.push_back(nameOf(window()->focusWidget()));
   }
   EXPECT_THAT(visited, ElementsAre("Check", "Push", "Text"));
+}
+
+TEST_F(TabbedPanelTest, TurnsItsPagesByTheKeyboardWhateverControlHasIt) {
+  showPages({{"First", {PopUpControl{.items = {"One", "Two"}, .action = [](int) {}}}}, {"Second", {button("Push")}}});
+  auto* tabs = window()->findChild<QTabWidget*>();
+  const auto page = [tabs](int index) { return [tabs, index] { return tabs->currentIndex() == index; }; };
+  press("Tab");
+  ASSERT_TRUE(waitFor([] { return dynamic_cast<QComboBox*>(window()->focusWidget()) != nullptr; }));
+  press("ctrl+Tab");
+  EXPECT_TRUE(waitFor(page(1)));
+  press("ctrl+Tab");
+  EXPECT_TRUE(waitFor(page(0)));
+  press("ctrl+shift+Tab");
+  EXPECT_TRUE(waitFor(page(1)));
 }
 
 TEST_F(TabbedPanelTest, TellsScreenReadersNamesAndRoles) {
