@@ -11,7 +11,7 @@ using namespace std::chrono_literals;
 /// What goes on twice a second for as long as the program runs.
 void primingTickAtRest(benchmark::State& state) {
   RunningProgram program(state);
-  for (auto step : state) {
+  for ([[maybe_unused]] const auto step : state) {
     program.desktop.advance(500ms);
   }
   state.SetComplexityN(state.range(0));
@@ -21,7 +21,7 @@ BENCHMARK(primingTickAtRest)->Apply(overDesktops);
 void primingTickWithEveryLabelToSet(benchmark::State& state) {
   RunningProgram program(state);
   double alpha = 0.5;
-  for (auto step : state) {
+  for ([[maybe_unused]] const auto step : state) {
     alpha = 1.0 - alpha * 0.99;
     program.desktop.storedDefaults()["SignSwipeAlpha"] = alpha;
     program.desktop.advance(500ms);
@@ -33,7 +33,7 @@ BENCHMARK(primingTickWithEveryLabelToSet)->Apply(overDesktops);
 /// Between the fingers' first move and the labels there must be no delay to be felt.
 void swipeBegin(benchmark::State& state) {
   RunningProgram program(state);
-  for (auto step : state) {
+  for ([[maybe_unused]] const auto step : state) {
     program.signs().handleSwipeBegan(true);
   }
   state.SetComplexityN(state.range(0));
@@ -44,7 +44,7 @@ BENCHMARK(swipeBegin)->Apply(overDesktops);
 void labelTextResized(benchmark::State& state) {
   RunningProgram program(state);
   double points = 100.0;
-  for (auto step : state) {
+  for ([[maybe_unused]] const auto step : state) {
     points = points < 200.0 ? points + 1.0 : 100.0;
     PreferencesStore::shared().setSignTextSize(points);
   }

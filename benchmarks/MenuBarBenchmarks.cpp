@@ -6,7 +6,7 @@ namespace {
 
 void titleRefresh(benchmark::State& state) {
   RunningProgram program(state);
-  for (auto step : state) {
+  for ([[maybe_unused]] const auto step : state) {
     program.menuBar().refreshTitle();
   }
   state.SetComplexityN(state.range(0));
@@ -16,7 +16,7 @@ BENCHMARK(titleRefresh)->Apply(overDesktops);
 void menuRebuild(benchmark::State& state) {
   RunningProgram program(state);
   platform::Menu menu;
-  for (auto step : state) {
+  for ([[maybe_unused]] const auto step : state) {
     program.menuBar().menuNeedsUpdate(menu);
   }
   state.SetComplexityN(state.range(0));

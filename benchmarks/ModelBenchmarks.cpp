@@ -24,7 +24,7 @@ std::array<Value, 2> listsOf(const platform::simulated::SimulatedDesktop& deskto
 /// Most reports of the workspace bring the list that is known already.
 void snapshotOfTheSameList(benchmark::State& state) {
   RunningProgram program(state);
-  for (auto step : state) {
+  for ([[maybe_unused]] const auto step : state) {
     program.observer().refresh();
   }
   state.SetComplexityN(state.range(0));
@@ -36,7 +36,7 @@ void snapshotOfAnotherList(benchmark::State& state) {
   RunningProgram program(state);
   const std::array<Value, 2> lists = listsOf(program.desktop);
   std::size_t next = 1;
-  for (auto step : state) {
+  for ([[maybe_unused]] const auto step : state) {
     state.PauseTiming();
     program.desktop.overrideManagedDisplaySpaces(lists.at(next));
     next = 1 - next;
