@@ -1,6 +1,7 @@
 #include "platform/x11/X11System.h"
 
 #include "platform/x11/CommandLine.h"
+#include "platform/x11/Executable.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -15,9 +16,6 @@ namespace {
 // In nanoseconds; the kernel takes the least it knows for 1.
 constexpr unsigned long leastTimerSlack = 1;
 
-/// Also after the program's file was replaced by a newer one.
-constexpr const char* ownExecutable = "/proc/self/exe";
-
 std::string quotedForShell(const std::string& word) {
   std::string quoted = "'";
   for (const char character : word) {
@@ -30,9 +28,9 @@ std::string quotedForShell(const std::string& word) {
 std::string typedProgram() {
   constexpr const char* name = "roomlattice";
   std::error_code error;
-  const std::filesystem::path own = std::filesystem::read_symlink(ownExecutable, error);
+  const std::filesystem::path own = pathOfExecutable();
   const QString found = QStandardPaths::findExecutable(QString::fromLatin1(name));
-  if (error || (!found.isEmpty() && std::filesystem::equivalent(found.toStdString(), own, error))) {
+  if (own.empty() || (!found.isEmpty() && std::filesystem::equivalent(found.toStdString(), own, error))) {
     return name;
   }
   return quotedForShell(own.string());
