@@ -4,11 +4,13 @@
 #include "platform/x11/LogLine.h"
 #include "platform/x11/UserFolders.h"
 
+#include <chrono>
 #include <fcntl.h>
 #include <fstream>
 #include <iterator>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <thread>
 #include <utility>
 
 namespace roomlattice::platform::x11 {
@@ -17,7 +19,8 @@ namespace {
 using Path = std::filesystem::path;
 
 FileDescriptor openForAppending(const Path& path) {
-  const int flags = O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC | O_NOFOLLOW;
+  // What else than a file may stand there is not waited for.
+  const int flags = O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK;
   return FileDescriptor(open(path.c_str(), flags, S_IRUSR | S_IWUSR));
 }
 
@@ -35,7 +38,18 @@ bool hasRoom(const FileDescriptor& file, std::uintmax_t size, std::uintmax_t lim
          static_cast<std::uintmax_t>(status.st_size) + size <= limit;
 }
 
+/// Waits a moment for another process that has it, not for one that has stopped.
+void lock(const FileDescriptor& file) {
+  for (int attempt = 0; attempt < 20 && flock(file.get(), LOCK_EX | LOCK_NB) != 0; ++attempt) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(1));
+  }
+}
+
 std::string textOf(const Path& path) {
+  std::error_code error;
+  if (!std::filesystem::is_regular_file(path, error)) {
+    return {};
+  }
   std::ifstream file(path, std::ios::binary);
   return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
@@ -50,7 +64,10 @@ void LogFile::append(const std::string& line) {
     const FileDescriptor file = openForAppending(path_);
     if (!file) {
       makeFolder(path_.parent_path());
-    } else if (flock(file.get(), LOCK_EX) == 0 && hasName(file, path_)) {
+      continue;
+    }
+    lock(file);
+    if (hasName(file, path_)) {
       if (hasRoom(file, line.size(), limit_)) {
         writeAll(file.get(), line);
         return;

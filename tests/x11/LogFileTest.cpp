@@ -1,10 +1,13 @@
 #include "platform/x11/LogFile.h"
 
+#include "platform/x11/FileDescriptor.h"
 #include "tests/x11/Environment.h"
 
 #include <algorithm>
+#include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <thread>
 #include <vector>
@@ -12,6 +15,7 @@
 namespace roomlattice::tests {
 namespace {
 
+using platform::x11::FileDescriptor;
 using platform::x11::LogFile;
 
 class LogFileTest : public ::testing::Test {
@@ -78,6 +82,23 @@ TEST_F(LogFileTest, LosesNoLineOfSeveralWriters) {
   const std::string all = LogFile(path_).contents();
   EXPECT_EQ(std::count(all.begin(), all.end(), 'a'), count);
   EXPECT_EQ(std::count(all.begin(), all.end(), 'b'), count);
+}
+
+TEST_F(LogFileTest, DoesNotWaitForWhoeverKeepsItLocked) {
+  LogFile file(path_);
+  file.append("one\n");
+  const FileDescriptor locked(open(path_.c_str(), O_RDONLY | O_CLOEXEC));
+  ASSERT_EQ(flock(locked.get(), LOCK_EX), 0);
+  file.append("two\n");
+  EXPECT_EQ(file.contents(), "one\ntwo\n");
+}
+
+TEST_F(LogFileTest, DoesNotWaitForTheReaderOfAPipe) {
+  std::filesystem::create_directories(path_.parent_path());
+  ASSERT_EQ(mkfifo(path_.c_str(), S_IRUSR | S_IWUSR), 0);
+  LogFile file(path_);
+  file.append("one\n");
+  EXPECT_EQ(file.contents(), "");
 }
 
 TEST_F(LogFileTest, DoesWithoutAFolderThatCannotBeMade) {
