@@ -20,9 +20,13 @@ OverlaySurface::OverlaySurface() : QWidget(nullptr, surfaceFlags) {
   setWindowTitle(QStringLiteral("Roomlattice"));
 }
 
-void OverlaySurface::place(const QRect& frame) {
+bool OverlaySurface::place(const QRect& frame) {
+  if (frame == wanted_) {
+    return false;
+  }
   wanted_ = frame;
   setGeometry(frame);
+  return true;
 }
 
 void OverlaySurface::appear() {

@@ -11,8 +11,8 @@ class OverlaySurface final : public QWidget {
  public:
   OverlaySurface();
 
-  /// Where it is to be, in Qt's coordinates.
-  void place(const QRect& frame);
+  /// Where it is to be, in Qt's coordinates; false when it was to be there already.
+  bool place(const QRect& frame);
 
   /// Shows it beside a menu that may be open.
   void appear();

@@ -19,6 +19,21 @@ double leftOfPrimary() {
   return primary == nullptr ? 0.0 : QRectF(primary->geometry()).left();
 }
 
+/// The screens there really are: started without any output, Qt has one of no size.
+std::vector<QScreen*> realScreens() {
+  QList<QScreen*> screens = QGuiApplication::screens();
+  screens.removeIf([](const QScreen* screen) { return screen->geometry().isEmpty(); });
+  return {screens.begin(), screens.end()};
+}
+
+std::vector<QRect> geometries() {
+  std::vector<QRect> geometries;
+  for (const QScreen* screen : realScreens()) {
+    geometries.push_back(screen->geometry());
+  }
+  return geometries;
+}
+
 /// Qt scales a screen around its top left corner, which keeps its place in pixels.
 QRectF pixelsOf(const QScreen& screen) {
   const QRectF geometry = screen.geometry();
@@ -40,17 +55,14 @@ X11Screens::X11Screens(X11Connection& connection, NotificationCenter& defaultCen
   });
   QObject::connect(qGuiApp, &QGuiApplication::screenRemoved, &context_, [this] { changed(); });
   QObject::connect(qGuiApp, &QGuiApplication::primaryScreenChanged, &context_, [this] { changed(); });
-  posted_ = screens();
+  posted_ = geometries();
 }
 
 std::vector<Screen> X11Screens::screens() const {
   std::vector<Screen> screens;
   // Qt lists the primary screen first.
-  for (const QScreen* screen : QGuiApplication::screens()) {
-    // Without any real screen, Qt keeps one of no size.
-    if (!screen->geometry().isEmpty()) {
-      screens.push_back({fromQt(QRectF(screen->geometry()))});
-    }
+  for (const QScreen* screen : realScreens()) {
+    screens.push_back({frameOf(*screen)});
   }
   return screens;
 }
@@ -63,8 +75,11 @@ std::optional<Screen> X11Screens::mainScreen() const {
   if (screen == nullptr) {
     screen = QGuiApplication::primaryScreen();
   }
-  return screen == nullptr || screen->geometry().isEmpty() ? std::nullopt
-                                                           : std::optional(Screen{fromQt(QRectF(screen->geometry()))});
+  return screen == nullptr || screen->geometry().isEmpty() ? std::nullopt : std::optional(Screen{frameOf(*screen)});
+}
+
+Rect X11Screens::frameOf(const QScreen& screen) const {
+  return fromQt(QRectF(screen.geometry()));
 }
 
 Point X11Screens::fromQt(QPointF point) const {
@@ -104,7 +119,7 @@ void X11Screens::changed() {
 }
 
 void X11Screens::postIfChanged() {
-  std::vector<Screen> now = screens();
+  std::vector<QRect> now = geometries();
   if (now != posted_) {
     posted_ = std::move(now);
     defaultCenter_.post(notification::didChangeScreenParameters);

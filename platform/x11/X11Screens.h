@@ -7,6 +7,7 @@
 
 #include <QObject>
 #include <QPointF>
+#include <QRect>
 #include <QRectF>
 #include <QTimer>
 #include <optional>
@@ -24,7 +25,7 @@ class X11Screens {
   /// Changes are posted to `defaultCenter` as didChangeScreenParameters, once for all that come together.
   X11Screens(X11Connection& connection, NotificationCenter& defaultCenter);
 
-  /// The primary screen first.
+  /// The primary screen first. While no output is on, one of those there were before.
   std::vector<Screen> screens() const;
 
   /// The screen with the active window; without one, the screen with the pointer; else the primary screen.
@@ -42,13 +43,15 @@ class X11Screens {
   void follow(QScreen* screen);
   void changed();
   void postIfChanged();
+  Rect frameOf(const QScreen& screen) const;
   QScreen* screenAtPixel(QPointF pixel) const;
   QScreen* screenOfActiveWindow() const;
   QScreen* screenOfPointer() const;
 
   X11Connection& connection_;
   NotificationCenter& defaultCenter_;
-  std::vector<Screen> posted_;
+  // As Qt has them: the program's coordinates stay the same when all screens move together.
+  std::vector<QRect> posted_;
   QTimer coalescing_;
   QObject context_;  // ends the connections to Qt's signals
 };

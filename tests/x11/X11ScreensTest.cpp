@@ -5,6 +5,8 @@
 #include "tests/x11/QtApplication.h"
 #include "tests/x11/X11Session.h"
 
+#include <QGuiApplication>
+#include <QScreen>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -55,6 +57,16 @@ TEST_F(Screens, PostThatTheSizeHasChanged) {
   EXPECT_TRUE(waitFor([this] { return posts_ > 0; }));
 }
 
+TEST_F(Screens, ThatMoveTogetherHaveAnotherPlaceOnTheRoot) {
+  session_.run({"xrandr", "--setmonitor", "one", "800/200x600/150+0+0", "screen"});
+  ASSERT_TRUE(waitFor([this] { return screens_.toQt(Point{0, 0}) == QPointF(0, 600); }));
+  ASSERT_TRUE(waitFor([this] { return posts_ == 1; }));
+  session_.run({"xrandr", "--setmonitor", "other", "800/200x600/150+480+200", "screen"});
+  EXPECT_TRUE(waitFor([this] { return posts_ == 2; }));
+  EXPECT_EQ(screens_.toQt(Point{0, 0}), QPointF(480, 800));
+  EXPECT_THAT(screens_.screens(), ElementsAre(Screen{Rect{{0, 0}, {800, 600}}}));
+}
+
 TEST_F(Screens, OfSeveralMonitorsStandAroundThePrimaryOne) {
   addSecondMonitor();
   EXPECT_TRUE(waitFor([this] { return screens_.screens().size() == 2; }));
@@ -77,6 +89,30 @@ TEST_F(Screens, HaveTheMainOneWhereThePointerIsWhenNoWindowIsActive) {
   EXPECT_EQ(screens_.mainScreen(), screens_.screens()[1]);
   session_.run({"xdotool", "mousemove", "10", "10"});
   EXPECT_EQ(screens_.mainScreen(), screens_.screens()[0]);
+}
+
+// The outputs of Xvfb are always on.
+TEST(ScreensOfAnotherServer, StayWhatTheyWereWhileNoOutputIsOn) {
+  std::optional<X11Session> session;
+  try {
+    session.emplace(SessionOptions{.server = ServerKind::XorgWithTouchpad});
+  } catch (const ServerNotStarted& reason) {
+    GTEST_SKIP() << "no X server with outputs: " << reason.what();
+  }
+  QtApplication qt;
+  platform::InProcessNotificationCenter center;
+  const X11Screens screens(qt.connection(), center);
+  const std::vector<Screen> before = screens.screens();
+  ASSERT_FALSE(before.empty());
+  const std::string output = QGuiApplication::primaryScreen()->name().toStdString();
+  session->run({"xrandr", "--fb", "800x600", "--output", output, "--off"});
+  const auto hasOutput = [&] { return QGuiApplication::primaryScreen()->name().toStdString() == output; };
+  ASSERT_TRUE(waitFor([&] { return !hasOutput(); }));
+  EXPECT_EQ(screens.screens(), before);
+  EXPECT_EQ(screens.mainScreen(), before.front());
+  session->run({"xrandr", "--output", output, "--auto"});
+  EXPECT_TRUE(waitFor(hasOutput));
+  EXPECT_TRUE(waitFor([&] { return screens.screens() == before; }));
 }
 
 }  // namespace
