@@ -16,7 +16,6 @@ namespace {
 
 // EWMH: the actions of a _NET_WM_STATE message, and where a request comes from.
 constexpr std::uint32_t removeState = 0;
-constexpr std::uint32_t addState = 1;
 constexpr std::uint32_t sourceIsApplication = 1;
 
 // ICCCM: which of the values of WM_HINTS are given, and what they are.
@@ -57,12 +56,8 @@ void NativeWindow::requestDesktop(std::uint32_t desktop) {
   send(connection_.ewmh()->_NET_WM_DESKTOP, {desktop, sourceIsApplication, 0, 0, 0});
 }
 
-void NativeWindow::requestState(xcb_atom_t state) {
-  changeStates(addState, state);
-}
-
 void NativeWindow::requestNoState(xcb_atom_t state) {
-  changeStates(removeState, state);
+  send(connection_.ewmh()->_NET_WM_STATE, {removeState, state, 0, sourceIsApplication, 0});
 }
 
 bool NativeWindow::hasState(xcb_atom_t state) const {
@@ -111,10 +106,6 @@ void NativeWindow::setStrut(std::uint32_t top, std::uint32_t startX, std::uint32
 
 void NativeWindow::flush() {
   xcb_flush(raw_);
-}
-
-void NativeWindow::changeStates(std::uint32_t action, xcb_atom_t state) {
-  send(connection_.ewmh()->_NET_WM_STATE, {action, state, 0, sourceIsApplication, 0});
 }
 
 void NativeWindow::writeAtoms(xcb_atom_t property, const std::vector<xcb_atom_t>& atoms) {

@@ -41,8 +41,7 @@ class NativeWindow {
   /// Asks the window manager to move a mapped window to `desktop`.
   void requestDesktop(std::uint32_t desktop);
 
-  /// Asks the window manager to add or remove a state of a mapped window.
-  void requestState(xcb_atom_t state);
+  /// Asks the window manager to remove a state of a mapped window.
   void requestNoState(xcb_atom_t state);
 
   /// Whether _NET_WM_STATE now holds `state`. Waits for the server.
@@ -68,7 +67,6 @@ class NativeWindow {
   void flush();
 
  private:
-  void changeStates(std::uint32_t action, xcb_atom_t state);
   void writeAtoms(xcb_atom_t property, const std::vector<xcb_atom_t>& atoms);
   void send(xcb_atom_t type, const std::array<std::uint32_t, 5>& data);
 

@@ -3,6 +3,7 @@
 #include "platform/x11/RoundedShape.h"
 #include "platform/x11/WindowManagerWatch.h"
 
+#include <chrono>
 #include <cmath>
 #include <utility>
 
@@ -12,7 +13,12 @@ namespace {
 /// Without blending, a window of no more than this alpha is not on the screen at all.
 constexpr double traceOfAlpha = 0.05;
 
+// One that insists on another desktop is left alone; one that moves the window now and then is not.
 constexpr int maximumCorrections = 3;
+constexpr qint64 restBetweenCorrections = 1000;  // milliseconds
+
+/// One move may be told several times.
+constexpr std::chrono::milliseconds correctionDelay(20);
 
 /// Fluxbox keeps an opacity of its own for its frames, whatever the window in them asks for.
 bool ignoresOpacity(X11Connection& connection) {
@@ -38,6 +44,8 @@ X11Window::X11Window(OverlayEnvironment& environment, const OverlayWindowOptions
   surface_.place(pixelRect(environment_.screens.toQt(frame_)));
   presentSoon_.setSingleShot(true);
   presentSoon_.callOnTimeout(&surface_, [this] { present(); });
+  correctSoon_.setSingleShot(true);
+  correctSoon_.callOnTimeout(&surface_, [this] { correctDesktop(); });
   compositorChanges_ = environment_.compositor.observe([this] {
     applyBlending();
     present();
@@ -64,13 +72,12 @@ void X11Window::setContentView(std::unique_ptr<View> view) {
 }
 
 void X11Window::setFrame(const Rect& frame) {
-  if (frame == frame_) {
-    return;
-  }
   frame_ = frame;
-  surface_.place(pixelRect(environment_.screens.toQt(frame_)));
-  applyShape();
-  native_.flush();
+  // The same frame is another place when the primary screen has moved.
+  if (surface_.place(pixelRect(environment_.screens.toQt(frame_)))) {
+    applyShape();
+    native_.flush();
+  }
 }
 
 void X11Window::setCollectionBehavior(CollectionBehavior behavior) {
@@ -208,7 +215,7 @@ void X11Window::propertyChanged(const xcb_generic_event_t& event) {
   }
   const xcb_ewmh_connection_t& atoms = *environment_.connection.ewmh();
   if (property.atom == atoms._NET_WM_DESKTOP) {
-    correctDesktop();
+    correctSoon_.start(correctionDelay);
   } else if (property.atom == atoms._NET_WM_STATE && native_.hasState(atoms._NET_WM_STATE_DEMANDS_ATTENTION)) {
     // Some window managers mark what appears without the focus.
     native_.requestNoState(atoms._NET_WM_STATE_DEMANDS_ATTENTION);
@@ -218,11 +225,15 @@ void X11Window::propertyChanged(const xcb_generic_event_t& event) {
 void X11Window::correctDesktop() {
   // A window manager that is still busy with the hiding before may clear the property after it was written anew.
   const bool attached = joinsAllDesktops() || environment_.attachments.desktopOf(number()).has_value();
-  if (!attached || !surface_.isVisible() || desktopCorrections_ == 0) {
+  if (!attached || !surface_.isVisible()) {
     return;
   }
+  if (sinceCorrection_.hasExpired(restBetweenCorrections)) {
+    desktopCorrections_ = maximumCorrections;
+  }
   const std::optional<std::uint32_t> now = native_.desktop();
-  if (now && *now != wantedDesktop()) {
+  if (now && *now != wantedDesktop() && desktopCorrections_ > 0) {
+    sinceCorrection_.start();
     --desktopCorrections_;
     native_.requestDesktop(wantedDesktop());
   }

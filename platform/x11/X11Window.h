@@ -11,6 +11,7 @@
 #include "platform/x11/X11Desktops.h"
 #include "platform/x11/X11Screens.h"
 
+#include <QElapsedTimer>
 #include <QTimer>
 #include <optional>
 
@@ -75,8 +76,10 @@ class X11Window final : public Window {
   AlphaAnimation alpha_;
   std::optional<double> writtenOpacity_;
   std::vector<xcb_rectangle_t> writtenShape_;
-  // How often the window manager may still be asked to put right what it made of this mapping.
+  // How often in a row the window manager may still be asked to put the window back on its desktop.
   int desktopCorrections_ = 0;
+  QElapsedTimer sinceCorrection_;
+  QTimer correctSoon_;
   bool paintsOpacity_ = false;
   QTimer presentSoon_;
   Registration compositorChanges_;

@@ -79,9 +79,9 @@ class OverlayWindowTest : public ::testing::Test {
   }
 
   /// Everything that was sent has had its effect.
-  void settle() {
+  void settle(std::chrono::milliseconds time = 200ms) {
     bool done = false;
-    QTimer::singleShot(200, [&done] { done = true; });
+    QTimer::singleShot(time, [&done] { done = true; });
     ASSERT_TRUE(waitFor([&done] { return done; }));
   }
 
@@ -173,6 +173,17 @@ TEST_P(OverlayWindowUnder, MovesToAnotherDesktop) {
   ASSERT_TRUE(appears(*window));
   server_.addWindowToSpace(window->number(), spaceAt(3));
   EXPECT_TRUE(waitFor([&] { return probe(*window).desktop() == 3U && !similar(centerColor(), Qt::red); }));
+}
+
+TEST_P(OverlayWindowUnder, GoesBackHoweverOftenItIsTakenAwayInTheCourseOfTime) {
+  const auto window = makeOn(2);
+  ASSERT_TRUE(waitFor([&] { return probe(*window).desktop() == 2U && probe(*window).number("WM_STATE") != 0U; }));
+  const std::string id = std::to_string(window->number());
+  for (int time = 0; time < 4; ++time) {
+    ui_.session.run({"xdotool", "set_desktop_for_window", id, "1"});
+    settle(time < 2 ? 200ms : 1100ms);
+    EXPECT_EQ(probe(*window).desktop(), 2U);
+  }
 }
 
 TEST_P(OverlayWindowUnder, StaysWhereItIsWhenAnotherWindowOfTheProgramIsActivated) {
