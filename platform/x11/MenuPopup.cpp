@@ -12,8 +12,9 @@
 namespace roomlattice::platform::x11 {
 namespace {
 
-QString title(const std::string& text) {
-  return toQt(text).replace(u'&', QStringLiteral("&&"));
+/// The toolkit takes a single ampersand for the mark of a mnemonic.
+QString title(QString text) {
+  return text.replace(u'&', QStringLiteral("&&"));
 }
 
 }  // namespace
@@ -39,7 +40,7 @@ MenuPopup::MenuPopup(Menu& menu) : menu_(menu) {
         item);
   }
   connect(&popup_, &QMenu::hovered, this, [this](QAction* action) { highlight(canvasOf(action)); });
-  connect(&popup_, &QMenu::aboutToHide, this, [this] { highlight(nullptr); });
+  connect(&popup_, &QMenu::aboutToHide, this, [this] { leaveRows(); });
   popup_.installEventFilter(this);
 }
 
@@ -49,7 +50,7 @@ void MenuPopup::addRow(View& view) {
   auto* canvas = new ViewCanvas(view, &popup_);
   auto* action = new QWidgetAction(&popup_);
   action->setDefaultWidget(canvas);
-  action->setText(canvas->accessibleName());
+  action->setText(title(canvas->accessibleName()));
   canvas->onCancelMenuTracking = [this] { popup_.close(); };
   canvas->onHover = [this, canvas, action](bool inside) {
     if (inside) {
@@ -64,7 +65,7 @@ void MenuPopup::addRow(View& view) {
 }
 
 void MenuPopup::addCommand(const CommandItem& command) {
-  QAction* action = popup_.addAction(title(command.title));
+  QAction* action = popup_.addAction(title(toQt(command.title)));
   if (!command.keyEquivalent.empty()) {
     action->setShortcut(QKeySequence(QStringLiteral("Ctrl+") + toQt(command.keyEquivalent)));
     action->setShortcutVisibleInContextMenu(true);
@@ -98,6 +99,14 @@ void MenuPopup::highlight(ViewCanvas* canvas) {
   highlighted_ = canvas;
   if (canvas != nullptr) {
     canvas->view().mouseEntered();
+  }
+}
+
+/// The rows live until the menu opens again, but are in no window any more: an edit that was under way is over.
+void MenuPopup::leaveRows() {
+  highlight(nullptr);
+  for (const Row& row : rows_) {
+    row.canvas->view().setHost(nullptr);
   }
 }
 

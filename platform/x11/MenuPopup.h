@@ -21,7 +21,6 @@ class MenuPopup final : private QObject {
   void open(QPoint corner);
 
   bool isOpen() const { return popup_.isVisible(); }
-  void close() { popup_.close(); }
 
  private:
   struct Row {
@@ -35,6 +34,7 @@ class MenuPopup final : private QObject {
 
   /// The row that the pointer or the keyboard is on, or none.
   void highlight(ViewCanvas* canvas);
+  void leaveRows();
 
   bool eventFilter(QObject* watched, QEvent* event) override;
   bool runShortcut(const QKeyEvent& key);

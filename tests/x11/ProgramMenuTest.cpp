@@ -23,13 +23,6 @@ class MenuUnder : public ::testing::TestWithParam<WindowManagerKind> {
     return waitFor([&] { return Program::setting("SpaceNames") == Value(names); });
   }
 
-  /// The pencil comes when the pointer enters the row.
-  void editRow(int row) {
-    user_.movePointerTo(user_.menuRow(row == 0 ? 1 : 0));
-    user_.movePointerTo(user_.menuRow(row));
-    user_.clickAt(user_.pencilOfMenuRow(row));
-  }
-
   int statusItemWidth() {
     const std::optional<WindowProbe> item = user_.windows().statusItem();
     return item ? item->geometry().value_or(QRect()).width() : 0;
@@ -45,25 +38,25 @@ TEST_P(MenuUnder, RenamesDesktopsWithTypedKeysAndSwitchesByAClick) {
   PlainWindow application({100, 400, 300, 150}, Qt::green);
   const int widthBefore = statusItemWidth();
   ASSERT_TRUE(user_.openMenu());
-  editRow(1);
+  user_.editMenuRow(1);
   user_.typeText("Büro & Post");
   user_.pressKeys({"Return"});
   EXPECT_TRUE(namesBecome({{uuid(1), "Büro & Post"}}));
   EXPECT_TRUE(user_.isMenuOpen());
 
-  editRow(0);
+  user_.editMenuRow(0);
   user_.typeText("Alles Weitere");
   user_.pressKeys({"BackSpace", "BackSpace", "KP_Enter"});
   const Value::Dictionary names{{uuid(0), "Alles Weite"}, {uuid(1), "Büro & Post"}};
   EXPECT_TRUE(namesBecome(names));
   EXPECT_TRUE(waitFor([&] { return statusItemWidth() > widthBefore; }));
 
-  editRow(1);
+  user_.editMenuRow(1);
   user_.typeText("nicht so");
   user_.pressKeys({"Escape"});
   EXPECT_TRUE(user_.isMenuOpen());
 
-  editRow(1);
+  user_.editMenuRow(1);
   user_.typeText("verloren");
   user_.clickAt(elsewhere);
   EXPECT_TRUE(user_.menuCloses());
@@ -95,7 +88,7 @@ TEST_P(MenuUnder, ReachesTheLastOfTwentyDesktopsAndOutlivesTheirEnd) {
   EXPECT_TRUE(waitFor([&] { return user_.isOnDesktop(19); }));
 
   ASSERT_TRUE(user_.openMenu());
-  editRow(15);
+  user_.editMenuRow(15);
   user_.session.setDesktopCount(3);
   EXPECT_TRUE(waitFor([&] { return user_.isOnDesktop(2); }));
   user_.typeText("vanished");

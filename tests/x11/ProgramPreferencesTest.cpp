@@ -12,6 +12,7 @@ namespace {
 using platform::Value;
 
 constexpr int rows = 2;
+constexpr QPoint elsewhere(20, 760);
 // Of "Show desktop name in menu bar", from the top left of the window's contents.
 constexpr QPoint nameCheckbox(42, 114);
 
@@ -115,6 +116,20 @@ TEST_P(PreferencesUnder, WritesWhatIsChosenByKeyboardAndMouseAndTheStatusItemFol
   user_.clickAt(user_.windows().preferences()->geometry()->topLeft() + nameCheckbox);
   EXPECT_TRUE(settingBecomes("ShowSpaceNameInMenuBar", true));
   EXPECT_TRUE(statusItemBecomesAsWideAs(140));
+}
+
+TEST_P(PreferencesUnder, HasItsKeysAgainWhenTheMenuClosesWhileANameIsEdited) {
+  ASSERT_TRUE(user_.startAndTour()) << user_.program().process().errorOutput();
+  ASSERT_TRUE(openByShortcut()) << situation();
+  ASSERT_TRUE(user_.openMenu());
+  user_.editMenuRow(1);
+  user_.typeText("lost");
+  user_.clickAt(elsewhere);
+  ASSERT_TRUE(user_.menuCloses());
+  ASSERT_TRUE(isInFront()) << situation();
+  user_.pressKeys({"Return", "KP_Enter", "ctrl+Tab", "ctrl+Tab", "Tab", "Down"});
+  EXPECT_TRUE(settingBecomes("MenuBarWidthMode", "maxTitleLength"));
+  EXPECT_EQ(Program::setting("SpaceNames"), std::nullopt);
 }
 
 INSTANTIATE_TEST_SUITE_P(OfTheProgram, PreferencesUnder, everyWindowManager(), ::testing::PrintToStringParamName());

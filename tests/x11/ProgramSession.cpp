@@ -139,6 +139,13 @@ QPoint ProgramSession::pencilOfMenuRow(int row) {
   return {menuFrame().right() - 20, menuRow(row).y()};
 }
 
+void ProgramSession::editMenuRow(int row) {
+  // The pencil comes when the pointer enters the row.
+  movePointerTo(menuRow(row == 0 ? 1 : 0));
+  movePointerTo(menuRow(row));
+  clickAt(pencilOfMenuRow(row));
+}
+
 QPoint ProgramSession::preferencesCommand(int rows) {
   // Two commands, each below a separator, follow the rows.
   const QRect menu = menuFrame();

@@ -58,6 +58,10 @@ class ProgramSession {
   /// Places in the open menu.
   QPoint menuRow(int row);
   QPoint pencilOfMenuRow(int row);
+
+  /// Turns a row of the open menu, which has two at least, into a text field.
+  void editMenuRow(int row);
+
   QPoint preferencesCommand(int rows);
   QPoint quitCommand();
 
