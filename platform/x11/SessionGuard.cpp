@@ -77,6 +77,8 @@ SessionGuard::SessionGuard(X11Connection& connection, WindowManagerWatch& window
   // Again, now that the toolkit is there: it has put in a handler of its own, and of what is to be called at the exit
   // the last to be registered comes first, before anything of the toolkit is taken down.
   watchToolkitConnection();
+  // It may have gone before anyone watched.
+  windowManagerChanged();
 }
 
 SessionGuard::~SessionGuard() {

@@ -23,6 +23,9 @@ constexpr double margin = 20.0;
 // EWMH: a request that comes straight from the user.
 constexpr std::uint32_t sourceIsPager = 2;
 
+constexpr Qt::WindowFlags titledAndClosable =
+    Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint;
+
 /// Turning the wheel over a page scrolls it, whatever control is under the pointer.
 class WheelToPage final : public QObject {
  public:
@@ -56,6 +59,7 @@ QSize toQt(const Size& size) {
 
 TabbedPanel::TabbedPanel(const TabbedWindowModel& model, X11Connection& connection, const X11Desktops& desktops)
     : connection_(connection), desktops_(desktops) {
+  window_.setWindowFlags(titledAndClosable);
   window_.setWindowTitle(x11::toQt(model.title));
   window_.setFixedSize(toQt(model.contentSize));
   auto* tabs = new QTabWidget(&window_);

@@ -21,7 +21,8 @@ X11Application::X11Application(X11Connection& connection, int& argc, char** argv
 }
 
 void X11Application::setActivationPolicy(ActivationPolicy) {
-  // Each window keeps itself out of taskbars; what is left is not to end with the last ordinary window.
+  // Labels and the status item keep themselves out of taskbars, where the preferences may be found. What is left is
+  // not to end with the last ordinary window.
   QApplication::setQuitOnLastWindowClosed(false);
 }
 

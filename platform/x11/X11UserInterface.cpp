@@ -1,6 +1,5 @@
 #include "platform/x11/X11UserInterface.h"
 
-#include "platform/Fatal.h"
 #include "platform/x11/ControlWidgets.h"
 #include "platform/x11/StatusItemWindow.h"
 #include "platform/x11/TabbedPanel.h"

@@ -152,6 +152,14 @@ TEST_F(TabbedPanelTest, LeavesTheKeyboardWhereTheUserHasTakenItMeanwhile) {
   EXPECT_EQ(nameOf(window()->focusWidget()), "Text");
 }
 
+TEST_F(TabbedPanelTest, OffersNeitherToMinimizeNorToMaximizeIt) {
+  // The second number of these hints: 2 is to resize, 4 to move, 8 to minimize, 16 to maximize, 32 to close a window.
+  showPage({button("Push")});
+  const std::string hints = ui_.session.run({"xprop", "-notype", "-id", std::to_string(window()->winId()), "-f",
+                                             "_MOTIF_WM_HINTS", "32x", "_MOTIF_WM_HINTS"});
+  EXPECT_THAT(hints, ::testing::HasSubstr(", 0x26, "));
+}
+
 TEST_F(TabbedPanelTest, ComesBackAfterItWasClosed) {
   showPage({button("Push")});
   press("ctrl+w");
