@@ -36,7 +36,8 @@ use_private_folders() {
 
 start_x_server() {
   local number=$desktop_folder/display
-  start xvfb Xvfb -displayfd 3 -screen 0 "${desktop_size}x24" -nolisten tcp -noreset 3>"$number"
+  # Without the repeating of keys, which a busy machine may hold for long.
+  start xvfb Xvfb -r -displayfd 3 -screen 0 "${desktop_size}x24" -nolisten tcp -noreset 3>"$number"
   # The number is complete with its line end.
   wait_for "the X server" 30 grep -q '^[0-9]' "$number"
   DISPLAY=:$(<"$number")

@@ -238,6 +238,8 @@ std::vector<std::string> X11Session::serverCommand(const SessionOptions& options
   } else {
     command = {"Xvfb", "-screen", "0", options.screen};
   }
+  // On a busy machine a key that a tool presses may be held long enough to repeat.
+  command.push_back("-r");
   command.insert(command.end(), {"-displayfd", announcement, "-nolisten", "tcp", "-noreset"});
   command.insert(command.end(), options.serverArguments.begin(), options.serverArguments.end());
   return command;
