@@ -12,8 +12,8 @@ struct ExitStatus {
   int code = 0;
 };
 
-/// Makes the platform of the system that the program is built for, or answers what the command line asks for. Takes
-/// the arguments it knows out of `argc` and `argv`, which must outlive the platform. Once in a process.
+/// Makes the platform of the system that the program is built for, or answers what the command line asks for. A toolkit
+/// may take its own arguments out of `argc` and `argv`, which must outlive the platform. Once in a process.
 std::variant<std::unique_ptr<Platform>, ExitStatus> makeNativePlatform(int& argc, char** argv);
 
 }  // namespace roomlattice::platform

@@ -35,6 +35,7 @@ platform::TabPage PreferencesWindowController::makeDiagnosticsTab() {
   page.add(std::move(explanationLabel));
   copyLogButton_ = {diagnosticsPage, page.add(platform::PushButtonControl{.title = "Copy Diagnostic Log to Clipboard",
                                                                           .action = [this] { copyDiagnosticLog(); }})};
+  // Its texts come later, and find the page as it is.
   diagnosticsStatusLabel_ = {diagnosticsPage, page.add(secondaryLabel("", 11.0), textWidth)};
   page.add(secondaryLabel("Or run this in Terminal and paste the output:", 12.0));
   page.add(platform::SelectableTextControl{.text = diagnosticLogQuery(platform_.system()).command,

@@ -40,7 +40,7 @@ class X11Events final : public Events {
   Listeners<const Event&, std::uint32_t> taps_;
   // While there is a tap to hear them.
   std::optional<SwipeListener> swipes_;
-  // The context of what is queued in the event loop.
+  // What is queued in the event loop goes with it, before anything it uses.
   QObject context_;
 };
 

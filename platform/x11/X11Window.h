@@ -27,7 +27,8 @@ struct OverlayEnvironment {
   OverlayStack stack;
 };
 
-/// An overlay window: above other windows, out of taskbars and pagers, on one desktop or on all.
+/// An overlay window: above other windows, out of taskbars and pagers, on one desktop or on all. Whether windows of its
+/// types have a shadow is for the compositor to say.
 ///
 /// Where windows are blended, the alpha is the window's opacity. Elsewhere the window is drawn without any
 /// transparency, cut to the shape of its background, and it is on the screen only while its alpha is more than a trace.
