@@ -15,11 +15,15 @@ struct ViewItem {
   std::unique_ptr<View> view;
 };
 
+/// Commands that a platform may carry out itself; the action does the same for those that do not.
+enum class CommandRole { Other, Quit };
+
 /// A command with a title. The key equivalent is used with the platform's default modifier; empty for none.
 struct CommandItem {
   std::string title;
   std::string keyEquivalent;
   std::function<void()> action;
+  CommandRole role = CommandRole::Other;
 };
 
 struct SeparatorItem {};

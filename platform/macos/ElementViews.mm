@@ -1,0 +1,153 @@
+#import "platform/macos/ElementViews.h"
+
+#import "platform/macos/Action.h"
+#import "platform/macos/Colors.h"
+#import "platform/macos/Fonts.h"
+#import "platform/macos/Geometry.h"
+#import "platform/macos/Images.h"
+#import "platform/macos/Strings.h"
+
+namespace roomlattice::platform::macos {
+namespace {
+
+template <class Native>
+class ElementViewOf : public ElementView {
+ public:
+  explicit ElementViewOf(Native* native) : native_(share(native)) {}
+
+  NSView* get() const override { return native_.get(); }
+
+ protected:
+  Native* native() const { return native_.get(); }
+
+ private:
+  ObjectPointer<Native> native_;
+};
+
+/// A label's cell keeps a margin around its text, whose frame is what the element states.
+NSRect frameAround(NSTextField* label, const TextElement& element) {
+  const NSSize cell = [[label cell] cellSize];
+  const Size text = textSize(element.text, element.font);
+  return NSInsetRect(toNSRect(element.frame), (text.width - cell.width) * 0.5, (text.height - cell.height) * 0.5);
+}
+
+class TextElementView final : public ElementViewOf<NSTextField> {
+ public:
+  TextElementView() : ElementViewOf([NSTextField labelWithString:@""]) {
+    [[native() cell] setLineBreakMode:NSLineBreakByTruncatingTail];
+    [native() setMaximumNumberOfLines:1];
+  }
+
+  void update(const ViewElement& element) override {
+    const auto& text = std::get<TextElement>(element);
+    [native() setStringValue:toNSString(text.text)];
+    [native() setFont:toNSFont(text.font)];
+    [native() setTextColor:toNSColor(text.color)];
+    [native() setAlignment:text.alignment == TextAlignment::Center ? NSTextAlignmentCenter : NSTextAlignmentLeft];
+    [native() setFrame:frameAround(native(), text)];
+    [native() setHidden:text.hidden];
+  }
+};
+
+class ImageElementView final : public ElementViewOf<NSImageView> {
+ public:
+  ImageElementView() : ElementViewOf([[[NSImageView alloc] initWithFrame:NSZeroRect] autorelease]) {}
+
+  void update(const ViewElement& element) override {
+    const auto& image = std::get<ImageElement>(element);
+    [native() setImage:toNSImage(image.image)];
+    [native() setFrame:toNSRect(image.frame)];
+    [native() setHidden:image.hidden];
+  }
+};
+
+class SpinnerElementView final : public ElementViewOf<NSProgressIndicator> {
+ public:
+  SpinnerElementView() : ElementViewOf([[[NSProgressIndicator alloc] initWithFrame:NSZeroRect] autorelease]) {
+    [native() setStyle:NSProgressIndicatorStyleSpinning];
+    [native() setIndeterminate:YES];
+    [native() setControlSize:NSControlSizeRegular];
+    [native() setAppearance:[NSAppearance appearanceNamed:NSAppearanceNameDarkAqua]];
+    [native() startAnimation:nil];
+  }
+  ~SpinnerElementView() override { [native() stopAnimation:nil]; }
+
+  void update(const ViewElement& element) override {
+    const auto& spinner = std::get<SpinnerElement>(element);
+    [native() setFrame:toNSRect(spinner.frame)];
+    [native() setHidden:spinner.hidden];
+  }
+};
+
+class ButtonElementView final : public ElementViewOf<NSButton> {
+ public:
+  explicit ButtonElementView(View& view)
+      : ElementViewOf([[[NSButton alloc] initWithFrame:NSZeroRect] autorelease]),
+        action_(adopt([[RoomlatticeAction alloc] initWithFunction:[&view](id) { view.buttonClicked(); }])) {
+    [native() setBordered:NO];
+    [native() setBezelStyle:NSBezelStyleRegularSquare];
+    [native() setImagePosition:NSImageOnly];
+    [native() setTarget:action_.get()];
+    [native() setAction:@selector(invoke:)];
+  }
+  ~ButtonElementView() override { [native() setTarget:nil]; }
+
+  void update(const ViewElement& element) override {
+    const auto& button = std::get<ButtonElement>(element);
+    if (symbol_ != button.symbol) {
+      symbol_ = button.symbol;
+      [native() setImage:toNSImage(button.symbol)];
+    }
+    [native() setToolTip:toNSString(button.toolTip)];
+    [native() setFrame:toNSRect(button.frame)];
+    [native() setHidden:button.hidden];
+  }
+
+ private:
+  ObjectPointer<RoomlatticeAction> action_;
+  SymbolImage symbol_;
+};
+
+class TextFieldElementView final : public ElementView {
+ public:
+  explicit TextFieldElementView(View& view) : field_(view) {}
+
+  NSView* get() const override { return field_.get(); }
+  MacTextField* textField() override { return &field_; }
+
+  void update(const ViewElement& element) override {
+    const auto& field = std::get<TextFieldElement>(element);
+    [field_.get() setFont:toNSFont(field.font)];
+    [field_.get() setFrame:toNSRect(field.frame)];
+    [field_.get() setHidden:field.hidden];
+  }
+
+ private:
+  MacTextField field_;
+};
+
+struct Maker {
+  View& view;
+
+  std::unique_ptr<ElementView> operator()(const TextElement&) const { return std::make_unique<TextElementView>(); }
+  std::unique_ptr<ElementView> operator()(const ImageElement&) const { return std::make_unique<ImageElementView>(); }
+  std::unique_ptr<ElementView> operator()(const SpinnerElement&) const {
+    return std::make_unique<SpinnerElementView>();
+  }
+  std::unique_ptr<ElementView> operator()(const ButtonElement&) const {
+    return std::make_unique<ButtonElementView>(view);
+  }
+  std::unique_ptr<ElementView> operator()(const TextFieldElement&) const {
+    return std::make_unique<TextFieldElementView>(view);
+  }
+};
+
+}  // namespace
+
+std::unique_ptr<ElementView> makeElementView(const ViewElement& element, View& view) {
+  std::unique_ptr<ElementView> made = std::visit(Maker{view}, element);
+  made->update(element);
+  return made;
+}
+
+}  // namespace roomlattice::platform::macos

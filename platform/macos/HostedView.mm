@@ -1,0 +1,142 @@
+#import "platform/macos/HostedView.h"
+
+#import "platform/macos/Geometry.h"
+#import "platform/macos/Layers.h"
+
+using roomlattice::platform::macos::HostedView;
+using roomlattice::platform::macos::toPoint;
+
+/// The NSView of a hosted view. It may outlive its host for a moment, as an object that AppKit still uses.
+@interface RoomlatticeView : NSView {
+ @public
+  HostedView* host_;
+  NSTrackingArea* trackingArea_;
+}
+@end
+
+@implementation RoomlatticeView
+
+- (void)dealloc {
+  [trackingArea_ release];
+  [super dealloc];
+}
+
+- (void)updateTrackingAreas {
+  [super updateTrackingAreas];
+  if (trackingArea_ != nil) {
+    [self removeTrackingArea:trackingArea_];
+    [trackingArea_ release];
+  }
+  const NSTrackingAreaOptions options =
+      NSTrackingMouseEnteredAndExited | NSTrackingActiveAlways | NSTrackingInVisibleRect;
+  trackingArea_ = [[NSTrackingArea alloc] initWithRect:[self bounds] options:options owner:self userInfo:nil];
+  [self addTrackingArea:trackingArea_];
+}
+
+- (NSView*)hitTest:(NSPoint)point {
+  return host_ == nullptr ? nil : host_->hitTest(toPoint([self convertPoint:point fromView:[self superview]]));
+}
+
+- (BOOL)acceptsFirstMouse:(NSEvent*)event {
+  return YES;
+}
+
+// Without this one a click would go on to what is behind and its end would not come here.
+- (void)mouseDown:(NSEvent*)event {
+}
+
+- (void)mouseUp:(NSEvent*)event {
+  [[self retain] autorelease];
+  if (host_ != nullptr) {
+    host_->view().mouseUp(toPoint([self convertPoint:[event locationInWindow] fromView:nil]));
+  }
+}
+
+- (void)mouseEntered:(NSEvent*)event {
+  if (host_ != nullptr) {
+    host_->view().mouseEntered();
+  }
+}
+
+- (void)mouseExited:(NSEvent*)event {
+  if (host_ != nullptr) {
+    host_->view().mouseExited();
+  }
+}
+
+@end
+
+namespace roomlattice::platform::macos {
+
+HostedView::HostedView(View& view)
+    : view_(view), native_(adopt([[RoomlatticeView alloc] initWithFrame:toNSRect(view.frame())])) {
+  native_.get()->host_ = this;
+  view_.setHost(this);
+  viewChanged();
+}
+
+HostedView::~HostedView() {
+  view_.setHost(nullptr);
+  native_.get()->host_ = nullptr;
+  [native_.get() removeFromSuperview];
+}
+
+NSView* HostedView::get() const {
+  return native_.get();
+}
+
+void HostedView::viewChanged() {
+  @autoreleasepool {
+    if (toRect([native_.get() frame]) != view_.frame()) {
+      [native_.get() setFrame:toNSRect(view_.frame())];
+    }
+    ViewContent content = view_.content();
+    setLayerBackground(native_.get(), content.background, content.cornerRadius);
+    for (std::size_t i = 0; i < content.elements.size(); ++i) {
+      if (i == elements_.size()) {
+        elements_.push_back(makeElementView(content.elements[i], view_));
+        [native_.get() addSubview:elements_.back()->get()];
+      } else if (content.elements[i] != shown_.elements[i]) {
+        elements_[i]->update(content.elements[i]);
+      }
+    }
+    shown_ = std::move(content);
+    [native_.get() setNeedsDisplay:YES];
+  }
+}
+
+template <class Element>
+ElementView* HostedView::find() const {
+  for (std::size_t i = 0; i < elements_.size(); ++i) {
+    if (std::holds_alternative<Element>(shown_.elements[i])) {
+      return elements_[i].get();
+    }
+  }
+  return nullptr;
+}
+
+TextField* HostedView::textField() {
+  ElementView* element = find<TextFieldElement>();
+  return element == nullptr ? nullptr : element->textField();
+}
+
+void HostedView::cancelMenuTracking() {
+  [[[native_.get() enclosingMenuItem] menu] cancelTracking];
+}
+
+NSView* HostedView::hitTest(Point point) const {
+  const auto native = [](ElementView* element) { return element == nullptr ? nil : element->get(); };
+  switch (view_.hitTest(point)) {
+    case HitTarget::None:
+      return nil;
+    case HitTarget::View:
+      return native_.get();
+    case HitTarget::Button:
+      return native(find<ButtonElement>());
+    case HitTarget::TextField:
+      return native(find<TextFieldElement>());
+  }
+  return nil;
+}
+
+}  // namespace roomlattice::platform::macos

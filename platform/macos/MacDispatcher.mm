@@ -1,0 +1,140 @@
+#import "platform/macos/MacDispatcher.h"
+
+#import <Foundation/Foundation.h>
+#import <dispatch/dispatch.h>
+
+#include "platform/TaskQueue.h"
+
+#include <algorithm>
+#include <mutex>
+
+namespace roomlattice::platform::macos {
+namespace {
+
+using Instant = TaskQueue::Instant;
+
+Instant now() { return std::chrono::steady_clock::now().time_since_epoch(); }
+
+dispatch_time_t after(Duration delay) {
+  return dispatch_time(DISPATCH_TIME_NOW, std::max(delay, Duration::zero()).count());
+}
+
+/// A repeating timer source on the main queue. Blocks that it has under way keep it.
+class TimerSource {
+ public:
+  TimerSource(Duration first, Duration period)
+      : source_(dispatch_source_create(DISPATCH_SOURCE_TYPE_TIMER, 0, 0, dispatch_get_main_queue())) {
+    const auto interval = static_cast<std::uint64_t>(std::max(period, Duration(1)).count());
+    constexpr std::uint64_t leeway = 0;
+    dispatch_source_set_timer(source_, after(first), interval, leeway);
+  }
+  TimerSource(const TimerSource&) = delete;
+  TimerSource& operator=(const TimerSource&) = delete;
+  ~TimerSource() { dispatch_release(source_); }
+
+  void start(Dispatcher::Task task) {
+    const auto shared = std::make_shared<Dispatcher::Task>(std::move(task));
+    dispatch_source_set_event_handler(source_, ^{
+      @autoreleasepool {
+        const std::shared_ptr<Dispatcher::Task> running = shared;
+        (*running)();
+      }
+    });
+    dispatch_resume(source_);
+  }
+
+  void cancel() { dispatch_source_cancel(source_); }
+
+ private:
+  dispatch_source_t source_;
+};
+
+}  // namespace
+
+/// The tasks that wait for the main queue. Every task has a wake-up of its own, and every wake-up runs the first task
+/// that is due, so that each finds one.
+class MacDispatcher::MainQueue {
+ public:
+  std::uint64_t post(Instant due, Task task) {
+    const std::scoped_lock lock(mutex_);
+    return tasks_.post(due, std::move(task));
+  }
+
+  void remove(std::uint64_t token) {
+    const std::scoped_lock lock(mutex_);
+    tasks_.remove(token);
+  }
+
+  /// The first task that is due, at a wake-up for one due at `due`: the system's clock may be a little behind ours.
+  std::optional<Task> taskAtWakeUp(Instant due) { return take(std::max(now(), due)); }
+
+ private:
+  std::optional<Task> take(Instant at) {
+    const std::scoped_lock lock(mutex_);
+    return tasks_.takeDue(at);
+  }
+
+  // Recursive: what a removed task owned may come back here when it ends.
+  std::recursive_mutex mutex_;
+  TaskQueue tasks_;
+};
+
+void MacDispatcher::wake(const std::weak_ptr<MainQueue>& weak, Duration due) {
+  @autoreleasepool {
+    const std::shared_ptr<MainQueue> queue = weak.lock();
+    if (const std::optional<Task> task = queue == nullptr ? std::nullopt : queue->taskAtWakeUp(due)) {
+      (*task)();
+    }
+  }
+}
+
+MacDispatcher::MacDispatcher() : queue_(std::make_shared<MainQueue>()) {}
+
+MacDispatcher::~MacDispatcher() = default;
+
+void MacDispatcher::async(Task task) {
+  const Instant due = now();
+  queue_->post(due, std::move(task));
+  const std::weak_ptr weak = queue_;
+  dispatch_async(dispatch_get_main_queue(), ^{
+    wake(weak, due);
+  });
+}
+
+void MacDispatcher::asyncAfter(Duration delay, Task task) { postDelayed(delay, std::move(task)); }
+
+Registration MacDispatcher::schedule(Duration delay, Task task) {
+  const std::uint64_t token = postDelayed(delay, std::move(task));
+  return Registration([weak = std::weak_ptr(queue_), token] {
+    if (const auto queue = weak.lock()) {
+      queue->remove(token);
+    }
+  });
+}
+
+std::uint64_t MacDispatcher::postDelayed(Duration delay, Task task) {
+  const Instant due = now() + std::max(delay, Duration::zero());
+  const std::uint64_t token = queue_->post(due, std::move(task));
+  const std::weak_ptr weak = queue_;
+  dispatch_after(after(delay), dispatch_get_main_queue(), ^{
+    wake(weak, due);
+  });
+  return token;
+}
+
+Registration MacDispatcher::repeat(Duration first, Duration period, Task task) {
+  const auto timer = std::make_shared<TimerSource>(first, period);
+  timer->start(std::move(task));
+  return Registration([timer] { timer->cancel(); });
+}
+
+void MacDispatcher::background(Task task) {
+  const Task running = std::move(task);
+  dispatch_async(dispatch_get_global_queue(QOS_CLASS_USER_INITIATED, 0), ^{
+    @autoreleasepool {
+      running();
+    }
+  });
+}
+
+}  // namespace roomlattice::platform::macos

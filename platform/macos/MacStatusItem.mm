@@ -1,0 +1,68 @@
+#import "platform/macos/MacStatusItem.h"
+
+#import "platform/macos/Colors.h"
+#import "platform/macos/Images.h"
+#import "platform/macos/Layers.h"
+#import "platform/macos/Strings.h"
+
+namespace roomlattice::platform::macos {
+namespace {
+
+struct ToLength {
+  CGFloat operator()(const VariableLength&) const { return NSVariableStatusItemLength; }
+  CGFloat operator()(const SquareLength&) const { return NSSquareStatusItemLength; }
+  CGFloat operator()(const FixedLength& fixed) const { return fixed.points; }
+};
+
+CGFloat toLength(const StatusItemLength& length) {
+  return std::visit(ToLength{}, length);
+}
+
+/// No font: the bar's own applies.
+NSAttributedString* attributedTitle(const StatusTitle& title) {
+  NSDictionary* attributes = [NSDictionary dictionary];
+  if (title.color) {
+    attributes = [NSDictionary dictionaryWithObject:toNSColor(*title.color) forKey:NSForegroundColorAttributeName];
+  }
+  return [[[NSAttributedString alloc] initWithString:toNSString(title.text) attributes:attributes] autorelease];
+}
+
+}  // namespace
+
+MacStatusItem::MacStatusItem(const StatusItemLength& length)
+    : item_(share([[NSStatusBar systemStatusBar] statusItemWithLength:toLength(length)])) {}
+
+MacStatusItem::~MacStatusItem() {
+  [item_.get() setMenu:nil];
+  [[NSStatusBar systemStatusBar] removeStatusItem:item_.get()];
+}
+
+StatusButton* MacStatusItem::button() {
+  return [item_.get() button] == nil ? nullptr : this;
+}
+
+void MacStatusItem::setLength(const StatusItemLength& length) {
+  [item_.get() setLength:toLength(length)];
+}
+
+void MacStatusItem::setMenu(Menu* menu) {
+  std::unique_ptr<MenuMirror> mirror = menu == nullptr ? nullptr : std::make_unique<MenuMirror>(*menu);
+  [item_.get() setMenu:mirror == nullptr ? nil : mirror->get()];
+  menu_ = std::move(mirror);
+}
+
+void MacStatusItem::setContent(const StatusButtonContent& content) {
+  @autoreleasepool {
+    NSStatusBarButton* button = [item_.get() button];
+    [button setContentTintColor:nil];
+    setLayerBackground(button, content.background, content.cornerRadius);
+    [button setImage:content.image ? toNSImage(*content.image) : nil];
+    if (content.title.color || content.title.text.empty()) {
+      [button setAttributedTitle:attributedTitle(content.title)];
+    } else {
+      [button setTitle:toNSString(content.title.text)];
+    }
+  }
+}
+
+}  // namespace roomlattice::platform::macos

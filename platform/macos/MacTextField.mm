@@ -1,0 +1,91 @@
+#import "platform/macos/MacTextField.h"
+
+#import "platform/macos/MacKeyEvent.h"
+#import "platform/macos/Strings.h"
+
+#include <optional>
+
+namespace {
+
+using roomlattice::platform::EditCommand;
+
+std::optional<EditCommand> editCommand(SEL selector) {
+  if (sel_isEqual(selector, @selector(insertNewline:))) {
+    return EditCommand::InsertNewline;
+  }
+  if (sel_isEqual(selector, @selector(cancelOperation:))) {
+    return EditCommand::Cancel;
+  }
+  return std::nullopt;
+}
+
+}  // namespace
+
+@interface RoomlatticeTextFieldDelegate : NSObject <NSTextFieldDelegate> {
+ @private
+  roomlattice::platform::View* view_;
+}
+
+- (instancetype)initWithView:(roomlattice::platform::View*)view;
+
+@end
+
+@implementation RoomlatticeTextFieldDelegate
+
+- (instancetype)initWithView:(roomlattice::platform::View*)view {
+  self = [super init];
+  if (self != nil) {
+    view_ = view;
+  }
+  return self;
+}
+
+- (BOOL)control:(NSControl*)control textView:(NSTextView*)textView doCommandBySelector:(SEL)selector {
+  const std::optional<EditCommand> command = editCommand(selector);
+  return command && view_->doCommand(*command) == roomlattice::platform::CommandDisposition::Handled;
+}
+
+@end
+
+namespace roomlattice::platform::macos {
+
+MacTextField::MacTextField(View& view)
+    : field_(adopt([[NSTextField alloc] initWithFrame:NSZeroRect])),
+      delegate_(adopt([[RoomlatticeTextFieldDelegate alloc] initWithView:&view])) {
+  NSTextField* field = field_.get();
+  [field setEditable:YES];
+  [field setBordered:YES];
+  [field setBezeled:YES];
+  [field setBezelStyle:NSTextFieldSquareBezel];
+  [field setDrawsBackground:YES];
+  [field setFocusRingType:NSFocusRingTypeDefault];
+  [field setDelegate:delegate_.get()];
+}
+
+MacTextField::~MacTextField() {
+  [field_.get() setDelegate:nil];
+}
+
+std::string MacTextField::text() const {
+  return toString([field_.get() stringValue]);
+}
+
+void MacTextField::setText(const std::string& text) {
+  [field_.get() setStringValue:toNSString(text)];
+}
+
+void MacTextField::focusAndSelectAll() {
+  [[field_.get() window] makeFirstResponder:field_.get()];
+  [[field_.get() currentEditor] selectAll:nil];
+}
+
+bool MacTextField::interpret(const KeyEvent& event) {
+  NSText* editor = [field_.get() currentEditor];
+  if (editor == nil) {
+    return false;
+  }
+  [editor interpretKeyEvents:[NSArray arrayWithObject:static_cast<const MacKeyEvent&>(event).get()]];
+  return true;
+}
+
+}  // namespace roomlattice::platform::macos

@@ -1,0 +1,30 @@
+#pragma once
+
+#import "platform/macos/PrivateWindowServer.h"
+
+#include "platform/WindowServer.h"
+
+#include <optional>
+
+namespace roomlattice::platform::macos {
+
+class MacWindowServer final : public WindowServer {
+ public:
+  explicit MacWindowServer(const PrivateWindowServer& server = PrivateWindowServer::load()) : server_(server) {}
+
+  Value managedDisplaySpaces() override;
+  SpaceID activeSpace() override;
+  void addWindowToSpace(WindowNumber window, SpaceID space) override;
+  void removeWindowFromSpace(WindowNumber window, SpaceID space) override;
+
+ private:
+  using Attachment = decltype(PrivateWindowServer::CGSAddWindowsToSpaces);
+
+  /// Nothing where the window server gives no connection.
+  std::optional<PrivateWindowServer::Connection> connection() const;
+  void attach(Attachment change, WindowNumber window, SpaceID space);
+
+  PrivateWindowServer server_;
+};
+
+}  // namespace roomlattice::platform::macos

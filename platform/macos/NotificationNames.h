@@ -1,0 +1,12 @@
+#pragma once
+
+#import <Foundation/Foundation.h>
+
+#include <string_view>
+
+namespace roomlattice::platform::macos {
+
+/// The system's own constant for the notifications that it posts, any other name as it is.
+NSString* notificationName(std::string_view name);
+
+}  // namespace roomlattice::platform::macos

@@ -1,0 +1,50 @@
+#pragma once
+
+#import <Foundation/Foundation.h>
+
+#include <utility>
+
+namespace roomlattice::platform::macos {
+
+/// Owns one reference to an Objective-C object, for code without automatic reference counting.
+template <class T>
+class ObjectPointer {
+ public:
+  ObjectPointer() = default;
+
+  /// Takes over the caller's reference, as `alloc`, `new` and `copy` give one.
+  static ObjectPointer adopt(T* object) {
+    ObjectPointer pointer;
+    pointer.object_ = object;
+    return pointer;
+  }
+
+  /// Takes a reference of its own beside the caller's.
+  static ObjectPointer share(T* object) { return adopt([object retain]); }
+
+  ObjectPointer(const ObjectPointer& other) : object_([other.object_ retain]) {}
+  ObjectPointer(ObjectPointer&& other) noexcept : object_(std::exchange(other.object_, nil)) {}
+  ObjectPointer& operator=(ObjectPointer other) noexcept {
+    std::swap(object_, other.object_);
+    return *this;
+  }
+  ~ObjectPointer() { [object_ release]; }
+
+  T* get() const { return object_; }
+  explicit operator bool() const { return object_ != nil; }
+
+ private:
+  T* object_ = nil;
+};
+
+template <class T>
+[[nodiscard]] ObjectPointer<T> adopt(T* object) {
+  return ObjectPointer<T>::adopt(object);
+}
+
+template <class T>
+[[nodiscard]] ObjectPointer<T> share(T* object) {
+  return ObjectPointer<T>::share(object);
+}
+
+}  // namespace roomlattice::platform::macos

@@ -1,0 +1,29 @@
+#import "platform/macos/PrivateWindowServer.h"
+
+#include <dlfcn.h>
+
+namespace roomlattice::platform::macos {
+namespace {
+
+template <class Function>
+void resolve(Function*& function, PrivateWindowServer::Lookup lookup, const char* name) {
+  function = reinterpret_cast<Function*>(lookup(name));
+}
+
+}  // namespace
+
+PrivateWindowServer PrivateWindowServer::load() {
+  return load([](const char* name) { return dlsym(RTLD_DEFAULT, name); });
+}
+
+PrivateWindowServer PrivateWindowServer::load(Lookup lookup) {
+  PrivateWindowServer server;
+  resolve(server.CGSMainConnectionID, lookup, "CGSMainConnectionID");
+  resolve(server.CGSCopyManagedDisplaySpaces, lookup, "CGSCopyManagedDisplaySpaces");
+  resolve(server.CGSGetActiveSpace, lookup, "CGSGetActiveSpace");
+  resolve(server.CGSAddWindowsToSpaces, lookup, "CGSAddWindowsToSpaces");
+  resolve(server.CGSRemoveWindowsFromSpaces, lookup, "CGSRemoveWindowsFromSpaces");
+  return server;
+}
+
+}  // namespace roomlattice::platform::macos

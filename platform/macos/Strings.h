@@ -1,0 +1,19 @@
+#pragma once
+
+#import <Foundation/Foundation.h>
+
+#include <string>
+#include <string_view>
+
+namespace roomlattice::platform::macos {
+
+/// The text in UTF-8; empty for nil.
+std::string toString(NSString* string);
+
+/// Nil when `text` is not UTF-8.
+NSString* toNSStringOrNil(std::string_view text);
+
+/// Text that is not UTF-8 becomes the empty string.
+NSString* toNSString(std::string_view text);
+
+}  // namespace roomlattice::platform::macos

@@ -1,0 +1,52 @@
+#import "platform/macos/SystemNotificationCenter.h"
+
+#import "platform/macos/Action.h"
+#import "platform/macos/NotificationNames.h"
+
+#include "platform/InProcessNotificationCenter.h"
+
+namespace roomlattice::platform::macos {
+
+/// The system's observer of one name, for as long as it lives.
+class SystemNotificationCenter::Relay {
+ public:
+  Relay(const ObjectPointer<NSNotificationCenter>& center, std::string_view name) : center_(center) {
+    const auto deliver = [observers = observers_, name = std::string(name)](id) { observers->post(name); };
+    observer_ = adopt([[RoomlatticeAction alloc] initWithFunction:deliver]);
+    [center_.get() addObserver:observer_.get() selector:@selector(invoke:) name:notificationName(name) object:nil];
+  }
+  Relay(const Relay&) = delete;
+  Relay& operator=(const Relay&) = delete;
+  ~Relay() { [center_.get() removeObserver:observer_.get()]; }
+
+  Registration observe(std::string_view name, Handler handler) { return observers_->observe(name, std::move(handler)); }
+
+ private:
+  ObjectPointer<NSNotificationCenter> center_;
+  ObjectPointer<RoomlatticeAction> observer_;
+  std::shared_ptr<InProcessNotificationCenter> observers_ = std::make_shared<InProcessNotificationCenter>();
+};
+
+Registration SystemNotificationCenter::observe(std::string_view name, Handler handler) {
+  const std::shared_ptr<Relay> serving = relay(name);
+  auto observation = std::make_shared<Registration>(serving->observe(name, std::move(handler)));
+  return Registration([serving, observation] { observation->cancel(); });
+}
+
+void SystemNotificationCenter::post(std::string_view name) {
+  @autoreleasepool {
+    [center_.get() postNotificationName:notificationName(name) object:nil];
+  }
+}
+
+std::shared_ptr<SystemNotificationCenter::Relay> SystemNotificationCenter::relay(std::string_view name) {
+  std::weak_ptr<Relay>& known = relays_[std::string(name)];
+  std::shared_ptr<Relay> relay = known.lock();
+  if (relay == nullptr) {
+    relay = std::make_shared<Relay>(center_, name);
+    known = relay;
+  }
+  return relay;
+}
+
+}  // namespace roomlattice::platform::macos

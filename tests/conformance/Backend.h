@@ -1,0 +1,33 @@
+#pragma once
+
+#include "platform/Platform.h"
+
+#include <chrono>
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+
+namespace roomlattice::tests {
+
+/// A backend as the conformance tests see it: a platform of its own for each test, and its event loop.
+class Backend {
+ public:
+  virtual ~Backend() = default;
+
+  virtual platform::Platform& platform() = 0;
+
+  /// Serves the event loop until `condition` holds; false when it does not within a generous limit.
+  virtual bool runUntil(const std::function<bool()>& condition) = 0;
+
+  /// Serves the event loop for a while, for what must not happen.
+  virtual void runFor(std::chrono::milliseconds duration) = 0;
+};
+
+/// Defined once in each test program.
+std::unique_ptr<Backend> makeBackend();
+
+/// What this backend is known not to keep, with the reason: by the name of the test.
+const std::map<std::string, std::string>& knownGaps();
+
+}  // namespace roomlattice::tests

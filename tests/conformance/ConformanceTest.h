@@ -1,0 +1,29 @@
+#pragma once
+
+#include "tests/conformance/Backend.h"
+
+#include <gtest/gtest.h>
+
+namespace roomlattice::tests {
+
+/// A test of what the headers of platform/ promise, for any backend.
+class ConformanceTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    const auto* test = testing::UnitTest::GetInstance()->current_test_info();
+    const auto gap = knownGaps().find(std::string(test->test_suite_name()) + "." + test->name());
+    if (gap != knownGaps().end()) {
+      GTEST_SKIP() << gap->second;
+    }
+    backend_ = makeBackend();
+  }
+
+  platform::Platform& platform() { return backend_->platform(); }
+  bool runUntil(const std::function<bool()>& condition) { return backend_->runUntil(condition); }
+  void runFor(std::chrono::milliseconds duration) { backend_->runFor(duration); }
+
+ private:
+  std::unique_ptr<Backend> backend_;
+};
+
+}  // namespace roomlattice::tests

@@ -1,0 +1,40 @@
+#include "platform/simulated/SimulatedPlatform.h"
+#include "tests/conformance/Backend.h"
+
+namespace roomlattice::tests {
+namespace {
+
+using namespace std::chrono_literals;
+
+/// Its time is virtual: nothing waits.
+class SimulatedBackend final : public Backend {
+ public:
+  platform::Platform& platform() override { return platform_; }
+
+  bool runUntil(const std::function<bool()>& condition) override {
+    constexpr int turns = 3000;
+    for (int turn = 0; turn < turns && !condition(); ++turn) {
+      desktop_.advance(10ms);
+    }
+    return condition();
+  }
+
+  void runFor(std::chrono::milliseconds duration) override { desktop_.advance(duration); }
+
+ private:
+  platform::simulated::SimulatedDesktop desktop_;
+  platform::simulated::SimulatedPlatform platform_{desktop_};
+};
+
+}  // namespace
+
+std::unique_ptr<Backend> makeBackend() {
+  return std::make_unique<SimulatedBackend>();
+}
+
+const std::map<std::string, std::string>& knownGaps() {
+  static const std::map<std::string, std::string> gaps;
+  return gaps;
+}
+
+}  // namespace roomlattice::tests

@@ -1,0 +1,66 @@
+#import "platform/macos/MacSystem.h"
+
+#import <AppKit/AppKit.h>
+
+#import "platform/macos/Strings.h"
+
+#include <gtest/gtest.h>
+
+#include <unistd.h>
+
+namespace roomlattice::platform::macos {
+namespace {
+
+std::string output(const std::variant<ProcessOutput, LaunchError>& result) {
+  const auto* output = std::get_if<ProcessOutput>(&result);
+  return output == nullptr ? "not launched" : output->bytes;
+}
+
+TEST(MacSystem, ReadsBothOutputsOfAChildInOnePipe) {
+  EXPECT_EQ(output(MacSystem().run("/bin/sh", {"-c", "echo one; echo two >&2; echo three"})), "one\ntwo\nthree\n");
+}
+
+TEST(MacSystem, HandsArgumentsOverUnchanged) {
+  EXPECT_EQ(output(MacSystem().run("/bin/echo", {"process == \"Roomlattice\"", "\u2026"})),
+            "process == \"Roomlattice\" \u2026\n");
+}
+
+TEST(MacSystem, ReadsMoreThanAPipeHolds) {
+  EXPECT_EQ(output(MacSystem().run("/bin/sh", {"-c", "head -c 300000 /dev/zero"})).size(), 300000U);
+}
+
+TEST(MacSystem, IgnoresTheExitStatus) {
+  EXPECT_EQ(output(MacSystem().run("/bin/sh", {"-c", "echo no; exit 3"})), "no\n");
+}
+
+TEST(MacSystem, TellsWhyAChildDidNotStart) {
+  const auto result = MacSystem().run("/no/such/tool", {"show"});
+  const auto* error = std::get_if<LaunchError>(&result);
+  ASSERT_NE(error, nullptr);
+  EXPECT_NE(error->localizedDescription, "");
+}
+
+TEST(MacSystem, GivesTheLogQueryAsItIs) {
+  const LogQuery query{.executable = "/usr/bin/log", .arguments = {"show"}, .command = "log show"};
+  const LogQuery localized = MacSystem().localized(query);
+  EXPECT_EQ(localized.executable, "/usr/bin/log");
+  EXPECT_EQ(localized.command, "log show");
+}
+
+TEST(MacSystem, PutsPlainTextOnTheGeneralPasteboard) {
+  MacSystem system;
+  system.setPasteboardString("first");
+  system.setPasteboardString("Copied \u2026 twice");
+  NSPasteboard* pasteboard = [NSPasteboard generalPasteboard];
+  EXPECT_EQ(toString([pasteboard stringForType:NSPasteboardTypeString]), "Copied \u2026 twice");
+}
+
+TEST(MacSystem, WritesStampedLinesToTheLog) {
+  testing::internal::CaptureStderr();
+  MacSystem().log("[Roomlattice] tour start: 4 steps 100%@");
+  const std::string logged = testing::internal::GetCapturedStderr();
+  EXPECT_NE(logged.find("] [Roomlattice] tour start: 4 steps 100%@\n"), std::string::npos) << logged;
+}
+
+}  // namespace
+}  // namespace roomlattice::platform::macos

@@ -1,0 +1,277 @@
+#import "platform/macos/MacPlatform.h"
+
+#import <AppKit/AppKit.h>
+#import <GNUstepBase/GSObjCRuntime.h>
+#import <QuartzCore/QuartzCore.h>
+#import <dispatch/dispatch.h>
+
+#import "platform/macos/Colors.h"
+#import "platform/macos/Fonts.h"
+#import "platform/macos/Geometry.h"
+#import "platform/macos/Strings.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string>
+
+#include "app/Entry.h"
+#include "tests/macos/MainLoop.h"
+#include "tests/macos/UserInput.h"
+#include "tests/macos/supplement/Application.h"
+#include "tests/macos/supplement/DispatchRecord.h"
+#include "tests/macos/supplement/EventMonitors.h"
+#include "tests/macos/supplement/EventStream.h"
+#include "tests/macos/supplement/SpaceServer.h"
+#include "tests/macos/supplement/StatusBar.h"
+
+namespace roomlattice::platform::macos {
+namespace {
+
+using namespace std::chrono_literals;
+using gnustep::EventStream;
+using gnustep::FieldRecord;
+using gnustep::PostedEvent;
+using gnustep::runUntil;
+using gnustep::SpaceServer;
+using gnustep::TapRecord;
+using Kind = FieldRecord::Kind;
+
+/// The whole program on the native backend, with three desktops and a full-screen space.
+class ProgramTest : public testing::Test {
+ protected:
+  ProgramTest() {
+    NSUserDefaults* defaults = [NSUserDefaults standardUserDefaults];
+    for (NSString* key in @[ @"SpaceNames", @"SpaceColors", @"ShowSpaceNameInMenuBar", @"ShowSignInSwipeMode" ]) {
+      [defaults removeObjectForKey:key];
+    }
+    stream_.reset();
+    server_.reset();
+    server_.spaces = {{.identifier = 11, .uuid = "a"},
+                      {.identifier = 12, .uuid = "b"},
+                      {.identifier = 13, .uuid = "film", .type = 4},
+                      {.identifier = 14, .uuid = "c"}};
+    server_.active = 12;
+  }
+
+  /// Runs the program; `script` is carried out from within its event loop.
+  void run(const std::function<void()>& script) {
+    const std::unique_ptr<Platform> platform = makePlatform();
+    __block bool carriedOut = false;
+    dispatch_async(dispatch_get_main_queue(), ^{
+      script();
+      carriedOut = true;
+      [NSApp stop:nil];
+      [NSApp postEvent:wakeUp() atStart:NO];
+    });
+    EXPECT_EQ(runRoomlattice(*platform), 0);
+    EXPECT_TRUE(carriedOut);
+    gnustep::closeMenu();
+  }
+
+  static NSEvent* wakeUp() {
+    return [NSEvent otherEventWithType:NSApplicationDefined
+                              location:NSZeroPoint
+                         modifierFlags:0
+                             timestamp:0
+                          windowNumber:0
+                               context:nil
+                               subtype:0
+                                 data1:0
+                                 data2:0];
+  }
+
+  NSStatusItem* statusItem() { return [gnustep::statusItems() lastObject]; }
+  std::string title() { return toString([[[statusItem() button] attributedTitle] string]); }
+
+  /// The label attached to a desktop; nil for none.
+  NSWindow* label(std::uint64_t space) {
+    for (const auto& [window, spaces] : server_.windows) {
+      if (spaces.contains(space)) {
+        return [NSApp windowWithWindowNumber:window];
+      }
+    }
+    return nil;
+  }
+
+  std::string labelText(std::uint64_t space) {
+    NSTextField* field = [[[label(space) contentView] subviews] objectAtIndex:0];
+    return toString([field stringValue]);
+  }
+
+  NSPoint centre(NSRect frame) { return NSMakePoint(NSMidX(frame), NSMidY(frame)); }
+  NSMenuItem* menuItem(NSInteger index) { return (NSMenuItem*)[[statusItem() menu] itemAtIndex:index]; }
+
+  void openMenu() {
+    user_.click(centre([[[statusItem() button] window] frame]));
+    ASSERT_TRUE(runUntil([] { return gnustep::menuWindow() != nil; }));
+  }
+
+  EventStream& stream_ = EventStream::shared();
+  SpaceServer& server_ = SpaceServer::shared();
+  gnustep::UserInput user_;
+};
+
+TEST_F(ProgramTest, LaunchesAsAnAccessoryWithItsTapMonitorsAndTimer) {
+  run([this] {
+    EXPECT_EQ(gnustep::activationPolicy(), 1);
+    EXPECT_EQ(title(), " Desktop 2 ");
+    const TapRecord tap{.location = 1,
+                        .placement = 0,
+                        .options = 1,
+                        .mask = ~std::uint64_t{0},
+                        .sourceOrder = 0,
+                        .isInCommonModes = true,
+                        .isEnabled = true};
+    EXPECT_THAT(stream_.taps(), testing::ElementsAre(tap));
+    const gnustep::MonitorRecord moves{.isGlobal = true, .mask = 32};
+    EXPECT_THAT(gnustep::eventMonitors(), testing::ElementsAre(moves, moves));
+    const gnustep::TimerRecord priming{.interval = 500'000'000, .leeway = 0};
+    EXPECT_THAT(gnustep::runningTimers(), testing::ElementsAre(priming));
+  });
+  EXPECT_TRUE(stream_.taps().empty());
+  EXPECT_TRUE(gnustep::eventMonitors().empty());
+  EXPECT_TRUE(gnustep::runningTimers().empty());
+  EXPECT_EQ([gnustep::statusItems() count], 0U);
+  EXPECT_EQ(EventStream::liveObjects(), 0);
+}
+
+TEST_F(ProgramTest, PutsTheActiveDesktopsLabelInTheMiddle) {
+  run([this] {
+    NSWindow* window = label(12);
+    ASSERT_NE(window, nil);
+    const Size text = textSize("Desktop 2", {.size = 160.0, .weight = FontWeight::Heavy});
+    const Size size{std::min(text.width + 160.0, 1280.0 * 0.9), std::min(text.height + 120.0, 800.0 * 0.6)};
+    const Rect expected{{640.0 - size.width * 0.5, 400.0 - size.height * 0.5}, size};
+    EXPECT_NEAR(NSMinX([window frame]), expected.origin.x, 1.0);
+    EXPECT_NEAR(NSMinY([window frame]), expected.origin.y, 1.0);
+    EXPECT_NEAR(NSWidth([window frame]), expected.size.width, 1.0);
+    EXPECT_NEAR(NSHeight([window frame]), expected.size.height, 1.0);
+    EXPECT_EQ([window styleMask], 0U);
+    EXPECT_EQ([window level], 3);
+    EXPECT_EQ([window collectionBehavior], 324U);
+    EXPECT_EQ([window alphaValue], 0.0);
+    EXPECT_TRUE([window isVisible]);
+    EXPECT_EQ(labelText(12), "Desktop 2");
+    EXPECT_EQ([[[window contentView] layer] cornerRadius], 40.0);
+  });
+}
+
+std::vector<FieldRecord> swipeFields(double phase, double progress, double velocity) {
+  return {{55, Kind::Integer, 30.0},         {110, Kind::Integer, 23.0},  {132, Kind::Integer, phase},
+          {124, Kind::Double, progress},     {123, Kind::Integer, 1.0},   {129, Kind::Double, velocity},
+          {130, Kind::Double, velocity}};
+}
+
+std::vector<PostedEvent> animatedSwipe(double sign) {
+  std::vector<PostedEvent> events{{.location = 1, .fields = swipeFields(1, sign * 0.001, sign * 0.5)}};
+  for (int i = 1; i <= 8; ++i) {
+    events.push_back({.location = 1, .fields = swipeFields(2, sign * i / 8.0, sign * 1.5)});
+  }
+  events.push_back({.location = 1, .fields = swipeFields(4, sign, sign * 1.5)});
+  return events;
+}
+
+TEST_F(ProgramTest, ToursTheDesktopsWithAnimatedSwipesAndComesBack) {
+  server_.spaces.erase(server_.spaces.begin() + 2);
+  server_.followSwipes();
+  run([this] {
+    ASSERT_TRUE(runUntil([this] { return stream_.posted.size() == 40; }));
+    ASSERT_TRUE(runUntil([this] { return title() == " Desktop 2 "; }));
+    for (const std::uint64_t space : {11U, 12U, 14U}) {
+      EXPECT_NE(label(space), nil) << space;
+    }
+  });
+  std::vector<PostedEvent> expected;
+  for (const double sign : {1.0, -1.0, -1.0, 1.0}) {
+    const std::vector<PostedEvent> swipe = animatedSwipe(sign);
+    expected.insert(expected.end(), swipe.begin(), swipe.end());
+  }
+  EXPECT_EQ(stream_.posted, expected);
+}
+
+TEST_F(ProgramTest, ShowsLabelsWhenTheUserSwipes) {
+  run([this] {
+    stream_.send({{55, Kind::Integer, 30.0}, {110, Kind::Integer, 23.0}, {132, Kind::Integer, 1.0}, {129, Kind::Double, -0.5}});
+    ASSERT_TRUE(runUntil([this] { return label(11) != nil; }));
+    EXPECT_NEAR([label(11) alphaValue], 0.78, 1e-6);
+    const auto number = static_cast<std::int64_t>([label(11) windowNumber]);
+    EXPECT_THAT(server_.windows.at(number), testing::ElementsAre(11U));
+  });
+}
+
+TEST_F(ProgramTest, SwitchesToTheDesktopWhoseRowIsClicked) {
+  [[NSUserDefaults standardUserDefaults] setBool:YES forKey:@"InstantMenuSwitch"];
+  server_.spaces.erase(server_.spaces.begin() + 2);
+  server_.followSwipes();
+  run([this] {
+    openMenu();
+    ASSERT_EQ([[statusItem() menu] numberOfItems], 7);
+    const NSRect row = gnustep::screenFrame(menuItem(2));
+    user_.click(NSMakePoint(NSMinX(row) + 60.0, NSMidY(row)));
+    ASSERT_TRUE(runUntil([this] { return title() == " Desktop 3 "; }));
+    EXPECT_EQ(gnustep::menuWindow(), nil);
+  });
+  [[NSUserDefaults standardUserDefaults] removeObjectForKey:@"InstantMenuSwitch"];
+  ASSERT_GE(stream_.posted.size(), 3U);
+  constexpr double smallest = 1.401298464324817e-45;
+  for (std::size_t i = 0; i < 3; ++i) {
+    const double phase = i == 2 ? 4.0 : static_cast<double>(i) + 1.0;
+    EXPECT_EQ(stream_.posted[i].fields, swipeFields(phase, smallest, 400.0));
+  }
+}
+
+TEST_F(ProgramTest, RenamesADesktopInItsRow) {
+  run([this] {
+    openMenu();
+    const NSRect row = gnustep::screenFrame(menuItem(1));
+    const NSPoint pencil = NSMakePoint(NSMinX(row) + 220.0 - 19.0, NSMidY(row));
+    user_.moveTo(pencil);
+    user_.click(pencil);
+    user_.type("Film");
+    user_.pressReturn();
+    EXPECT_TRUE(runUntil([this] { return title() == " Film "; }));
+    EXPECT_EQ(labelText(12), "Film");
+    NSDictionary* names = [[NSUserDefaults standardUserDefaults] dictionaryForKey:@"SpaceNames"];
+    EXPECT_EQ(toString([names objectForKey:@"b"]), "Film");
+  });
+}
+
+NSButton* checkBox(NSString* title, NSView* view) {
+  for (NSView* child in [view subviews]) {
+    if ([child isKindOfClass:[NSButton class]] && [[(NSButton*)child title] isEqualToString:title]) {
+      return (NSButton*)child;
+    }
+    if (NSButton* found = checkBox(title, child)) {
+      return found;
+    }
+  }
+  return nil;
+}
+
+TEST_F(ProgramTest, StoresAPreferenceThatIsClicked) {
+  run([this] {
+    openMenu();
+    user_.click(centre(gnustep::screenFrame(menuItem(4))));
+    NSButton* box = nil;
+    ASSERT_TRUE(runUntil([&box] {
+      for (NSWindow* window in [NSApp windows]) {
+        if ([[window title] isEqualToString:@"Plinkhaven Preferences"] && [window isVisible]) {
+          box = checkBox(@"Show desktop label during swipe transitions", [window contentView]);
+        }
+      }
+      return box != nil;
+    }));
+    gnustep::runFor(500ms);
+    const NSRect inWindow = [box convertRect:[box bounds] toView:nil];
+    const NSPoint origin = [[box window] frame].origin;
+    user_.click(NSMakePoint(origin.x + NSMinX(inWindow) + 12.0, origin.y + NSMidY(inWindow)));
+    NSUserDefaults* defaults = [NSUserDefaults standardUserDefaults];
+    EXPECT_TRUE(runUntil([defaults] { return [defaults objectForKey:@"ShowSignInSwipeMode"] != nil; }));
+    EXPECT_FALSE([defaults boolForKey:@"ShowSignInSwipeMode"]);
+  });
+}
+
+}  // namespace
+}  // namespace roomlattice::platform::macos
