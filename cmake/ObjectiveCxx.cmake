@@ -15,7 +15,10 @@ else()
      AND ROOMLATTICE_GNUSTEP_BASE
      AND ROOMLATTICE_LIBOBJC_FOLDERS)
     set(CMAKE_OBJCXX_COMPILER ${ROOMLATTICE_CLANGXX})
+    # It is kept for all languages together, and the last one enabled would decide.
+    set(prologue "${CMAKE_PCH_PROLOGUE}")
     enable_language(OBJCXX)
+    set(CMAKE_PCH_PROLOGUE "${prologue}")
     # CMake knows how to link shared libraries in this language on a Mac only.
     foreach(variable CMAKE_SHARED_LIBRARY_@_FLAGS CMAKE_@_COMPILE_OPTIONS_PIC CMAKE_SHARED_LIBRARY_SONAME_@_FLAG
                      CMAKE_SHARED_LIBRARY_RUNTIME_@_FLAG CMAKE_SHARED_LIBRARY_RUNTIME_@_FLAG_SEP

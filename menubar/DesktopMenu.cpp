@@ -32,8 +32,8 @@ void MenuBarController::menuNeedsUpdate(platform::Menu& menu) {
   menu.items.emplace_back(platform::SeparatorItem{});
   menu.items.emplace_back(platform::CommandItem{"Preferences\u2026", ",", [this] { showPreferences(); }});
   menu.items.emplace_back(platform::SeparatorItem{});
-  menu.items.emplace_back(platform::CommandItem{
-      "Quit Plinkhaven", "q", [this] { platform_.application().terminate(); }, platform::CommandRole::Quit});
+  menu.items.emplace_back(platform::CommandItem{"Quit Plinkhaven", "q", [this] { platform_.application().terminate(); },
+                                                platform::CommandRole::Quit});
 }
 
 void MenuBarController::showPreferences() {

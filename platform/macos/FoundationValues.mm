@@ -137,8 +137,12 @@ Value toValue(id object) {
   return {};
 }
 
-id toPropertyList(const Value& value) { return toObject(value, Target::PropertyList); }
+id toPropertyList(const Value& value) {
+  return toObject(value, Target::PropertyList);
+}
 
-id toJsonObject(const Value& value) { return toObject(value, Target::Json); }
+id toJsonObject(const Value& value) {
+  return toObject(value, Target::Json);
+}
 
 }  // namespace roomlattice::platform::macos

@@ -13,7 +13,9 @@ namespace {
 
 using Instant = TaskQueue::Instant;
 
-Instant now() { return std::chrono::steady_clock::now().time_since_epoch(); }
+Instant now() {
+  return std::chrono::steady_clock::now().time_since_epoch();
+}
 
 dispatch_time_t after(Duration delay) {
   return dispatch_time(DISPATCH_TIME_NOW, std::max(delay, Duration::zero()).count());
@@ -101,7 +103,9 @@ void MacDispatcher::async(Task task) {
   });
 }
 
-void MacDispatcher::asyncAfter(Duration delay, Task task) { postDelayed(delay, std::move(task)); }
+void MacDispatcher::asyncAfter(Duration delay, Task task) {
+  postDelayed(delay, std::move(task));
+}
 
 Registration MacDispatcher::schedule(Duration delay, Task task) {
   const std::uint64_t token = postDelayed(delay, std::move(task));

@@ -62,14 +62,14 @@ Registration MacEvents::monitorGlobalMouseMoved(std::function<void()> handler) {
 Registration MacEvents::monitorLocalKeyDown(std::function<KeyDisposition(const KeyEvent&)> handler) {
   using Handler = std::function<KeyDisposition(const KeyEvent&)>;
   const auto shared = std::make_shared<std::optional<Handler>>(std::move(handler));
-  id monitor = [NSEvent addLocalMonitorForEventsMatchingMask:NSEventMaskKeyDown
-                                                     handler:^NSEvent*(NSEvent* event) {
-                                                       const std::optional<Handler> running = *shared;
-                                                       const bool isSwallowed =
-                                                           running && (*running)(MacKeyEvent(event)) ==
-                                                                          KeyDisposition::Swallow;
-                                                       return isSwallowed ? nil : event;
-                                                     }];
+  id monitor =
+      [NSEvent addLocalMonitorForEventsMatchingMask:NSEventMaskKeyDown
+                                            handler:^NSEvent*(NSEvent* event) {
+                                              const std::optional<Handler> running = *shared;
+                                              const bool isSwallowed =
+                                                  running && (*running)(MacKeyEvent(event)) == KeyDisposition::Swallow;
+                                              return isSwallowed ? nil : event;
+                                            }];
   return monitorRegistration(monitor, shared);
 }
 

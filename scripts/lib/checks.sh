@@ -3,12 +3,12 @@
 
 source_folders=(app spaces input labels menubar preferences platform support tests benchmarks)
 
-# Prints the project's own C++ files: sources with the argument `sources`, headers too with `all`.
+# Prints the project's own C++ files: sources with the argument `sources`, headers and Objective-C++ too with `all`.
 cpp_files() {
   local folder patterns=()
   for folder in "${source_folders[@]}"; do
     patterns+=("$folder/*.cpp")
-    if [[ $1 == all ]]; then patterns+=("$folder/*.h"); fi
+    if [[ $1 == all ]]; then patterns+=("$folder/*.h" "$folder/*.mm"); fi
   done
   project_files "${patterns[@]}"
 }

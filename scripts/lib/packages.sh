@@ -14,6 +14,11 @@ packages_for() {
       printf '%s\n' xvfb openbox xfwm4 kwin-x11 picom hsetroot dbus xterm fonts-dejavu-core \
         xdotool xclip wmctrl x11-utils x11-xserver-utils xsettingsd imagemagick
       ;;
+    # What stands for a Mac's frameworks when the macOS backend is tested.
+    gnustep)
+      printf '%s\n' clang libclang-rt-14-dev libobjc-12-dev libgnustep-gui-dev gnustep-base-runtime \
+        gnustep-gui-runtime gnustep-back0.29-cairo
+      ;;
     bench) printf '%s\n' libbenchmark-dev ;;
     # The X server with a touchpad that the tests move.
     test)

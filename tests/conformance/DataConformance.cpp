@@ -75,7 +75,8 @@ TEST_F(JsonConformance, ReadsDoublesBackEqual) {
 }
 
 TEST_F(JsonConformance, KeepsTextsBooleansAndNulls) {
-  const Value value = Value::Dictionary{{"text", "\"\\\n Música \u2026 \U0001F5A5"}, {"list", Value::Array{true, Value()}}};
+  const Value value =
+      Value::Dictionary{{"text", "\"\\\n Música \u2026 \U0001F5A5"}, {"list", Value::Array{true, Value()}}};
   EXPECT_TRUE(roundTrip(value) == value);
 }
 

@@ -67,9 +67,7 @@ TEST_F(DispatcherConformance, RepeatsUntilCancelledFromWithin) {
 TEST_F(DispatcherConformance, ComesBackFromTheBackground) {
   const std::thread::id main = std::this_thread::get_id();
   bool cameBack = false;
-  dispatcher().background([&] {
-    dispatcher().async([&] { cameBack = std::this_thread::get_id() == main; });
-  });
+  dispatcher().background([&] { dispatcher().async([&] { cameBack = std::this_thread::get_id() == main; }); });
   EXPECT_TRUE(runUntil([&] { return cameBack; }));
 }
 

@@ -29,13 +29,17 @@ TEST_F(UserInterfaceConformance, MeasuresLongerTextsWiderAndEmptyOnesAsHighAsALi
   const Size line = userInterface().measure("Mail", font);
   EXPECT_GT(userInterface().measure("Mail and more", font).width, line.width);
   EXPECT_EQ(userInterface().measure("", font).width, 0.0);
-  EXPECT_GT(userInterface().measure("Mail", {.size = 80.0}).height, userInterface().measure("Mail", {.size = 40.0}).height);
+  EXPECT_GT(userInterface().measure("Mail", {.size = 80.0}).height,
+            userInterface().measure("Mail", {.size = 40.0}).height);
 }
 
 TEST_F(UserInterfaceConformance, GivesEveryControlASize) {
-  const Control controls[] = {platform::LabelControl{.text = "x"},     platform::SliderControl{},
-                              platform::CheckBoxControl{.title = "x"}, platform::PopUpControl{.items = {"x"}},
-                              platform::ColorWellControl{},            platform::PushButtonControl{.title = "x"},
+  const Control controls[] = {platform::LabelControl{.text = "x"},
+                              platform::SliderControl{},
+                              platform::CheckBoxControl{.title = "x"},
+                              platform::PopUpControl{.items = {"x"}},
+                              platform::ColorWellControl{},
+                              platform::PushButtonControl{.title = "x"},
                               platform::SelectableTextControl{.text = "x"}};
   for (const Control& control : controls) {
     const Size size = userInterface().intrinsicSize(control);
@@ -45,7 +49,8 @@ TEST_F(UserInterfaceConformance, GivesEveryControlASize) {
 }
 
 TEST_F(UserInterfaceConformance, BreaksLabelsAtTheirWrapWidth) {
-  platform::LabelControl label{.text = "Reproduce the problem first, then click the button below and paste the result."};
+  platform::LabelControl label{.text =
+                                   "Reproduce the problem first, then click the button below and paste the result."};
   const Size line = userInterface().intrinsicSize(label);
   label.wrapWidth = line.width / 3.0;
   const Size wrapped = userInterface().intrinsicSize(label);

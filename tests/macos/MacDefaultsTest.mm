@@ -36,7 +36,9 @@ INSTANTIATE_TEST_SUITE_P(
                     Value(Value::Array{"a", 1, true, 0.5, Value::Array{}}),
                     Value(Value::Dictionary{{"uuid", "Mail"}, {"", Value::Dictionary{{"x", 2}}}})));
 
-TEST(MacDefaults, HasNothingUnderAnAbsentKey) { EXPECT_EQ(MacDefaults().object("never written"), std::nullopt); }
+TEST(MacDefaults, HasNothingUnderAnAbsentKey) {
+  EXPECT_EQ(MacDefaults().object("never written"), std::nullopt);
+}
 
 TEST(MacDefaults, RemovesAKeyThatIsSetToNull) {
   MacDefaults defaults;

@@ -31,7 +31,9 @@ TEST(MacJsonCodec, WritesDocumentsThatAreNoContainers) {
 
 class Unwritable : public testing::TestWithParam<Value> {};
 
-TEST_P(Unwritable, GivesNothing) { EXPECT_EQ(MacJsonCodec().encode(GetParam()), std::nullopt); }
+TEST_P(Unwritable, GivesNothing) {
+  EXPECT_EQ(MacJsonCodec().encode(GetParam()), std::nullopt);
+}
 
 INSTANTIATE_TEST_SUITE_P(MacJsonCodec, Unwritable,
                          testing::Values(Value(Value::Data{std::byte{1}}), Value(std::nan("")), Value(HUGE_VAL),
@@ -58,7 +60,9 @@ INSTANTIATE_TEST_SUITE_P(
 
 class Malformed : public testing::TestWithParam<const char*> {};
 
-TEST_P(Malformed, GivesNothing) { EXPECT_EQ(MacJsonCodec().decode(bytes(GetParam())), std::nullopt); }
+TEST_P(Malformed, GivesNothing) {
+  EXPECT_EQ(MacJsonCodec().decode(bytes(GetParam())), std::nullopt);
+}
 
 INSTANTIATE_TEST_SUITE_P(MacJsonCodec, Malformed, testing::Values("", "{", "{\"a\"}", "nope", "{'a':1}", "\xff\xfe"));
 

@@ -35,16 +35,16 @@ class MacTabbedWindowTest : public testing::Test {
                        .accessibilityLabel = "Label Text Size",
                        .action = [this](double value) { heard_ = "slider " + std::to_string(value); }}},
         {{{20.0, 310.0}, {300.0, 20.0}},
-         CheckBoxControl{.title = "Show", .state = CheckState::On, .action = [this](CheckState state) {
-                           heard_ = state == CheckState::On ? "on" : "off";
-                         }}},
+         CheckBoxControl{.title = "Show",
+                         .state = CheckState::On,
+                         .action = [this](CheckState state) { heard_ = state == CheckState::On ? "on" : "off"; }}},
     };
     TabPage rest{.identifier = "colors", .label = "Colors", .size = {490.0, 400.0}};
     rest.controls = {
         {{{20.0, 350.0}, {180.0, 26.0}},
-         PopUpControl{.items = {"Text Color", "Background Color"}, .selectedIndex = 1, .action = [this](int index) {
-                        heard_ = "item " + std::to_string(index);
-                      }}},
+         PopUpControl{.items = {"Text Color", "Background Color"},
+                      .selectedIndex = 1,
+                      .action = [this](int index) { heard_ = "item " + std::to_string(index); }}},
         {{{20.0, 300.0}, {44.0, 24.0}},
          ColorWellControl{.color = {0.1, 0.2, 0.3},
                           .tag = 7,

@@ -49,7 +49,8 @@ TEST(MacUserInterface, MeasuresLines) {
 }
 
 TEST(MacUserInterface, MakesHeavyTextWiderThanRegular) {
-  EXPECT_GT(textSize("Mail", {.size = 40.0, .weight = FontWeight::Heavy}).width, textSize("Mail", {.size = 40.0}).width);
+  EXPECT_GT(textSize("Mail", {.size = 40.0, .weight = FontWeight::Heavy}).width,
+            textSize("Mail", {.size = 40.0}).width);
 }
 
 TEST(MacUserInterface, GivesAnEmptyLabelTheHeightOfALine) {
@@ -70,9 +71,8 @@ TEST(MacUserInterface, BreaksALabelThatWraps) {
 
 TEST(MacUserInterface, GivesEveryControlASize) {
   const MacUserInterface userInterface;
-  const Control controls[] = {LabelControl{.text = "x"},    SliderControl{},
-                              CheckBoxControl{.title = "x"}, PopUpControl{.items = {"x"}},
-                              ColorWellControl{},            PushButtonControl{.title = "x"},
+  const Control controls[] = {LabelControl{.text = "x"},         SliderControl{},    CheckBoxControl{.title = "x"},
+                              PopUpControl{.items = {"x"}},      ColorWellControl{}, PushButtonControl{.title = "x"},
                               SelectableTextControl{.text = "x"}};
   for (const Control& control : controls) {
     const Size size = userInterface.intrinsicSize(control);

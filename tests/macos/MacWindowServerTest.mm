@@ -52,9 +52,8 @@ TEST_F(MacWindowServerTest, AttachesWindowsToSpacesAndDetachesThem) {
 
 template <char const* Missing>
 MacWindowServer without() {
-  return MacWindowServer(PrivateWindowServer::load([](const char* name) {
-    return std::string_view(name) == Missing ? nullptr : dlsym(RTLD_DEFAULT, name);
-  }));
+  return MacWindowServer(PrivateWindowServer::load(
+      [](const char* name) { return std::string_view(name) == Missing ? nullptr : dlsym(RTLD_DEFAULT, name); }));
 }
 
 constexpr char connection[] = "CGSMainConnectionID";
@@ -84,8 +83,7 @@ TEST_F(MacWindowServerTest, IgnoresAttachmentsThatCannotBeMade) {
 
 TEST_F(MacWindowServerTest, HandsOnAnswersOfAnotherShape) {
   server_.givenAnswer = "(1, {Spaces = none;})";
-  EXPECT_EQ(MacWindowServer().managedDisplaySpaces(),
-            Value(Value::Array{"1", Value::Dictionary{{"Spaces", "none"}}}));
+  EXPECT_EQ(MacWindowServer().managedDisplaySpaces(), Value(Value::Array{"1", Value::Dictionary{{"Spaces", "none"}}}));
 }
 
 }  // namespace

@@ -159,8 +159,8 @@ TEST_F(ProgramTest, PutsTheActiveDesktopsLabelInTheMiddle) {
 }
 
 std::vector<FieldRecord> swipeFields(double phase, double progress, double velocity) {
-  return {{55, Kind::Integer, 30.0},         {110, Kind::Integer, 23.0},  {132, Kind::Integer, phase},
-          {124, Kind::Double, progress},     {123, Kind::Integer, 1.0},   {129, Kind::Double, velocity},
+  return {{55, Kind::Integer, 30.0},     {110, Kind::Integer, 23.0}, {132, Kind::Integer, phase},
+          {124, Kind::Double, progress}, {123, Kind::Integer, 1.0},  {129, Kind::Double, velocity},
           {130, Kind::Double, velocity}};
 }
 
@@ -193,83 +193,12 @@ TEST_F(ProgramTest, ToursTheDesktopsWithAnimatedSwipesAndComesBack) {
 
 TEST_F(ProgramTest, ShowsLabelsWhenTheUserSwipes) {
   run([this] {
-    stream_.send({{55, Kind::Integer, 30.0}, {110, Kind::Integer, 23.0}, {132, Kind::Integer, 1.0}, {129, Kind::Double, -0.5}});
+    stream_.send(
+        {{55, Kind::Integer, 30.0}, {110, Kind::Integer, 23.0}, {132, Kind::Integer, 1.0}, {129, Kind::Double, -0.5}});
     ASSERT_TRUE(runUntil([this] { return label(11) != nil; }));
     EXPECT_NEAR([label(11) alphaValue], 0.78, 1e-6);
     const auto number = static_cast<std::int64_t>([label(11) windowNumber]);
     EXPECT_THAT(server_.windows.at(number), testing::ElementsAre(11U));
-  });
-}
-
-TEST_F(ProgramTest, SwitchesToTheDesktopWhoseRowIsClicked) {
-  [[NSUserDefaults standardUserDefaults] setBool:YES forKey:@"InstantMenuSwitch"];
-  server_.spaces.erase(server_.spaces.begin() + 2);
-  server_.followSwipes();
-  run([this] {
-    openMenu();
-    ASSERT_EQ([[statusItem() menu] numberOfItems], 7);
-    const NSRect row = gnustep::screenFrame(menuItem(2));
-    user_.click(NSMakePoint(NSMinX(row) + 60.0, NSMidY(row)));
-    ASSERT_TRUE(runUntil([this] { return title() == " Desktop 3 "; }));
-    EXPECT_EQ(gnustep::menuWindow(), nil);
-  });
-  [[NSUserDefaults standardUserDefaults] removeObjectForKey:@"InstantMenuSwitch"];
-  ASSERT_GE(stream_.posted.size(), 3U);
-  constexpr double smallest = 1.401298464324817e-45;
-  for (std::size_t i = 0; i < 3; ++i) {
-    const double phase = i == 2 ? 4.0 : static_cast<double>(i) + 1.0;
-    EXPECT_EQ(stream_.posted[i].fields, swipeFields(phase, smallest, 400.0));
-  }
-}
-
-TEST_F(ProgramTest, RenamesADesktopInItsRow) {
-  run([this] {
-    openMenu();
-    const NSRect row = gnustep::screenFrame(menuItem(1));
-    const NSPoint pencil = NSMakePoint(NSMinX(row) + 220.0 - 19.0, NSMidY(row));
-    user_.moveTo(pencil);
-    user_.click(pencil);
-    user_.type("Film");
-    user_.pressReturn();
-    EXPECT_TRUE(runUntil([this] { return title() == " Film "; }));
-    EXPECT_EQ(labelText(12), "Film");
-    NSDictionary* names = [[NSUserDefaults standardUserDefaults] dictionaryForKey:@"SpaceNames"];
-    EXPECT_EQ(toString([names objectForKey:@"b"]), "Film");
-  });
-}
-
-NSButton* checkBox(NSString* title, NSView* view) {
-  for (NSView* child in [view subviews]) {
-    if ([child isKindOfClass:[NSButton class]] && [[(NSButton*)child title] isEqualToString:title]) {
-      return (NSButton*)child;
-    }
-    if (NSButton* found = checkBox(title, child)) {
-      return found;
-    }
-  }
-  return nil;
-}
-
-TEST_F(ProgramTest, StoresAPreferenceThatIsClicked) {
-  run([this] {
-    openMenu();
-    user_.click(centre(gnustep::screenFrame(menuItem(4))));
-    NSButton* box = nil;
-    ASSERT_TRUE(runUntil([&box] {
-      for (NSWindow* window in [NSApp windows]) {
-        if ([[window title] isEqualToString:@"Plinkhaven Preferences"] && [window isVisible]) {
-          box = checkBox(@"Show desktop label during swipe transitions", [window contentView]);
-        }
-      }
-      return box != nil;
-    }));
-    gnustep::runFor(500ms);
-    const NSRect inWindow = [box convertRect:[box bounds] toView:nil];
-    const NSPoint origin = [[box window] frame].origin;
-    user_.click(NSMakePoint(origin.x + NSMinX(inWindow) + 12.0, origin.y + NSMidY(inWindow)));
-    NSUserDefaults* defaults = [NSUserDefaults standardUserDefaults];
-    EXPECT_TRUE(runUntil([defaults] { return [defaults objectForKey:@"ShowSignInSwipeMode"] != nil; }));
-    EXPECT_FALSE([defaults boolForKey:@"ShowSignInSwipeMode"]);
   });
 }
 

@@ -7,6 +7,7 @@
 #include <cctype>
 #include <chrono>
 #include <cstdint>
+#include <memory>
 
 #include "tests/macos/MainLoop.h"
 
@@ -77,14 +78,14 @@ namespace {
 /// release, which therefore comes from the main queue.
 template <class Send>
 void press(const Send& send, std::uint8_t pressed, std::uint8_t released, std::uint8_t detail) {
-  __block bool isReleased = false;
+  const auto isReleased = std::make_shared<bool>(false);
   send(pressed, detail);
   const auto delay = std::chrono::nanoseconds(pressTime).count();
   dispatch_after(dispatch_time(DISPATCH_TIME_NOW, delay), dispatch_get_main_queue(), ^{
     send(released, detail);
-    isReleased = true;
+    *isReleased = true;
   });
-  runUntil([&] { return isReleased; });
+  runUntil([&] { return *isReleased; });
   runFor(pressTime);
 }
 

@@ -82,7 +82,11 @@ std::vector<AnimationRecord> records;
   from_ = [window_ alphaValue];
   to_ = alpha;
   start_ = [NSDate timeIntervalSinceReferenceDate];
-  timer_ = [NSTimer scheduledTimerWithTimeInterval:frameTime target:self selector:@selector(step:) userInfo:nil repeats:YES];
+  timer_ = [NSTimer scheduledTimerWithTimeInterval:frameTime
+                                            target:self
+                                          selector:@selector(step:)
+                                          userInfo:nil
+                                           repeats:YES];
 }
 
 - (void)step:(NSTimer*)timer {
@@ -112,7 +116,8 @@ std::vector<AnimationRecord> records;
 namespace {
 
 NSMutableArray* contexts() {
-  static NSMutableArray* contexts = [[NSMutableArray alloc] initWithObjects:[[[SupplementAnimationContext alloc] init] autorelease], nil];
+  static NSMutableArray* contexts =
+      [[NSMutableArray alloc] initWithObjects:[[[SupplementAnimationContext alloc] init] autorelease], nil];
   return contexts;
 }
 
@@ -140,7 +145,8 @@ NSMutableArray* contexts() {
   const auto end = static_cast<std::int64_t>(([context duration] + frameTime) * 1e9);
   [self endGrouping];
   if (completionHandler != nullptr) {
-    dispatch_after(dispatch_time(DISPATCH_TIME_NOW, end), dispatch_get_main_queue(), (dispatch_block_t)completionHandler);
+    dispatch_after(dispatch_time(DISPATCH_TIME_NOW, end), dispatch_get_main_queue(),
+                   (dispatch_block_t)completionHandler);
   }
 }
 

@@ -39,7 +39,9 @@ struct VariableBox {
 };
 
 /// True when the last count has gone.
-bool dropCount(std::atomic<int>& flags) { return (flags.fetch_sub(OneCount) & CountMask) == OneCount; }
+bool dropCount(std::atomic<int>& flags) {
+  return (flags.fetch_sub(OneCount) & CountMask) == OneCount;
+}
 
 VariableBox* boxOnHeap(VariableBox* box) {
   VariableBox* current = box->forwarding;

@@ -74,6 +74,19 @@ NSTextField* makeField(NSString* text, BOOL bezeled) {
 
 @end
 
+@interface NSTextField (SupplementEditing)
+@end
+
+@implementation NSTextField (SupplementEditing)
+
+/// AppKit takes over what is being edited before it answers.
+- (NSString*)stringValue {
+  [self validateEditing];
+  return [[self cell] stringValue];
+}
+
+@end
+
 /// GNUstep measures every text in one line.
 @interface SupplementWrappingCell : NSTextFieldCell
 @end

@@ -119,7 +119,9 @@ std::vector<TimerRecord> runningTimers() {
   return records;
 }
 
-std::intptr_t lastGlobalQueue() { return lastGlobalIdentifier; }
+std::intptr_t lastGlobalQueue() {
+  return lastGlobalIdentifier;
+}
 
 }  // namespace roomlattice::gnustep
 
@@ -133,7 +135,9 @@ dispatch_time_t dispatch_time(dispatch_time_t when, std::int64_t delta) {
   return base + static_cast<dispatch_time_t>(delta);
 }
 
-dispatch_queue_t dispatch_get_main_queue() { return &mainQueue; }
+dispatch_queue_t dispatch_get_main_queue() {
+  return &mainQueue;
+}
 
 dispatch_queue_t dispatch_get_global_queue(std::intptr_t identifier, std::uintptr_t) {
   lastGlobalIdentifier = identifier;

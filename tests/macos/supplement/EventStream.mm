@@ -214,8 +214,7 @@ CFMachPortRef CGEventTapCreate(CGEventTapLocation location, CGEventTapPlacement 
   }
   SupplementPort* port = [[SupplementPort alloc] init];
   // Taps are enabled from the beginning.
-  *port->record_ = {
-      .location = location, .placement = placement, .options = options, .mask = mask, .isEnabled = true};
+  *port->record_ = {.location = location, .placement = placement, .options = options, .mask = mask, .isEnabled = true};
   port->callback_ = callback;
   port->userData_ = userData;
   ports.push_back(port);

@@ -90,9 +90,8 @@ void SpaceServer::step(int by) {
     return;
   }
   active = spaces[static_cast<std::size_t>(next)].identifier;
-  [[[NSWorkspace sharedWorkspace] notificationCenter]
-      postNotificationName:NSWorkspaceActiveSpaceDidChangeNotification
-                    object:[NSWorkspace sharedWorkspace]];
+  [[[NSWorkspace sharedWorkspace] notificationCenter] postNotificationName:NSWorkspaceActiveSpaceDidChangeNotification
+                                                                    object:[NSWorkspace sharedWorkspace]];
 }
 
 void SpaceServer::followSwipes() {

@@ -219,7 +219,8 @@ NSMutableArray* items() {
 namespace {
 
 NSView* titleRow(NSMenuItem* item) {
-  SupplementTitleRow* row = [[[SupplementTitleRow alloc] initWithFrame:NSMakeRect(0, 0, 100, titleRowHeight)] autorelease];
+  SupplementTitleRow* row =
+      [[[SupplementTitleRow alloc] initWithFrame:NSMakeRect(0, 0, 100, titleRowHeight)] autorelease];
   row->item_ = item;
   [row setBordered:NO];
   [row setTitle:[item title]];

@@ -74,7 +74,8 @@ const char behaviorKey[] = "collection behavior";
   NSArray* areas = property(self, areasKey);
   NSArray* tags = property(self, tagsKey);
   setProperty(self, areasKey, [(areas == nil ? [NSArray array] : areas) arrayByAddingObject:area]);
-  setProperty(self, tagsKey, [(tags == nil ? [NSArray array] : tags) arrayByAddingObject:[NSNumber numberWithInteger:tag]]);
+  setProperty(self, tagsKey,
+              [(tags == nil ? [NSArray array] : tags) arrayByAddingObject:[NSNumber numberWithInteger:tag]]);
 }
 
 - (void)removeTrackingArea:(NSTrackingArea*)area {
