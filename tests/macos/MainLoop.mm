@@ -17,11 +17,18 @@ void turn() {
   }
 }
 
+/// What a condition only looks at must not live on for that.
+bool holds(const std::function<bool()>& condition) {
+  @autoreleasepool {
+    return condition();
+  }
+}
+
 }  // namespace
 
 bool runUntil(const std::function<bool()>& condition, std::chrono::milliseconds limit) {
   const auto end = std::chrono::steady_clock::now() + limit;
-  while (!condition()) {
+  while (!holds(condition)) {
     if (std::chrono::steady_clock::now() > end) {
       return false;
     }
