@@ -10,6 +10,10 @@ inline NSRect toNSRect(const Rect& rect) {
   return NSMakeRect(rect.origin.x, rect.origin.y, rect.size.width, rect.size.height);
 }
 
+inline NSSize toNSSize(Size size) {
+  return NSMakeSize(size.width, size.height);
+}
+
 inline Point toPoint(NSPoint point) {
   return {point.x, point.y};
 }

@@ -87,8 +87,9 @@ NSView* HostedView::get() const {
 
 void HostedView::viewChanged() {
   @autoreleasepool {
-    if (toRect([native_.get() frame]) != view_.frame()) {
-      [native_.get() setFrame:toNSRect(view_.frame())];
+    // Where it stands is the menu's business, or the window's.
+    if (toSize([native_.get() frame].size) != view_.frame().size) {
+      [native_.get() setFrameSize:toNSSize(view_.frame().size)];
     }
     ViewContent content = view_.content();
     setLayerBackground(native_.get(), content.background, content.cornerRadius);

@@ -173,6 +173,14 @@ TEST_F(MenuMirrorTest, HandsTheReleaseOfAClickOnInTheRowsCoordinates) {
   EXPECT_EQ(heard_, "up 60 ");
 }
 
+TEST_F(MenuMirrorTest, LeavesARowThatChangesWhereTheMenuPutIt) {
+  open();
+  const NSRect before = [rowView() frame];
+  ASSERT_GT(NSMinY(before), 0.0);
+  row().edit();
+  EXPECT_TRUE(NSEqualRects([rowView() frame], before));
+}
+
 TEST_F(MenuMirrorTest, HasAPencilButton) {
   open();
   NSButton* button = [[rowView() subviews] objectAtIndex:2];

@@ -1,117 +1,28 @@
-#import "platform/macos/MacPlatform.h"
+#import "tests/macos/ProgramFixture.h"
 
-#import <AppKit/AppKit.h>
-#import <GNUstepBase/GSObjCRuntime.h>
 #import <QuartzCore/QuartzCore.h>
-#import <dispatch/dispatch.h>
 
-#import "platform/macos/Colors.h"
 #import "platform/macos/Fonts.h"
-#import "platform/macos/Geometry.h"
-#import "platform/macos/Strings.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
-#include <functional>
-#include <string>
+#include <algorithm>
 
-#include "app/Entry.h"
 #include "tests/macos/MainLoop.h"
-#include "tests/macos/UserInput.h"
 #include "tests/macos/supplement/Application.h"
 #include "tests/macos/supplement/DispatchRecord.h"
 #include "tests/macos/supplement/EventMonitors.h"
-#include "tests/macos/supplement/EventStream.h"
-#include "tests/macos/supplement/SpaceServer.h"
 #include "tests/macos/supplement/StatusBar.h"
 
 namespace roomlattice::platform::macos {
 namespace {
 
-using namespace std::chrono_literals;
 using gnustep::EventStream;
-using gnustep::FieldRecord;
 using gnustep::PostedEvent;
 using gnustep::runUntil;
-using gnustep::SpaceServer;
 using gnustep::TapRecord;
-using Kind = FieldRecord::Kind;
-
-/// The whole program on the native backend, with three desktops and a full-screen space.
-class ProgramTest : public testing::Test {
- protected:
-  ProgramTest() {
-    NSUserDefaults* defaults = [NSUserDefaults standardUserDefaults];
-    for (NSString* key in @[ @"SpaceNames", @"SpaceColors", @"ShowSpaceNameInMenuBar", @"ShowSignInSwipeMode" ]) {
-      [defaults removeObjectForKey:key];
-    }
-    stream_.reset();
-    server_.reset();
-    server_.spaces = {{.identifier = 11, .uuid = "a"},
-                      {.identifier = 12, .uuid = "b"},
-                      {.identifier = 13, .uuid = "film", .type = 4},
-                      {.identifier = 14, .uuid = "c"}};
-    server_.active = 12;
-  }
-
-  /// Runs the program; `script` is carried out from within its event loop.
-  void run(const std::function<void()>& script) {
-    const std::unique_ptr<Platform> platform = makePlatform();
-    __block bool carriedOut = false;
-    dispatch_async(dispatch_get_main_queue(), ^{
-      script();
-      carriedOut = true;
-      [NSApp stop:nil];
-      [NSApp postEvent:wakeUp() atStart:NO];
-    });
-    EXPECT_EQ(runRoomlattice(*platform), 0);
-    EXPECT_TRUE(carriedOut);
-    gnustep::closeMenu();
-  }
-
-  static NSEvent* wakeUp() {
-    return [NSEvent otherEventWithType:NSApplicationDefined
-                              location:NSZeroPoint
-                         modifierFlags:0
-                             timestamp:0
-                          windowNumber:0
-                               context:nil
-                               subtype:0
-                                 data1:0
-                                 data2:0];
-  }
-
-  NSStatusItem* statusItem() { return [gnustep::statusItems() lastObject]; }
-  std::string title() { return toString([[[statusItem() button] attributedTitle] string]); }
-
-  /// The label attached to a desktop; nil for none.
-  NSWindow* label(std::uint64_t space) {
-    for (const auto& [window, spaces] : server_.windows) {
-      if (spaces.contains(space)) {
-        return [NSApp windowWithWindowNumber:window];
-      }
-    }
-    return nil;
-  }
-
-  std::string labelText(std::uint64_t space) {
-    NSTextField* field = [[[label(space) contentView] subviews] objectAtIndex:0];
-    return toString([field stringValue]);
-  }
-
-  NSPoint centre(NSRect frame) { return NSMakePoint(NSMidX(frame), NSMidY(frame)); }
-  NSMenuItem* menuItem(NSInteger index) { return (NSMenuItem*)[[statusItem() menu] itemAtIndex:index]; }
-
-  void openMenu() {
-    user_.click(centre([[[statusItem() button] window] frame]));
-    ASSERT_TRUE(runUntil([] { return gnustep::menuWindow() != nil; }));
-  }
-
-  EventStream& stream_ = EventStream::shared();
-  SpaceServer& server_ = SpaceServer::shared();
-  gnustep::UserInput user_;
-};
+using Kind = gnustep::FieldRecord::Kind;
+using ProgramTest = ProgramFixture;
 
 TEST_F(ProgramTest, LaunchesAsAnAccessoryWithItsTapMonitorsAndTimer) {
   run([this] {
@@ -156,12 +67,6 @@ TEST_F(ProgramTest, PutsTheActiveDesktopsLabelInTheMiddle) {
     EXPECT_EQ(labelText(12), "Desktop 2");
     EXPECT_EQ([[[window contentView] layer] cornerRadius], 40.0);
   });
-}
-
-std::vector<FieldRecord> swipeFields(double phase, double progress, double velocity) {
-  return {{55, Kind::Integer, 30.0},     {110, Kind::Integer, 23.0}, {132, Kind::Integer, phase},
-          {124, Kind::Double, progress}, {123, Kind::Integer, 1.0},  {129, Kind::Double, velocity},
-          {130, Kind::Double, velocity}};
 }
 
 std::vector<PostedEvent> animatedSwipe(double sign) {

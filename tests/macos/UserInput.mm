@@ -1,13 +1,17 @@
 #include "tests/macos/UserInput.h"
 
+#import <AppKit/AppKit.h>
 #import <dispatch/dispatch.h>
+#include <xcb/shape.h>
 #include <xcb/xcb.h>
 #include <xcb/xtest.h>
 
 #include <cctype>
 #include <chrono>
 #include <cstdint>
+#include <cstdlib>
 #include <memory>
+#include <vector>
 
 #include "tests/macos/MainLoop.h"
 
@@ -53,6 +57,17 @@ class UserInput::Connection {
     xcb_flush(connection_);
   }
 
+  /// Lets the pointer through a window and through the frame it stands in.
+  void letThrough(xcb_window_t window) {
+    while (window != screen_->root && window != XCB_NONE) {
+      xcb_shape_rectangles(connection_, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_INPUT, XCB_CLIP_ORDERING_UNSORTED, window, 0, 0,
+                           0, nullptr);
+      xcb_query_tree_reply_t* tree = xcb_query_tree_reply(connection_, xcb_query_tree(connection_, window), nullptr);
+      window = tree == nullptr ? XCB_NONE : tree->parent;
+      std::free(tree);
+    }
+  }
+
   /// The key that gives a symbol without modifiers; 0 for none.
   std::uint8_t key(std::uint32_t symbol) const {
     const xcb_keysym_t* symbols = xcb_get_keyboard_mapping_keysyms(mapping_);
@@ -89,6 +104,17 @@ void press(const Send& send, std::uint8_t pressed, std::uint8_t released, std::u
   runFor(pressTime);
 }
 
+/// GNUstep's windows get the pointer's events even when they are to ignore them.
+std::vector<xcb_window_t> windowsToIgnore() {
+  std::vector<xcb_window_t> found;
+  for (NSWindow* window in [NSApp windows]) {
+    if ([window ignoresMouseEvents] && [window isVisible]) {
+      found.push_back(static_cast<xcb_window_t>(reinterpret_cast<std::uintptr_t>([window windowRef])));
+    }
+  }
+  return found;
+}
+
 }  // namespace
 
 UserInput::UserInput() : connection_(std::make_unique<Connection>()) {}
@@ -96,6 +122,9 @@ UserInput::UserInput() : connection_(std::make_unique<Connection>()) {}
 UserInput::~UserInput() = default;
 
 void UserInput::moveTo(NSPoint place) {
+  for (const xcb_window_t window : windowsToIgnore()) {
+    connection_->letThrough(window);
+  }
   connection_->move(NSMakePoint(place.x + 1.0, place.y));
   runFor(pressTime);
   connection_->move(place);

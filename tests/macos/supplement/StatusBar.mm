@@ -34,7 +34,26 @@ NSMutableArray* items() {
 @interface SupplementStatusButton : NSStatusBarButton
 @end
 
+@protocol SupplementFitting
+- (void)fit;
+@end
+
 @implementation SupplementStatusButton
+
+- (void)setTitle:(NSString*)title {
+  [super setTitle:title];
+  [(id<SupplementFitting>)[self target] fit];
+}
+
+- (void)setAttributedTitle:(NSAttributedString*)title {
+  [super setAttributedTitle:title];
+  [(id<SupplementFitting>)[self target] fit];
+}
+
+- (void)setImage:(NSImage*)image {
+  [super setImage:image];
+  [(id<SupplementFitting>)[self target] fit];
+}
 
 - (void)drawRect:(NSRect)rect {
   roomlattice::gnustep::paintLayer(self);
@@ -43,7 +62,7 @@ NSMutableArray* items() {
 
 @end
 
-@interface SupplementStatusItem : NSStatusItem {
+@interface SupplementStatusItem : NSStatusItem <SupplementFitting> {
   NSWindow* window_;
   SupplementStatusButton* button_;
   NSMenu* shownMenu_;
@@ -96,6 +115,11 @@ NSMutableArray* items() {
 
 - (void)setLength:(CGFloat)length {
   shownLength_ = length;
+  [self fit];
+}
+
+- (void)fit {
+  const CGFloat length = shownLength_;
   [button_ sizeToFit];
   const CGFloat fitting = length == NSSquareStatusItemLength ? barHeight : NSWidth([button_ frame]);
   const CGFloat width = length > 0.0 ? length : std::max(fitting, barHeight);
