@@ -1,8 +1,12 @@
 #pragma once
 
 #include "tests/conformance/Backend.h"
+#include "tests/conformance/KnownGaps.h"
 
 #include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
 
 namespace roomlattice::tests {
 
@@ -11,9 +15,8 @@ class ConformanceTest : public testing::Test {
  protected:
   void SetUp() override {
     const auto* test = testing::UnitTest::GetInstance()->current_test_info();
-    const auto gap = knownGaps().find(std::string(test->test_suite_name()) + "." + test->name());
-    if (gap != knownGaps().end()) {
-      GTEST_SKIP() << gap->second;
+    if (const auto gap = knownGap(backendName(), std::string(test->test_suite_name()) + "." + test->name())) {
+      GTEST_SKIP() << *gap;
     }
     backend_ = makeBackend();
   }

@@ -32,9 +32,8 @@ std::unique_ptr<Backend> makeBackend() {
   return std::make_unique<SimulatedBackend>();
 }
 
-const std::map<std::string, std::string>& knownGaps() {
-  static const std::map<std::string, std::string> gaps;
-  return gaps;
+std::string_view backendName() {
+  return "simulated";
 }
 
 }  // namespace roomlattice::tests

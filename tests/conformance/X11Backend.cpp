@@ -35,9 +35,8 @@ std::unique_ptr<Backend> makeBackend() {
   return std::make_unique<X11Backend>();
 }
 
-const std::map<std::string, std::string>& knownGaps() {
-  static const std::map<std::string, std::string> gaps;
-  return gaps;
+std::string_view backendName() {
+  return "x11";
 }
 
 }  // namespace roomlattice::tests

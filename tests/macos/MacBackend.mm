@@ -2,12 +2,22 @@
 
 #include "tests/conformance/Backend.h"
 #include "tests/macos/MainLoop.h"
+#include "tests/macos/supplement/SpaceServer.h"
 
 namespace roomlattice::tests {
 namespace {
 
+/// On a window server with three desktops, whose Dock follows swipes.
 class MacBackend final : public Backend {
  public:
+  MacBackend() {
+    gnustep::SpaceServer& server = gnustep::SpaceServer::shared();
+    server.reset();
+    server.spaces = {{.identifier = 11, .uuid = "a"}, {.identifier = 12, .uuid = "b"}, {.identifier = 13, .uuid = "c"}};
+    server.active = 11;
+    server.followSwipes();
+  }
+
   platform::Platform& platform() override { return *platform_; }
   bool runUntil(const std::function<bool()>& condition) override { return gnustep::runUntil(condition); }
   void runFor(std::chrono::milliseconds duration) override { gnustep::runFor(duration); }
@@ -22,14 +32,8 @@ std::unique_ptr<Backend> makeBackend() {
   return std::make_unique<MacBackend>();
 }
 
-const std::map<std::string, std::string>& knownGaps() {
-  static const std::map<std::string, std::string> gaps{
-      {"DefaultsConformance.KeepsTheTypeOfEqualNumbers",
-       "GNUstep's defaults do not write a number over a Boolean that it takes for equal"},
-      {"JsonConformance.TellsIntegersFromDoubles", "GNUstep's parser makes a double of every number"},
-      {"JsonConformance.RefusesTrailingText", "GNUstep's parser does not look behind the document's end"},
-  };
-  return gaps;
+std::string_view backendName() {
+  return "macos";
 }
 
 }  // namespace roomlattice::tests
