@@ -1,6 +1,6 @@
 #include "platform/simulated/Dock.h"
 
-#include "platform/simulated/SimulatedEvent.h"
+#include "platform/DockSwipe.h"
 
 #include <algorithm>
 #include <cmath>
@@ -13,9 +13,8 @@ namespace {
 constexpr double sufficientProgress = 0.5;
 constexpr double sufficientVelocity = 1.0;
 
-bool isDockSwipe(const Event& event) {
-  return event.integer(EventField::Kind) == eventType::dockGesture &&
-         event.integer(EventField::GestureKind) == dockSwipe && event.integer(EventField::SwipeAxis) == horizontalAxis;
+bool isBetweenDesktops(const Event& event) {
+  return isDockSwipe(event) && event.integer(EventField::SwipeAxis) == dockSwipe::horizontal;
 }
 
 Direction directionOf(double signedAmount) {
@@ -38,20 +37,20 @@ Dock::Dock(VirtualTime& time, SpaceList& spaces, Faults& faults, std::function<v
     : time_(time), spaces_(spaces), faults_(faults), spacesChanged_(std::move(spacesChanged)) {}
 
 void Dock::handle(const Event& event) {
-  if (!isDockSwipe(event)) {
+  if (!isBetweenDesktops(event)) {
     return;
   }
-  switch (static_cast<SwipePhase>(event.integer(EventField::Phase))) {
-    case SwipePhase::Began:
-    case SwipePhase::Changed:
+  switch (event.integer(EventField::Phase)) {
+    case dockSwipe::Began:
+    case dockSwipe::Changed:
       swiping_ = true;
       break;
-    case SwipePhase::Ended:
+    case dockSwipe::Ended:
       if (const auto direction = outcome(event); std::exchange(swiping_, false) && direction) {
         complete(*direction);
       }
       break;
-    case SwipePhase::Cancelled:
+    case dockSwipe::Cancelled:
       swiping_ = false;
       break;
   }

@@ -16,12 +16,12 @@ void EventStream::post(const Event& event, std::int64_t processID) {
   if (faults_.accessibilityDenied) {
     return;
   }
-  SimulatedEvent copy(event);
+  FieldEvent copy(event);
   copy.setInteger(EventField::SourceProcessID, processID);
   time_.post(Duration::zero(), [this, copy] { pass(copy); });
 }
 
-void EventStream::pass(const SimulatedEvent& event) {
+void EventStream::pass(const FieldEvent& event) {
   if (listener_ != nullptr && !faults_.accessibilityDenied) {
     listener_->eventPassed(event, static_cast<std::uint32_t>(event.integer(EventField::Kind)));
   }

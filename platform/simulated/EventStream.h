@@ -1,9 +1,10 @@
 #pragma once
 
 #include "platform/Events.h"
+#include "platform/FieldEvent.h"
 #include "platform/simulated/Dock.h"
 #include "platform/simulated/Faults.h"
-#include "platform/simulated/SimulatedEvent.h"
+#include "platform/simulated/SimulatedKeyEvent.h"
 #include "platform/simulated/VirtualTime.h"
 
 #include <cstdint>
@@ -39,7 +40,7 @@ class EventStream {
   void post(const Event& event, std::int64_t processID);
 
   /// What the hardware makes passes at once.
-  void pass(const SimulatedEvent& event);
+  void pass(const FieldEvent& event);
 
   void disableTaps(TapDisabling cause);
 

@@ -2,7 +2,7 @@
 
 #include "platform/Menu.h"
 #include "platform/simulated/HostedView.h"
-#include "platform/simulated/SimulatedEvent.h"
+#include "platform/simulated/SimulatedKeyEvent.h"
 
 #include <cstddef>
 #include <memory>

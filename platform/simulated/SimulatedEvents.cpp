@@ -29,7 +29,7 @@ std::unique_ptr<Event> SimulatedEvents::createEvent() {
     --faults_.eventsNotCreated;
     return nullptr;
   }
-  return std::make_unique<SimulatedEvent>();
+  return std::make_unique<FieldEvent>();
 }
 
 void SimulatedEvents::post(const Event& event) {
@@ -70,7 +70,7 @@ void SimulatedEvents::tapsDisabled(TapDisabling cause) {
       cause == TapDisabling::ByTimeout ? tapEvent::disabledByTimeout : tapEvent::disabledByUserInput;
   taps_.forEach([type](const std::shared_ptr<TapState>& tap) {
     if (std::exchange(tap->enabled, false)) {
-      tap->handler(SimulatedEvent(), type);
+      tap->handler(FieldEvent(), type);
     }
   });
 }

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "platform/RegistrationList.h"
 #include "platform/System.h"
-#include "platform/simulated/RegistrationList.h"
 #include "platform/simulated/SimulatedDesktop.h"
 #include "platform/simulated/SimulatedDispatcher.h"
 

@@ -1,6 +1,6 @@
 #include "platform/simulated/SimulatedTextField.h"
 
-#include "platform/simulated/SimulatedEvent.h"
+#include "platform/simulated/SimulatedKeyEvent.h"
 #include "platform/simulated/TextMetrics.h"
 
 #include <utility>

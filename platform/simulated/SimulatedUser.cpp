@@ -1,6 +1,7 @@
 #include "platform/simulated/SimulatedUser.h"
 
 #include "platform/Fatal.h"
+#include "platform/FieldEvent.h"
 #include "platform/simulated/SimulatedStatusItem.h"
 #include "platform/simulated/SimulatedTabbedWindow.h"
 #include "platform/simulated/TextMetrics.h"
@@ -13,19 +14,23 @@
 namespace roomlattice::platform::simulated {
 namespace {
 
+// EventField::Kind of other input: public numbers of Quartz event services.
+constexpr std::int64_t mouseMoved = 5;
+constexpr std::int64_t keyDown = 10;
+
 constexpr Duration swipePace = std::chrono::milliseconds(8);
 
-SimulatedEvent inputEvent(std::int64_t type) {
-  SimulatedEvent event;
+FieldEvent inputEvent(std::int64_t type) {
+  FieldEvent event;
   event.setInteger(EventField::Kind, type);
   return event;
 }
 
-SimulatedEvent swipeEvent(SwipePhase phase, SwipeMotion motion) {
-  SimulatedEvent event = inputEvent(eventType::dockGesture);
-  event.setInteger(EventField::GestureKind, dockSwipe);
-  event.setInteger(EventField::SwipeAxis, horizontalAxis);
-  event.setInteger(EventField::Phase, static_cast<std::int64_t>(phase));
+FieldEvent swipeEvent(dockSwipe::Phase phase, SwipeMotion motion) {
+  FieldEvent event = inputEvent(dockSwipe::eventKind);
+  event.setInteger(EventField::GestureKind, dockSwipe::gestureKind);
+  event.setInteger(EventField::SwipeAxis, dockSwipe::horizontal);
+  event.setInteger(EventField::Phase, phase);
   event.setReal(EventField::Progress, motion.progress);
   event.setReal(EventField::Velocity, motion.velocity);
   event.setReal(EventField::SecondaryVelocity, motion.velocity);
@@ -50,23 +55,23 @@ Rect buttonFrame(const View& view) {
 void SimulatedUser::swipes(Direction direction) {
   constexpr int moves = 4;
   const double sign = direction == Direction::Right ? 1.0 : -1.0;
-  const auto later = [&desktop = desktop_](int step, SwipePhase phase, SwipeMotion motion) {
+  const auto later = [&desktop = desktop_](int step, dockSwipe::Phase phase, SwipeMotion motion) {
     desktop.after(swipePace * step, [&desktop, phase, motion] { desktop.events().pass(swipeEvent(phase, motion)); });
   };
-  movesFingers(SwipePhase::Began, {.progress = sign * 0.01, .velocity = sign * 0.5});
+  movesFingers(dockSwipe::Began, {.progress = sign * 0.01, .velocity = sign * 0.5});
   for (int move = 1; move <= moves; ++move) {
-    later(move, SwipePhase::Changed, {.progress = sign * move / moves, .velocity = sign * 1.5});
+    later(move, dockSwipe::Changed, {.progress = sign * move / moves, .velocity = sign * 1.5});
   }
-  later(moves + 1, SwipePhase::Ended, {.progress = sign, .velocity = sign * 1.5});
+  later(moves + 1, dockSwipe::Ended, {.progress = sign, .velocity = sign * 1.5});
 }
 
-void SimulatedUser::movesFingers(SwipePhase phase, SwipeMotion motion) {
+void SimulatedUser::movesFingers(dockSwipe::Phase phase, SwipeMotion motion) {
   desktop_.events().pass(swipeEvent(phase, motion));
 }
 
 void SimulatedUser::movesPointerTo(Point point) {
   desktop_.events().setPointer(point);
-  desktop_.events().pass(inputEvent(eventType::mouseMoved));
+  desktop_.events().pass(inputEvent(mouseMoved));
   if (const auto session = desktop_.menu()) {
     session->pointerMoved(point);
   }
@@ -154,7 +159,7 @@ void SimulatedUser::types(std::string_view text) {
 }
 
 void SimulatedUser::presses(const SimulatedKeyEvent& event) {
-  desktop_.events().pass(inputEvent(eventType::keyDown));
+  desktop_.events().pass(inputEvent(keyDown));
   InputListener* const listener = desktop_.events().listener();
   if (listener == nullptr || !desktop_.programHasKeyboard()) {
     return;

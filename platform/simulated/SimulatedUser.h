@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/DockSwipe.h"
 #include "platform/simulated/SimulatedDesktop.h"
 
 #include <cstddef>
@@ -26,7 +27,7 @@ class SimulatedUser {
   /// arrives 290 ms from now.
   void swipes(Direction direction);
   /// One event of a swipe.
-  void movesFingers(SwipePhase phase, SwipeMotion motion);
+  void movesFingers(dockSwipe::Phase phase, SwipeMotion motion);
 
   // --- Pointer; points are in screen coordinates
   void movesPointerTo(Point point);

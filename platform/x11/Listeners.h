@@ -1,11 +1,8 @@
 #pragma once
 
-#include "platform/Registration.h"
+#include "platform/RegistrationList.h"
 
-#include <cstdint>
 #include <functional>
-#include <map>
-#include <memory>
 #include <utility>
 
 namespace roomlattice::platform::x11 {
@@ -17,34 +14,16 @@ class Listeners {
  public:
   using Callback = std::function<void(Arguments...)>;
 
-  Registration add(Callback callback) {
-    const std::uint64_t order = nextOrder_++;
-    callbacks_->emplace(order, std::make_shared<Callback>(std::move(callback)));
-    return Registration([weak = std::weak_ptr(callbacks_), order] {
-      if (const auto callbacks = weak.lock()) {
-        // Taken out first: what the callback owns may come back here when it ends.
-        const auto ended = callbacks->extract(order);
-      }
-    });
-  }
+  Registration add(Callback callback) { return callbacks_.add(std::move(callback)); }
 
   void notify(Arguments... arguments) const {
-    const std::shared_ptr<Map> callbacks = callbacks_;
-    const Map now = *callbacks;
-    for (const auto& [order, callback] : now) {
-      if (callbacks->contains(order)) {
-        (*callback)(arguments...);
-      }
-    }
+    callbacks_.forEach([&](const Callback& callback) { callback(arguments...); });
   }
 
-  bool empty() const { return callbacks_->empty(); }
+  bool empty() const { return callbacks_.empty(); }
 
  private:
-  using Map = std::map<std::uint64_t, std::shared_ptr<Callback>>;
-
-  std::shared_ptr<Map> callbacks_ = std::make_shared<Map>();
-  std::uint64_t nextOrder_ = 0;
+  RegistrationList<Callback> callbacks_;
 };
 
 }  // namespace roomlattice::platform::x11

@@ -17,8 +17,9 @@
 namespace roomlattice::tests {
 namespace {
 
+namespace dockSwipe = platform::dockSwipe;
+
 using platform::simulated::SimulatedWindow;
-using platform::simulated::SwipePhase;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::SizeIs;
@@ -178,7 +179,7 @@ TEST_F(AppDelegateOfOneDesktopTest, HasNothingToTour) {
 
 TEST_F(AppDelegateTest, ShowsTheLabelAheadOfASwipeBeforeTheTour) {
   startProgram();
-  user.movesFingers(SwipePhase::Began, {.progress = 0.1, .velocity = 0.5});
+  user.movesFingers(dockSwipe::Began, {.progress = 0.1, .velocity = 0.5});
   desktop.advance(0s);
   EXPECT_THAT(labelsShown(), ElementsAre("Desktop 2"));
 }
@@ -186,7 +187,7 @@ TEST_F(AppDelegateTest, ShowsTheLabelAheadOfASwipeBeforeTheTour) {
 TEST_F(AppDelegateTest, HandsTheDirectionOfASwipeOn) {
   desktop.switchTo(desktop.desktopAt(1));
   startProgram();
-  user.movesFingers(SwipePhase::Began, {.progress = -0.1, .velocity = -0.5});
+  user.movesFingers(dockSwipe::Began, {.progress = -0.1, .velocity = -0.5});
   desktop.advance(0s);
   EXPECT_THAT(labelsShown(), ElementsAre("Desktop 1"));
 }
@@ -248,7 +249,7 @@ TEST_F(AppDelegateTest, DoesNothingOnceItHasGone) {
   {
     AppDelegate delegate(platform());
     delegate.applicationDidFinishLaunching();
-    user.movesFingers(SwipePhase::Began, {.progress = 0.1, .velocity = 0.5});
+    user.movesFingers(dockSwipe::Began, {.progress = 0.1, .velocity = 0.5});
     user.movesPointerTo(corner);
   }
   desktop.advance(60s);

@@ -13,10 +13,11 @@
 namespace roomlattice::tests {
 namespace {
 
+namespace dockSwipe = platform::dockSwipe;
+
 using platform::EventField;
-using platform::simulated::SimulatedEvent;
+using platform::FieldEvent;
 using platform::simulated::SwipeMotion;
-using platform::simulated::SwipePhase;
 using platform::simulated::TapDisabling;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
@@ -32,13 +33,13 @@ class SwipeWatcherTest : public SimulatedFixture {
     watcher->start();
   }
 
-  void moves(SwipePhase phase, const SwipeMotion& motion) {
+  void moves(dockSwipe::Phase phase, const SwipeMotion& motion) {
     user.movesFingers(phase, motion);
     desktop.advance(0s);
   }
 
-  static SimulatedEvent swipeBeginning() {
-    SimulatedEvent event;
+  static FieldEvent swipeBeginning() {
+    FieldEvent event;
     event.setInteger(EventField::Kind, 30);
     event.setInteger(EventField::GestureKind, 23);
     event.setInteger(EventField::Phase, 1);
@@ -46,7 +47,7 @@ class SwipeWatcherTest : public SimulatedFixture {
     return event;
   }
 
-  void passes(const SimulatedEvent& event) {
+  void passes(const FieldEvent& event) {
     desktop.events().pass(event);
     desktop.advance(0s);
   }
@@ -73,7 +74,7 @@ TEST_F(SwipeWatcherTest, ReportsEachOfSeveralSwipes) {
 
 TEST_F(SwipeWatcherTest, ReportsOnALaterTurn) {
   startWatcher();
-  user.movesFingers(SwipePhase::Began, toTheRight);
+  user.movesFingers(dockSwipe::Began, toTheRight);
   EXPECT_THAT(reported, IsEmpty());
   desktop.advance(0s);
   EXPECT_THAT(reported, ElementsAre(true));
@@ -96,34 +97,34 @@ TEST_F(SwipeWatcherTest, TakesTheDirectionFromTheVelocityOrElseFromTheProgress) 
   startWatcher();
   for (const Row& row : rows) {
     reported.clear();
-    moves(SwipePhase::Began, row.motion);
+    moves(dockSwipe::Began, row.motion);
     EXPECT_THAT(reported, ElementsAre(row.isRight)) << row.motion.progress << " " << row.motion.velocity;
-    moves(SwipePhase::Ended, row.motion);
+    moves(dockSwipe::Ended, row.motion);
   }
 }
 
 TEST_F(SwipeWatcherTest, MakesALostBeginningGoodByTheFirstChange) {
   startWatcher();
-  moves(SwipePhase::Changed, toTheLeft);
-  moves(SwipePhase::Changed, toTheRight);
+  moves(dockSwipe::Changed, toTheLeft);
+  moves(dockSwipe::Changed, toTheRight);
   EXPECT_THAT(reported, ElementsAre(false));
 }
 
 TEST_F(SwipeWatcherTest, ReportsOnlyTheFirstOfTwoSwipesWithoutAnEndBetween) {
   startWatcher();
-  moves(SwipePhase::Began, toTheRight);
-  moves(SwipePhase::Changed, toTheRight);
-  moves(SwipePhase::Began, toTheLeft);
+  moves(dockSwipe::Began, toTheRight);
+  moves(dockSwipe::Changed, toTheRight);
+  moves(dockSwipe::Began, toTheLeft);
   EXPECT_THAT(reported, ElementsAre(true));
 }
 
 TEST_F(SwipeWatcherTest, IsReadyAgainAfterTheEndOrTheCancellation) {
   startWatcher();
-  for (const SwipePhase end : {SwipePhase::Ended, SwipePhase::Cancelled}) {
+  for (const dockSwipe::Phase end : {dockSwipe::Ended, dockSwipe::Cancelled}) {
     reported.clear();
-    moves(SwipePhase::Began, toTheRight);
+    moves(dockSwipe::Began, toTheRight);
     moves(end, toTheRight);
-    moves(SwipePhase::Began, toTheLeft);
+    moves(dockSwipe::Began, toTheLeft);
     EXPECT_THAT(reported, ElementsAre(true, false));
     moves(end, toTheLeft);
   }
@@ -133,20 +134,20 @@ TEST_F(SwipeWatcherTest, TakesNoOtherPhaseForABeginningOrAnEnd) {
   startWatcher();
   for (const std::int64_t phase : {0, 3, 5, 6, 16, 32, 128, -1}) {
     reported.clear();
-    moves(static_cast<SwipePhase>(phase), toTheRight);
+    moves(static_cast<dockSwipe::Phase>(phase), toTheRight);
     EXPECT_THAT(reported, IsEmpty()) << phase;
-    moves(SwipePhase::Began, toTheRight);
-    moves(static_cast<SwipePhase>(phase), toTheRight);
-    moves(SwipePhase::Changed, toTheRight);
+    moves(dockSwipe::Began, toTheRight);
+    moves(static_cast<dockSwipe::Phase>(phase), toTheRight);
+    moves(dockSwipe::Changed, toTheRight);
     EXPECT_THAT(reported, ElementsAre(true)) << phase;
-    moves(SwipePhase::Ended, toTheRight);
+    moves(dockSwipe::Ended, toTheRight);
   }
 }
 
 TEST_F(SwipeWatcherTest, EndsOfNothingAreHarmless) {
   startWatcher();
-  moves(SwipePhase::Ended, toTheRight);
-  moves(SwipePhase::Cancelled, toTheRight);
+  moves(dockSwipe::Ended, toTheRight);
+  moves(dockSwipe::Cancelled, toTheRight);
   EXPECT_THAT(reported, IsEmpty());
 }
 
@@ -158,7 +159,7 @@ TEST_F(SwipeWatcherTest, CountsOnlyDockSwipesThatNoProcessPosted) {
                                      {EventField::Kind, 0},
                                      {EventField::GestureKind, 22},
                                      {EventField::GestureKind, 0}}) {
-    SimulatedEvent event = swipeBeginning();
+    FieldEvent event = swipeBeginning();
     event.setInteger(field, value);
     passes(event);
     EXPECT_THAT(reported, IsEmpty()) << static_cast<int>(field) << "=" << value;
@@ -170,7 +171,7 @@ TEST_F(SwipeWatcherTest, CountsOnlyDockSwipesThatNoProcessPosted) {
 TEST_F(SwipeWatcherTest, LetsNoProcessEndTheUsersSwipe) {
   startWatcher();
   passes(swipeBeginning());
-  SimulatedEvent end = swipeBeginning();
+  FieldEvent end = swipeBeginning();
   end.setInteger(EventField::Phase, 4);
   end.setInteger(EventField::SourceProcessID, 1);
   passes(end);
@@ -211,14 +212,14 @@ TEST_F(SwipeWatcherTest, CanBeStartedOnceThePermissionIsGiven) {
   startWatcher();
   desktop.faults.accessibilityDenied = false;
   watcher->start();
-  moves(SwipePhase::Began, toTheRight);
+  moves(dockSwipe::Began, toTheRight);
   EXPECT_THAT(reported, ElementsAre(true));
 }
 
 TEST_F(SwipeWatcherTest, StartsOnce) {
   startWatcher();
   watcher->start();
-  moves(SwipePhase::Began, toTheRight);
+  moves(dockSwipe::Began, toTheRight);
   EXPECT_THAT(reported, ElementsAre(true));
   EXPECT_THAT(desktop.log().texts(), IsEmpty());
 }
@@ -228,23 +229,23 @@ TEST_F(SwipeWatcherTest, HearsOnAfterTheSystemDisabledTheTap) {
   for (const TapDisabling cause : {TapDisabling::ByTimeout, TapDisabling::ByUserInput}) {
     reported.clear();
     desktop.events().disableTaps(cause);
-    moves(SwipePhase::Began, toTheRight);
+    moves(dockSwipe::Began, toTheRight);
     EXPECT_THAT(reported, ElementsAre(true));
-    moves(SwipePhase::Ended, toTheRight);
+    moves(dockSwipe::Ended, toTheRight);
   }
 }
 
 TEST_F(SwipeWatcherTest, RemembersTheSwipeWhileTheTapIsDisabled) {
   startWatcher();
-  moves(SwipePhase::Began, toTheRight);
+  moves(dockSwipe::Began, toTheRight);
   desktop.events().disableTaps(TapDisabling::ByTimeout);
-  moves(SwipePhase::Changed, toTheRight);
+  moves(dockSwipe::Changed, toTheRight);
   EXPECT_THAT(reported, ElementsAre(true));
 }
 
 TEST_F(SwipeWatcherTest, ReportsNothingOnceItHasGone) {
   startWatcher();
-  user.movesFingers(SwipePhase::Began, toTheRight);
+  user.movesFingers(dockSwipe::Began, toTheRight);
   watcher.reset();
   desktop.advance(1s);
   user.swipes(Left);

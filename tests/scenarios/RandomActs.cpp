@@ -13,6 +13,8 @@
 namespace roomlattice::tests {
 namespace {
 
+namespace dockSwipe = platform::dockSwipe;
+
 using namespace std::chrono_literals;
 using platform::Point;
 using platform::Rect;
@@ -21,7 +23,6 @@ using platform::simulated::Direction;
 using platform::simulated::MenuSession;
 using platform::simulated::Space;
 using platform::simulated::SwipeMotion;
-using platform::simulated::SwipePhase;
 using platform::simulated::TapDisabling;
 
 using World = ScenarioWorld;
@@ -175,8 +176,8 @@ void moveFocus(World& world, Random& random) {
 }
 
 void moveFingers(World& world, Random& random) {
-  static const std::vector<SwipePhase> phases = {SwipePhase::Began, SwipePhase::Changed, SwipePhase::Ended,
-                                                 SwipePhase::Cancelled};
+  static const std::vector<dockSwipe::Phase> phases = {dockSwipe::Began, dockSwipe::Changed, dockSwipe::Ended,
+                                                       dockSwipe::Cancelled};
   const SwipeMotion motion{.progress = 2.0 * random.fraction() - 1.0, .velocity = 4.0 * random.fraction() - 2.0};
   world.user.movesFingers(random.oneOf(phases), motion);
 }

@@ -8,18 +8,19 @@
 namespace roomlattice::tests {
 namespace {
 
+namespace dockSwipe = platform::dockSwipe;
+
 using platform::EventField;
+using platform::FieldEvent;
 using platform::SpaceID;
-using platform::simulated::SimulatedEvent;
 using platform::simulated::SwipeMotion;
-using platform::simulated::SwipePhase;
 using platform::simulated::SwipeRule;
 
 class Dock : public SimulatedFixture {
  protected:
   void completeSwipe(SwipeMotion motion) {
-    user.movesFingers(SwipePhase::Began, {});
-    user.movesFingers(SwipePhase::Ended, motion);
+    user.movesFingers(dockSwipe::Began, {});
+    user.movesFingers(dockSwipe::Ended, motion);
     desktop.advance(1s);
   }
 
@@ -56,9 +57,9 @@ TEST_F(Dock, StaysAtEitherEndOfTheList) {
 
 TEST_F(Dock, ArrivesASettlingTimeAfterTheFingersLift) {
   desktop.dock().setSettlingTime(400ms);
-  user.movesFingers(SwipePhase::Began, {});
+  user.movesFingers(dockSwipe::Began, {});
   desktop.advance(5s);
-  user.movesFingers(SwipePhase::Ended, {.progress = 1.0});
+  user.movesFingers(dockSwipe::Ended, {.progress = 1.0});
   desktop.advance(399ms);
   EXPECT_EQ(desktop.activeSpace(), desktop.desktopAt(0));
   desktop.advance(1ms);
@@ -85,35 +86,35 @@ TEST_F(Dock, MovesOnlyForASwipeThatCameFarOrWasFast) {
 }
 
 TEST_F(Dock, ForgetsACancelledSwipe) {
-  user.movesFingers(SwipePhase::Began, {});
-  user.movesFingers(SwipePhase::Changed, {.progress = 0.9, .velocity = 2.0});
-  user.movesFingers(SwipePhase::Cancelled, {.progress = 0.9, .velocity = 2.0});
-  user.movesFingers(SwipePhase::Ended, {.progress = 1.0, .velocity = 2.0});
+  user.movesFingers(dockSwipe::Began, {});
+  user.movesFingers(dockSwipe::Changed, {.progress = 0.9, .velocity = 2.0});
+  user.movesFingers(dockSwipe::Cancelled, {.progress = 0.9, .velocity = 2.0});
+  user.movesFingers(dockSwipe::Ended, {.progress = 1.0, .velocity = 2.0});
   desktop.advance(1s);
   EXPECT_EQ(desktop.activeSpace(), desktop.desktopAt(0));
 }
 
 TEST_F(Dock, NeedsTheStartOfASwipeButNotItsFirstEvent) {
-  user.movesFingers(SwipePhase::Ended, {.progress = 1.0, .velocity = 2.0});
+  user.movesFingers(dockSwipe::Ended, {.progress = 1.0, .velocity = 2.0});
   desktop.advance(1s);
   EXPECT_EQ(desktop.activeSpace(), desktop.desktopAt(0));
-  user.movesFingers(SwipePhase::Changed, {.progress = 0.5, .velocity = 2.0});
-  user.movesFingers(SwipePhase::Ended, {.progress = 1.0, .velocity = 2.0});
+  user.movesFingers(dockSwipe::Changed, {.progress = 0.5, .velocity = 2.0});
+  user.movesFingers(dockSwipe::Ended, {.progress = 1.0, .velocity = 2.0});
   desktop.advance(1s);
   EXPECT_EQ(desktop.activeSpace(), desktop.desktopAt(1));
 }
 
 TEST_F(Dock, RecognisesOnlyHorizontalSwipesBetweenDesktops) {
-  SimulatedEvent swipe;
+  FieldEvent swipe;
   swipe.setInteger(EventField::Kind, 30);
   swipe.setInteger(EventField::GestureKind, 23);
   swipe.setInteger(EventField::SwipeAxis, 1);
   swipe.setReal(EventField::Progress, 1.0);
   for (const EventField field : {EventField::Kind, EventField::GestureKind, EventField::SwipeAxis}) {
-    SimulatedEvent other = swipe;
+    FieldEvent other = swipe;
     other.setInteger(field, 2);
-    for (const SwipePhase phase : {SwipePhase::Began, SwipePhase::Ended}) {
-      other.setInteger(EventField::Phase, static_cast<std::int64_t>(phase));
+    for (const dockSwipe::Phase phase : {dockSwipe::Began, dockSwipe::Ended}) {
+      other.setInteger(EventField::Phase, phase);
       desktop.events().pass(other);
     }
   }
@@ -123,8 +124,8 @@ TEST_F(Dock, RecognisesOnlyHorizontalSwipesBetweenDesktops) {
 
 TEST_F(Dock, CountsEachOfSeveralSwipesThatAreUnderWay) {
   for (int swipe = 0; swipe < 2; ++swipe) {
-    user.movesFingers(SwipePhase::Began, {});
-    user.movesFingers(SwipePhase::Ended, {.progress = 1.0});
+    user.movesFingers(dockSwipe::Began, {});
+    user.movesFingers(dockSwipe::Ended, {.progress = 1.0});
   }
   desktop.advance(250ms);
   EXPECT_EQ(desktop.activeSpace(), desktop.desktopAt(2));

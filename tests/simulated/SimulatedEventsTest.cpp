@@ -8,13 +8,14 @@
 namespace roomlattice::tests {
 namespace {
 
+namespace dockSwipe = platform::dockSwipe;
+
 using platform::Event;
 using platform::EventField;
 using platform::EventTap;
 using platform::KeyDisposition;
 using platform::KeyEvent;
 using platform::Registration;
-using platform::simulated::SwipePhase;
 using platform::simulated::TapDisabling;
 
 class SimulatedEvents : public SimulatedFixture {
@@ -28,12 +29,12 @@ class SimulatedEvents : public SimulatedFixture {
     });
   }
 
-  void postSwipe(SwipePhase phase) {
+  void postSwipe(dockSwipe::Phase phase) {
     const std::unique_ptr<Event> event = events().createEvent();
     event->setInteger(EventField::Kind, 30);
     event->setInteger(EventField::GestureKind, 23);
     event->setInteger(EventField::SwipeAxis, 1);
-    event->setInteger(EventField::Phase, static_cast<std::int64_t>(phase));
+    event->setInteger(EventField::Phase, phase);
     event->setReal(EventField::Progress, 1.0);
     events().post(*event);
   }
@@ -44,10 +45,10 @@ class SimulatedEvents : public SimulatedFixture {
 
 TEST_F(SimulatedEvents, BringsTheUsersEventsToATapThatIsEnabled) {
   const auto tap = recordingTap();
-  user.movesFingers(SwipePhase::Began, {});
+  user.movesFingers(dockSwipe::Began, {});
   EXPECT_TRUE(types_.empty());
   tap->enable();
-  user.movesFingers(SwipePhase::Began, {});
+  user.movesFingers(dockSwipe::Began, {});
   user.movesPointerTo({1.0, 1.0});
   user.pressesKey(36);
   EXPECT_EQ(types_, (std::vector<std::uint32_t>{30, 5, 10}));
@@ -57,7 +58,7 @@ TEST_F(SimulatedEvents, BringsTheUsersEventsToATapThatIsEnabled) {
 TEST_F(SimulatedEvents, BringsPostedEventsToTapsLaterWithTheirSource) {
   const auto tap = recordingTap();
   tap->enable();
-  postSwipe(SwipePhase::Began);
+  postSwipe(dockSwipe::Began);
   EXPECT_TRUE(types_.empty());
   desktop.advance(0s);
   EXPECT_EQ(types_, std::vector<std::uint32_t>{30});
@@ -65,8 +66,8 @@ TEST_F(SimulatedEvents, BringsPostedEventsToTapsLaterWithTheirSource) {
 }
 
 TEST_F(SimulatedEvents, MovesDesktopsByPostedSwipes) {
-  postSwipe(SwipePhase::Began);
-  postSwipe(SwipePhase::Ended);
+  postSwipe(dockSwipe::Began);
+  postSwipe(dockSwipe::Ended);
   desktop.advance(1s);
   EXPECT_EQ(desktop.activeSpace(), desktop.desktopAt(1));
 }
@@ -75,7 +76,7 @@ TEST_F(SimulatedEvents, BringsNothingToATapThatHasEnded) {
   auto tap = recordingTap();
   tap->enable();
   tap.reset();
-  user.movesFingers(SwipePhase::Began, {});
+  user.movesFingers(dockSwipe::Began, {});
   EXPECT_TRUE(types_.empty());
 }
 
@@ -87,8 +88,8 @@ TEST_F(SimulatedEvents, LetsATapEndItself) {
     tap.reset();
   });
   tap->enable();
-  user.movesFingers(SwipePhase::Began, {});
-  user.movesFingers(SwipePhase::Changed, {});
+  user.movesFingers(dockSwipe::Began, {});
+  user.movesFingers(dockSwipe::Changed, {});
   EXPECT_EQ(calls, 1);
 }
 
@@ -96,13 +97,13 @@ TEST_F(SimulatedEvents, TellsATapThatItWasDisabledUntilItIsEnabledAgain) {
   const auto tap = recordingTap();
   tap->enable();
   desktop.events().disableTaps(TapDisabling::ByTimeout);
-  user.movesFingers(SwipePhase::Began, {});
+  user.movesFingers(dockSwipe::Began, {});
   EXPECT_EQ(types_, std::vector<std::uint32_t>{platform::tapEvent::disabledByTimeout});
   tap->enable();
   desktop.events().disableTaps(TapDisabling::ByUserInput);
   EXPECT_EQ(types_.back(), platform::tapEvent::disabledByUserInput);
   tap->enable();
-  user.movesFingers(SwipePhase::Began, {});
+  user.movesFingers(dockSwipe::Began, {});
   EXPECT_EQ(types_.back(), 30U);
 }
 
@@ -115,14 +116,14 @@ TEST_F(SimulatedEvents, FallSilentWhenThePermissionIsTakenAway) {
   const auto tap = recordingTap();
   tap->enable();
   desktop.faults.accessibilityDenied = true;
-  user.movesFingers(SwipePhase::Began, {});
+  user.movesFingers(dockSwipe::Began, {});
   EXPECT_TRUE(types_.empty());
 }
 
 TEST_F(SimulatedEvents, DropWhatIsPostedWithoutThePermission) {
   desktop.faults.accessibilityDenied = true;
-  postSwipe(SwipePhase::Began);
-  postSwipe(SwipePhase::Ended);
+  postSwipe(dockSwipe::Began);
+  postSwipe(dockSwipe::Ended);
   desktop.advance(1s);
   EXPECT_EQ(desktop.activeSpace(), desktop.desktopAt(0));
 }

@@ -1,6 +1,6 @@
 #include "platform/simulated/SimulatedTextField.h"
 
-#include "platform/simulated/SimulatedEvent.h"
+#include "platform/simulated/SimulatedKeyEvent.h"
 #include "tests/support/TestView.h"
 
 #include <gtest/gtest.h>

@@ -7,9 +7,9 @@
 #include <memory>
 #include <utility>
 
-namespace roomlattice::platform::simulated {
+namespace roomlattice::platform {
 
-/// Items in the order they were added, each until its registration ends.
+/// Items in the order they were added, each until its registration ends. The registrations may outlive the list.
 template <class Item>
 class RegistrationList {
  public:
@@ -18,10 +18,13 @@ class RegistrationList {
     items_->emplace(order, std::make_shared<Item>(std::move(item)));
     return Registration([weak = std::weak_ptr(items_), order] {
       if (const auto items = weak.lock()) {
-        items->erase(order);
+        // Taken out first: what the item owns may come back here when it ends.
+        const auto ended = items->extract(order);
       }
     });
   }
+
+  bool empty() const { return items_->empty(); }
 
   /// Calls `visit` with every item; those that end meanwhile are left out, and those added meanwhile too.
   template <class Visit>
@@ -42,4 +45,4 @@ class RegistrationList {
   std::uint64_t nextOrder_ = 0;
 };
 
-}  // namespace roomlattice::platform::simulated
+}  // namespace roomlattice::platform

@@ -1,4 +1,4 @@
-#include "platform/simulated/RegistrationList.h"
+#include "platform/RegistrationList.h"
 
 #include <gtest/gtest.h>
 
@@ -9,7 +9,7 @@ namespace roomlattice::tests {
 namespace {
 
 using platform::Registration;
-using platform::simulated::RegistrationList;
+using platform::RegistrationList;
 
 std::vector<int> contents(const RegistrationList<int>& list) {
   std::vector<int> items;

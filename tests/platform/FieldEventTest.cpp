@@ -1,4 +1,4 @@
-#include "platform/simulated/SimulatedEvent.h"
+#include "platform/FieldEvent.h"
 
 #include <gtest/gtest.h>
 
@@ -8,6 +8,7 @@ namespace roomlattice::tests {
 namespace {
 
 using platform::EventField;
+using platform::FieldEvent;
 
 /// An event of no backend.
 class ForeignEvent : public platform::Event {
@@ -18,32 +19,30 @@ class ForeignEvent : public platform::Event {
   void setReal(EventField, double) override {}
 };
 
-using SimulatedEvent = platform::simulated::SimulatedEvent;
-
-TEST(SimulatedEvent, ReadsFieldsThatWereNeverSetAsZero) {
-  const SimulatedEvent event;
+TEST(FieldEventTest, ReadsFieldsThatWereNeverSetAsZero) {
+  const FieldEvent event;
   EXPECT_EQ(event.integer(EventField::Kind), 0);
   EXPECT_EQ(event.real(EventField::Progress), 0.0);
 }
 
-TEST(SimulatedEvent, KeepsNumbersExactly) {
-  SimulatedEvent event;
+TEST(FieldEventTest, KeepsNumbersExactly) {
+  FieldEvent event;
   event.setInteger(EventField::Kind, std::numeric_limits<std::int64_t>::min());
   event.setReal(EventField::Progress, 1.401298464324817e-45);
   EXPECT_EQ(event.integer(EventField::Kind), std::numeric_limits<std::int64_t>::min());
   EXPECT_EQ(event.real(EventField::Progress), 1.401298464324817e-45);
 }
 
-TEST(SimulatedEvent, ConvertsBetweenTheKindsOfNumbers) {
-  SimulatedEvent event;
+TEST(FieldEventTest, ConvertsBetweenTheKindsOfNumbers) {
+  FieldEvent event;
   event.setInteger(EventField::Phase, 4);
   event.setReal(EventField::Velocity, -1.5);
   EXPECT_EQ(event.real(EventField::Phase), 4.0);
   EXPECT_EQ(event.integer(EventField::Velocity), -1);
 }
 
-TEST(SimulatedEvent, CopiesAnyEvent) {
-  const SimulatedEvent copy{ForeignEvent()};
+TEST(FieldEventTest, CopiesAnyEvent) {
+  const FieldEvent copy{ForeignEvent()};
   EXPECT_EQ(copy.integer(EventField::Phase), 132);
   EXPECT_EQ(copy.real(EventField::Progress), 62.0);
 }
