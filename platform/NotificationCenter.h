@@ -41,7 +41,7 @@ class Notifications {
 /// The platform's own notifications that the program observes.
 namespace notification {
 
-/// Workspace centre: another desktop is active, or the list of desktops is another one.
+/// Workspace centre: another desktop is active. Backends that learn of a changed list of desktops post it then, too.
 inline constexpr std::string_view activeSpaceDidChange = "NSWorkspaceActiveSpaceDidChangeNotification";
 
 /// Workspace centre: the machine has woken from sleep.

@@ -143,6 +143,17 @@ TEST_F(AppDelegateTest, FollowsTheDesktopFromTheStart) {
   EXPECT_EQ(title(), " Desktop 2 ");
 }
 
+TEST_F(AppDelegateTest, LooksAtTheDesktopsAgainOnlyWhenAnotherOneIsActive) {
+  startProgram();
+  desktop.overrideManagedDisplaySpaces(platform::Value());
+  desktop.setScreens({platform::Rect{{0.0, 0.0}, {1024.0, 768.0}}});
+  desktop.setAppearance(platform::Appearance::Dark);
+  desktop.sleepFor(1s);
+  EXPECT_THAT(SpaceManager::shared().spaces(), SizeIs(3));
+  desktop.switchTo(desktop.desktopAt(1));
+  EXPECT_THAT(SpaceManager::shared().spaces(), IsEmpty());
+}
+
 TEST_F(AppDelegateTest, StartsTheTourAfterOneAndAHalfSeconds) {
   startProgram();
   desktop.advance(1500ms - 1ns);

@@ -4,11 +4,14 @@
 #include "platform/simulated/SimulatedPlatform.h"
 #include "platform/simulated/SimulatedStatusItem.h"
 #include "platform/simulated/SimulatedUser.h"
+#include "tests/support/ForwardingPlatform.h"
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 
 namespace roomlattice::tests {
 namespace {
@@ -18,13 +21,42 @@ using platform::simulated::SimulatedDesktop;
 using platform::simulated::SimulatedPlatform;
 using platform::simulated::SimulatedUser;
 
+/// A platform that can be looked at just before its event loop runs.
+class PlatformThatShowsItsStart final : public ForwardingPlatform {
+ public:
+  explicit PlatformThatShowsItsStart(platform::Platform& inner)
+      : ForwardingPlatform(inner), application_(inner.application(), onRun) {}
+
+  platform::Application& application() override { return application_; }
+
+  std::function<void()> onRun;
+
+ private:
+  class Application final : public platform::Application {
+   public:
+    Application(platform::Application& inner, const std::function<void()>& onRun) : inner_(inner), onRun_(onRun) {}
+
+    void setActivationPolicy(platform::ActivationPolicy policy) override { inner_.setActivationPolicy(policy); }
+    int run(std::function<void()> didFinishLaunching) override {
+      onRun_();
+      return inner_.run(std::move(didFinishLaunching));
+    }
+    void activateIgnoringOtherApps() override { inner_.activateIgnoringOtherApps(); }
+    void terminate() override { inner_.terminate(); }
+
+   private:
+    platform::Application& inner_;
+    const std::function<void()>& onRun_;
+  };
+
+  Application application_;
+};
+
 class Entry : public ::testing::Test {
  protected:
   int runProgram() {
     SimulatedPlatform platform(desktop);
-    const int status = runRoomlattice(platform);
-    policy = platform.application().activationPolicy();
-    return status;
+    return runRoomlattice(platform);
   }
 
   void quitsThroughTheMenu() {
@@ -34,7 +66,6 @@ class Entry : public ::testing::Test {
 
   SimulatedDesktop desktop;
   SimulatedUser user{desktop};
-  std::optional<platform::ActivationPolicy> policy;
 };
 
 TEST_F(Entry, RunsUntilTheUserQuits) {
@@ -43,10 +74,23 @@ TEST_F(Entry, RunsUntilTheUserQuits) {
   EXPECT_EQ(desktop.now(), 10s);
 }
 
-TEST_F(Entry, RunsAsAnAccessory) {
+TEST_F(Entry, IsAnAccessoryAndNothingElseBeforeTheEventLoopRuns) {
   desktop.after(1s, [this] { quitsThroughTheMenu(); });
-  runProgram();
+  SimulatedPlatform inner(desktop);
+  PlatformThatShowsItsStart platform(inner);
+  std::optional<platform::ActivationPolicy> policy;
+  bool built = true;
+  bool settingsRead = true;
+  platform.onRun = [&] {
+    policy = inner.application().activationPolicy();
+    built = desktop.statusItem() != nullptr || !desktop.windows().overlays().empty();
+    settingsRead = desktop.storedDefaults().contains("KnownSpaceUUIDs");
+  };
+  EXPECT_EQ(runRoomlattice(platform), 0);
   EXPECT_EQ(policy, platform::ActivationPolicy::Accessory);
+  EXPECT_FALSE(built);
+  EXPECT_FALSE(settingsRead);
+  EXPECT_TRUE(desktop.storedDefaults().contains("KnownSpaceUUIDs"));
 }
 
 TEST_F(Entry, LeavesNothingOnTheScreen) {

@@ -103,6 +103,16 @@ TEST_F(SwipeWatcherTest, TakesTheDirectionFromTheVelocityOrElseFromTheProgress) 
   }
 }
 
+TEST_F(SwipeWatcherTest, TakesTheFirstOfTheTwoVelocities) {
+  startWatcher();
+  FieldEvent event = swipeBeginning();
+  event.setReal(static_cast<EventField>(129), -0.5);
+  event.setReal(static_cast<EventField>(130), 0.5);
+  event.setReal(static_cast<EventField>(124), 0.5);
+  passes(event);
+  EXPECT_THAT(reported, ElementsAre(false));
+}
+
 TEST_F(SwipeWatcherTest, MakesALostBeginningGoodByTheFirstChange) {
   startWatcher();
   moves(dockSwipe::Changed, toTheLeft);
@@ -218,7 +228,9 @@ TEST_F(SwipeWatcherTest, CanBeStartedOnceThePermissionIsGiven) {
 
 TEST_F(SwipeWatcherTest, StartsOnce) {
   startWatcher();
+  desktop.faults.accessibilityDenied = true;
   watcher->start();
+  desktop.faults.accessibilityDenied = false;
   moves(dockSwipe::Began, toTheRight);
   EXPECT_THAT(reported, ElementsAre(true));
   EXPECT_THAT(desktop.log().texts(), IsEmpty());

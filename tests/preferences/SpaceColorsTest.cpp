@@ -106,6 +106,19 @@ TEST_F(SpaceColorsTest, PostOneChangeForAPaletteHoweverManyDesktopsThereAre) {
   EXPECT_EQ(changes, 1);
 }
 
+TEST_F(SpaceColorsTest, AreWrittenAsTheyAreByAPaletteWithoutDesktops) {
+  setDesktops({regular(1)});
+  store.applyPalette(palette("Earth"));
+  const SpaceColors before = store.spaceColors();
+  setDesktops({{9, "full", "Main", 4}});
+  int changes = 0;
+  const auto observer =
+      platform().notifications().defaultCenter().observe(PreferencesStore::didChange, [&changes] { ++changes; });
+  store.applyPalette(palette("Neon"));
+  EXPECT_EQ(store.spaceColors(), before);
+  EXPECT_EQ(changes, 1);
+}
+
 TEST_F(SpaceColorsTest, ReplaceBadDataWhenAPaletteIsApplied) {
   setDesktops({regular(1)});
   desktop.storedDefaults()["SpaceColors"] = platform::Value::Data{std::byte{'?'}};

@@ -22,6 +22,14 @@ TEST(SpaceInfo, HashesEqualSpacesAlike) {
   EXPECT_EQ(set.size(), 2U);
 }
 
+TEST(SpaceInfo, HashesEachOfTheFourFields) {
+  const std::hash<SpaceInfo> hash;
+  EXPECT_NE(hash({8, "A", "Main", 0}), hash(space));
+  EXPECT_NE(hash({7, "B", "Main", 0}), hash(space));
+  EXPECT_NE(hash({7, "A", "Other", 0}), hash(space));
+  EXPECT_NE(hash({7, "A", "Main", 4}), hash(space));
+}
+
 TEST(SpaceInfo, NumbersTheDirectionsFromLeftToRight) {
   EXPECT_EQ(static_cast<int>(ISSDirection::left), 0);
   EXPECT_EQ(static_cast<int>(ISSDirection::right), 1);

@@ -79,6 +79,21 @@ TEST_F(SpaceManagerNames, GoWithABlankName) {
   }
 }
 
+TEST_F(SpaceManagerNames, LeaveAnEmptyDictionaryWhenTheLastHasGone) {
+  SpaceManager& manager = managerWithDesktops();
+  manager.setName("Work", first);
+  manager.setName("", first);
+  EXPECT_EQ(stored(), Value(Value::Dictionary{}));
+}
+
+TEST_F(SpaceManagerNames, AreReadFromTheSettingsOnceAndWrittenWhole) {
+  SpaceManager& manager = managerWithDesktops();
+  desktop.storedDefaults()["SpaceNames"] = Value::Dictionary{{"A", "Work"}};
+  EXPECT_EQ(manager.displayName(first), "Desktop 1");
+  manager.setName("Mail", second);
+  EXPECT_EQ(stored(), Value(Value::Dictionary{{"B", "Mail"}}));
+}
+
 TEST_F(SpaceManagerNames, PostOneChangeForEverySet) {
   SpaceManager& manager = managerWithDesktops();
   int changes = 0;

@@ -208,6 +208,19 @@ TEST_F(SpaceManagerSwitching, KnowsTheTargetByItsIdentifierAlone) {
   EXPECT_EQ(directions(), "RR");
 }
 
+TEST_F(SpaceManagerSwitching, CountsFromTheFirstOfTwoDesktopsWithOneIdentifier) {
+  const std::vector<SpaceInfo> spaces = {
+      {1, "A", "Main", 0}, {2, "B", "Main", 0}, {2, "C", "Main", 0}, {3, "D", "Main", 0}};
+  manager.update(spaces, 1);
+  manager.switchToSpace({.spaceID = 2});
+  desktop.advance(5s);
+  EXPECT_EQ(directions(), "R");
+  manager.update(spaces, 2);
+  manager.switchToSpace({.spaceID = 3});
+  desktop.advance(5s);
+  EXPECT_EQ(directions(), "RRR");
+}
+
 TEST_F(SpaceManagerSwitching, DoesNothingTowardsTheActiveDesktop) {
   startsOn(2);
   manager.switchToSpace(regularSpace(2));

@@ -162,7 +162,7 @@ TEST_F(SpaceManagerTour, EndsWithTheLogLineThenTheNotificationThenTheCompletion)
   onEvent = [&](const std::string&) { lastLines.push_back(logged().back()); };
   startTour();
   desktop.advance(20s);
-  EXPECT_THAT(history, ElementsAre(SpaceManager::tourWillStart, SpaceManager::tourDidEnd, "completion"));
+  EXPECT_THAT(history, ElementsAre("SpaceManagerTourWillStart", "SpaceManagerTourDidEnd", "completion"));
   EXPECT_THAT(lastLines, ElementsAre(startLine(4), endLine, endLine));
 }
 
