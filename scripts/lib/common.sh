@@ -20,12 +20,18 @@ usage() { awk 'NR > 1 { if (!sub(/^# ?/, "")) exit; print }' "$0"; }
 require_linux() {
   case $(uname -s) in
     Linux) ;;
-    Darwin) die "there is no macOS backend yet; on a Mac only the sources can be read" ;;
-    *) die "only Linux with X11 is supported, this is $(uname -s)" ;;
+    Darwin) die "this is for Linux; on a Mac there are scripts/run and scripts/test" ;;
+    *) die "only Linux with X11 and macOS are supported, this is $(uname -s)" ;;
   esac
 }
 
-core_count() { nproc; }
+core_count() {
+  if [[ $(uname -s) == Darwin ]]; then
+    sysctl -n hw.ncpu
+  else
+    nproc
+  fi
+}
 
 # Files of the project, new ones included, that match the given git path patterns: one path a line, from the root.
 project_files() {
