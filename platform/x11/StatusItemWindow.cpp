@@ -2,6 +2,7 @@
 
 #include "platform/x11/StatusItemDrawing.h"
 #include "platform/x11/Text.h"
+#include "platform/x11/WindowManagerWatch.h"
 
 #include <QEvent>
 #include <QGuiApplication>
@@ -28,6 +29,12 @@ StatusBarColors barColors(std::optional<Appearance> appearance, bool blended) {
     return {QColor(38, 38, 41, alpha), QColor(255, 255, 255)};
   }
   return {QColor(246, 246, 247, alpha), QColor(28, 28, 30)};
+}
+
+/// i3 makes docks as wide as the screen, and does not always tell them. Asked for that width, it has nothing to tell.
+bool makesStripsOfDocks(X11Connection& connection) {
+  const std::optional<WindowManager> manager = findWindowManager(connection);
+  return manager && manager->name == "i3";
 }
 
 }  // namespace
@@ -63,7 +70,7 @@ void StatusItemWindow::setMenu(Menu* menu) {
 
 void StatusItemWindow::mousePressEvent(QMouseEvent* event) {
   event->accept();
-  if (menu_ == nullptr || (popup_ != nullptr && popup_->isOpen())) {
+  if (menu_ == nullptr || !itemRect().contains(event->position()) || (popup_ != nullptr && popup_->isOpen())) {
     return;
   }
   // The rows of the last opening go when the menu is brought up to date: nothing may show them then.
@@ -121,8 +128,10 @@ void StatusItemWindow::layOut() {
   }
   const QRect area = screen->geometry();
   itemWidth_ = statusItemWidth(content_, length_, area.width());
-  const int width = static_cast<int>(std::ceil(itemWidth_));
+  const int width = makesStripsOfDocks(connection_) ? area.width() : static_cast<int>(std::ceil(itemWidth_));
   setGeometry(area.x() + area.width() - width, area.y(), width, static_cast<int>(statusBarHeight));
+  // The item may have moved within a window that stays as it is.
+  update();
   if (!isVisible()) {
     appear();
   }

@@ -38,7 +38,7 @@ class StatusItemWindow final : public QWidget, public StatusItem, public StatusB
   void appear();
   void reserveScreenEdge();
 
-  /// Where the item is in the window. A window manager may have made the window wider.
+  /// Where the item is in the window, which is wider under some window managers.
   QRectF itemRect() const;
 
   X11Connection& connection_;

@@ -20,9 +20,9 @@ packages_for() {
         gnustep-gui-runtime gnustep-back0.29-cairo
       ;;
     bench) printf '%s\n' libbenchmark-dev ;;
-    # The X server with a touchpad that the tests move.
+    # With the X server whose touchpad the tests move, and window managers that have their ways with some windows.
     test)
-      printf '%s\n' libgtest-dev libgmock-dev \
+      printf '%s\n' libgtest-dev libgmock-dev fluxbox i3-wm \
         xserver-xorg-core xserver-xorg-video-dummy xserver-xorg-dev xinput libxcb-xtest0-dev
       ;;
     check) printf '%s\n' git clang-format clang-tidy shellcheck ;;

@@ -156,6 +156,35 @@ TEST_P(StatusItemUnder, OpensItsMenuBelowItWhereverTheToolkitBelievesItToBe) {
 
 INSTANTIATE_TEST_SUITE_P(OnEvery, StatusItemUnder, everyWindowManager(), ::testing::PrintToStringParamName());
 
+class StatusItemUnderI3 : public StatusItemTest {
+ protected:
+  StatusItemUnderI3() : StatusItemTest({.windowManager = WindowManagerKind::I3}) {}
+};
+
+TEST_F(StatusItemUnderI3, IsDrawnAtTheRightEndOfAStripWhateverItsTitle) {
+  StatusItem& item = show(redTitle(" Mail "));
+  EXPECT_TRUE(waitFor([this] { return probe().geometry() == QRect(0, 0, screenWidth, height); }));
+  for (const char* title : {" Letters and parcels ", " Mail ", " Play "}) {
+    item.button()->setContent(redTitle(title));
+    const int left = screenWidth - titleWidth(title);
+    EXPECT_TRUE(waitFor([&] { return similar(pixel(left + 3, 12), red) && !similar(pixel(left - 3, 12), red); }))
+        << title;
+    EXPECT_TRUE(similar(pixel(screenWidth - 4, 12), red));
+  }
+  EXPECT_FALSE(similar(pixel(3, 12), red));
+}
+
+TEST_F(StatusItemUnderI3, OpensItsMenuBelowItAndNotFromTheRestOfTheStrip) {
+  platform::Menu menu;
+  menu.items.emplace_back(platform::CommandItem{"Command", "", [] {}});
+  show(redTitle(" Mail ")).setMenu(&menu);
+  ASSERT_TRUE(waitFor([this] { return similar(pixel(screenWidth - 4, 12), red); }));
+  ui_.session.run({"xdotool", "mousemove", "--sync", "600", "12", "click", "1"});
+  ui_.session.run({"xdotool", "mousemove", "--sync", std::to_string(screenWidth - 10), "12", "click", "1"});
+  ASSERT_TRUE(waitFor([] { return QApplication::activePopupWidget() != nullptr; }));
+  EXPECT_EQ(QApplication::activePopupWidget()->geometry().right(), screenWidth - 1);
+}
+
 TEST_F(StatusItemTest, IsAsWideAsHighInSquareLength) {
   show({.image = squareIcon()}, SquareLength{});
   EXPECT_TRUE(standsRightWithWidth(height));

@@ -1,6 +1,7 @@
 #include "platform/x11/X11Desktops.h"
 
 #include "tests/x11/DesktopsFixture.h"
+#include "tests/x11/PlainWindow.h"
 
 #include <csignal>
 #include <gmock/gmock.h>
@@ -46,7 +47,8 @@ TEST_P(Desktops, AddUpQuickSteps) {
   followed_.desktops.step(StepDirection::Next);
   followed_.desktops.step(StepDirection::Next);
   EXPECT_TRUE(waitFor([this] { return followed_.current() == 2; }));
-  EXPECT_EQ(followed_.session.currentDesktop(), 2);
+  // KWin tells of a switch over D-Bus, and then by its root properties.
+  EXPECT_TRUE(waitFor([this] { return followed_.session.currentDesktop() == 2; }));
 }
 
 TEST_P(Desktops, AddUpQuickStepsThereAndBack) {
@@ -124,6 +126,22 @@ TEST(DesktopsOfAnotherWindowManager, AreIdentifiedItsOwnWay) {
   }));
   followed.session.startWindowManager(WindowManagerKind::Xfwm4);
   EXPECT_TRUE(waitFor([&] { return followed.uuids() == std::vector<std::string>{"desktop-1", "desktop-2"}; }));
+}
+
+TEST(DesktopsOfI3, KeepTheirNamesWhenTheirPositionsShift) {
+  FollowedDesktops followed({.windowManager = WindowManagerKind::I3});
+  followed.session.run({"i3-msg", "workspace", "mail"});
+  const PlainWindow mail({0, 0, 100, 100}, Qt::red);
+  followed.session.run({"i3-msg", "workspace", "play"});
+  ASSERT_TRUE(waitFor([&] { return followed.count() == 2 && followed.current() == 1; }));
+  EXPECT_THAT(followed.uuids(), ElementsAre("workspace-mail", "workspace-play"));
+  const platform::SpaceID playID = followed.desktops.list().desktops[1].id;
+
+  const PlainWindow play({0, 0, 100, 100}, Qt::red);
+  followed.session.run({"i3-msg", "workspace", "1: first"});
+  EXPECT_TRUE(waitFor([&] { return followed.count() == 3; }));
+  EXPECT_THAT(followed.uuids(), ElementsAre("workspace-1: first", "workspace-mail", "workspace-play"));
+  EXPECT_EQ(followed.desktops.list().desktops[2].id, playID);
 }
 
 TEST(DesktopsOfOpenbox, AreFollowedWhenItRestartsItself) {

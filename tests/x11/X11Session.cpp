@@ -154,6 +154,10 @@ std::vector<std::string> commandOf(WindowManagerKind kind) {
       return {"xfwm4", "--replace", "--compositor=off"};
     case WindowManagerKind::KWin:
       return {"kwin_x11", "--replace", "--no-kactivities"};
+    case WindowManagerKind::Fluxbox:
+      return {"fluxbox"};
+    case WindowManagerKind::I3:
+      return {"i3"};
   }
   throw std::runtime_error("no such window manager");
 }
@@ -254,7 +258,7 @@ void X11Session::startWindowManager(WindowManagerKind kind) {
   }
   const bool ready = waitFor([this] { return managedBySomebody() && currentDesktop() && desktopCount(); });
   require(ready, "the window manager did not start: " + windowManager_->errorOutput());
-  if (kind != WindowManagerKind::KWin) {
+  if (kind != WindowManagerKind::KWin && kind != WindowManagerKind::I3) {
     // It may still drop what it is asked for. Once the number has changed, it has begun to serve requests.
     setDesktopCount(desktops_ + 1);
     setDesktopCount(desktops_);
@@ -291,6 +295,11 @@ void X11Session::writeDesktopCount(WindowManagerKind kind) const {
       text += "Id_" + std::to_string(number) + "=test-desktop-" + std::to_string(number) + "\n";
     }
     writeFile(configFolder() / "kwinrc", text);
+  } else if (kind == WindowManagerKind::Fluxbox) {
+    writeFile(home() / ".fluxbox" / "overlay", "background: none\n");
+  } else if (kind == WindowManagerKind::I3) {
+    // Without one it would ask the user.
+    writeFile(configFolder() / "i3" / "config", "font pango:DejaVu Sans 8\n");
   }
 }
 

@@ -349,6 +349,20 @@ TEST_F(OverlayWindowTest, BlendsItsAlphaWithWhatIsBelowUnderACompositor) {
       << centerColor().name().toStdString();
 }
 
+class OverlayWindowUnderFluxbox : public OverlayWindowTest {
+ protected:
+  OverlayWindowUnderFluxbox() : OverlayWindowTest({.windowManager = WindowManagerKind::Fluxbox}) {}
+};
+
+TEST_F(OverlayWindowUnderFluxbox, BlendsItsAlphaThoughItsOpacityIsIgnored) {
+  ChildProcess picom({"picom", "--backend", "xrender"});
+  const auto window = make({.alpha = 0.5});
+  window->orderFront();
+  EXPECT_TRUE(centerBecomes(QColor(128, 0, 128))) << centerColor().name().toStdString();
+  window->setAlpha(0.0);
+  EXPECT_TRUE(centerBecomes(Qt::blue)) << centerColor().name().toStdString();
+}
+
 TEST_F(OverlayWindowTest, BlendsItsBackgroundsAlphaUnderACompositor) {
   ChildProcess picom({"picom", "--backend", "xrender"});
   const auto window = make({.alpha = 1.0}, {1.0, 0.0, 0.0, 0.5});
