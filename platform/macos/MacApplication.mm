@@ -30,7 +30,7 @@ NSApplicationActivationPolicy toNSPolicy(ActivationPolicy policy) {
 
 }  // namespace
 
-MacApplication::MacApplication() : application_(share([NSApplication sharedApplication])) {}
+MacApplication::MacApplication() : application_(share<NSApplication>([NSApplication sharedApplication])) {}
 
 void MacApplication::setActivationPolicy(ActivationPolicy policy) {
   @autoreleasepool {

@@ -55,7 +55,6 @@ MacTextField::MacTextField(View& view)
   NSTextField* field = field_.get();
   [field setEditable:YES];
   [field setBordered:YES];
-  [field setBezeled:YES];
   [field setBezelStyle:NSTextFieldSquareBezel];
   [field setDrawsBackground:YES];
   [field setFocusRingType:NSFocusRingTypeDefault];

@@ -4,6 +4,10 @@
 
 #include <utility>
 
+#if __has_feature(objc_arc)
+#error "References are counted by hand here: compile with -fno-objc-arc"
+#endif
+
 namespace roomlattice::platform::macos {
 
 /// Owns one reference to an Objective-C object, for code without automatic reference counting.
@@ -42,6 +46,7 @@ template <class T>
   return ObjectPointer<T>::adopt(object);
 }
 
+/// Name the class where the object comes as a `__kindof` of it, which would be deduced.
 template <class T>
 [[nodiscard]] ObjectPointer<T> share(T* object) {
   return ObjectPointer<T>::share(object);

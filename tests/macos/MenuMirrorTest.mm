@@ -199,7 +199,8 @@ TEST_F(MenuMirrorTest, HasAFieldToEditIn) {
   NSTextField* field = [[rowView() subviews] objectAtIndex:1];
   EXPECT_FALSE([field isHidden]);
   EXPECT_TRUE([field isEditable]);
-  EXPECT_TRUE([field isBezeled]);
+  EXPECT_TRUE([field isBordered]);
+  EXPECT_FALSE([field isBezeled]);
   EXPECT_EQ(static_cast<int>([field bezelStyle]), 0);
   EXPECT_TRUE([field drawsBackground]);
   TextField* text = row().host()->textField();
