@@ -62,6 +62,8 @@ void ColorWell::openDialog() {
     // The dialog of a desktop's own would not let its changes be followed as they are made.
     dialog_->setOption(QColorDialog::DontUseNativeDialog);
     dialog_->setAttribute(Qt::WA_DeleteOnClose);
+    // What the colour stands for is for the other controls of the window to say; they are to stay as they are.
+    dialog_->setWindowModality(Qt::WindowModal);
     dialog_->setWindowTitle(QStringLiteral("Color: %1").arg(accessibleName()));
     dialog_->setCurrentColor(color_);
     connect(dialog_, &QColorDialog::currentColorChanged, this, [this](const QColor& color) { choose(color); });
@@ -73,7 +75,7 @@ void ColorWell::openDialog() {
 }
 
 void ColorWell::hideEvent(QHideEvent* event) {
-  // Going to another page leaves the dialog open; closing the window takes it along, with the colour it has.
+  // Closing the window takes the dialog along, with the colour it has.
   if (dialog_ != nullptr && !window()->isVisible()) {
     dialog_->accept();
   }

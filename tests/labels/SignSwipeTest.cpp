@@ -244,8 +244,18 @@ TEST_F(SignSwipe, DoesNotFlashOnADesktopThatIsNotInTheList) {
   arriveOnTheSecond();
   desktop.overrideActiveSpace(999);
   desktop.reportActiveSpaceChange();
+  desktop.advance(0s);
+  EXPECT_FALSE(label(1).isAnimating());
   desktop.advance(1s);
   EXPECT_THAT(alphas(), ElementsAre(0.78, 0.78, 0.78));
+}
+
+TEST_F(SignSwipe, DoesNotFlashALabelThatWasLeftInTheSameTurn) {
+  arriveOnTheSecond();
+  desktop.switchTo(desktop.addDesktop());
+  desktop.advance(0s);
+  EXPECT_FALSE(label(1).isAnimating());
+  EXPECT_EQ(alpha(1), 0.78);
 }
 
 TEST_F(SignSwipe, FadesQuicklyAndDoesNotFlashAfterAChangeWhileAllAreShown) {
@@ -255,6 +265,8 @@ TEST_F(SignSwipe, FadesQuicklyAndDoesNotFlashAfterAChangeWhileAllAreShown) {
   EXPECT_EQ(alpha(1), 1.0);
   desktop.advance(175ms);
   EXPECT_DOUBLE_EQ(alpha(1), 0.5);
+  EXPECT_EQ(alpha(0), 0.78);
+  EXPECT_EQ(alpha(2), 0.78);
   desktop.advance(175ms);
   EXPECT_EQ(alpha(1), 0.0);
   EXPECT_EQ(behaviorOf(label(0)), 324U);

@@ -256,6 +256,17 @@ TEST_F(SignVisibility, KeepsADismissedLabelAwayUntilTheDesktopChanges) {
   EXPECT_EQ(alpha(1), 0.78);
 }
 
+TEST_F(SignVisibility, ForgetsWhichLabelsWereDismissedWhenTheDesktopChanges) {
+  arriveOnTheSecond();
+  user.movesPointerTo(overTheLabels);
+  desktop.advance(500ms);
+  ASSERT_EQ(alpha(1), 0.0);
+  desktop.switchTo(desktop.desktopAt(0));
+  preferences().setSignSwipeAlpha(0.3);
+  desktop.advance(500ms);
+  EXPECT_EQ(alpha(1), 0.3);
+}
+
 TEST_F(SignVisibility, HidesAllWhenThePointerEntersTheLabelArea) {
   startBetweenTicks();
   showAllFully();

@@ -65,6 +65,14 @@ TEST_F(SpaceSignWindowControllerTest, AttachesALabelToItsDesktopAlone) {
   }
 }
 
+TEST_F(SpaceSignWindowControllerTest, AttachesALabelToTheDesktopOfTheModelWhateverTheWindowServerHasByThen) {
+  startLabels();
+  SpaceManager& manager = SpaceManager::shared();
+  manager.update(manager.spaces(), desktop.desktopAt(1));
+  ASSERT_EQ(desktop.activeSpace(), desktop.desktopAt(0));
+  EXPECT_TRUE(labels().back()->spaces().contains(desktop.desktopAt(1)));
+}
+
 TEST_F(SpaceSignWindowControllerTest, PutsALabelInFrontOfOthersOfItsLevel) {
   startVisitedLabels();
   EXPECT_EQ(labels().back(), labelOn(desktop.desktopAt(2)));

@@ -46,6 +46,14 @@ TEST(X11System, GivesEveryByteOfALargeOutput) {
   EXPECT_EQ(outputOf(system, "head -c 3000000 /dev/zero").size(), 3000000U);
 }
 
+TEST(X11System, HandsItsEnvironmentAndItsFolderDown) {
+  Environment environment;
+  environment.set("ROOMLATTICE_TEST", "inherited");
+  X11System system;
+  EXPECT_EQ(outputOf(system, "echo $ROOMLATTICE_TEST; pwd -P"),
+            "inherited\n" + std::filesystem::current_path().string() + "\n");
+}
+
 TEST(X11System, DoesNotLookAtTheExitStatus) {
   X11System system;
   EXPECT_EQ(outputOf(system, "echo out; exit 3"), "out\n");
