@@ -40,7 +40,7 @@ TEST_F(SpaceRowEditing, DoesNotBeginAgainForAnotherClickOnThePencil) {
 
 TEST_F(SpaceRowEditing, EndsWithReturnAndKeypadEnter) {
   Renames expected;
-  for (const std::uint16_t key : {keyCode::returnKey, keyCode::keypadEnter}) {
+  for (const std::uint16_t key : {std::uint16_t{36}, std::uint16_t{76}}) {
     editRow("Mail");
     user.types("Post");
     user.pressesKey(key);
@@ -94,7 +94,7 @@ TEST_F(SpaceRowEditing, TakesLongAndExoticNames) {
 TEST_F(SpaceRowEditing, IsGivenUpWithEscapeWhileTheMenuStays) {
   editRow("Mail");
   user.types("Post");
-  user.pressesKey(keyCode::escape);
+  user.pressesKey(53);
   EXPECT_FALSE(isEditing());
   EXPECT_EQ(label().text, "Mail");
   EXPECT_TRUE(renames.empty());

@@ -5,6 +5,8 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QComboBox>
+#include <QScreen>
+#include <QSlider>
 #include <QTabWidget>
 #include <gmock/gmock.h>
 
@@ -158,6 +160,24 @@ TEST_F(TabbedPanelTest, OffersNeitherToMinimizeNorToMaximizeIt) {
   const std::string hints = ui_.session.run({"xprop", "-notype", "-id", std::to_string(window()->winId()), "-f",
                                              "_MOTIF_WM_HINTS", "32x", "_MOTIF_WM_HINTS"});
   EXPECT_THAT(hints, ::testing::HasSubstr(", 0x26, "));
+}
+
+TEST_F(TabbedPanelTest, StandsInTheMiddleOfTheScreen) {
+  showPage({button("Push")});
+  const QPoint middle = window()->screen()->availableGeometry().center();
+  EXPECT_TRUE(waitFor([&] { return (window()->frameGeometry().center() - middle).manhattanLength() < 40; }));
+}
+
+TEST_F(TabbedPanelTest, MovesASliderByTheKeyboardInHundredths) {
+  std::vector<double> values;
+  showPage({SliderControl{.value = 0.78, .action = [&values](double value) { values.push_back(value); }}});
+  press("Tab");
+  ASSERT_TRUE(waitFor([] { return dynamic_cast<QSlider*>(window()->focusWidget()) != nullptr; }));
+  for (const char* key : {"Right", "Right", "Left", "End", "Right"}) {
+    press(key);
+  }
+  EXPECT_TRUE(waitFor([&] { return values.size() == 4; }));
+  EXPECT_THAT(values, ElementsAre(0.79, 0.80, 0.79, 1.0));
 }
 
 TEST_F(TabbedPanelTest, ComesBackAfterItWasClosed) {
