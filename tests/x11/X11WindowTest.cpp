@@ -1,10 +1,7 @@
 #include "platform/x11/X11Window.h"
 
-#include "platform/x11/X11WindowServer.h"
+#include "tests/x11/OverlayWindowFixture.h"
 #include "tests/x11/PlainWindow.h"
-#include "tests/x11/ScreenImage.h"
-#include "tests/x11/UserInterfaceFixture.h"
-#include "tests/x11/WindowProbe.h"
 
 #include <QApplication>
 #include <QMenu>
@@ -15,79 +12,8 @@ namespace {
 
 using namespace std::chrono_literals;
 using platform::CollectionBehavior;
-using platform::Color;
-using platform::OverlayWindowOptions;
 using platform::Rect;
-using platform::SpaceID;
-using platform::View;
-using platform::ViewContent;
-using platform::Window;
 using platform::WindowLevel;
-
-constexpr int screenHeight = 800;
-constexpr Rect labelFrame{{400.0, 300.0}, {480.0, 200.0}};
-const QRect labelPixels(400, 300, 480, 200);  // the same seen from the top
-const QPoint labelCenter(640, 400);
-
-/// A plate of one colour.
-class Plate final : public View {
- public:
-  explicit Plate(const Color& color) : color_(color) { setFrame({{}, labelFrame.size}); }
-  ViewContent content() const override { return {.background = color_, .cornerRadius = 40.0}; }
-
- private:
-  Color color_;
-};
-
-class OverlayWindowTest : public ::testing::Test {
- protected:
-  explicit OverlayWindowTest(const SessionOptions& options = {}) : ui_(options) {
-    ui_.session.run({"hsetroot", "-solid", "#0000ff"});
-  }
-
-  std::unique_ptr<Window> make(OverlayWindowOptions options, const Color& color = {1.0, 0.0, 0.0}) {
-    options.frame = labelFrame;
-    auto window = ui_.userInterface.createOverlayWindow(options);
-    window->setContentView(std::make_unique<Plate>(color));
-    return window;
-  }
-
-  /// A window attached to a desktop as the program does it: ordered in first, in the same turn.
-  std::unique_ptr<Window> makeOn(std::size_t desktop, double alpha = 1.0) {
-    auto window = make({.alpha = alpha});
-    window->orderFront();
-    server_.addWindowToSpace(window->number(), spaceAt(desktop));
-    return window;
-  }
-
-  SpaceID spaceAt(std::size_t index) const { return ui_.desktops.list().desktops.at(index).id; }
-
-  WindowProbe probe(const Window& window) { return {ui_.connection(), static_cast<xcb_window_t>(window.number())}; }
-
-  bool appears(const Window& window) {
-    return waitFor([&] { return probe(window).isViewable(); });
-  }
-
-  QColor centerColor() { return screenColor(ui_.connection(), labelCenter); }
-  bool centerBecomes(const QColor& color) {
-    return waitFor([&] { return similar(centerColor(), color); });
-  }
-
-  void switchTo(int desktop) {
-    ui_.session.run({"wmctrl", "-s", std::to_string(desktop)});
-    ASSERT_TRUE(waitFor([&] { return ui_.session.currentDesktop() == desktop; }));
-  }
-
-  /// Everything that was sent has had its effect.
-  void settle(std::chrono::milliseconds time = 200ms) {
-    bool done = false;
-    QTimer::singleShot(time, [&done] { done = true; });
-    ASSERT_TRUE(waitFor([&done] { return done; }));
-  }
-
-  UserInterfaceSession ui_;
-  platform::x11::X11WindowServer server_{ui_.connection(), ui_.desktops, ui_.attachments};
-};
 
 class OverlayWindowUnder : public OverlayWindowTest, public ::testing::WithParamInterface<WindowManagerKind> {
  protected:
@@ -269,137 +195,15 @@ TEST_P(OverlayWindowUnder, ShowsNothingAtAlphaZero) {
 
 INSTANTIATE_TEST_SUITE_P(OnEvery, OverlayWindowUnder, everyWindowManager(), ::testing::PrintToStringParamName());
 
-TEST_F(OverlayWindowTest, AnimatesItsAlphaToTheEnd) {
+TEST_F(OverlayWindowTest, MovesWithThePrimaryScreenWhenItIsPlacedAnew) {
+  ui_.session.run({"xrandr", "--setmonitor", "one", "800/200x600/150+0+0", "screen"});
+  ASSERT_TRUE(waitFor([this] { return ui_.screens.toQt(platform::Point{0, 0}) == QPointF(0, 600); }));
   const auto window = makeOn(0);
-  bool done = false;
-  window->animateAlpha(0.0, 50ms, [&done] { done = true; });
-  EXPECT_FALSE(done);
-  EXPECT_TRUE(waitFor([&done] { return done; }));
-  EXPECT_EQ(window->alpha(), 0.0);
-}
-
-TEST_F(OverlayWindowTest, PassesThroughTheValuesBetween) {
-  const auto window = makeOn(0);
-  window->animateAlpha(0.0, 200ms, {});
-  EXPECT_TRUE(waitFor([&] { return window->alpha() < 0.9 && window->alpha() > 0.1; }));
-  EXPECT_TRUE(waitFor([&] { return window->alpha() == 0.0; }));
-}
-
-TEST_F(OverlayWindowTest, EndsAnAnimationWithoutCompletionWhenItsAlphaIsSet) {
-  const auto window = makeOn(0);
-  bool done = false;
-  window->animateAlpha(0.0, 50ms, [&done] { done = true; });
-  window->setAlpha(0.78);
-  settle();
-  EXPECT_FALSE(done);
-  EXPECT_EQ(window->alpha(), 0.78);
-}
-
-TEST_F(OverlayWindowTest, AnimatesAgainAfterAnimationsThatEndedEarly) {
-  const auto window = makeOn(0);
-  for (int time = 0; time < 5; ++time) {
-    window->animateAlpha(0.0, 50ms, {});
-    window->setAlpha(1.0);
-    if (time % 2 == 0) {
-      settle();
-    }
-    bool done = false;
-    window->animateAlpha(0.0, 50ms, [&done] { done = true; });
-    ASSERT_TRUE(waitFor([&done] { return done; })) << time;
-  }
-}
-
-TEST_F(OverlayWindowTest, SetsItsAlphaAtOnceWithoutADuration) {
-  const auto window = makeOn(0);
-  bool done = false;
-  window->animateAlpha(0.5, 0ms, [&done] { done = true; });
-  EXPECT_EQ(window->alpha(), 0.5);
-  EXPECT_FALSE(done);
-  EXPECT_TRUE(waitFor([&done] { return done; }));
-}
-
-TEST_F(OverlayWindowTest, LivesUntilACompletionThatOwnsItHasRun) {
-  auto window = std::shared_ptr<Window>(makeOn(0));
-  const std::weak_ptr<Window> watched = window;
-  Window& shown = *window;
-  bool orderedOut = false;
-  shown.animateAlpha(0.0, 50ms, [&orderedOut, window = std::move(window)] {
-    window->orderOut();
-    orderedOut = true;
-  });
-  EXPECT_FALSE(watched.expired());
-  EXPECT_TRUE(waitFor([&orderedOut] { return orderedOut; }));
-  EXPECT_TRUE(waitFor([&watched] { return watched.expired(); }));
-}
-
-TEST_F(OverlayWindowTest, IsOpaqueWithRoundCornersWithoutACompositor) {
-  const auto window = make({.alpha = 0.78}, {1.0, 0.0, 0.0, 0.5});
-  window->orderFront();
-  EXPECT_TRUE(centerBecomes(Qt::red));
-  EXPECT_TRUE(similar(screenColor(ui_.connection(), labelPixels.topLeft() + QPoint(2, 2)), Qt::blue));
-  EXPECT_TRUE(similar(screenColor(ui_.connection(), labelPixels.bottomRight() - QPoint(2, 2)), Qt::blue));
-  EXPECT_TRUE(similar(screenColor(ui_.connection(), labelPixels.topLeft() + QPoint(60, 2)), Qt::red));
-}
-
-TEST_F(OverlayWindowTest, BlendsItsAlphaWithWhatIsBelowUnderACompositor) {
-  ChildProcess picom({"picom", "--backend", "xrender"});
-  const auto window = make({.alpha = 0.5});
-  window->orderFront();
-  EXPECT_TRUE(waitFor([&] { return similar(centerColor(), QColor(128, 0, 128), 12); }))
-      << centerColor().name().toStdString();
-}
-
-class OverlayWindowUnderFluxbox : public OverlayWindowTest {
- protected:
-  OverlayWindowUnderFluxbox() : OverlayWindowTest({.windowManager = WindowManagerKind::Fluxbox}) {}
-};
-
-TEST_F(OverlayWindowUnderFluxbox, BlendsItsAlphaThoughItsOpacityIsIgnored) {
-  ChildProcess picom({"picom", "--backend", "xrender"});
-  const auto window = make({.alpha = 0.5});
-  window->orderFront();
-  EXPECT_TRUE(centerBecomes(QColor(128, 0, 128))) << centerColor().name().toStdString();
-  window->setAlpha(0.0);
-  EXPECT_TRUE(centerBecomes(Qt::blue)) << centerColor().name().toStdString();
-}
-
-TEST_F(OverlayWindowTest, BlendsItsBackgroundsAlphaUnderACompositor) {
-  ChildProcess picom({"picom", "--backend", "xrender"});
-  const auto window = make({.alpha = 1.0}, {1.0, 0.0, 0.0, 0.5});
-  window->orderFront();
-  EXPECT_TRUE(waitFor([&] { return similar(centerColor(), QColor(128, 0, 128), 12); }))
-      << centerColor().name().toStdString();
-}
-
-TEST_F(OverlayWindowTest, FollowsACompositorThatComesAndGoes) {
-  const auto window = make({.alpha = 0.5});
-  window->orderFront();
-  ASSERT_TRUE(centerBecomes(Qt::red));
-  {
-    ChildProcess picom({"picom", "--backend", "xrender"});
-    EXPECT_TRUE(waitFor([&] { return similar(centerColor(), QColor(128, 0, 128), 12); }));
-    window->setAlpha(0.0);
-    EXPECT_TRUE(centerBecomes(Qt::blue));
-    EXPECT_TRUE(appears(*window));
-  }
-  // It must not turn up as an opaque plate.
-  EXPECT_TRUE(waitFor([&] { return !probe(*window).isViewable(); }));
-  EXPECT_TRUE(centerBecomes(Qt::blue));
-}
-
-TEST_F(OverlayWindowTest, ChangesNothingOnTheScreenWhenItIsSetToWhatItIs) {
-  const auto window = makeOn(0);
-  ASSERT_TRUE(centerBecomes(Qt::red));
-  settle();
-  int changes = 0;
-  const auto id = static_cast<xcb_window_t>(window->number());
-  const auto observation = ui_.connection().observe(XCB_PROPERTY_NOTIFY, [&](const xcb_generic_event_t& event) {
-    changes += reinterpret_cast<const xcb_property_notify_event_t&>(event).window == id ? 1 : 0;
-  });
-  window->setAlpha(1.0);
-  window->setFrame(labelFrame);
-  settle();
-  EXPECT_EQ(changes, 0);
+  ASSERT_TRUE(appears(*window));
+  ui_.session.run({"xrandr", "--setmonitor", "other", "800/200x600/150+480+200", "screen"});
+  ASSERT_TRUE(waitFor([this] { return ui_.screens.toQt(platform::Point{0, 0}) == QPointF(480, 800); }));
+  window->setFrame(window->frame());
+  EXPECT_TRUE(waitFor([&] { return probe(*window).geometry() == labelPixels.translated(480, 0); }));
 }
 
 TEST_F(OverlayWindowTest, KeepsTheFrameItWasGiven) {
@@ -407,7 +211,7 @@ TEST_F(OverlayWindowTest, KeepsTheFrameItWasGiven) {
   const Rect frame{{10.25, 20.5}, {300.75, 100.125}};
   window->setFrame(frame);
   EXPECT_EQ(window->frame(), frame);
-  const QRect expected(10, screenHeight - 121, 301, 101);
+  const QRect expected(10, 800.0 - 121, 301, 101);
   EXPECT_TRUE(waitFor([&] { return probe(*window).geometry() == expected; }));
 }
 

@@ -1,0 +1,239 @@
+#include "tests/spaces/SpaceManagerTourFixture.h"
+
+#include <gmock/gmock.h>
+
+#include <string>
+#include <vector>
+
+namespace roomlattice::tests {
+namespace {
+
+using platform::Duration;
+using ::testing::ElementsAre;
+using ::testing::ElementsAreArray;
+using ::testing::IsEmpty;
+
+using SpaceManagerTourSteps = SpaceManagerTour;
+
+// --- Arrivals
+
+TEST_F(SpaceManagerTourSteps, SwipesOn80MillisecondsAfterAnArrival) {
+  startTourByHand();
+  reportsArrivalAt(500ms);
+  advanceTo(580ms - 1ns);
+  EXPECT_EQ(directions(), "R");
+  advanceTo(580ms);
+  EXPECT_THAT(swipesSinceStart(), ElementsAre(Swipe{0ms, right}, Swipe{580ms, right}));
+}
+
+TEST_F(SpaceManagerTourSteps, AdvancesOnceHoweverOftenAnArrivalIsReported) {
+  startTourByHand();
+  for (const Duration at : {500ms, 500ms, 520ms, 579ms}) {
+    reportsArrivalAt(at);
+  }
+  advanceTo(1700ms);
+  EXPECT_THAT(swipesSinceStart(), ElementsAre(Swipe{0ms, right}, Swipe{580ms, right}));
+}
+
+TEST_F(SpaceManagerTourSteps, EndsAsWellWhenEveryArrivalIsReportedSeveralTimes) {
+  desktop.faults.extraActiveSpaceNotices = 3;
+  startTour();
+  desktop.advance(20s);
+  EXPECT_EQ(directions(), "RRLL");
+  EXPECT_EQ(desktop.activeSpace(), desktop.desktopAt(0));
+}
+
+TEST_F(SpaceManagerTourSteps, CountsAnyChangeAsTheArrivalOfTheStepUnderWay) {
+  startTourByHand();
+  advanceTo(100ms);
+  desktop.switchTo(desktop.desktopAt(2));
+  advanceTo(180ms);
+  EXPECT_THAT(swipesSinceStart(), ElementsAre(Swipe{0ms, right}, Swipe{180ms, right}));
+}
+
+TEST_F(SpaceManagerTourSteps, TimesOutNoStepThatArrivedAt1100Milliseconds) {
+  startTourByHand();
+  reportsArrivalAt(1100ms);
+  advanceTo(2379ms);
+  EXPECT_THAT(swipesSinceStart(), ElementsAre(Swipe{0ms, right}, Swipe{1180ms, right}));
+  EXPECT_THAT(logged(), ElementsAre(startLine(4)));
+}
+
+TEST_F(SpaceManagerTourSteps, RetriesAStepWhoseArrivalHasNotSettledAtItsTimeout) {
+  startTourByHand();
+  reportsArrivalAt(1150ms);
+  advanceTo(2400ms);
+  EXPECT_THAT(swipesSinceStart(), ElementsAre(Swipe{0ms, right}, Swipe{1200ms, right}, Swipe{1230ms, right}));
+  EXPECT_THAT(logged(), ElementsAre(startLine(4), retryLine(1)));
+}
+
+TEST_F(SpaceManagerTourSteps, DropsAnArrivalWhoseStepIsOverWhenItHasSettled) {
+  startTourByHand();
+  reportsArrivalAt(2350ms);
+  advanceTo(3599ms);
+  EXPECT_THAT(swipesSinceStart(), ElementsAre(Swipe{0ms, right}, Swipe{1200ms, right}, Swipe{2400ms, right}));
+}
+
+TEST_F(SpaceManagerTourSteps, CountsALateArrivalForTheStepUnderWay) {
+  startTourByHand();
+  reportsArrivalAt(2410ms);
+  advanceTo(2490ms);
+  EXPECT_THAT(swipesSinceStart(),
+              ElementsAre(Swipe{0ms, right}, Swipe{1200ms, right}, Swipe{2400ms, right}, Swipe{2490ms, left}));
+}
+
+TEST_F(SpaceManagerTourSteps, DropsArrivalsThatSettleAfterTheEnd) {
+  onEvent = [this](const std::string&) { desktop.reportActiveSpaceChange(); };
+  startTour();
+  desktop.advance(20s);
+  EXPECT_THAT(history, ElementsAre(SpaceManager::tourWillStart, SpaceManager::tourDidEnd, "completion"));
+  EXPECT_THAT(logged(), ElementsAre(startLine(4), endLine));
+}
+
+// --- Timeouts
+
+TEST_F(SpaceManagerTourSteps, RepeatsTheSwipeOnceAfter1200Milliseconds) {
+  startTourByHand();
+  advanceTo(1200ms - 1ns);
+  EXPECT_EQ(directions(), "R");
+  advanceTo(1200ms);
+  EXPECT_THAT(swipesSinceStart(), ElementsAre(Swipe{0ms, right}, Swipe{1200ms, right}));
+  EXPECT_THAT(logged(), ElementsAre(startLine(4), retryLine(1)));
+}
+
+TEST_F(SpaceManagerTourSteps, RepeatsTheWholeSwipe) {
+  startTourByHand();
+  advanceTo(1200ms + 162ms);
+  std::vector<PostedEvent> first(recorder.posted().begin(), recorder.posted().begin() + 10);
+  for (PostedEvent& event : first) {
+    event.at += 1200ms;
+  }
+  EXPECT_EQ(std::vector(recorder.posted().begin() + 10, recorder.posted().end()), first);
+}
+
+TEST_F(SpaceManagerTourSteps, SkipsAStepAfterASecondTimeout) {
+  startTourByHand();
+  advanceTo(2400ms - 1ns);
+  EXPECT_EQ(directions(), "RR");
+  advanceTo(2400ms);
+  EXPECT_THAT(swipesSinceStart(), ElementsAre(Swipe{0ms, right}, Swipe{1200ms, right}, Swipe{2400ms, right}));
+  EXPECT_THAT(logged(), ElementsAre(startLine(4), retryLine(1), skipLine(1)));
+}
+
+TEST_F(SpaceManagerTourSteps, RetriesEachStepAnew) {
+  startTourByHand();
+  advanceTo(2400ms + 1200ms);
+  EXPECT_THAT(logged(), ElementsAre(startLine(4), retryLine(1), skipLine(1), retryLine(2)));
+}
+
+TEST_F(SpaceManagerTourSteps, SkipsNoStepThatArrivedAfterItsRetry) {
+  startTourByHand();
+  reportsArrivalAt(2000ms);
+  advanceTo(3279ms);
+  EXPECT_THAT(swipesSinceStart(), ElementsAre(Swipe{0ms, right}, Swipe{1200ms, right}, Swipe{2080ms, right}));
+  EXPECT_THAT(logged(), ElementsAre(startLine(4), retryLine(1)));
+}
+
+TEST_F(SpaceManagerTourSteps, ReturnsToTheStartAfterADroppedSwipe) {
+  desktop.faults.swipesDropped = 1;
+  startTour();
+  desktop.advance(20s);
+  EXPECT_EQ(directions(), "RRRLL");
+  EXPECT_EQ(desktop.activeSpace(), desktop.desktopAt(0));
+  EXPECT_THAT(logged(), ElementsAre(startLine(4), retryLine(1), endLine));
+}
+
+TEST_F(SpaceManagerTourSteps, GoesOnWithTheNextDirectionAfterASkip) {
+  desktop.faults.swipesDropped = 2;
+  startTour();
+  desktop.advance(20s);
+  EXPECT_EQ(directions(), "RRRLLL");
+  EXPECT_THAT(logged(), ElementsAre(startLine(4), retryLine(1), skipLine(1), retryLine(4), skipLine(4), endLine));
+}
+
+TEST_F(SpaceManagerTourSteps, TakesALateArrivalAfterARetryWithoutLosingItsWay) {
+  desktop.faults.swipesDelayedBy = 1s;
+  startTour();
+  desktop.advance(30s);
+  EXPECT_THAT(history, ElementsAre(SpaceManager::tourWillStart, SpaceManager::tourDidEnd, "completion"));
+}
+
+// A timeout knows its step by the number alone, and so one of an earlier tour takes the same step of the next for its
+// own; the step's own timeout then finds it repeated already.
+TEST_F(SpaceManagerTourSteps, AdvancesAtItsTimeoutAStepThatHasBeenRepeatedAlready) {
+  startTourByHand();
+  for (const Duration at : {10ms, 110ms, 210ms, 310ms}) {
+    reportsArrivalAt(at);
+  }
+  advanceTo(500ms);
+  ASSERT_THAT(logged(), ElementsAre(startLine(4), endLine));
+  manager.performAutoTour();
+  advanceTo(1700ms);
+  EXPECT_THAT(logged(), ElementsAre(startLine(4), endLine, startLine(4), retryLine(1),
+                                    "[Roomlattice] tour step 1 timed out, advancing"));
+  EXPECT_EQ(swipesSinceStart().back(), (Swipe{1700ms, right}));
+}
+
+// --- The hard timeout
+
+class SpaceManagerLongTour : public SpaceManagerTour {
+ protected:
+  SpaceManagerLongTour() : SpaceManagerTour(6) {}
+
+  static std::vector<std::string> linesOfSkippedSteps(int steps, int skipped) {
+    std::vector<std::string> lines = {startLine(steps)};
+    for (int step = 1; step <= skipped; ++step) {
+      lines.push_back(retryLine(step));
+      lines.push_back(skipLine(step));
+    }
+    return lines;
+  }
+};
+
+TEST_F(SpaceManagerLongTour, IsCutOffAfter20SecondsWithoutPermission) {
+  desktop.faults.accessibilityDenied = true;
+  startTour();
+  advanceTo(20s - 1ns);
+  std::vector<std::string> lines = linesOfSkippedSteps(10, 8);
+  EXPECT_THAT(logged(), ElementsAreArray(lines));
+  advanceTo(20s);
+  lines.push_back(hardTimeoutLine);
+  lines.push_back(endLine);
+  EXPECT_THAT(logged(), ElementsAreArray(lines));
+  EXPECT_THAT(history, ElementsAre(SpaceManager::tourWillStart, SpaceManager::tourDidEnd, "completion"));
+}
+
+TEST_F(SpaceManagerLongTour, DoesNothingMoreAfterTheCut) {
+  startTourByHand();
+  advanceTo(20s);
+  const std::size_t lines = logged().size();
+  const std::size_t begun = swipes().size();
+  reportsArrivalAt(20s + 10ms);
+  advanceTo(60s);
+  EXPECT_EQ(logged().size(), lines);
+  EXPECT_EQ(swipes().size(), begun);
+  EXPECT_EQ(history.size(), 3U);
+}
+
+TEST_F(SpaceManagerLongTour, EndsByItselfAfter19200MillisecondsWithFiveDesktopsAndNoPermission) {
+  desktop.removeDesktop(desktop.desktopAt(5));
+  desktop.faults.accessibilityDenied = true;
+  startTour();
+  advanceTo(19200ms - 1ns);
+  EXPECT_EQ(history.size(), 1U);
+  advanceTo(19200ms);
+  std::vector<std::string> lines = linesOfSkippedSteps(8, 8);
+  lines.push_back(endLine);
+  EXPECT_THAT(logged(), ElementsAreArray(lines));
+  EXPECT_THAT(history, ElementsAre(SpaceManager::tourWillStart, SpaceManager::tourDidEnd, "completion"));
+}
+
+TEST_F(SpaceManagerTourSteps, PassesItsHardTimeoutInSilenceAfterItsEnd) {
+  startTour();
+  desktop.advance(60s);
+  EXPECT_THAT(logged(), ElementsAre(startLine(4), endLine));
+  EXPECT_EQ(history.size(), 3U);
+}
+
+}  // namespace
+}  // namespace roomlattice::tests
