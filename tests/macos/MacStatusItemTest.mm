@@ -53,6 +53,13 @@ TEST(MacStatusItem, ShowsAColouredTitleOnItsBackground) {
   EXPECT_EQ([[button layer] cornerRadius], 3.0);
 }
 
+TEST(MacStatusItem, TakesATintOffTheButton) {
+  MacStatusItem item{VariableLength{}};
+  [[native() button] setContentTintColor:[NSColor redColor]];
+  item.button()->setContent({.title = {.text = "Desktops"}});
+  EXPECT_EQ([[native() button] contentTintColor], nil);
+}
+
 TEST(MacStatusItem, ShowsATemplateIconInPlaceOfTheTitle) {
   MacStatusItem item{VariableLength{}};
   item.button()->setContent({.title = {.text = " Mail ", .color = Color::black()}, .background = Color::white()});

@@ -29,6 +29,12 @@ TEST(MacUserInterface, MatchesTheAppearance) {
   EXPECT_EQ(userInterface.effectiveAppearance(), Appearance::Light);
 }
 
+TEST(MacUserInterface, AsksForDarkBeforeLight) {
+  static_cast<void>(MacUserInterface().effectiveAppearance());
+  NSArray* expected = [NSArray arrayWithObjects:NSAppearanceNameDarkAqua, NSAppearanceNameAqua, nil];
+  EXPECT_TRUE([gnustep::appearanceNamesAsked() isEqualToArray:expected]);
+}
+
 TEST(MacUserInterface, GivesTheAccentColourInSRGB) {
   EXPECT_EQ(MacUserInterface().accentColor(), toColor([NSColor controlAccentColor]));
   EXPECT_EQ(MacUserInterface().accentColor().space, ColorSpace::sRGB);

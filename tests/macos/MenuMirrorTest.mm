@@ -155,6 +155,14 @@ TEST_F(MenuMirrorTest, TracksThePointerOverARow) {
   EXPECT_EQ(heard_, "entered exited ");
 }
 
+TEST_F(MenuMirrorTest, ReplacesItsTrackingArea) {
+  open();
+  NSTrackingArea* first = [[[[rowView() trackingAreas] lastObject] retain] autorelease];
+  [rowView() updateTrackingAreas];
+  EXPECT_EQ([[rowView() trackingAreas] count], 1U);
+  EXPECT_NE([[rowView() trackingAreas] lastObject], first);
+}
+
 TEST_F(MenuMirrorTest, GivesClicksToWhatTheRowSays) {
   open();
   NSView* view = rowView();

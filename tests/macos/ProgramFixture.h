@@ -24,6 +24,9 @@ class ProgramFixture : public testing::Test {
   /// Runs the program; `script` is carried out from within its event loop.
   void run(const std::function<void()>& script);
 
+  /// Has the Dock follow swipes, and waits until the tour is over.
+  void awaitTour();
+
   NSStatusItem* statusItem();
   std::string title();
   NSMenuItem* menuItem(NSInteger index);

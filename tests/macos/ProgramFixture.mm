@@ -2,7 +2,9 @@
 
 #import <dispatch/dispatch.h>
 
+#import "platform/macos/Action.h"
 #import "platform/macos/MacPlatform.h"
+#import "platform/macos/ObjectPointer.h"
 #import "platform/macos/Strings.h"
 
 #include "app/Entry.h"
@@ -62,6 +64,16 @@ void ProgramFixture::run(const std::function<void()>& script) {
   EXPECT_EQ(runRoomlattice(*platform), 0);
   EXPECT_TRUE(carriedOut);
   gnustep::closeMenu();
+}
+
+void ProgramFixture::awaitTour() {
+  server_.followSwipes();
+  bool hasEnded = false;
+  const auto observer = adopt([[RoomlatticeAction alloc] initWithFunction:[&hasEnded](id) { hasEnded = true; }]);
+  NSNotificationCenter* center = [NSNotificationCenter defaultCenter];
+  [center addObserver:observer.get() selector:@selector(invoke:) name:@"SpaceManagerTourDidEnd" object:nil];
+  EXPECT_TRUE(gnustep::runUntil([&hasEnded] { return hasEnded; }));
+  [center removeObserver:observer.get()];
 }
 
 NSStatusItem* ProgramFixture::statusItem() {

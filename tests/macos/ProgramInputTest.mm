@@ -18,8 +18,9 @@ using ProgramInputTest = ProgramFixture;
 TEST_F(ProgramInputTest, SwitchesToTheDesktopWhoseRowIsClicked) {
   [[NSUserDefaults standardUserDefaults] setBool:YES forKey:@"InstantMenuSwitch"];
   server_.spaces.erase(server_.spaces.begin() + 2);
-  server_.followSwipes();
   run([this] {
+    awaitTour();
+    stream_.posted.clear();
     openMenu();
     ASSERT_EQ([[statusItem() menu] numberOfItems], 7);
     const NSRect row = gnustep::screenFrame(menuItem(2));

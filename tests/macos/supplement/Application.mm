@@ -8,6 +8,7 @@ namespace {
 
 std::optional<long> policyInForce;
 Look lookInForce = Look::Light;
+NSArray* namesAsked = nil;
 
 }  // namespace
 
@@ -18,6 +19,8 @@ Look lookInForce = Look::Light;
 @implementation SupplementAppearance
 
 - (NSAppearanceName)bestMatchFromAppearancesWithNames:(NSArray*)names {
+  [namesAsked autorelease];
+  namesAsked = [names copy];
   if (lookInForce == Look::Neither) {
     return nil;
   }
@@ -45,6 +48,10 @@ namespace roomlattice::gnustep {
 
 std::optional<long> activationPolicy() {
   return policyInForce;
+}
+
+NSArray* appearanceNamesAsked() {
+  return namesAsked;
 }
 
 void setLook(Look look) {
