@@ -30,8 +30,8 @@ TEST(MacDispatcher, NeverRunsATaskBeforeTheCallReturns) {
 TEST(MacDispatcher, RunsTasksInOrderOfDueTimeThenOfScheduling) {
   MacDispatcher dispatcher;
   std::string order;
-  dispatcher.asyncAfter(60ms, [&] { order += "d"; });
-  dispatcher.asyncAfter(30ms, [&] { order += "c"; });
+  dispatcher.asyncAfter(400ms, [&] { order += "d"; });
+  dispatcher.asyncAfter(100ms, [&] { order += "c"; });
   dispatcher.async([&] { order += "a"; });
   dispatcher.async([&] { order += "b"; });
   EXPECT_TRUE(runUntil([&] { return order.size() == 4; }));
@@ -42,10 +42,10 @@ TEST(MacDispatcher, RunsEveryTaskThatIsDueWhenTheMainThreadWasBusy) {
   MacDispatcher dispatcher;
   std::string order;
   const auto start = std::chrono::steady_clock::now();
-  dispatcher.asyncAfter(3ms, [&] { order += "c"; });
-  dispatcher.asyncAfter(1ms, [&] { order += "a"; });
-  dispatcher.asyncAfter(2ms, [&] { order += "b"; });
-  while (std::chrono::steady_clock::now() < start + 20ms) {
+  dispatcher.asyncAfter(300ms, [&] { order += "c"; });
+  dispatcher.asyncAfter(100ms, [&] { order += "a"; });
+  dispatcher.asyncAfter(200ms, [&] { order += "b"; });
+  while (std::chrono::steady_clock::now() < start + 400ms) {
   }
   EXPECT_TRUE(runUntil([&] { return order.size() == 3; }));
   EXPECT_EQ(order, "abc");
