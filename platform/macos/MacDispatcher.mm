@@ -5,6 +5,8 @@
 
 #include "platform/TaskQueue.h"
 
+#include <time.h>
+
 #include <algorithm>
 #include <mutex>
 
@@ -13,8 +15,9 @@ namespace {
 
 using Instant = TaskQueue::Instant;
 
+/// The clock of Dispatch's own delays, which stands still while the machine sleeps. The standard library's does not.
 Instant now() {
-  return std::chrono::steady_clock::now().time_since_epoch();
+  return Instant(static_cast<Instant::rep>(clock_gettime_nsec_np(CLOCK_UPTIME_RAW)));
 }
 
 dispatch_time_t after(Duration delay) {

@@ -51,6 +51,16 @@ TEST(MacDispatcher, RunsEveryTaskThatIsDueWhenTheMainThreadWasBusy) {
   EXPECT_EQ(order, "abc");
 }
 
+TEST(MacDispatcher, MeasuresDelaysByTheMachinesUptime) {
+  MacDispatcher dispatcher;
+  std::string order;
+  dispatcher.asyncAfter(10min, [&] { order += "a"; });
+  gnustep::letUptimePass(20min);
+  dispatcher.async([&] { order += "b"; });
+  EXPECT_TRUE(runUntil([&] { return !order.empty(); }));
+  EXPECT_EQ(order, "a");
+}
+
 TEST(MacDispatcher, DropsACancelledTaskAndWhatItHolds) {
   MacDispatcher dispatcher;
   const auto held = std::make_shared<int>(0);

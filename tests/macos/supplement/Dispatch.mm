@@ -106,10 +106,15 @@ SupplementQueue globalQueue;
 const SupplementSourceType timerType;
 std::intptr_t lastGlobalIdentifier = 0;
 std::vector<SupplementTimer*> running;
+std::uint64_t passedUptime = 0;
 
 }  // namespace
 
 namespace roomlattice::gnustep {
+
+void letUptimePass(std::chrono::nanoseconds duration) {
+  passedUptime += static_cast<std::uint64_t>(duration.count());
+}
 
 std::vector<TimerRecord> runningTimers() {
   std::vector<TimerRecord> records;
@@ -129,9 +134,15 @@ extern "C" {
 
 const dispatch_source_type_t DISPATCH_SOURCE_TYPE_TIMER = &timerType;
 
+std::uint64_t clock_gettime_nsec_np(clockid_t clock) {
+  timespec now{};
+  clock_gettime(clock, &now);
+  return static_cast<std::uint64_t>(now.tv_sec) * 1'000'000'000 + static_cast<std::uint64_t>(now.tv_nsec) +
+         passedUptime;
+}
+
 dispatch_time_t dispatch_time(dispatch_time_t when, std::int64_t delta) {
-  const auto now = std::chrono::steady_clock::now().time_since_epoch();
-  const auto base = when == DISPATCH_TIME_NOW ? static_cast<dispatch_time_t>(now.count()) : when;
+  const dispatch_time_t base = when == DISPATCH_TIME_NOW ? clock_gettime_nsec_np(CLOCK_UPTIME_RAW) : when;
   return base + static_cast<dispatch_time_t>(delta);
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <vector>
 
@@ -15,6 +16,9 @@ struct TimerRecord {
 
 /// The timer sources that are running.
 std::vector<TimerRecord> runningTimers();
+
+/// Puts the clock of the machine's uptime forward.
+void letUptimePass(std::chrono::nanoseconds duration);
 
 /// The identifier of the global queue last asked for.
 std::intptr_t lastGlobalQueue();

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <time.h>
+
 #include <cstdint>
 
 /// As much of Grand Central Dispatch as the backend uses. The main queue is served by the main thread's run loop.
@@ -17,7 +19,11 @@ inline constexpr unsigned int QOS_CLASS_USER_INITIATED = 0x19;
 
 extern const dispatch_source_type_t DISPATCH_SOURCE_TYPE_TIMER;
 
-/// Nanoseconds of the monotonic clock.
+/// The clock that stands still while the machine sleeps, in nanoseconds. A Mac declares it in <time.h>.
+inline constexpr clockid_t CLOCK_UPTIME_RAW = CLOCK_MONOTONIC;
+std::uint64_t clock_gettime_nsec_np(clockid_t clock);
+
+/// Nanoseconds of that clock.
 dispatch_time_t dispatch_time(dispatch_time_t when, std::int64_t delta);
 
 dispatch_queue_t dispatch_get_main_queue();
