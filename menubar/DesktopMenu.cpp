@@ -3,6 +3,7 @@
 #include "preferences/PreferencesWindowController.h"
 #include "spaces/SpaceManager.h"
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <utility>
@@ -22,12 +23,19 @@ std::unique_ptr<SpaceRowView> makeRow(platform::Platform& platform, const SpaceI
   return row;
 }
 
+platform::Value representation(const SpaceInfo& space) {
+  return platform::Value::Dictionary{{"spaceID", static_cast<std::int64_t>(space.spaceID)},
+                                     {"uuid", space.uuid},
+                                     {"displayUUID", space.displayUUID},
+                                     {"type", space.type}};
+}
+
 }  // namespace
 
 void MenuBarController::menuNeedsUpdate(platform::Menu& menu) {
   menu.items.clear();
   for (const SpaceInfo& space : regularSpaces(SpaceManager::shared().spaces())) {
-    menu.items.emplace_back(platform::ViewItem{makeRow(platform_, space)});
+    menu.items.emplace_back(platform::ViewItem{makeRow(platform_, space), representation(space)});
   }
   menu.items.emplace_back(platform::SeparatorItem{});
   menu.items.emplace_back(platform::CommandItem{"Preferences\u2026", ",", [this] { showPreferences(); }});

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/Value.h"
 #include "platform/View.h"
 
 #include <functional>
@@ -13,6 +14,8 @@ namespace roomlattice::platform {
 /// A row that the program draws itself. The item owns the view; its frame's size is the row's.
 struct ViewItem {
   std::unique_ptr<View> view;
+  /// What the row stands for, where menus of the platform carry such a thing. Backends make nothing of it.
+  Value representedObject = {};
 };
 
 /// Commands that a platform may carry out itself; the action does the same for those that do not.

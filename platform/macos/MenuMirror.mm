@@ -1,6 +1,7 @@
 #import "platform/macos/MenuMirror.h"
 
 #import "platform/macos/Action.h"
+#import "platform/macos/FoundationValues.h"
 #import "platform/macos/Strings.h"
 
 @interface RoomlatticeMenuDelegate : RoomlatticeAction <NSMenuDelegate>
@@ -48,6 +49,7 @@ void MenuMirror::removeItems() {
 NSMenuItem* MenuMirror::makeItem(ViewItem& item) {
   rows_.push_back(std::make_unique<HostedView>(*item.view));
   NSMenuItem* native = [[[NSMenuItem alloc] initWithTitle:@"" action:nullptr keyEquivalent:@""] autorelease];
+  [native setRepresentedObject:toPropertyList(item.representedObject)];
   [native setView:rows_.back()->get()];
   return native;
 }

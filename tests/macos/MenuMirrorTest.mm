@@ -3,6 +3,7 @@
 #import <AppKit/AppKit.h>
 #import <QuartzCore/QuartzCore.h>
 
+#import "platform/macos/FoundationValues.h"
 #import "platform/macos/Geometry.h"
 #import "platform/macos/MacStatusItem.h"
 #import "platform/macos/Strings.h"
@@ -68,7 +69,7 @@ class MenuMirrorTest : public testing::Test {
   MenuMirrorTest() {
     menu_.needsUpdate = [this](Menu& menu) {
       menu.items.clear();
-      menu.items.emplace_back(ViewItem{std::make_unique<RowView>(heard_)});
+      menu.items.emplace_back(ViewItem{std::make_unique<RowView>(heard_), Value::Dictionary{{"uuid", "A"}}});
       menu.items.emplace_back(SeparatorItem{});
       menu.items.emplace_back(CommandItem{"Preferences\u2026", ",", [this] { heard_ += "preferences "; }});
       menu.items.emplace_back(CommandItem{"Quit", "q", [this] { heard_ += "quit "; }, CommandRole::Quit});
@@ -106,6 +107,7 @@ TEST_F(MenuMirrorTest, IsBroughtUpToDateBeforeItOpens) {
   ASSERT_EQ([native() numberOfItems], 4);
   EXPECT_NE([item(0) view], nil);
   EXPECT_EQ([[item(0) title] length], 0U);
+  EXPECT_EQ(toValue([item(0) representedObject]), Value(Value::Dictionary{{"uuid", "A"}}));
   EXPECT_TRUE([item(1) isSeparatorItem]);
   EXPECT_EQ(toString([item(2) title]), "Preferences\u2026");
   open();

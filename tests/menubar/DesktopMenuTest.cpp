@@ -107,6 +107,18 @@ TEST_F(DesktopMenu, MakesRowsOfTheirSizeForTheirDesktops) {
   }
 }
 
+TEST_F(DesktopMenu, HasTheDesktopsAsWhatItsRowsStandFor) {
+  openMenu();
+  for (std::size_t index = 0; index < 3; ++index) {
+    const SpaceInfo& space = row(index).space();
+    EXPECT_EQ(std::get<ViewItem>(desktop.menu()->items().at(index)).representedObject,
+              platform::Value(platform::Value::Dictionary{{"spaceID", static_cast<std::int64_t>(space.spaceID)},
+                                                          {"uuid", space.uuid},
+                                                          {"displayUUID", space.displayUUID},
+                                                          {"type", std::int64_t{0}}}));
+  }
+}
+
 TEST_F(DesktopMenu, LeavesFullScreenSpacesOut) {
   desktop.enterFullScreen();
   openMenu();
