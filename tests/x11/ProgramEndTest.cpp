@@ -7,6 +7,7 @@
 #include <fstream>
 #include <gmock/gmock.h>
 #include <random>
+#include <unistd.h>
 
 namespace roomlattice::tests {
 namespace {
@@ -60,7 +61,8 @@ TEST(EndOfTheServer, EndsTheProgramAlsoWhileItStarts) {
   std::mt19937 random(4711);
   std::uniform_int_distribution<int> turns(0, 60);
   for (int round = 0; round < 4; ++round) {
-    X11Session session;
+    // The program is not to find the server of another test in place of the one that has gone.
+    X11Session session({.display = 1000 + getpid() % 50000});
     Program program;
     int left = turns(random);
     waitFor([&] { return left-- == 0; });

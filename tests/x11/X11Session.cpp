@@ -242,6 +242,9 @@ std::vector<std::string> X11Session::serverCommand(const SessionOptions& options
   } else {
     command = {"Xvfb", "-screen", "0", options.screen};
   }
+  if (options.display) {
+    command.push_back(":" + std::to_string(*options.display));
+  }
   // On a busy machine a key that a tool presses may be held long enough to repeat.
   command.push_back("-r");
   command.insert(command.end(), {"-displayfd", announcement, "-nolisten", "tcp", "-noreset"});

@@ -34,6 +34,9 @@ struct SessionOptions {
   ServerKind server = ServerKind::Xvfb;
   std::string screen = "1280x800x24";
   std::vector<std::string> serverArguments;
+  /// The number of the display; otherwise the first that is free, which another session may get once this one's server
+  /// has gone.
+  std::optional<int> display;
 };
 
 /// A desktop session of its own for a test: an X server, a message bus, folders for settings, and the window manager of
