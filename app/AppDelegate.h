@@ -4,9 +4,9 @@
 #include "input/SwipeWatcher.h"
 #include "labels/SpaceSignWindowController.h"
 #include "menubar/MenuBarController.h"
-#include "platform/Lifetime.h"
 #include "platform/Platform.h"
 #include "spaces/SpaceObserver.h"
+#include "support/Lifetime.h"
 
 #include <optional>
 
@@ -31,7 +31,7 @@ class AppDelegate {
   std::optional<SpaceSignWindowController> signs_;
   std::optional<HotCornerWatcher> hot_;
   std::optional<SwipeWatcher> swipes_;
-  platform::Lifetime lifetime_;
+  Lifetime lifetime_;
 };
 
 }  // namespace roomlattice

@@ -1,12 +1,12 @@
 #include "app/Entry.h"
 
 #include "app/AppDelegate.h"
-#include "platform/Installation.h"
+#include "support/Installation.h"
 
 namespace roomlattice {
 
 int runRoomlattice(platform::Platform& platform) {
-  const platform::Installation installation(platform);
+  const Installation installation(platform);
   platform::Application& application = platform.application();
   application.setActivationPolicy(platform::ActivationPolicy::Accessory);
   AppDelegate delegate(platform);

@@ -2,10 +2,10 @@
 
 #include "labels/SpaceSignWindowController.h"
 #include "menubar/MenuBarController.h"
-#include "platform/Installation.h"
 #include "platform/simulated/SimulatedDesktop.h"
 #include "platform/simulated/SimulatedPlatform.h"
 #include "spaces/SpaceObserver.h"
+#include "support/Installation.h"
 
 #include <benchmark/benchmark.h>
 
@@ -31,7 +31,7 @@ class RunningProgram {
   void storeNamesAndColors();
 
   std::optional<platform::simulated::SimulatedPlatform> platform_;
-  std::optional<platform::Installation> installation_;
+  std::optional<Installation> installation_;
   std::optional<SpaceObserver> observer_;
   platform::Registration observation_;
   std::optional<MenuBarController> menuBar_;

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/Lifetime.h"
 #include "platform/Platform.h"
+#include "support/Lifetime.h"
 
 #include <functional>
 
@@ -26,7 +26,7 @@ class HotCornerWatcher {
   double triggerZoneSize_ = 5.0;
   bool armed_ = true;
   platform::Registration monitor_;
-  platform::Lifetime lifetime_;
+  Lifetime lifetime_;
 };
 
 }  // namespace roomlattice

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/Lifetime.h"
 #include "platform/Platform.h"
+#include "support/Lifetime.h"
 
 #include <cstdint>
 #include <functional>
@@ -29,7 +29,7 @@ class SwipeWatcher {
   std::unique_ptr<platform::EventTap> tap_;
   // From the first reported event of a swipe until its end.
   bool swipeFired_ = false;
-  platform::Lifetime lifetime_;
+  Lifetime lifetime_;
 };
 
 }  // namespace roomlattice

@@ -1,6 +1,6 @@
 #include "labels/LabelScreen.h"
 
-#include "platform/Fatal.h"
+#include "support/Fatal.h"
 
 #include <optional>
 #include <vector>
@@ -13,7 +13,7 @@ platform::Screen labelScreen(const platform::UserInterface& userInterface) {
   }
   const std::vector<platform::Screen> screens = userInterface.screens();
   if (screens.empty()) {
-    platform::fatal("there is no screen to show labels on");
+    fatal("there is no screen to show labels on");
   }
   return screens.front();
 }

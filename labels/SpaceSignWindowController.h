@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/Lifetime.h"
 #include "platform/Platform.h"
 #include "spaces/SpaceInfo.h"
+#include "support/Lifetime.h"
 
 #include <array>
 #include <map>
@@ -85,7 +85,7 @@ class SpaceSignWindowController {
   WindowPointer tourOverlayWindow_;
   platform::Registration activityToken_;
   std::array<platform::Registration, 8> observers_;
-  platform::Lifetime lifetime_;
+  Lifetime lifetime_;
 };
 
 }  // namespace roomlattice

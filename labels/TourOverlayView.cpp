@@ -1,6 +1,6 @@
 #include "labels/TourOverlayView.h"
 
-#include "platform/Stack.h"
+#include "support/Stack.h"
 
 #include <algorithm>
 
@@ -24,7 +24,7 @@ platform::ViewContent TourOverlayView::content() const {
   const platform::Size plate = frame().size;
   platform::Size text = platform_.userInterface().measure(message, messageFont);
   text.width = std::min(text.width, std::max(plate.width - 2 * sideMargin - spinnerSize.width - spacing, 0.0));
-  platform::Stack stack = platform::horizontalStack({spinnerSize, text}, spacing);
+  Stack stack = horizontalStack({spinnerSize, text}, spacing);
   for (platform::Rect& child : stack.frames) {
     child.origin.x += (plate.width - stack.size.width) * 0.5;
     child.origin.y += (plate.height - stack.size.height) * 0.5;

@@ -1,6 +1,6 @@
 #include "menubar/SpaceRowView.h"
 
-#include "spaces/Text.h"
+#include "support/Text.h"
 
 #include <algorithm>
 #include <utility>

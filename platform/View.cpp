@@ -9,6 +9,14 @@ void View::setFrame(const Rect& frame) {
   }
 }
 
+void View::setHost(ViewHost* host) {
+  const bool ended = host_ != nullptr && host == nullptr;
+  host_ = host;
+  if (ended) {
+    hostingEnded();
+  }
+}
+
 HitTarget View::hitTest(Point point) const {
   const Rect bounds{{}, frame_.size};
   return bounds.contains(point) ? HitTarget::View : HitTarget::None;

@@ -133,9 +133,11 @@ class View {
   Rect frame() const { return frame_; }
   void setFrame(const Rect& frame);
 
-  /// Set by the backend while it shows the view, null otherwise.
+  /// Set by the backend while it shows the view, null otherwise. A row of a menu is shown while the menu is open.
   ViewHost* host() const { return host_; }
-  void setHost(ViewHost* host) { host_ = host; }
+
+  /// Null ends the showing: it is called then, at once, and before the view is destroyed or shown again.
+  void setHost(ViewHost* host);
 
   /// Which part of the view takes a click at `point`. Backends ask before they hand a click to anything.
   virtual HitTarget hitTest(Point point) const;
@@ -152,6 +154,9 @@ class View {
   virtual CommandDisposition doCommand(EditCommand command);
 
  protected:
+  /// The backend shows the view no longer: what was begun in front of the user's eyes, such as an edit, is over.
+  virtual void hostingEnded() {}
+
   /// To be called after every change of what content() returns.
   void contentChanged();
 

@@ -1,7 +1,7 @@
-#include "platform/Fatal.h"
 #include "preferences/PageBuilder.h"
 #include "preferences/PreferencesWindowController.h"
 #include "spaces/SpaceManager.h"
+#include "support/Fatal.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -46,7 +46,7 @@ CodableColor editedColor(const SpaceInfo& space) {
 
 std::int64_t tag(const SpaceInfo& space) {
   if (space.spaceID > static_cast<platform::SpaceID>(std::numeric_limits<std::int64_t>::max())) {
-    platform::fatal("a space identifier does not fit a control's tag");
+    fatal("a space identifier does not fit a control's tag");
   }
   return static_cast<std::int64_t>(space.spaceID);
 }

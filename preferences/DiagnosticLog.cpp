@@ -1,6 +1,6 @@
 #include "preferences/DiagnosticLog.h"
 
-#include "spaces/Text.h"
+#include "support/Text.h"
 
 #include <utility>
 #include <variant>

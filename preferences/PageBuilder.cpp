@@ -1,7 +1,7 @@
 #include "preferences/PageBuilder.h"
 
-#include "platform/Stack.h"
-#include "spaces/Text.h"
+#include "support/Stack.h"
+#include "support/Text.h"
 
 #include <algorithm>
 #include <utility>
@@ -81,17 +81,17 @@ Size PageBuilder::controlSize(const platform::Control& control, RowWidth width) 
 }
 
 platform::TabPage PageBuilder::build(std::string identifier, std::string label) const {
-  std::vector<platform::Stack> rowStacks;
+  std::vector<Stack> rowStacks;
   std::vector<Size> rowSizes;
   for (const Row& row : rows_) {
     std::vector<Size> sizes;
     for (const Child& child : row) {
       sizes.push_back(child.size);
     }
-    rowStacks.push_back(platform::horizontalStack(sizes, rowSpacing));
+    rowStacks.push_back(horizontalStack(sizes, rowSpacing));
     rowSizes.push_back(rowStacks.back().size);
   }
-  const platform::Stack page = platform::verticalStack(rowSizes, spacing_);
+  const Stack page = verticalStack(rowSizes, spacing_);
   const platform::Point origin{sideMargin, pageSize.height - topMargin - page.size.height};
   platform::TabPage result{.identifier = std::move(identifier), .label = std::move(label), .size = pageSize};
   for (std::size_t row = 0; row < rows_.size(); ++row) {

@@ -1,6 +1,6 @@
 #include "preferences/PreferencesStore.h"
 
-#include "platform/Installation.h"
+#include "support/Installation.h"
 
 namespace roomlattice {
 namespace {
@@ -28,7 +28,7 @@ constexpr const char* rawValue(ColorMode mode) {
 }  // namespace
 
 PreferencesStore& PreferencesStore::shared() {
-  return platform::Installation::current().shared<PreferencesStore>();
+  return Installation::current().shared<PreferencesStore>();
 }
 
 double PreferencesStore::signTextSize() const {

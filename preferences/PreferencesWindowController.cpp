@@ -1,7 +1,7 @@
 #include "preferences/PreferencesWindowController.h"
 
-#include "platform/Installation.h"
 #include "preferences/PageBuilder.h"
+#include "support/Installation.h"
 
 namespace roomlattice {
 namespace {
@@ -24,7 +24,7 @@ CheckBoxControl checkBox(const char* title, bool isOn, BooleanSetter setter) {
 }  // namespace
 
 PreferencesWindowController& PreferencesWindowController::shared() {
-  return platform::Installation::current().shared<PreferencesWindowController>();
+  return Installation::current().shared<PreferencesWindowController>();
 }
 
 PreferencesWindowController::PreferencesWindowController(platform::Platform& platform) : platform_(platform) {

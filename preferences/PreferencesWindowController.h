@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/Lifetime.h"
 #include "platform/Platform.h"
 #include "preferences/PreferencesStore.h"
+#include "support/Lifetime.h"
 
 #include <cstdint>
 #include <memory>
@@ -45,7 +45,7 @@ class PreferencesWindowController {
   std::optional<platform::ControlReference> diagnosticsStatusLabel_;
   platform::ControlReference copyLogButton_;
   std::unique_ptr<platform::TabbedWindow> window_;
-  platform::Lifetime lifetime_;
+  Lifetime lifetime_;
 };
 
 }  // namespace roomlattice

@@ -1,6 +1,6 @@
 #include "spaces/SpaceManager.h"
 
-#include "platform/Installation.h"
+#include "support/Installation.h"
 
 #include <algorithm>
 #include <optional>
@@ -10,7 +10,7 @@
 namespace roomlattice {
 
 SpaceManager& SpaceManager::shared() {
-  return platform::Installation::current().shared<SpaceManager>();
+  return Installation::current().shared<SpaceManager>();
 }
 
 SpaceManager::SpaceManager(platform::Platform& platform) : platform_(platform) {

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/Lifetime.h"
 #include "platform/Platform.h"
 #include "spaces/SpaceInfo.h"
+#include "support/Lifetime.h"
 
 #include <deque>
 #include <functional>
@@ -92,7 +92,7 @@ class SpaceManager {
   bool tourRetried_ = false;
   std::optional<ISSDirection> currentTourDirection_;
 
-  platform::Lifetime lifetime_;
+  Lifetime lifetime_;
 };
 
 }  // namespace roomlattice

@@ -1,5 +1,5 @@
 #include "spaces/SpaceManager.h"
-#include "spaces/Text.h"
+#include "support/Text.h"
 
 #include <optional>
 

@@ -1,7 +1,7 @@
 #include "spaces/SpaceObserver.h"
 
-#include "platform/Fatal.h"
 #include "spaces/SpaceManager.h"
+#include "support/Fatal.h"
 
 #include <cstdint>
 #include <optional>
@@ -35,7 +35,7 @@ std::optional<SpaceInfo> parseSpace(const Value::Dictionary& space, const std::s
     return std::nullopt;
   }
   if (*identifier < 0) {
-    platform::fatal("the window server gave a negative space identifier");
+    fatal("the window server gave a negative space identifier");
   }
   return SpaceInfo{.spaceID = static_cast<platform::SpaceID>(*identifier),
                    .uuid = stringOr(space, "uuid", "space-" + std::to_string(*identifier)),

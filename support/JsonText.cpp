@@ -7,7 +7,7 @@
 #include <span>
 #include <utility>
 
-namespace roomlattice::support {
+namespace roomlattice {
 namespace {
 
 using Json = nlohmann::json;
@@ -143,4 +143,4 @@ std::optional<Value> JsonTextCodec::decode(const Value::Data& json) const {
   return fromJson({reinterpret_cast<const char*>(json.data()), json.size()});
 }
 
-}  // namespace roomlattice::support
+}  // namespace roomlattice

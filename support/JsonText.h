@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-namespace roomlattice::support {
+namespace roomlattice {
 
 enum class JsonLayout { Compact, Indented };
 
@@ -24,4 +24,4 @@ class JsonTextCodec final : public platform::JsonCodec {
   std::optional<platform::Value> decode(const platform::Value::Data& json) const override;
 };
 
-}  // namespace roomlattice::support
+}  // namespace roomlattice

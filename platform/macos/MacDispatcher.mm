@@ -3,7 +3,7 @@
 #import <Foundation/Foundation.h>
 #import <dispatch/dispatch.h>
 
-#include "platform/TaskQueue.h"
+#include "support/TaskQueue.h"
 
 #include <time.h>
 

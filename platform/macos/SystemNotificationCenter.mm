@@ -3,7 +3,7 @@
 #import "platform/macos/Action.h"
 #import "platform/macos/NotificationNames.h"
 
-#include "platform/InProcessNotificationCenter.h"
+#include "support/InProcessNotificationCenter.h"
 
 namespace roomlattice::platform::macos {
 

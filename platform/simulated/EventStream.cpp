@@ -1,6 +1,6 @@
 #include "platform/simulated/EventStream.h"
 
-#include "platform/Fatal.h"
+#include "support/Fatal.h"
 
 namespace roomlattice::platform::simulated {
 

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "platform/Events.h"
-#include "platform/FieldEvent.h"
 #include "platform/simulated/Dock.h"
 #include "platform/simulated/Faults.h"
 #include "platform/simulated/SimulatedKeyEvent.h"
 #include "platform/simulated/VirtualTime.h"
+#include "support/FieldEvent.h"
 
 #include <cstdint>
 

@@ -1,6 +1,6 @@
 #include "platform/simulated/HostedView.h"
 
-#include "platform/Fatal.h"
+#include "support/Fatal.h"
 
 #include <algorithm>
 #include <iterator>

@@ -1,7 +1,7 @@
 #include "platform/simulated/MenuSession.h"
 
-#include "platform/Fatal.h"
 #include "platform/simulated/TextMetrics.h"
+#include "support/Fatal.h"
 
 #include <algorithm>
 #include <functional>

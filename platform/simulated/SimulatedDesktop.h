@@ -1,6 +1,5 @@
 #pragma once
 
-#include "platform/InProcessNotificationCenter.h"
 #include "platform/simulated/ChildProcesses.h"
 #include "platform/simulated/DisplaySettings.h"
 #include "platform/simulated/Dock.h"
@@ -11,6 +10,7 @@
 #include "platform/simulated/SystemLog.h"
 #include "platform/simulated/VirtualTime.h"
 #include "platform/simulated/WindowList.h"
+#include "support/InProcessNotificationCenter.h"
 
 #include <cstddef>
 #include <cstdint>

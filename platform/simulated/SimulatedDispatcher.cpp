@@ -1,6 +1,6 @@
 #include "platform/simulated/SimulatedDispatcher.h"
 
-#include "platform/Fatal.h"
+#include "support/Fatal.h"
 
 #include <map>
 #include <utility>

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "platform/Events.h"
-#include "platform/RegistrationList.h"
 #include "platform/simulated/EventStream.h"
 #include "platform/simulated/Faults.h"
+#include "support/RegistrationList.h"
 
 #include <cstdint>
 #include <functional>

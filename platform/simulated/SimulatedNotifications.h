@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/InProcessNotificationCenter.h"
 #include "platform/simulated/SimulatedDesktop.h"
+#include "support/InProcessNotificationCenter.h"
 
 #include <array>
 

@@ -36,7 +36,7 @@ class SimulatedPlatform final : public Platform {
   SimulatedApplication application_;
   SimulatedDefaults defaults_;
   SimulatedEvents events_;
-  support::JsonTextCodec json_;
+  JsonTextCodec json_;
   SimulatedNotifications notifications_;
   SimulatedSystem system_;
   SimulatedUserInterface userInterface_;

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "platform/RegistrationList.h"
 #include "platform/System.h"
 #include "platform/simulated/SimulatedDesktop.h"
 #include "platform/simulated/SimulatedDispatcher.h"
+#include "support/RegistrationList.h"
 
 #include <string>
 #include <variant>

@@ -1,6 +1,6 @@
 #include "platform/simulated/SimulatedTabbedWindow.h"
 
-#include "platform/Fatal.h"
+#include "support/Fatal.h"
 
 #include <algorithm>
 

@@ -1,10 +1,10 @@
 #include "platform/simulated/SimulatedUser.h"
 
-#include "platform/Fatal.h"
-#include "platform/FieldEvent.h"
 #include "platform/simulated/SimulatedStatusItem.h"
 #include "platform/simulated/SimulatedTabbedWindow.h"
 #include "platform/simulated/TextMetrics.h"
+#include "support/Fatal.h"
+#include "support/FieldEvent.h"
 
 #include <algorithm>
 #include <memory>

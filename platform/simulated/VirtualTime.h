@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/TaskQueue.h"
+#include "support/TaskQueue.h"
 
 #include <cstdint>
 

@@ -1,6 +1,6 @@
 #include "platform/x11/QtDispatcher.h"
 
-#include "platform/TaskQueue.h"
+#include "support/TaskQueue.h"
 
 #include <QThread>
 #include <QTimer>

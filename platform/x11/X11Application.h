@@ -1,8 +1,8 @@
 #pragma once
 
 #include "platform/Application.h"
-#include "platform/x11/MenuKeepingApplication.h"
-#include "platform/x11/X11Connection.h"
+#include "platform/x11/connection/X11Connection.h"
+#include "platform/x11/statusitem/MenuKeepingApplication.h"
 
 namespace roomlattice::platform::x11 {
 

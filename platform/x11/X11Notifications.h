@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/InProcessNotificationCenter.h"
 #include "platform/NotificationCenter.h"
+#include "support/InProcessNotificationCenter.h"
 
 namespace roomlattice::platform::x11 {
 

@@ -1,8 +1,8 @@
 #include "platform/x11/X11Platform.h"
 
 #include "platform/NativePlatform.h"
-#include "platform/x11/CommandLine.h"
-#include "platform/x11/QtMessages.h"
+#include "platform/linux/system/CommandLine.h"
+#include "platform/linux/system/QtMessages.h"
 
 #include <chrono>
 #include <cstdlib>

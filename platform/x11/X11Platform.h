@@ -1,24 +1,24 @@
 #pragma once
 
 #include "platform/Platform.h"
-#include "platform/x11/FileDefaults.h"
-#include "platform/x11/InstanceLock.h"
-#include "platform/x11/MessageBus.h"
+#include "platform/linux/bus/MessageBus.h"
+#include "platform/linux/bus/SleepWatch.h"
+#include "platform/linux/storage/FileDefaults.h"
+#include "platform/linux/system/TerminationSignals.h"
+#include "platform/linux/system/X11System.h"
 #include "platform/x11/QtDispatcher.h"
-#include "platform/x11/SessionGuard.h"
-#include "platform/x11/SleepWatch.h"
-#include "platform/x11/TerminationSignals.h"
-#include "platform/x11/WindowAttachments.h"
-#include "platform/x11/WindowManagerWatch.h"
-#include "platform/x11/X11Appearance.h"
 #include "platform/x11/X11Application.h"
-#include "platform/x11/X11Desktops.h"
-#include "platform/x11/X11Events.h"
 #include "platform/x11/X11Notifications.h"
-#include "platform/x11/X11Screens.h"
-#include "platform/x11/X11System.h"
 #include "platform/x11/X11UserInterface.h"
-#include "platform/x11/X11WindowServer.h"
+#include "platform/x11/appearance/X11Appearance.h"
+#include "platform/x11/connection/InstanceLock.h"
+#include "platform/x11/connection/SessionGuard.h"
+#include "platform/x11/connection/WindowManagerWatch.h"
+#include "platform/x11/connection/X11Screens.h"
+#include "platform/x11/desktops/WindowAttachments.h"
+#include "platform/x11/desktops/X11Desktops.h"
+#include "platform/x11/desktops/X11WindowServer.h"
+#include "platform/x11/input/X11Events.h"
 #include "support/JsonText.h"
 
 #include <memory>
@@ -51,7 +51,7 @@ class X11Platform final : public Platform {
   X11Notifications notifications_;
   X11System system_;
   FileDefaults defaults_;
-  support::JsonTextCodec json_;
+  JsonTextCodec json_;
   QtDispatcher dispatcher_;
   MessageBus sessionBus_;
   MessageBus systemBus_;

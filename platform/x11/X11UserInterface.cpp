@@ -1,9 +1,9 @@
 #include "platform/x11/X11UserInterface.h"
 
-#include "platform/x11/ControlWidgets.h"
-#include "platform/x11/StatusItemWindow.h"
-#include "platform/x11/TabbedPanel.h"
-#include "platform/x11/Text.h"
+#include "platform/x11/drawing/Text.h"
+#include "platform/x11/preferences/ControlWidgets.h"
+#include "platform/x11/preferences/TabbedPanel.h"
+#include "platform/x11/statusitem/StatusItemWindow.h"
 
 namespace roomlattice::platform::x11 {
 

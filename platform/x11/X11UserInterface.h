@@ -1,8 +1,8 @@
 #pragma once
 
 #include "platform/UserInterface.h"
-#include "platform/x11/X11Appearance.h"
-#include "platform/x11/X11Window.h"
+#include "platform/x11/appearance/X11Appearance.h"
+#include "platform/x11/windows/X11Window.h"
 
 namespace roomlattice::platform::x11 {
 

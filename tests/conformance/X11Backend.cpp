@@ -1,6 +1,6 @@
 #include "platform/NativePlatform.h"
 #include "tests/conformance/Backend.h"
-#include "tests/x11/X11Session.h"
+#include "tests/x11/session/X11Session.h"
 
 #include <array>
 #include <variant>

@@ -16,7 +16,6 @@ namespace {
 namespace dockSwipe = platform::dockSwipe;
 
 using platform::EventField;
-using platform::FieldEvent;
 using platform::simulated::SwipeMotion;
 using platform::simulated::TapDisabling;
 using ::testing::ElementsAre;

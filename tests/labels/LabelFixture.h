@@ -1,10 +1,10 @@
 #pragma once
 
 #include "labels/SpaceSignWindowController.h"
-#include "platform/Fatal.h"
 #include "preferences/PreferencesStore.h"
 #include "spaces/SpaceManager.h"
 #include "spaces/SpaceObserver.h"
+#include "support/Fatal.h"
 #include "tests/support/ShownWindows.h"
 #include "tests/support/SimulatedFixture.h"
 
@@ -74,7 +74,7 @@ class LabelFixture : public SimulatedFixture {
   platform::simulated::SimulatedWindow& label(std::size_t index) {
     auto* const found = labelOn(desktop.desktopAt(index));
     if (found == nullptr) {
-      platform::fatal("there is no such label");
+      fatal("there is no such label");
     }
     return *found;
   }

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "app/AppDelegate.h"
-#include "platform/Installation.h"
 #include "platform/simulated/SimulatedDesktop.h"
 #include "platform/simulated/SimulatedPlatform.h"
 #include "platform/simulated/SimulatedUser.h"
+#include "support/Installation.h"
 
 #include <array>
 #include <memory>
@@ -74,7 +74,7 @@ class ScenarioWorld {
   void reported();
 
   std::unique_ptr<platform::simulated::SimulatedPlatform> platform_;
-  std::optional<platform::Installation> installation_;
+  std::optional<Installation> installation_;
   std::optional<AppDelegate> delegate_;
   platform::Duration launchedAt_{0};
   platform::SpaceID lastReportedActive_ = 0;

@@ -11,7 +11,6 @@ namespace {
 namespace dockSwipe = platform::dockSwipe;
 
 using platform::EventField;
-using platform::FieldEvent;
 using platform::SpaceID;
 using platform::simulated::SwipeMotion;
 using platform::simulated::SwipeRule;

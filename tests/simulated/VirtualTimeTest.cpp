@@ -12,7 +12,7 @@ using platform::Duration;
 
 class VirtualTime : public ::testing::Test {
  protected:
-  platform::TaskQueue::Task stamping() {
+  TaskQueue::Task stamping() {
     return [this] { stamps_.push_back(time_.now()); };
   }
 

@@ -1,12 +1,12 @@
 #pragma once
 
-#include "platform/Installation.h"
 #include "platform/simulated/SimulatedDesktop.h"
 #include "platform/simulated/SimulatedPlatform.h"
 #include "platform/simulated/SimulatedStatusItem.h"
 #include "platform/simulated/SimulatedTabbedWindow.h"
 #include "platform/simulated/SimulatedUser.h"
 #include "platform/simulated/SimulatedWindow.h"
+#include "support/Installation.h"
 
 #include <gtest/gtest.h>
 
@@ -55,7 +55,7 @@ class SimulatedFixture : public ::testing::Test {
   }
 
   std::unique_ptr<platform::simulated::SimulatedPlatform> platform_;
-  std::optional<platform::Installation> installation_;
+  std::optional<Installation> installation_;
 };
 
 }  // namespace roomlattice::tests

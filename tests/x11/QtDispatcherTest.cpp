@@ -1,6 +1,6 @@
 #include "platform/x11/QtDispatcher.h"
 
-#include "tests/x11/Wait.h"
+#include "tests/x11/session/Wait.h"
 
 #include <QCoreApplication>
 #include <QEventLoop>

@@ -1,0 +1,28 @@
+#include "platform/linux/storage/FileStamp.h"
+
+#include <chrono>
+
+namespace roomlattice::platform::x11 {
+
+FileStamp::FileStamp(const struct stat& status)
+    : device(status.st_dev),
+      inode(status.st_ino),
+      size(status.st_size),
+      modified(status.st_mtim),
+      changed(status.st_ctim) {}
+
+bool FileStamp::isTooFreshToTrust() const {
+  timespec now{};
+  clock_gettime(CLOCK_REALTIME, &now);
+  const auto age =
+      std::chrono::seconds(now.tv_sec - changed.tv_sec) + std::chrono::nanoseconds(now.tv_nsec - changed.tv_nsec);
+  return age < std::chrono::milliseconds(50);
+}
+
+bool FileStamp::operator==(const FileStamp& other) const {
+  const auto same = [](const timespec& a, const timespec& b) { return a.tv_sec == b.tv_sec && a.tv_nsec == b.tv_nsec; };
+  return device == other.device && inode == other.inode && size == other.size && same(modified, other.modified) &&
+         same(changed, other.changed);
+}
+
+}  // namespace roomlattice::platform::x11

@@ -1,0 +1,79 @@
+#include "platform/linux/system/LogLine.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstdio>
+#include <ctime>
+#include <optional>
+#include <unistd.h>
+
+namespace roomlattice::platform::x11 {
+namespace {
+
+using std::chrono::milliseconds;
+using std::chrono::system_clock;
+
+constexpr const char* dateFormat = "%Y-%m-%d %H:%M:%S";
+
+std::optional<system_clock::time_point> stampOf(const std::string& line) {
+  std::tm date{};
+  const char* rest = strptime(line.c_str(), dateFormat, &date);
+  int thousandths = 0;
+  int digits = 0;
+  if (rest == nullptr || std::sscanf(rest, ".%3d%n", &thousandths, &digits) != 1) {
+    return std::nullopt;
+  }
+  std::tm zone{};
+  if (strptime(rest + digits, "%z", &zone) == nullptr) {
+    return std::nullopt;
+  }
+  return system_clock::from_time_t(timegm(&date) - zone.tm_gmtoff) + milliseconds(thousandths);
+}
+
+}  // namespace
+
+std::string stampedLogLine(system_clock::time_point time, const std::string& line) {
+  const auto sinceEpoch = std::chrono::duration_cast<milliseconds>(time.time_since_epoch());
+  const auto seconds = std::chrono::floor<std::chrono::seconds>(sinceEpoch);
+  const std::time_t calendarTime = static_cast<std::time_t>(seconds.count());
+  std::tm local{};
+  tzset();  // the time zone may have changed since the last line
+  localtime_r(&calendarTime, &local);
+  std::array<char, 32> date{};
+  std::strftime(date.data(), date.size(), dateFormat, &local);
+  std::array<char, 8> zone{};
+  std::strftime(zone.data(), zone.size(), "%z", &local);
+  std::array<char, 80> stamp{};
+  std::snprintf(stamp.data(), stamp.size(), "%s.%03d%s Roomlattice[%d] ", date.data(),
+                static_cast<int>((sinceEpoch - seconds).count()), zone.data(), static_cast<int>(getpid()));
+  return stamp.data() + line + "\n";
+}
+
+std::string logSince(system_clock::time_point start, std::string_view log) {
+  std::string recent;
+  bool isRecent = false;
+  while (!log.empty()) {
+    const std::string line(log.substr(0, log.find('\n')));
+    log.remove_prefix(std::min(line.size() + 1, log.size()));
+    if (const auto stamp = stampOf(line)) {
+      isRecent = *stamp >= start;
+    }
+    if (isRecent) {
+      recent += line + "\n";
+    }
+  }
+  return recent;
+}
+
+void writeAll(int file, std::string_view text) {
+  while (!text.empty()) {
+    const ssize_t count = write(file, text.data(), text.size());
+    if (count < 0 && errno != EINTR) {
+      return;
+    }
+    text.remove_prefix(count < 0 ? 0 : static_cast<std::size_t>(count));
+  }
+}
+
+}  // namespace roomlattice::platform::x11

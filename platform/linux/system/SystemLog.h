@@ -1,0 +1,36 @@
+#pragma once
+
+#include "platform/linux/system/Journal.h"
+#include "platform/linux/system/LogFile.h"
+
+#include <chrono>
+#include <filesystem>
+#include <optional>
+#include <string>
+
+namespace roomlattice::platform::x11 {
+
+/// Where the program's log lines go: to standard error, stamped, to the journal where there is one, and to a file of
+/// their own, which is read where there is none.
+class SystemLog {
+ public:
+  /// Standard error alone: nothing is kept.
+  SystemLog() = default;
+  SystemLog(const std::optional<std::filesystem::path>& file, std::optional<Journal> journal);
+
+  /// $XDG_STATE_HOME/roomlattice/log; nothing for a user without a home.
+  static std::optional<std::filesystem::path> standardPath();
+
+  /// Writes a line, given without its end.
+  void write(const std::string& line);
+
+ private:
+  std::optional<LogFile> file_;
+  std::optional<Journal> journal_;
+};
+
+/// What was written in the last `duration`, by this process and earlier ones: from the journal where it has anything,
+/// otherwise from the file. Blocks until the journal has been searched.
+std::string recentLog(std::chrono::minutes duration, const std::filesystem::path& journal = Journal::usualSocket);
+
+}  // namespace roomlattice::platform::x11

@@ -1,0 +1,73 @@
+#include "platform/linux/system/X11System.h"
+
+#include "platform/linux/system/CommandLine.h"
+#include "platform/linux/system/Executable.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QStandardPaths>
+#include <filesystem>
+#include <sys/prctl.h>
+#include <utility>
+
+namespace roomlattice::platform::x11 {
+namespace {
+
+// In nanoseconds; the kernel takes the least it knows for 1.
+constexpr unsigned long leastTimerSlack = 1;
+
+std::string quotedForShell(const std::string& word) {
+  std::string quoted = "'";
+  for (const char character : word) {
+    quoted += character == '\'' ? "'\\''" : std::string(1, character);
+  }
+  return quoted + "'";
+}
+
+/// What a user types to run this program: its name where a shell finds it by that.
+std::string typedProgram() {
+  constexpr const char* name = "roomlattice";
+  std::error_code error;
+  const std::filesystem::path own = pathOfExecutable();
+  const QString found = QStandardPaths::findExecutable(QString::fromLatin1(name));
+  if (own.empty() || (!found.isEmpty() && std::filesystem::equivalent(found.toStdString(), own, error))) {
+    return name;
+  }
+  return quotedForShell(own.string());
+}
+
+}  // namespace
+
+X11System::X11System(SystemLog log) : log_(std::move(log)) {
+  // Timers come as exactly as the kernel can: the steps of gestures are timed by them.
+  prctl(PR_SET_TIMERSLACK, leastTimerSlack, 0, 0, 0);
+}
+
+void X11System::log(const std::string& line) {
+  log_.write(line);
+}
+
+std::variant<ProcessOutput, LaunchError> X11System::run(const std::string& path,
+                                                        const std::vector<std::string>& arguments) {
+  return children_.run(path, arguments);
+}
+
+LogQuery X11System::localized(const LogQuery& query) const {
+  std::error_code error;
+  if (std::filesystem::exists(query.executable, error)) {
+    return query;
+  }
+  return {
+      .executable = ownExecutable, .arguments = {recentLogOption}, .command = typedProgram() + " " + recentLogOption};
+}
+
+void X11System::setPasteboardString(const std::string& text) {
+  QGuiApplication::clipboard()->setText(QString::fromStdString(text));
+}
+
+Registration X11System::beginActivity(ActivityKind, const std::string&) {
+  // A Linux desktop throttles no process that has no windows in sight, so there is nothing to ask for.
+  return Registration([] {});
+}
+
+}  // namespace roomlattice::platform::x11

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "platform/System.h"
+#include "platform/linux/system/ChildRunner.h"
+#include "platform/linux/system/SystemLog.h"
+
+namespace roomlattice::platform::x11 {
+
+/// The pasteboard is the clipboard.
+class X11System final : public System {
+ public:
+  explicit X11System(SystemLog log = {});
+
+  void log(const std::string& line) override;
+  std::variant<ProcessOutput, LaunchError> run(const std::string& path,
+                                               const std::vector<std::string>& arguments) override;
+  /// Where the tool is not there, the program itself stands in for it.
+  LogQuery localized(const LogQuery& query) const override;
+  void setPasteboardString(const std::string& text) override;
+  Registration beginActivity(ActivityKind kind, const std::string& reason) override;
+
+  /// Lets no run keep the process from ending.
+  void interruptRuns() { children_.interrupt(); }
+
+ private:
+  SystemLog log_;
+  ChildRunner children_;
+};
+
+}  // namespace roomlattice::platform::x11

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "platform/x11/connection/X11Connection.h"
+#include "support/Listeners.h"
+
+#include <QTimer>
+#include <cstddef>
+#include <functional>
+
+namespace roomlattice::platform::x11 {
+
+/// Whether translucent windows are blended with what is below them. Main thread only.
+///
+/// A compositing manager owns the selection _NET_WM_CM_Sn (EWMH), but it may take it before it starts and keep it
+/// without compositing; so a window is asked for as well that nobody has redirected unless there is compositing.
+class CompositorWatch {
+ public:
+  explicit CompositorWatch(X11Connection& connection);
+
+  bool isCompositing() const { return compositing_; }
+
+  /// Calls `handler` after each change.
+  Registration observe(std::function<void()> handler);
+
+ private:
+  void ownerChanged();
+  void update();
+  bool hasOwner() const;
+  bool redirectsWindows() const;
+
+  X11Connection& connection_;
+  bool canRedirect_ = false;
+  bool compositing_ = false;
+  std::size_t retries_ = 0;
+  QTimer retry_;
+  Listeners<> listeners_;
+  Registration selectionEvents_;
+};
+
+}  // namespace roomlattice::platform::x11

@@ -1,0 +1,41 @@
+#include "platform/x11/connection/InstanceLock.h"
+
+#include <string>
+
+namespace roomlattice::platform::x11 {
+namespace {
+
+xcb_window_t selectionOwner(xcb_connection_t* connection, xcb_atom_t selection) {
+  const XcbPointer<xcb_get_selection_owner_reply_t> reply(
+      xcb_get_selection_owner_reply(connection, xcb_get_selection_owner(connection, selection), nullptr));
+  return reply == nullptr ? xcb_window_t{XCB_WINDOW_NONE} : reply->owner;
+}
+
+}  // namespace
+
+std::unique_ptr<InstanceLock> InstanceLock::acquire(X11Connection& connection) {
+  const xcb_atom_t selection = connection.atom("_ROOMLATTICE_S" + std::to_string(connection.screenNumber()));
+  // Two that start at once must not both find the selection free.
+  xcb_grab_server(connection.raw());
+  std::unique_ptr<InstanceLock> lock;
+  if (selectionOwner(connection.raw(), selection) == XCB_WINDOW_NONE) {
+    lock.reset(new InstanceLock(connection));
+    xcb_set_selection_owner(connection.raw(), lock->owner_, selection, XCB_CURRENT_TIME);
+  }
+  xcb_ungrab_server(connection.raw());
+  connection.flush();
+  return lock;
+}
+
+InstanceLock::InstanceLock(X11Connection& connection)
+    : connection_(connection), owner_(xcb_generate_id(connection.raw())) {
+  xcb_create_window(connection.raw(), XCB_COPY_FROM_PARENT, owner_, connection.root(), -1, -1, 1, 1, 0,
+                    XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, 0, nullptr);
+}
+
+InstanceLock::~InstanceLock() {
+  xcb_destroy_window(connection_.raw(), owner_);
+  connection_.flush();
+}
+
+}  // namespace roomlattice::platform::x11

@@ -1,0 +1,129 @@
+#include "platform/x11/connection/NativeWindow.h"
+
+#include "platform/x11/connection/Properties.h"
+#include "support/Fatal.h"
+
+#include <QGuiApplication>
+#include <QWidget>
+#include <QtGui/qguiapplication_platform.h>
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <xcb/shape.h>
+
+namespace roomlattice::platform::x11 {
+namespace {
+
+// EWMH: the actions of a _NET_WM_STATE message, and where a request comes from.
+constexpr std::uint32_t removeState = 0;
+constexpr std::uint32_t sourceIsApplication = 1;
+
+// ICCCM: which of the values of WM_HINTS are given, and what they are.
+constexpr std::uint32_t inputHint = 1U << 0U;
+constexpr std::uint32_t stateHint = 1U << 1U;
+constexpr std::uint32_t windowGroupHint = 1U << 6U;
+constexpr std::uint32_t noInput = 0;
+constexpr std::uint32_t normalState = 1;
+
+xcb_connection_t* toolkitConnection() {
+  auto* application = qApp->nativeInterface<QNativeInterface::QX11Application>();
+  if (application == nullptr) {
+    fatal("the toolkit does not run on X11");
+  }
+  return application->connection();
+}
+
+}  // namespace
+
+NativeWindow::NativeWindow(X11Connection& connection, QWidget& widget)
+    : connection_(connection), raw_(toolkitConnection()), id_(static_cast<xcb_window_t>(widget.winId())) {}
+
+void NativeWindow::writeHints(const WindowHints& hints) {
+  writeAtoms(connection_.ewmh()->_NET_WM_WINDOW_TYPE, hints.types);
+  writeAtoms(connection_.ewmh()->_NET_WM_STATE, hints.states);
+  xcb_change_property(raw_, XCB_PROP_MODE_REPLACE, id_, connection_.ewmh()->_NET_WM_DESKTOP, XCB_ATOM_CARDINAL, 32, 1,
+                      &hints.desktop);
+}
+
+void NativeWindow::leaveGroup() {
+  const std::array<std::uint32_t, 9> hints = {
+      inputHint | stateHint | windowGroupHint, noInput, normalState, 0, 0, 0, 0, 0, id_};
+  xcb_change_property(raw_, XCB_PROP_MODE_REPLACE, id_, XCB_ATOM_WM_HINTS, XCB_ATOM_WM_HINTS, 32, hints.size(),
+                      hints.data());
+}
+
+void NativeWindow::requestDesktop(std::uint32_t desktop) {
+  send(connection_.ewmh()->_NET_WM_DESKTOP, {desktop, sourceIsApplication, 0, 0, 0});
+}
+
+void NativeWindow::requestNoState(xcb_atom_t state) {
+  send(connection_.ewmh()->_NET_WM_STATE, {removeState, state, 0, sourceIsApplication, 0});
+}
+
+bool NativeWindow::hasState(xcb_atom_t state) const {
+  const auto states = readNumbers(connection_, id_, connection_.ewmh()->_NET_WM_STATE, XCB_ATOM_ATOM);
+  return states && std::find(states->begin(), states->end(), state) != states->end();
+}
+
+std::optional<std::uint32_t> NativeWindow::desktop() const {
+  return readNumber(connection_, id_, connection_.ewmh()->_NET_WM_DESKTOP, XCB_ATOM_CARDINAL);
+}
+
+void NativeWindow::setOpacity(double opacity) {
+  const double scaled = std::round(std::clamp(opacity, 0.0, 1.0) * std::numeric_limits<std::uint32_t>::max());
+  const auto value = static_cast<std::uint32_t>(scaled);
+  xcb_change_property(raw_, XCB_PROP_MODE_REPLACE, id_, connection_.atom("_NET_WM_WINDOW_OPACITY"), XCB_ATOM_CARDINAL,
+                      32, 1, &value);
+}
+
+void NativeWindow::setBoundingShape(const std::vector<xcb_rectangle_t>& rectangles) {
+  xcb_shape_rectangles(raw_, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_BOUNDING, XCB_CLIP_ORDERING_YX_BANDED, id_, 0, 0,
+                       static_cast<std::uint32_t>(rectangles.size()), rectangles.data());
+}
+
+void NativeWindow::clearBoundingShape() {
+  xcb_shape_mask(raw_, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_BOUNDING, id_, 0, 0, XCB_PIXMAP_NONE);
+}
+
+void NativeWindow::passClicksThrough() {
+  xcb_window_t window = id_;
+  while (window != connection_.root()) {
+    xcb_shape_rectangles(raw_, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_INPUT, XCB_CLIP_ORDERING_UNSORTED, window, 0, 0, 0,
+                         nullptr);
+    const XcbPointer<xcb_query_tree_reply_t> tree(xcb_query_tree_reply(raw_, xcb_query_tree(raw_, window), nullptr));
+    window = tree == nullptr ? connection_.root() : tree->parent;
+  }
+  flush();
+}
+
+void NativeWindow::setStrut(std::uint32_t top, std::uint32_t startX, std::uint32_t endX) {
+  const std::array<std::uint32_t, 12> partial = {0, 0, top, 0, 0, 0, 0, 0, startX, endX, 0, 0};
+  xcb_change_property(raw_, XCB_PROP_MODE_REPLACE, id_, connection_.ewmh()->_NET_WM_STRUT_PARTIAL, XCB_ATOM_CARDINAL,
+                      32, partial.size(), partial.data());
+  xcb_change_property(raw_, XCB_PROP_MODE_REPLACE, id_, connection_.ewmh()->_NET_WM_STRUT, XCB_ATOM_CARDINAL, 32, 4,
+                      partial.data());
+}
+
+void NativeWindow::flush() {
+  xcb_flush(raw_);
+}
+
+void NativeWindow::writeAtoms(xcb_atom_t property, const std::vector<xcb_atom_t>& atoms) {
+  xcb_change_property(raw_, XCB_PROP_MODE_REPLACE, id_, property, XCB_ATOM_ATOM, 32,
+                      static_cast<std::uint32_t>(atoms.size()), atoms.data());
+}
+
+void NativeWindow::send(xcb_atom_t type, const std::array<std::uint32_t, 5>& data) {
+  // In order with the toolkit's requests, so not through the program's own connection.
+  xcb_client_message_event_t message{};
+  message.response_type = XCB_CLIENT_MESSAGE;
+  message.format = 32;
+  message.window = id_;
+  message.type = type;
+  std::copy(data.begin(), data.end(), message.data.data32);
+  xcb_send_event(raw_, 0, connection_.root(), XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
+                 reinterpret_cast<const char*>(&message));
+  flush();
+}
+
+}  // namespace roomlattice::platform::x11

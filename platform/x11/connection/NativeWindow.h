@@ -1,0 +1,78 @@
+#pragma once
+
+#include "platform/x11/connection/X11Connection.h"
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+class QWidget;
+
+namespace roomlattice::platform::x11 {
+
+/// The value of _NET_WM_DESKTOP that stands for all desktops (EWMH).
+inline constexpr std::uint32_t allDesktops = 0xFFFFFFFF;
+
+/// What a window asks of the window manager when it is mapped (EWMH).
+struct WindowHints {
+  std::vector<xcb_atom_t> types;   // _NET_WM_WINDOW_TYPE, the best one first
+  std::vector<xcb_atom_t> states;  // _NET_WM_STATE
+  std::uint32_t desktop = 0;       // _NET_WM_DESKTOP
+};
+
+/// The X window of a top-level widget, written to through the toolkit's own connection, so that requests arrive in
+/// order with the toolkit's. Nothing here waits for the server unless it says so.
+class NativeWindow {
+ public:
+  /// Makes the widget's X window if there is none yet. Both must outlive this object.
+  NativeWindow(X11Connection& connection, QWidget& widget);
+
+  xcb_window_t id() const { return id_; }
+
+  /// Puts the hints on a window that is not mapped; to be repeated before each mapping, as window managers clear them
+  /// when a window is withdrawn.
+  void writeHints(const WindowHints& hints);
+
+  /// Makes the window a group of its own (ICCCM) that wants no keyboard; to be called before it is mapped. Some window
+  /// managers move what belongs to the same group as the window that is being activated to that window's desktop.
+  void leaveGroup();
+
+  /// Asks the window manager to move a mapped window to `desktop`.
+  void requestDesktop(std::uint32_t desktop);
+
+  /// Asks the window manager to remove a state of a mapped window.
+  void requestNoState(xcb_atom_t state);
+
+  /// Whether _NET_WM_STATE now holds `state`. Waits for the server.
+  bool hasState(xcb_atom_t state) const;
+
+  /// _NET_WM_DESKTOP, or nothing while there is none. Waits for the server.
+  std::optional<std::uint32_t> desktop() const;
+
+  /// Sets _NET_WM_WINDOW_OPACITY, which compositors and window managers read; 0–1.
+  void setOpacity(double opacity);
+
+  /// Cuts the window to these rectangles, in pixels.
+  void setBoundingShape(const std::vector<xcb_rectangle_t>& rectangles);
+  void clearBoundingShape();
+
+  /// Lets clicks through the window and all that a window manager has put around it. The toolkit does so for the
+  /// window alone, and most frames keep taking clicks. Waits for the server.
+  void passClicksThrough();
+
+  void setStrut(std::uint32_t top, std::uint32_t startX, std::uint32_t endX);
+
+  /// Sends what was asked for; the toolkit would do so only when it next draws or waits.
+  void flush();
+
+ private:
+  void writeAtoms(xcb_atom_t property, const std::vector<xcb_atom_t>& atoms);
+  void send(xcb_atom_t type, const std::array<std::uint32_t, 5>& data);
+
+  X11Connection& connection_;
+  xcb_connection_t* raw_;
+  xcb_window_t id_;
+};
+
+}  // namespace roomlattice::platform::x11

@@ -1,0 +1,79 @@
+#include "platform/x11/connection/Properties.h"
+
+#include <QString>
+#include <cstring>
+
+namespace roomlattice::platform::x11 {
+namespace {
+
+// In units of four bytes, as the protocol counts: a quarter of a megabyte.
+constexpr std::uint32_t maximumLength = 1U << 16;
+
+XcbPointer<xcb_get_property_reply_t> read(X11Connection& connection, xcb_window_t window, xcb_atom_t property,
+                                          xcb_atom_t type, std::uint8_t format) {
+  const auto cookie = xcb_get_property(connection.raw(), 0, window, property, type, 0, maximumLength);
+  XcbPointer<xcb_get_property_reply_t> reply(xcb_get_property_reply(connection.raw(), cookie, nullptr));
+  if (reply == nullptr || reply->type != type || reply->format != format) {
+    return nullptr;
+  }
+  return reply;
+}
+
+std::size_t sizeOf(const xcb_get_property_reply_t& reply) {
+  return static_cast<std::size_t>(xcb_get_property_value_length(&reply));
+}
+
+std::string validUtf8(const std::string& text) {
+  return QString::fromStdString(text).toStdString();
+}
+
+}  // namespace
+
+std::optional<std::vector<std::uint32_t>> readNumbers(X11Connection& connection, xcb_window_t window,
+                                                      xcb_atom_t property, xcb_atom_t type) {
+  const auto reply = read(connection, window, property, type, 32);
+  if (reply == nullptr) {
+    return std::nullopt;
+  }
+  std::vector<std::uint32_t> numbers(sizeOf(*reply) / sizeof(std::uint32_t));
+  if (!numbers.empty()) {
+    std::memcpy(numbers.data(), xcb_get_property_value(reply.get()), numbers.size() * sizeof(std::uint32_t));
+  }
+  return numbers;
+}
+
+std::optional<std::uint32_t> readNumber(X11Connection& connection, xcb_window_t window, xcb_atom_t property,
+                                        xcb_atom_t type) {
+  const auto numbers = readNumbers(connection, window, property, type);
+  return numbers && !numbers->empty() ? std::optional(numbers->front()) : std::nullopt;
+}
+
+std::optional<std::string> readBytes(X11Connection& connection, xcb_window_t window, xcb_atom_t property,
+                                     xcb_atom_t type) {
+  const auto reply = read(connection, window, property, type, 8);
+  if (reply == nullptr) {
+    return std::nullopt;
+  }
+  return std::string(static_cast<const char*>(xcb_get_property_value(reply.get())), sizeOf(*reply));
+}
+
+std::optional<std::string> readText(X11Connection& connection, xcb_window_t window, xcb_atom_t property) {
+  const auto bytes = readBytes(connection, window, property, connection.ewmh()->UTF8_STRING);
+  return bytes ? std::optional(validUtf8(*bytes)) : std::nullopt;
+}
+
+std::optional<std::vector<std::string>> readTexts(X11Connection& connection, xcb_window_t window, xcb_atom_t property) {
+  const auto bytes = readBytes(connection, window, property, connection.ewmh()->UTF8_STRING);
+  if (!bytes) {
+    return std::nullopt;
+  }
+  std::vector<std::string> texts;
+  for (std::size_t start = 0; start < bytes->size();) {
+    const std::size_t end = std::min(bytes->find('\0', start), bytes->size());
+    texts.push_back(validUtf8(bytes->substr(start, end - start)));
+    start = end + 1;
+  }
+  return texts;
+}
+
+}  // namespace roomlattice::platform::x11

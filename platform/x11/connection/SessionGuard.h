@@ -1,0 +1,41 @@
+#pragma once
+
+#include "platform/linux/system/TerminationSignals.h"
+#include "platform/x11/connection/WindowManagerWatch.h"
+#include "platform/x11/connection/X11Connection.h"
+
+#include <QTimer>
+#include <chrono>
+
+namespace roomlattice::platform::x11 {
+
+enum class WindowManagerWait { Found, TimedOut, ServerLost, Terminated };
+
+/// Waits until a window manager runs that supports EWMH, but not beyond `limit`, nor when a signal asks the program to
+/// end. Needs no event loop.
+WindowManagerWait waitForWindowManager(X11Connection& connection, const TerminationSignals& signals,
+                                       std::chrono::milliseconds limit);
+
+/// Lets a broken connection end the program as a SessionGuard does, for the time until there is one; to be called
+/// before the toolkit connects.
+void watchToolkitConnection();
+
+/// Ends the program, with a line on standard error and status 1, when it has lost what it runs on: at once when the
+/// X server has gone, and when the window manager has gone and none has come for a while. Main thread only.
+class SessionGuard {
+ public:
+  SessionGuard(X11Connection& connection, WindowManagerWatch& windowManager);
+  ~SessionGuard();
+  SessionGuard(const SessionGuard&) = delete;
+  SessionGuard& operator=(const SessionGuard&) = delete;
+
+ private:
+  void windowManagerChanged();
+
+  WindowManagerWatch& windowManager_;
+  QTimer patience_;
+  Registration loss_;
+  Registration windowManagerChanges_;
+};
+
+}  // namespace roomlattice::platform::x11

@@ -1,0 +1,87 @@
+#include "platform/x11/connection/WindowManagerWatch.h"
+
+#include "platform/x11/connection/Properties.h"
+
+#include <utility>
+
+namespace roomlattice::platform::x11 {
+namespace {
+
+/// EWMH: the root window names a window that bears the same property, so that one left over is told from one in use.
+std::optional<xcb_window_t> findCheckWindow(X11Connection& connection) {
+  const xcb_atom_t atom = connection.ewmh()->_NET_SUPPORTING_WM_CHECK;
+  const auto window = readNumber(connection, connection.root(), atom, XCB_ATOM_WINDOW);
+  if (!window || readNumber(connection, *window, atom, XCB_ATOM_WINDOW) != window) {
+    return std::nullopt;
+  }
+  return window;
+}
+
+}  // namespace
+
+std::optional<WindowManager> findWindowManager(X11Connection& connection) {
+  const auto window = findCheckWindow(connection);
+  if (!window) {
+    return std::nullopt;
+  }
+  return WindowManager{*window, readText(connection, *window, connection.ewmh()->_NET_WM_NAME).value_or("")};
+}
+
+WindowManagerWatch::WindowManagerWatch(X11Connection& connection) : connection_(connection) {
+  propertyEvents_ = connection.observe(XCB_PROPERTY_NOTIFY, [this](const xcb_generic_event_t& event) {
+    const auto& notify = reinterpret_cast<const xcb_property_notify_event_t&>(event);
+    const bool onRoot =
+        notify.window == connection_.root() && notify.atom == connection_.ewmh()->_NET_SUPPORTING_WM_CHECK;
+    const bool named = current_ && notify.window == current_->checkWindow;
+    if (onRoot || named) {
+      update();
+    }
+  });
+  destroyEvents_ = connection.observe(XCB_DESTROY_NOTIFY, [this](const xcb_generic_event_t& event) {
+    checkWindowDestroyed(reinterpret_cast<const xcb_destroy_notify_event_t&>(event).window);
+  });
+  connection.selectOnRoot(XCB_EVENT_MASK_PROPERTY_CHANGE);
+  current_ = findWindowManager(connection_);
+  follow();
+}
+
+Registration WindowManagerWatch::observe(std::function<void()> handler) {
+  return listeners_.add(std::move(handler));
+}
+
+void WindowManagerWatch::update() {
+  std::optional<WindowManager> found = findWindowManager(connection_);
+  if (found == current_) {
+    return;
+  }
+  const bool sameWindow = found && current_ && found->checkWindow == current_->checkWindow;
+  current_ = std::move(found);
+  if (!sameWindow) {
+    follow();
+  }
+  listeners_.notify();
+}
+
+void WindowManagerWatch::checkWindowDestroyed(xcb_window_t window) {
+  if (!current_ || window != current_->checkWindow) {
+    return;
+  }
+  // The next one may be up already, even with a window of the same number: it counts as another one.
+  current_ = findWindowManager(connection_);
+  follow();
+  listeners_.notify();
+}
+
+void WindowManagerWatch::follow() {
+  if (!current_) {
+    return;
+  }
+  const std::uint32_t events = XCB_EVENT_MASK_STRUCTURE_NOTIFY | XCB_EVENT_MASK_PROPERTY_CHANGE;
+  xcb_change_window_attributes(connection_.raw(), current_->checkWindow, XCB_CW_EVENT_MASK, &events);
+  // It may have gone between being found and being followed.
+  if (findCheckWindow(connection_) != current_->checkWindow) {
+    current_.reset();
+  }
+}
+
+}  // namespace roomlattice::platform::x11

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "platform/x11/connection/X11Connection.h"
+#include "support/Listeners.h"
+
+#include <chrono>
+#include <functional>
+#include <optional>
+#include <string>
+
+namespace roomlattice::platform::x11 {
+
+/// A running window manager that supports EWMH, known by its check window.
+struct WindowManager {
+  xcb_window_t checkWindow = XCB_WINDOW_NONE;
+  std::string name;  // as it calls itself, such as "KWin"; may be empty
+
+  bool operator==(const WindowManager&) const = default;
+};
+
+/// The window manager that runs on the screen now; nothing while there is none.
+std::optional<WindowManager> findWindowManager(X11Connection& connection);
+
+/// Follows window managers coming, going and replacing each other. Main thread only.
+class WindowManagerWatch {
+ public:
+  explicit WindowManagerWatch(X11Connection& connection);
+
+  const std::optional<WindowManager>& current() const { return current_; }
+
+  /// Calls `handler` when another window manager runs, or the same one again, or none.
+  Registration observe(std::function<void()> handler);
+
+ private:
+  void update();
+  void checkWindowDestroyed(xcb_window_t window);
+  void follow();
+
+  X11Connection& connection_;
+  std::optional<WindowManager> current_;
+  Listeners<> listeners_;
+  Registration propertyEvents_;
+  Registration destroyEvents_;
+};
+
+}  // namespace roomlattice::platform::x11

@@ -1,0 +1,145 @@
+#include "platform/x11/connection/X11Connection.h"
+
+#include <QAbstractEventDispatcher>
+#include <utility>
+
+namespace roomlattice::platform::x11 {
+namespace {
+
+constexpr std::uint8_t responseTypeMask = 0x7f;
+
+xcb_screen_t* screenAt(xcb_connection_t* connection, int number) {
+  xcb_screen_iterator_t screens = xcb_setup_roots_iterator(xcb_get_setup(connection));
+  for (; number > 0 && screens.rem > 0; --number) {
+    xcb_screen_next(&screens);
+  }
+  return screens.rem > 0 ? screens.data : nullptr;
+}
+
+}  // namespace
+
+std::unique_ptr<X11Connection> X11Connection::open(const std::string& display) {
+  int screenNumber = 0;
+  xcb_connection_t* raw = xcb_connect(display.empty() ? nullptr : display.c_str(), &screenNumber);
+  if (xcb_connection_has_error(raw) != 0) {
+    xcb_disconnect(raw);
+    return nullptr;
+  }
+  std::unique_ptr<X11Connection> connection(new X11Connection(raw, screenNumber));
+  xcb_intern_atom_cookie_t* cookies = xcb_ewmh_init_atoms(raw, &connection->ewmh_);
+  const bool ready = xcb_ewmh_init_atoms_replies(&connection->ewmh_, cookies, nullptr) != 0;
+  if (!ready) {
+    // The library has freed what is in it already.
+    connection->ewmh_ = {};
+  }
+  return ready && connection->screen_ != nullptr ? std::move(connection) : nullptr;
+}
+
+X11Connection::X11Connection(xcb_connection_t* connection, int screenNumber)
+    : connection_(connection), screenNumber_(screenNumber), screen_(screenAt(connection, screenNumber)) {}
+
+X11Connection::~X11Connection() {
+  QObject::disconnect(waitConnection_);
+  notifier_.reset();
+  xcb_ewmh_connection_wipe(&ewmh_);
+  xcb_disconnect(connection_);
+}
+
+void X11Connection::attachToEventLoop() {
+  QObject::disconnect(waitConnection_);
+  notifier_ = std::make_unique<QSocketNotifier>(xcb_get_file_descriptor(connection_), QSocketNotifier::Read);
+  QObject::connect(notifier_.get(), &QSocketNotifier::activated, notifier_.get(), [this] { deliverEvents(); });
+  // A round trip takes events off the socket too; they wait in xcb's queue, where no notifier sees them.
+  waitConnection_ = QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock,
+                                     [this] { aboutToWait(); });
+}
+
+xcb_window_t X11Connection::root() const {
+  return screen_->root;
+}
+
+xcb_atom_t X11Connection::atom(std::string_view name) {
+  if (const auto found = atoms_.find(name); found != atoms_.end()) {
+    return found->second;
+  }
+  const auto cookie = xcb_intern_atom(connection_, 0, static_cast<std::uint16_t>(name.size()), name.data());
+  const XcbPointer<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(connection_, cookie, nullptr));
+  if (reply == nullptr) {
+    return XCB_ATOM_NONE;
+  }
+  atoms_.emplace(name, reply->atom);
+  return reply->atom;
+}
+
+void X11Connection::selectOnRoot(std::uint32_t eventMask) {
+  rootEventMask_ |= eventMask;
+  xcb_change_window_attributes(connection_, root(), XCB_CW_EVENT_MASK, &rootEventMask_);
+  flush();
+}
+
+Registration X11Connection::observe(std::uint8_t responseType, EventHandler handler) {
+  return eventListeners_[responseType].add(std::move(handler));
+}
+
+Registration X11Connection::observeBatches(std::function<void()> handler) {
+  return batchListeners_.add(std::move(handler));
+}
+
+Registration X11Connection::observeLoss(std::function<void()> handler) {
+  return lossListeners_.add(std::move(handler));
+}
+
+void X11Connection::sendToRoot(xcb_window_t window, xcb_atom_t type, const std::array<std::uint32_t, 5>& data) {
+  xcb_client_message_event_t message{};
+  message.response_type = XCB_CLIENT_MESSAGE;
+  message.format = 32;
+  message.window = window;
+  message.type = type;
+  for (std::size_t i = 0; i < data.size(); ++i) {
+    message.data.data32[i] = data[i];
+  }
+  xcb_send_event(connection_, 0, root(), XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
+                 reinterpret_cast<const char*>(&message));
+  flush();
+}
+
+void X11Connection::flush() {
+  xcb_flush(connection_);
+}
+
+void X11Connection::waitForServer() {
+  const XcbPointer<xcb_get_input_focus_reply_t> reply(
+      xcb_get_input_focus_reply(connection_, xcb_get_input_focus(connection_), nullptr));
+}
+
+void X11Connection::deliverEvents() {
+  bool any = false;
+  while (const XcbPointer<xcb_generic_event_t> event{xcb_poll_for_event(connection_)}) {
+    any = true;
+    const auto listeners = eventListeners_.find(event->response_type & responseTypeMask);
+    if (listeners != eventListeners_.end()) {
+      listeners->second.notify(*event);
+    }
+  }
+  if (any) {
+    batchListeners_.notify();
+  }
+  if (isLost()) {
+    reportLoss();
+  }
+}
+
+void X11Connection::aboutToWait() {
+  deliverEvents();
+  flush();
+}
+
+void X11Connection::reportLoss() {
+  // A broken socket stays readable for ever.
+  notifier_.reset();
+  if (!std::exchange(lossReported_, true)) {
+    lossListeners_.notify();
+  }
+}
+
+}  // namespace roomlattice::platform::x11

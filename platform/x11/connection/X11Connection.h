@@ -1,0 +1,100 @@
+#pragma once
+
+#include "platform/Registration.h"
+#include "support/Listeners.h"
+
+#include <QMetaObject>
+#include <QSocketNotifier>
+#include <array>
+#include <cstdint>
+#include <cstdlib>
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <xcb/xcb.h>
+#include <xcb/xcb_ewmh.h>
+
+namespace roomlattice::platform::x11 {
+
+/// Owner of a reply or event that xcb allocated.
+struct FreeDeleter {
+  void operator()(void* memory) const { std::free(memory); }
+};
+template <class Reply>
+using XcbPointer = std::unique_ptr<Reply, FreeDeleter>;
+
+/// The program's own connection to the X server, beside the toolkit's: what it listens to and asks for goes through
+/// here. Events of windows are only seen by the connection that selected them. Main thread only.
+class X11Connection {
+ public:
+  using EventHandler = std::function<void(const xcb_generic_event_t& event)>;
+
+  /// Nothing when there is no such display, or nobody answers. An empty name stands for $DISPLAY.
+  static std::unique_ptr<X11Connection> open(const std::string& display = {});
+
+  X11Connection(const X11Connection&) = delete;
+  X11Connection& operator=(const X11Connection&) = delete;
+  ~X11Connection();
+
+  /// Lets events be delivered by the event loop of the Qt application, which must exist by now, and sends what was
+  /// requested before each time the loop is about to wait. May be called again for another application.
+  void attachToEventLoop();
+
+  xcb_connection_t* raw() const { return connection_; }
+  xcb_ewmh_connection_t* ewmh() { return &ewmh_; }
+  xcb_window_t root() const;
+  int screenNumber() const { return screenNumber_; }
+
+  /// The atom of that name, made if there was none; XCB_ATOM_NONE only when the server has gone.
+  xcb_atom_t atom(std::string_view name);
+
+  /// Selects these events on the root window in addition to those selected before.
+  void selectOnRoot(std::uint32_t eventMask);
+
+  /// Calls `handler` for each event of `responseType` (without the bit that marks sent events), from the event loop.
+  Registration observe(std::uint8_t responseType, EventHandler handler);
+
+  /// Calls `handler` after a batch of events was delivered: everything that had arrived by then.
+  Registration observeBatches(std::function<void()> handler);
+
+  /// Calls `handler` once when the connection breaks. Nothing can be asked or heard afterwards.
+  Registration observeLoss(std::function<void()> handler);
+
+  /// Sends a client message of format 32 about `window` to the root window, as EWMH has clients ask the window
+  /// manager.
+  void sendToRoot(xcb_window_t window, xcb_atom_t type, const std::array<std::uint32_t, 5>& data);
+
+  /// Sends all requests made so far.
+  void flush();
+
+  /// Sends them and waits until the server has carried them out: what another connection asks for comes later then.
+  void waitForServer();
+
+  bool isLost() const { return xcb_connection_has_error(connection_) != 0; }
+
+  /// Delivers the events that have arrived. The event loop does this by itself.
+  void deliverEvents();
+
+ private:
+  X11Connection(xcb_connection_t* connection, int screenNumber);
+
+  void aboutToWait();
+  void reportLoss();
+
+  xcb_connection_t* connection_;
+  int screenNumber_;
+  xcb_screen_t* screen_ = nullptr;
+  xcb_ewmh_connection_t ewmh_{};
+  std::uint32_t rootEventMask_ = 0;
+  bool lossReported_ = false;
+  std::map<std::string, xcb_atom_t, std::less<>> atoms_;
+  std::map<std::uint8_t, Listeners<const xcb_generic_event_t&>> eventListeners_;
+  Listeners<> batchListeners_;
+  Listeners<> lossListeners_;
+  std::unique_ptr<QSocketNotifier> notifier_;
+  QMetaObject::Connection waitConnection_;
+};
+
+}  // namespace roomlattice::platform::x11

@@ -1,0 +1,166 @@
+#include "platform/x11/connection/X11Screens.h"
+
+#include "platform/x11/connection/Properties.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+
+namespace roomlattice::platform::x11 {
+namespace {
+
+/// Where Qt's y axis has the bottom edge of the primary screen.
+double bottomOfPrimary() {
+  const QScreen* primary = QGuiApplication::primaryScreen();
+  return primary == nullptr ? 0.0 : QRectF(primary->geometry()).bottom();
+}
+
+double leftOfPrimary() {
+  const QScreen* primary = QGuiApplication::primaryScreen();
+  return primary == nullptr ? 0.0 : QRectF(primary->geometry()).left();
+}
+
+/// The screens there really are: started without any output, Qt has one of no size.
+std::vector<QScreen*> realScreens() {
+  QList<QScreen*> screens = QGuiApplication::screens();
+  screens.removeIf([](const QScreen* screen) { return screen->geometry().isEmpty(); });
+  return {screens.begin(), screens.end()};
+}
+
+std::vector<QRect> geometries() {
+  std::vector<QRect> geometries;
+  for (const QScreen* screen : realScreens()) {
+    geometries.push_back(screen->geometry());
+  }
+  return geometries;
+}
+
+/// Qt scales a screen around its top left corner, which keeps its place in pixels.
+QRectF pixelsOf(const QScreen& screen) {
+  const QRectF geometry = screen.geometry();
+  return {geometry.topLeft(), geometry.size() * screen.devicePixelRatio()};
+}
+
+}  // namespace
+
+X11Screens::X11Screens(X11Connection& connection, NotificationCenter& defaultCenter)
+    : connection_(connection), defaultCenter_(defaultCenter) {
+  coalescing_.setSingleShot(true);
+  QObject::connect(&coalescing_, &QTimer::timeout, &context_, [this] { postIfChanged(); });
+  for (QScreen* screen : QGuiApplication::screens()) {
+    follow(screen);
+  }
+  QObject::connect(qGuiApp, &QGuiApplication::screenAdded, &context_, [this](QScreen* screen) {
+    follow(screen);
+    changed();
+  });
+  QObject::connect(qGuiApp, &QGuiApplication::screenRemoved, &context_, [this] { changed(); });
+  QObject::connect(qGuiApp, &QGuiApplication::primaryScreenChanged, &context_, [this] { changed(); });
+  posted_ = geometries();
+}
+
+std::vector<Screen> X11Screens::screens() const {
+  std::vector<Screen> screens;
+  // Qt lists the primary screen first.
+  for (const QScreen* screen : realScreens()) {
+    screens.push_back({frameOf(*screen)});
+  }
+  return screens;
+}
+
+std::optional<Screen> X11Screens::mainScreen() const {
+  const QScreen* screen = screenOfActiveWindow();
+  if (screen == nullptr) {
+    screen = screenOfPointer();
+  }
+  if (screen == nullptr) {
+    screen = QGuiApplication::primaryScreen();
+  }
+  return screen == nullptr || screen->geometry().isEmpty() ? std::nullopt : std::optional(Screen{frameOf(*screen)});
+}
+
+Rect X11Screens::frameOf(const QScreen& screen) const {
+  return fromQt(QRectF(screen.geometry()));
+}
+
+Point X11Screens::fromQt(QPointF point) const {
+  return {point.x() - leftOfPrimary(), bottomOfPrimary() - point.y()};
+}
+
+Rect X11Screens::fromQt(const QRectF& rect) const {
+  return {fromQt(rect.bottomLeft()), {rect.width(), rect.height()}};
+}
+
+QPointF X11Screens::toQt(Point point) const {
+  return {point.x + leftOfPrimary(), bottomOfPrimary() - point.y};
+}
+
+QRectF X11Screens::toQt(const Rect& rect) const {
+  return {toQt(Point{rect.minX(), rect.maxY()}), QSizeF(rect.size.width, rect.size.height)};
+}
+
+Point X11Screens::fromPixel(QPointF pixel) const {
+  const QScreen* screen = screenAtPixel(pixel);
+  if (screen == nullptr) {
+    screen = QGuiApplication::primaryScreen();
+  }
+  if (screen == nullptr) {
+    return {};
+  }
+  const QPointF corner = screen->geometry().topLeft();
+  return fromQt(corner + (pixel - corner) / screen->devicePixelRatio());
+}
+
+void X11Screens::follow(QScreen* screen) {
+  QObject::connect(screen, &QScreen::geometryChanged, &context_, [this] { changed(); });
+}
+
+void X11Screens::changed() {
+  coalescing_.start(0);
+}
+
+void X11Screens::postIfChanged() {
+  std::vector<QRect> now = geometries();
+  if (now != posted_) {
+    posted_ = std::move(now);
+    defaultCenter_.post(notification::didChangeScreenParameters);
+  }
+}
+
+QScreen* X11Screens::screenAtPixel(QPointF pixel) const {
+  for (QScreen* screen : QGuiApplication::screens()) {
+    if (pixelsOf(*screen).contains(pixel)) {
+      return screen;
+    }
+  }
+  return nullptr;
+}
+
+QScreen* X11Screens::screenOfActiveWindow() const {
+  if (QGuiApplication::screens().size() < 2) {
+    return nullptr;  // there is but one answer, and no need to ask the server
+  }
+  const xcb_window_t root = connection_.root();
+  const auto window = readNumber(connection_, root, connection_.ewmh()->_NET_ACTIVE_WINDOW, XCB_ATOM_WINDOW);
+  if (!window || *window == XCB_WINDOW_NONE) {
+    return nullptr;
+  }
+  xcb_connection_t* raw = connection_.raw();
+  const auto geometryCookie = xcb_get_geometry(raw, *window);
+  const auto placeCookie = xcb_translate_coordinates(raw, *window, root, 0, 0);
+  const XcbPointer<xcb_get_geometry_reply_t> geometry(xcb_get_geometry_reply(raw, geometryCookie, nullptr));
+  const XcbPointer<xcb_translate_coordinates_reply_t> place(xcb_translate_coordinates_reply(raw, placeCookie, nullptr));
+  if (geometry == nullptr || place == nullptr) {
+    return nullptr;
+  }
+  return screenAtPixel({place->dst_x + geometry->width / 2.0, place->dst_y + geometry->height / 2.0});
+}
+
+QScreen* X11Screens::screenOfPointer() const {
+  xcb_connection_t* raw = connection_.raw();
+  const auto cookie = xcb_query_pointer(raw, connection_.root());
+  const XcbPointer<xcb_query_pointer_reply_t> pointer(xcb_query_pointer_reply(raw, cookie, nullptr));
+  return pointer == nullptr || pointer->same_screen == 0 ? nullptr
+                                                         : screenAtPixel(QPointF(pointer->root_x, pointer->root_y));
+}
+
+}  // namespace roomlattice::platform::x11

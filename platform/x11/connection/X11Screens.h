@@ -1,0 +1,59 @@
+#pragma once
+
+#include "platform/Geometry.h"
+#include "platform/NotificationCenter.h"
+#include "platform/UserInterface.h"
+#include "platform/x11/connection/X11Connection.h"
+
+#include <QObject>
+#include <QPointF>
+#include <QRect>
+#include <QRectF>
+#include <QTimer>
+#include <optional>
+#include <vector>
+
+class QScreen;
+
+namespace roomlattice::platform::x11 {
+
+/// The screens of the Qt application and the ways between the three kinds of coordinates: the program's (points, origin
+/// at the bottom left of the primary screen, y up), Qt's (points, origin at the top left, y down) and the X server's
+/// (pixels, origin at the top left of the root window, y down). Main thread only.
+class X11Screens {
+ public:
+  /// Changes are posted to `defaultCenter` as didChangeScreenParameters, once for all that come together.
+  X11Screens(X11Connection& connection, NotificationCenter& defaultCenter);
+
+  /// The primary screen first. While no output is on, one of those there were before.
+  std::vector<Screen> screens() const;
+
+  /// The screen with the active window; without one, the screen with the pointer; else the primary screen.
+  std::optional<Screen> mainScreen() const;
+
+  Point fromQt(QPointF point) const;
+  Rect fromQt(const QRectF& rect) const;
+  QPointF toQt(Point point) const;
+  QRectF toQt(const Rect& rect) const;
+
+  /// The place in screen coordinates of a pixel of the root window.
+  Point fromPixel(QPointF pixel) const;
+
+ private:
+  void follow(QScreen* screen);
+  void changed();
+  void postIfChanged();
+  Rect frameOf(const QScreen& screen) const;
+  QScreen* screenAtPixel(QPointF pixel) const;
+  QScreen* screenOfActiveWindow() const;
+  QScreen* screenOfPointer() const;
+
+  X11Connection& connection_;
+  NotificationCenter& defaultCenter_;
+  // As Qt has them: the program's coordinates stay the same when all screens move together.
+  std::vector<QRect> posted_;
+  QTimer coalescing_;
+  QObject context_;  // ends the connections to Qt's signals
+};
+
+}  // namespace roomlattice::platform::x11

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "platform/x11/connection/X11Connection.h"
+#include "platform/x11/desktops/DesktopSource.h"
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace roomlattice::platform::x11 {
+
+/// What makes a desktop the same one as before.
+enum class DesktopIdentity {
+  /// Its place in the row.
+  Position,
+  /// Its name: for window managers that make and drop desktops by name, so that places shift.
+  Name,
+};
+
+/// Desktops by the properties and messages of EWMH.
+class EwmhDesktopSource final : public DesktopSource {
+ public:
+  /// `changed` is called from the event loop, once for each batch of events that may have changed what is read.
+  EwmhDesktopSource(X11Connection& connection, DesktopIdentity identity, std::function<void()> changed);
+
+  std::optional<DesktopList> read() override;
+  void activate(std::size_t index) override;
+
+ private:
+  void propertyChanged(xcb_window_t window, xcb_atom_t atom);
+  void batchEnded();
+  std::vector<Desktop> readDesktops(std::size_t count);
+
+  X11Connection& connection_;
+  DesktopIdentity identity_;
+  std::function<void()> changed_;
+  bool dirty_ = false;
+  Registration propertyEvents_;
+  Registration batches_;
+};
+
+}  // namespace roomlattice::platform::x11

@@ -1,0 +1,113 @@
+#include "platform/x11/desktops/X11Desktops.h"
+
+#include "platform/x11/desktops/EwmhDesktopSource.h"
+#include "platform/x11/desktops/KWinDesktopSource.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace roomlattice::platform::x11 {
+namespace {
+
+// Window managers switch within milliseconds. What has not come by then was refused, or the user went elsewhere.
+constexpr std::chrono::seconds requestLifetime{1};
+
+// What the start of the program may take longer for the sake of the desktops' identity.
+constexpr std::chrono::milliseconds answerLimitAtStart{500};
+
+DesktopIdentity identityUnder(const WindowManager& windowManager) {
+  return windowManager.name == "i3" ? DesktopIdentity::Name : DesktopIdentity::Position;
+}
+
+}  // namespace
+
+X11Desktops::X11Desktops(X11Connection& connection, MessageBus& sessionBus, WindowManagerWatch& windowManager,
+                         NotificationCenter& workspaceCenter)
+    : connection_(connection),
+      sessionBus_(sessionBus),
+      windowManager_(windowManager),
+      workspaceCenter_(workspaceCenter) {
+  windowManagerChanges_ = windowManager.observe([this] {
+    selectSource(Moment::Later);
+    sourceChanged();
+  });
+  selectSource(Moment::Start);
+  if (source_ != nullptr) {
+    list_ = source_->read().value_or(DesktopList());
+  }
+}
+
+std::optional<std::size_t> X11Desktops::indexOf(SpaceID desktop) const {
+  const auto found = std::ranges::find(list_.desktops, desktop, &Desktop::id);
+  return found == list_.desktops.end()
+             ? std::nullopt
+             : std::optional(static_cast<std::size_t>(std::distance(list_.desktops.begin(), found)));
+}
+
+void X11Desktops::activate(std::size_t index) {
+  if (source_ == nullptr || index >= list_.desktops.size()) {
+    return;
+  }
+  requests_.push_back(index);
+  lastRequest_ = Clock::now();
+  source_->activate(index);
+}
+
+void X11Desktops::step(StepDirection direction) {
+  const std::optional<std::size_t> from = destination();
+  if (!from || (direction == StepDirection::Previous && *from == 0)) {
+    return;
+  }
+  activate(direction == StepDirection::Next ? *from + 1 : *from - 1);
+}
+
+std::optional<std::size_t> X11Desktops::destination() {
+  if (Clock::now() - lastRequest_ > requestLifetime) {
+    requests_.clear();
+  }
+  return requests_.empty() ? list_.current : std::optional(requests_.back());
+}
+
+void X11Desktops::selectSource(Moment moment) {
+  const std::optional<WindowManager>& manager = windowManager_.current();
+  source_.reset();
+  if (!manager) {
+    return;
+  }
+  const auto changed = [this] { sourceChanged(); };
+  if (manager->name != "KWin") {
+    source_ = std::make_unique<EwmhDesktopSource>(connection_, identityUnder(*manager), changed);
+    return;
+  }
+  auto source = std::make_unique<KWinDesktopSource>(connection_, sessionBus_, changed);
+  if (moment == Moment::Start) {
+    source->waitForAnswer(answerLimitAtStart);
+  }
+  source_ = std::move(source);
+}
+
+void X11Desktops::sourceChanged() {
+  std::optional<DesktopList> read = source_ == nullptr ? std::nullopt : source_->read();
+  if (!read) {
+    return;
+  }
+  if (read->desktops != list_.desktops) {
+    requests_.clear();
+  }
+  const bool differs = *read != list_;
+  list_ = std::move(*read);
+  settleRequests();
+  if (differs) {
+    workspaceCenter_.post(notification::activeSpaceDidChange);
+  }
+}
+
+void X11Desktops::settleRequests() {
+  // Several switches may have been passed at once; those before the one that was reached are through, too.
+  const auto reached = std::ranges::find_if(requests_, [this](std::size_t index) { return index == list_.current; });
+  if (reached != requests_.end()) {
+    requests_.erase(requests_.begin(), reached + 1);
+  }
+}
+
+}  // namespace roomlattice::platform::x11

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "platform/NotificationCenter.h"
+#include "platform/linux/bus/MessageBus.h"
+#include "platform/x11/connection/WindowManagerWatch.h"
+#include "platform/x11/connection/X11Connection.h"
+#include "platform/x11/desktops/DesktopSource.h"
+
+#include <chrono>
+#include <deque>
+#include <memory>
+#include <optional>
+
+namespace roomlattice::platform::x11 {
+
+/// Towards the start or the end of the row of desktops.
+enum class StepDirection { Previous, Next };
+
+/// The desktops of the screen, whoever manages them, and switching between them. Main thread only.
+class X11Desktops {
+ public:
+  /// Every change of the list or of the current desktop is posted to `workspaceCenter` as activeSpaceDidChange.
+  X11Desktops(X11Connection& connection, MessageBus& sessionBus, WindowManagerWatch& windowManager,
+              NotificationCenter& workspaceCenter);
+
+  /// As last heard of; while no window manager runs, as it was. Empty when none ever told.
+  const DesktopList& list() const { return list_; }
+
+  /// The place of the desktop in the list, as window managers count them, from 0.
+  std::optional<std::size_t> indexOf(SpaceID desktop) const;
+
+  /// Asks the window manager to switch. Nothing happens for a place that is not in the list.
+  void activate(std::size_t index);
+
+  /// Asks for a switch by one desktop, counted from where the switches asked for before will lead, so that quick steps
+  /// add up. Nothing happens beyond either end.
+  void step(StepDirection direction);
+
+ private:
+  using Clock = std::chrono::steady_clock;
+
+  enum class Moment { Start, Later };
+
+  void selectSource(Moment moment);
+  void sourceChanged();
+  void settleRequests();
+  std::optional<std::size_t> destination();
+
+  X11Connection& connection_;
+  MessageBus& sessionBus_;
+  WindowManagerWatch& windowManager_;
+  NotificationCenter& workspaceCenter_;
+  DesktopList list_;
+  // The switches asked for and not yet seen, oldest first.
+  std::deque<std::size_t> requests_;
+  Clock::time_point lastRequest_;
+  Registration windowManagerChanges_;
+  std::unique_ptr<DesktopSource> source_;
+};
+
+}  // namespace roomlattice::platform::x11

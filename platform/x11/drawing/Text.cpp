@@ -1,0 +1,92 @@
+#include "platform/x11/drawing/Text.h"
+
+#include <QFontDatabase>
+#include <QFontInfo>
+#include <QFontMetricsF>
+#include <QPainter>
+#include <QRectF>
+#include <algorithm>
+#include <cmath>
+
+namespace roomlattice::platform::x11 {
+namespace {
+
+constexpr double standardFontSize = 13.0;
+
+QFont::Weight toQt(FontWeight weight) {
+  switch (weight) {
+    case FontWeight::Regular:
+      return QFont::Normal;
+    case FontWeight::Medium:
+      return QFont::Medium;
+    case FontWeight::Semibold:
+      return QFont::DemiBold;
+    case FontWeight::Heavy:
+      return QFont::ExtraBold;
+  }
+  return QFont::Normal;
+}
+
+/// `text` shortened at its tail to `width`, keeping the blanks around it where there is room for them.
+QString elided(const QString& text, const QFontMetricsF& metrics, double width) {
+  const QString core = text.trimmed();
+  const auto leading = std::max<qsizetype>(text.indexOf(core), 0);
+  const QString before = text.left(leading);
+  const QString after = text.mid(leading + core.size());
+  const double blanks = metrics.horizontalAdvance(before) + metrics.horizontalAdvance(after);
+  if (blanks >= width) {
+    return metrics.elidedText(core, Qt::ElideRight, width);
+  }
+  return before + metrics.elidedText(core, Qt::ElideRight, width - blanks) + after;
+}
+
+}  // namespace
+
+QFont toQt(const Font& font) {
+  QFont result = QFontDatabase::systemFont(font.family == FontFamily::MonospacedSystem ? QFontDatabase::FixedFont
+                                                                                       : QFontDatabase::GeneralFont);
+  result.setPixelSize(std::max(1, static_cast<int>(std::lround(font.size))));
+  result.setWeight(toQt(font.weight));
+  return result;
+}
+
+double systemFontSize() {
+  const int general = QFontInfo(QFontDatabase::systemFont(QFontDatabase::GeneralFont)).pixelSize();
+  return std::max(standardFontSize, static_cast<double>(general));
+}
+
+QString singleLine(const std::string& text) {
+  QString line = QString::fromStdString(text);
+  for (QChar& character : line) {
+    const char16_t code = character.unicode();
+    if (code == u'\n' || code == u'\r' || code == QChar::LineSeparator || code == QChar::ParagraphSeparator) {
+      character = u' ';
+    }
+  }
+  return line;
+}
+
+Size measureText(const std::string& text, const QFont& font) {
+  const QFontMetricsF metrics(font);
+  return {metrics.horizontalAdvance(singleLine(text)), metrics.height()};
+}
+
+void drawText(QPainter& painter, const QRectF& frame, const std::string& text, const QFont& font, const QColor& color,
+              TextAlignment alignment) {
+  // Frames are sums of measured widths; a difference in the last digits must not cost a letter.
+  constexpr double tolerance = 0.01;
+  const QFontMetricsF metrics(font);
+  QString line = singleLine(text);
+  double width = metrics.horizontalAdvance(line);
+  if (width > frame.width() + tolerance) {
+    line = elided(line, metrics, frame.width());
+    width = metrics.horizontalAdvance(line);
+  }
+  const double x = alignment == TextAlignment::Center ? frame.center().x() - width / 2 : frame.left();
+  const double baseline = frame.center().y() + (metrics.ascent() - metrics.descent()) / 2;
+  painter.setFont(font);
+  painter.setPen(color);
+  painter.drawText(QPointF(x, baseline), line);
+}
+
+}  // namespace roomlattice::platform::x11

@@ -1,0 +1,74 @@
+#include "platform/x11/input/SwipeTranslator.h"
+
+#include "platform/DockSwipe.h"
+
+#include <cmath>
+
+namespace roomlattice::platform::x11 {
+namespace {
+
+constexpr unsigned fewestFingers = 3;
+
+// The server's units are those of pointer motion: about what moves the pointer by a pixel.
+constexpr double decisiveWay = 6.0;
+constexpr double wayToNextDesktop = 400.0;
+
+}  // namespace
+
+std::optional<FieldEvent> SwipeTranslator::translate(const TouchpadSwipe& swipe) {
+  switch (swipe.stage) {
+    case TouchpadSwipe::Stage::Begin:
+      begin(swipe);
+      return std::nullopt;
+    case TouchpadSwipe::Stage::Update:
+      return update(swipe);
+    case TouchpadSwipe::Stage::End:
+      return end(dockSwipe::Ended);
+    case TouchpadSwipe::Stage::Cancel:
+      return end(dockSwipe::Cancelled);
+  }
+  return std::nullopt;
+}
+
+void SwipeTranslator::begin(const TouchpadSwipe& swipe) {
+  *this = {};
+  state_ = swipe.fingers >= fewestFingers ? State::Undecided : State::Ignored;
+  lastTime_ = swipe.time;
+}
+
+std::optional<FieldEvent> SwipeTranslator::update(const TouchpadSwipe& swipe) {
+  x_ += swipe.deltaX;
+  y_ += swipe.deltaY;
+  const std::chrono::duration<double> elapsed = swipe.time - lastTime_;
+  velocity_ = elapsed.count() > 0.0 ? -swipe.deltaX / wayToNextDesktop / elapsed.count() : 0.0;
+  lastTime_ = swipe.time;
+  if (state_ == State::Horizontal) {
+    return event(dockSwipe::Changed);
+  }
+  if (state_ != State::Undecided || std::hypot(x_, y_) < decisiveWay) {
+    return std::nullopt;
+  }
+  state_ = std::abs(x_) > std::abs(y_) ? State::Horizontal : State::Ignored;
+  return state_ == State::Horizontal ? std::optional(event(dockSwipe::Began)) : std::nullopt;
+}
+
+std::optional<FieldEvent> SwipeTranslator::end(std::int64_t phase) {
+  const bool told = state_ == State::Horizontal;
+  state_ = State::Idle;
+  return told ? std::optional(event(phase)) : std::nullopt;
+}
+
+FieldEvent SwipeTranslator::event(std::int64_t phase) const {
+  FieldEvent event;
+  event.setInteger(EventField::SourceProcessID, 0);
+  event.setInteger(EventField::Kind, dockSwipe::eventKind);
+  event.setInteger(EventField::GestureKind, dockSwipe::gestureKind);
+  event.setInteger(EventField::Phase, phase);
+  event.setReal(EventField::Progress, -x_ / wayToNextDesktop);
+  event.setInteger(EventField::SwipeAxis, dockSwipe::horizontal);
+  event.setReal(EventField::Velocity, velocity_);
+  event.setReal(EventField::SecondaryVelocity, velocity_);
+  return event;
+}
+
+}  // namespace roomlattice::platform::x11

@@ -1,0 +1,119 @@
+#include "platform/x11/preferences/ControlWidgets.h"
+
+#include "platform/x11/drawing/QtValues.h"
+#include "platform/x11/drawing/Text.h"
+#include "platform/x11/preferences/ColorWell.h"
+#include "platform/x11/preferences/PageLabel.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSlider>
+#include <cmath>
+#include <utility>
+
+namespace roomlattice::platform::x11 {
+namespace {
+
+using WidgetPointer = std::unique_ptr<QWidget>;
+
+/// Titles name no keyboard shortcuts: an ampersand in one is an ampersand.
+QString title(const std::string& text) {
+  return toQt(text).replace(u'&', QStringLiteral("&&"));
+}
+
+WidgetPointer make(const LabelControl& label) {
+  return std::make_unique<PageLabel>(label);
+}
+
+/// Sliders count in whole steps: hundredths where the range is small, ones otherwise. The values are decimal numbers
+/// then, and what a screen reader says makes sense.
+WidgetPointer make(const SliderControl& control) {
+  const double stepsPerUnit = control.maximum - control.minimum < 10.0 ? 100.0 : 1.0;
+  const auto toSteps = [stepsPerUnit](double value) { return static_cast<int>(std::lround(value * stepsPerUnit)); };
+  auto slider = std::make_unique<QSlider>(Qt::Horizontal);
+  slider->setRange(toSteps(control.minimum), toSteps(control.maximum));
+  slider->setValue(toSteps(control.value));
+  slider->setAccessibleName(toQt(control.accessibilityLabel));
+  QObject::connect(slider.get(), &QSlider::valueChanged, slider.get(),
+                   [action = control.action, stepsPerUnit](int steps) { action(steps / stepsPerUnit); });
+  return slider;
+}
+
+Qt::CheckState toQt(CheckState state) {
+  switch (state) {
+    case CheckState::Off:
+      return Qt::Unchecked;
+    case CheckState::On:
+      return Qt::Checked;
+    case CheckState::Mixed:
+      return Qt::PartiallyChecked;
+  }
+  return Qt::Unchecked;
+}
+
+CheckState fromQt(int state) {
+  return state == Qt::Checked ? CheckState::On : state == Qt::PartiallyChecked ? CheckState::Mixed : CheckState::Off;
+}
+
+WidgetPointer make(const CheckBoxControl& control) {
+  auto box = std::make_unique<QCheckBox>(title(control.title));
+  box->setCheckState(toQt(control.state));
+  // From the mixed state a click leads to one of the others.
+  box->setTristate(false);
+  QObject::connect(box.get(), &QCheckBox::stateChanged, box.get(),
+                   [action = control.action](int state) { action(fromQt(state)); });
+  return box;
+}
+
+WidgetPointer make(const PopUpControl& control) {
+  auto popUp = std::make_unique<QComboBox>();
+  for (const std::string& item : control.items) {
+    popUp->addItem(x11::toQt(item));
+  }
+  popUp->setCurrentIndex(control.selectedIndex);
+  popUp->setAccessibleName(x11::toQt(control.accessibilityLabel));
+  // Also where the user chooses the item that is selected already.
+  QObject::connect(popUp.get(), &QComboBox::activated, popUp.get(), control.action);
+  return popUp;
+}
+
+WidgetPointer make(const ColorWellControl& control) {
+  return std::make_unique<ColorWell>(control);
+}
+
+WidgetPointer make(const PushButtonControl& control) {
+  auto button = std::make_unique<QPushButton>(title(control.title));
+  QObject::connect(button.get(), &QPushButton::clicked, button.get(), [action = control.action] { action(); });
+  return button;
+}
+
+WidgetPointer make(const SelectableTextControl& control) {
+  auto field = std::make_unique<QLineEdit>(x11::toQt(control.text));
+  field->setReadOnly(true);
+  field->setFont(x11::toQt(control.font));
+  field->setAccessibleName(x11::toQt(control.accessibilityLabel));
+  field->setCursorPosition(0);
+  return field;
+}
+
+}  // namespace
+
+WidgetPointer makeWidget(const Control& control) {
+  return std::visit([](const auto& one) { return make(one); }, control);
+}
+
+Size intrinsicSizeOf(const Control& control) {
+  const WidgetPointer widget = makeWidget(control);
+  widget->ensurePolished();
+  QSize size = widget->sizeHint();
+  if (std::holds_alternative<PushButtonControl>(control)) {
+    // Styles leave long titles hardly any room.
+    constexpr int besideTitle = 8;
+    size.rwidth() += 2 * besideTitle;
+  }
+  return {static_cast<double>(size.width()), static_cast<double>(size.height())};
+}
+
+}  // namespace roomlattice::platform::x11

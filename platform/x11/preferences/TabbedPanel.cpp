@@ -1,0 +1,168 @@
+#include "platform/x11/preferences/TabbedPanel.h"
+
+#include "platform/x11/drawing/QtValues.h"
+#include "platform/x11/drawing/Text.h"
+#include "platform/x11/preferences/ControlWidgets.h"
+
+#include <QComboBox>
+#include <QEvent>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QScreen>
+#include <QScrollArea>
+#include <QShortcut>
+#include <QTabWidget>
+#include <algorithm>
+#include <cmath>
+
+namespace roomlattice::platform::x11 {
+namespace {
+
+constexpr double margin = 20.0;
+
+// EWMH: a request that comes straight from the user.
+constexpr std::uint32_t sourceIsPager = 2;
+
+constexpr Qt::WindowFlags titledAndClosable =
+    Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint;
+
+/// Turning the wheel over a page scrolls it, whatever control is under the pointer.
+class WheelToPage final : public QObject {
+ public:
+  using QObject::QObject;
+
+  bool eventFilter(QObject*, QEvent* event) override {
+    if (event->type() != QEvent::Wheel) {
+      return false;
+    }
+    event->ignore();
+    return true;
+  }
+};
+
+/// The page's own size, or more where controls stand beyond its right or bottom edge.
+Size neededSize(const TabPage& page) {
+  double right = 0.0;
+  double below = 0.0;
+  for (const PlacedControl& placed : page.controls) {
+    right = std::max(right, placed.frame.maxX() + margin);
+    below = std::max(below, margin - placed.frame.minY());
+  }
+  return {right, page.size.height + std::max(below - margin, 0.0)};
+}
+
+QSize toQt(const Size& size) {
+  return {static_cast<int>(std::ceil(size.width)), static_cast<int>(std::ceil(size.height))};
+}
+
+}  // namespace
+
+TabbedPanel::TabbedPanel(const TabbedWindowModel& model, X11Connection& connection, const X11Desktops& desktops)
+    : connection_(connection), desktops_(desktops) {
+  window_.setWindowFlags(titledAndClosable);
+  window_.setWindowTitle(x11::toQt(model.title));
+  window_.setFixedSize(toQt(model.contentSize));
+  auto* tabs = new QTabWidget(&window_);
+  tabs->setGeometry(x11::toQt(model.tabFrame, model.contentSize.height).toRect());
+  for (const TabPage& page : model.pages) {
+    addPage(*tabs, page);
+  }
+  followKeys(*tabs);
+  auto* close = new QShortcut(QKeySequence::Close, &window_);
+  QObject::connect(close, &QShortcut::activated, &window_, &QWidget::close);
+  center();
+}
+
+void TabbedPanel::addPage(QTabWidget& tabs, const TabPage& page) {
+  auto* content = new QWidget;
+  auto* wheelToPage = new WheelToPage(content);
+  QWidget* previous = nullptr;
+  std::vector<QWidget*>& controls = controls_.emplace_back();
+  for (const PlacedControl& placed : page.controls) {
+    QWidget* widget = makeWidget(placed.control).release();
+    widget->setParent(content);
+    widget->setGeometry(x11::toQt(placed.frame, page.size.height).toAlignedRect());
+    widget->installEventFilter(wheelToPage);
+    if (previous != nullptr) {
+      QWidget::setTabOrder(previous, widget);
+    }
+    // Screen readers get the name of a pop-up from its label alone.
+    if (auto* label = dynamic_cast<QLabel*>(previous);
+        label != nullptr && dynamic_cast<QComboBox*>(widget) != nullptr) {
+      label->setBuddy(widget);
+    }
+    previous = widget;
+    controls.push_back(widget);
+  }
+  content->setFixedSize(toQt(neededSize(page)));
+  auto* scrolling = new QScrollArea;
+  scrolling->setFrameShape(QFrame::NoFrame);
+  scrolling->setFocusPolicy(Qt::NoFocus);
+  scrolling->setWidget(content);
+  scrolling->setObjectName(x11::toQt(page.identifier));
+  // Let the colour of the tabs through, which differs from that of windows in some styles.
+  scrolling->viewport()->setAutoFillBackground(false);
+  content->setAutoFillBackground(false);
+  tabs.addTab(scrolling, x11::toQt(page.label).replace(u'&', QStringLiteral("&&")));
+}
+
+void TabbedPanel::followKeys(QTabWidget& tabs) {
+  // Pop-ups keep these keys from the tabs, which would know them.
+  const auto turnPages = [this, &tabs](QKeySequence::StandardKey key, int pages) {
+    auto* shortcut = new QShortcut(key, &window_);
+    QObject::connect(shortcut, &QShortcut::activated, &tabs, [&tabs, pages] {
+      tabs.setCurrentIndex((tabs.currentIndex() + tabs.count() + pages) % tabs.count());
+    });
+  };
+  turnPages(QKeySequence::NextChild, 1);
+  turnPages(QKeySequence::PreviousChild, -1);
+}
+
+void TabbedPanel::center() {
+  if (const QScreen* screen = QGuiApplication::primaryScreen()) {
+    window_.move(screen->availableGeometry().center() - window_.rect().center());
+  }
+}
+
+void TabbedPanel::bringToCurrentDesktop() {
+  const std::optional<std::size_t> current = desktops_.list().current;
+  if (!window_.isVisible() || !current) {
+    return;
+  }
+  connection_.sendToRoot(static_cast<xcb_window_t>(window_.winId()), connection_.ewmh()->_NET_WM_DESKTOP,
+                         {static_cast<std::uint32_t>(*current), sourceIsPager, 0, 0, 0});
+  connection_.waitForServer();
+}
+
+void TabbedPanel::show() {
+  // Before it is activated: many window managers would rather take the user to where it is.
+  bringToCurrentDesktop();
+  window_.show();
+  window_.setWindowState(window_.windowState() & ~Qt::WindowMinimized);
+  window_.raise();
+  window_.activateWindow();
+}
+
+void TabbedPanel::setText(ControlReference label, const std::string& text) {
+  if (auto* widget = dynamic_cast<QLabel*>(controls_.at(label.page).at(label.control))) {
+    widget->setText(singleLine(text));
+  }
+}
+
+void TabbedPanel::setEnabled(ControlReference button, bool enabled) {
+  QWidget* widget = controls_.at(button.page).at(button.control);
+  if (!enabled && window_.focusWidget() == widget) {
+    // Otherwise the toolkit passes the keyboard on to the next control for good.
+    widget->clearFocus();
+    awaitsFocus_ = widget;
+  }
+  widget->setEnabled(enabled);
+  if (enabled && awaitsFocus_ == widget) {
+    awaitsFocus_ = nullptr;
+    if (window_.focusWidget() == nullptr) {
+      widget->setFocus();
+    }
+  }
+}
+
+}  // namespace roomlattice::platform::x11

@@ -1,0 +1,167 @@
+#include "platform/x11/statusitem/StatusItemWindow.h"
+
+#include "platform/x11/connection/WindowManagerWatch.h"
+#include "platform/x11/drawing/Text.h"
+#include "platform/x11/statusitem/StatusItemDrawing.h"
+
+#include <QEvent>
+#include <QGuiApplication>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QScreen>
+#include <cmath>
+
+namespace roomlattice::platform::x11 {
+namespace {
+
+constexpr Qt::WindowFlags itemWindowFlags = Qt::Window | Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus |
+                                            Qt::WindowStaysOnTopHint | Qt::NoDropShadowWindowHint;
+
+/// The X window has to be made for it.
+QWidget& translucent(QWidget& widget) {
+  widget.setAttribute(Qt::WA_TranslucentBackground);
+  return widget;
+}
+
+StatusBarColors barColors(std::optional<Appearance> appearance, bool blended) {
+  const int alpha = blended ? 217 : 255;
+  if (appearance == Appearance::Dark) {
+    return {QColor(38, 38, 41, alpha), QColor(255, 255, 255)};
+  }
+  return {QColor(246, 246, 247, alpha), QColor(28, 28, 30)};
+}
+
+/// i3 makes docks as wide as the screen, and does not always tell them. Asked for that width, it has nothing to tell.
+bool makesStripsOfDocks(X11Connection& connection) {
+  const std::optional<WindowManager> manager = findWindowManager(connection);
+  return manager && manager->name == "i3";
+}
+
+}  // namespace
+
+StatusItemWindow::StatusItemWindow(X11Connection& connection, X11Appearance& appearance, CompositorWatch& compositor,
+                                   const StatusItemLength& length)
+    : QWidget(nullptr, itemWindowFlags),
+      connection_(connection),
+      appearance_(appearance),
+      compositor_(compositor),
+      length_(length),
+      native_(connection, translucent(*this)) {
+  setAttribute(Qt::WA_ShowWithoutActivating);
+  setWindowTitle(QStringLiteral("Roomlattice"));
+  layOutSoon_.setSingleShot(true);
+  layOutSoon_.callOnTimeout(this, [this] { layOut(); });
+  compositorChanges_ = compositor_.observe([this] { update(); });
+  followScreens();
+  layOutSoon_.start(0);
+}
+
+void StatusItemWindow::setLength(const StatusItemLength& length) {
+  if (length != length_) {
+    length_ = length;
+    layOutSoon_.start(0);
+  }
+}
+
+void StatusItemWindow::setMenu(Menu* menu) {
+  popup_.reset();
+  menu_ = menu;
+}
+
+void StatusItemWindow::mousePressEvent(QMouseEvent* event) {
+  event->accept();
+  if (menu_ == nullptr || !itemRect().contains(event->position()) || (popup_ != nullptr && popup_->isOpen())) {
+    return;
+  }
+  // The rows of the last opening go when the menu is brought up to date: nothing may show them then.
+  popup_.reset();
+  popup_ = std::make_unique<MenuPopup>(*menu_);
+  // Where the window is, by the X server's account: the toolkit's own may be out of date while a window manager moves
+  // it.
+  const QPointF origin = event->globalPosition() - event->position();
+  popup_->open((origin + itemRect().bottomRight()).toPoint());
+}
+
+void StatusItemWindow::setContent(const StatusButtonContent& content) {
+  if (content != content_) {
+    content_ = content;
+    setAccessibleName(singleLine(content.title.text).trimmed());
+    update();
+    layOutSoon_.start(0);
+  }
+}
+
+void StatusItemWindow::paintEvent(QPaintEvent*) {
+  const StatusBarColors colors = barColors(appearance_.current(), compositor_.isCompositing());
+  QPainter painter(this);
+  painter.setCompositionMode(QPainter::CompositionMode_Source);
+  painter.fillRect(rect(), colors.backdrop);
+  drawStatusItem(painter, itemRect(), content_, colors);
+}
+
+void StatusItemWindow::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::PaletteChange) {
+    update();
+  } else if (event->type() == QEvent::FontChange) {
+    update();
+    layOutSoon_.start(0);
+  }
+  QWidget::changeEvent(event);
+}
+
+void StatusItemWindow::followScreens() {
+  const auto moved = [this] { layOutSoon_.start(0); };
+  const auto follow = [this, moved](QScreen* screen) {
+    QObject::connect(screen, &QScreen::geometryChanged, this, moved);
+  };
+  for (QScreen* screen : QGuiApplication::screens()) {
+    follow(screen);
+  }
+  QObject::connect(qGuiApp, &QGuiApplication::screenAdded, this, follow);
+  QObject::connect(qGuiApp, &QGuiApplication::primaryScreenChanged, this, moved);
+}
+
+void StatusItemWindow::layOut() {
+  const QScreen* screen = QGuiApplication::primaryScreen();
+  if (screen == nullptr || screen->geometry().isEmpty()) {
+    return;
+  }
+  const QRect area = screen->geometry();
+  itemWidth_ = statusItemWidth(content_, length_, area.width());
+  const int width = makesStripsOfDocks(connection_) ? area.width() : static_cast<int>(std::ceil(itemWidth_));
+  setGeometry(area.x() + area.width() - width, area.y(), width, static_cast<int>(statusBarHeight));
+  // The item may have moved within a window that stays as it is.
+  update();
+  if (!isVisible()) {
+    appear();
+  }
+  reserveScreenEdge();
+  native_.flush();
+}
+
+void StatusItemWindow::appear() {
+  const xcb_ewmh_connection_t& atoms = *connection_.ewmh();
+  native_.writeHints({.types = {atoms._NET_WM_WINDOW_TYPE_DOCK},
+                      .states = {atoms._NET_WM_STATE_SKIP_TASKBAR, atoms._NET_WM_STATE_SKIP_PAGER,
+                                 atoms._NET_WM_STATE_STICKY, atoms._NET_WM_STATE_ABOVE},
+                      .desktop = allDesktops});
+  show();
+}
+
+void StatusItemWindow::reserveScreenEdge() {
+  if (qEnvironmentVariableIntValue("ROOMLATTICE_RESERVE_SCREEN_EDGE") != 1) {
+    return;
+  }
+  // In pixels of the root window; a screen keeps the place of its corner in pixels, whatever its scale.
+  const QRect area = screen()->geometry();
+  const double scale = screen()->devicePixelRatio();
+  const auto startX = static_cast<std::uint32_t>(area.x());
+  const auto height = static_cast<std::uint32_t>(area.y() + std::lround(statusBarHeight * scale));
+  native_.setStrut(height, startX, startX + static_cast<std::uint32_t>(std::lround(area.width() * scale)) - 1);
+}
+
+QRectF StatusItemWindow::itemRect() const {
+  return {width() - itemWidth_, 0.0, itemWidth_, static_cast<double>(height())};
+}
+
+}  // namespace roomlattice::platform::x11

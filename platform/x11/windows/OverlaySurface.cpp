@@ -1,0 +1,68 @@
+#include "platform/x11/windows/OverlaySurface.h"
+
+#include <QMetaObject>
+
+namespace roomlattice::platform::x11 {
+namespace {
+
+constexpr Qt::WindowFlags surfaceHints = Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus |
+                                         Qt::WindowTransparentForInput | Qt::NoDropShadowWindowHint |
+                                         Qt::WindowStaysOnTopHint;
+constexpr Qt::WindowFlags surfaceFlags = Qt::Window | surfaceHints;
+
+}  // namespace
+
+OverlaySurface::OverlaySurface() : QWidget(nullptr, surfaceFlags) {
+  setAttribute(Qt::WA_TranslucentBackground);
+  setAttribute(Qt::WA_ShowWithoutActivating);
+  setAttribute(Qt::WA_TransparentForMouseEvents);
+  setFocusPolicy(Qt::NoFocus);
+  setWindowTitle(QStringLiteral("Roomlattice"));
+}
+
+bool OverlaySurface::place(const QRect& frame) {
+  if (frame == wanted_) {
+    return false;
+  }
+  wanted_ = frame;
+  setGeometry(frame);
+  return true;
+}
+
+void OverlaySurface::appear() {
+  // When an ordinary window appears, the toolkit closes all menus; it does not for what it takes for a tool. This is
+  // between the two of them: the window system is not told.
+  overrideWindowFlags(Qt::Tool | surfaceHints);
+  show();
+  overrideWindowFlags(surfaceFlags);
+}
+
+void OverlaySurface::moveEvent(QMoveEvent* event) {
+  QWidget::moveEvent(event);
+  verify();
+}
+
+void OverlaySurface::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  verify();
+}
+
+void OverlaySurface::verify() {
+  if (!isVisible() || geometry() == wanted_ || corrections_ == 0 || verifying_) {
+    return;
+  }
+  // A window that was moved and resized reports it in two events.
+  verifying_ = true;
+  QMetaObject::invokeMethod(
+      this,
+      [this] {
+        verifying_ = false;
+        if (isVisible() && geometry() != wanted_) {
+          --corrections_;
+          setGeometry(wanted_);
+        }
+      },
+      Qt::QueuedConnection);
+}
+
+}  // namespace roomlattice::platform::x11

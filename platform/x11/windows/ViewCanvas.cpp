@@ -1,0 +1,202 @@
+#include "platform/x11/windows/ViewCanvas.h"
+
+#include "platform/x11/drawing/Drawing.h"
+#include "platform/x11/drawing/QtValues.h"
+#include "platform/x11/drawing/Text.h"
+
+#include <QEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+
+namespace roomlattice::platform::x11 {
+namespace {
+
+constexpr std::chrono::milliseconds spinnerTurn(1000);
+
+QSize pixelSize(const Size& size) {
+  return {static_cast<int>(std::ceil(size.width)), static_cast<int>(std::ceil(size.height))};
+}
+
+bool spins(const ViewElement& element) {
+  const auto* spinner = std::get_if<SpinnerElement>(&element);
+  return spinner != nullptr && !spinner->hidden;
+}
+
+QString visibleText(const ViewContent& content) {
+  for (const ViewElement& element : content.elements) {
+    if (const auto* text = std::get_if<TextElement>(&element); text != nullptr && !text->hidden) {
+      return singleLine(text->text);
+    }
+  }
+  return {};
+}
+
+}  // namespace
+
+ViewCanvas::ViewCanvas(View& view, QWidget* parent) : QWidget(parent), view_(view), content_(view.content()) {
+  setMouseTracking(true);
+  resize(pixelSize(view.frame().size));
+  spinning_.callOnTimeout(this, [this] {
+    spinnerStep_ = (spinnerStep_ + 1) % spinnerSteps;
+    update();
+  });
+  makeControls();
+  updateControls();
+  view_.setHost(this);
+}
+
+ViewCanvas::~ViewCanvas() {
+  view_.setHost(nullptr);
+}
+
+QSize ViewCanvas::sizeHint() const {
+  return pixelSize(view_.frame().size);
+}
+
+void ViewCanvas::setBlending(const CanvasBlending& blending) {
+  if (blending != blending_) {
+    blending_ = blending;
+    update();
+  }
+}
+
+void ViewCanvas::viewChanged() {
+  ViewContent now = view_.content();
+  const QSize size = pixelSize(view_.frame().size);
+  if (now == content_ && size == this->size()) {
+    return;
+  }
+  content_ = std::move(now);
+  resize(size);
+  updateControls();
+  updateSpinning();
+  update();
+}
+
+void ViewCanvas::cancelMenuTracking() {
+  if (onCancelMenuTracking) {
+    onCancelMenuTracking();
+  }
+}
+
+void ViewCanvas::makeControls() {
+  for (const ViewElement& element : content_.elements) {
+    QWidget* control = nullptr;
+    if (std::holds_alternative<ButtonElement>(element)) {
+      control = new SymbolButton(view_, this);
+    } else if (std::holds_alternative<TextFieldElement>(element)) {
+      control = field_ = new ViewTextField(view_, this);
+    }
+    controls_.push_back(control);
+  }
+}
+
+void ViewCanvas::updateControls() {
+  setAccessibleName(visibleText(content_));
+  const double height = view_.frame().size.height;
+  for (std::size_t i = 0; i < controls_.size() && i < content_.elements.size(); ++i) {
+    if (const auto* button = std::get_if<ButtonElement>(&content_.elements[i])) {
+      controls_[i]->setGeometry(toQt(button->frame, height).toAlignedRect());
+      static_cast<SymbolButton*>(controls_[i])->show(*button);
+    } else if (const auto* field = std::get_if<TextFieldElement>(&content_.elements[i])) {
+      controls_[i]->setGeometry(toQt(field->frame, height).toAlignedRect());
+      static_cast<ViewTextField*>(controls_[i])->show(*field);
+    }
+  }
+}
+
+void ViewCanvas::updateSpinning() {
+  const bool turning = isVisible() && std::any_of(content_.elements.begin(), content_.elements.end(), spins);
+  if (turning && !spinning_.isActive()) {
+    spinning_.start(spinnerTurn / spinnerSteps);
+  } else if (!turning) {
+    spinning_.stop();
+  }
+}
+
+void ViewCanvas::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  if (content_.background) {
+    QColor color = toQt(*content_.background);
+    if (blending_.solid) {
+      color.setAlphaF(1.0F);
+    }
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(color);
+    painter.drawRoundedRect(QRectF(rect()), content_.cornerRadius, content_.cornerRadius);
+  }
+  for (const ViewElement& element : content_.elements) {
+    paint(painter, element);
+  }
+  if (blending_.opacity < 1.0) {
+    // All of it together, so that nothing shines through what covers it.
+    painter.setCompositionMode(QPainter::CompositionMode_DestinationIn);
+    painter.fillRect(rect(), QColor::fromRgbF(0.0F, 0.0F, 0.0F, static_cast<float>(blending_.opacity)));
+  }
+}
+
+void ViewCanvas::paint(QPainter& painter, const ViewElement& element) const {
+  const double height = view_.frame().size.height;
+  if (const auto* text = std::get_if<TextElement>(&element); text != nullptr && !text->hidden) {
+    drawText(painter, toQt(text->frame, height), text->text, toQt(text->font), colorOf(text->color), text->alignment);
+  } else if (const auto* image = std::get_if<ImageElement>(&element); image != nullptr && !image->hidden) {
+    drawImage(painter, toQt(image->frame, height), image->image, colorOf(SystemColor::Label));
+  } else if (const auto* spinner = std::get_if<SpinnerElement>(&element); spinner != nullptr && !spinner->hidden) {
+    drawSpinner(painter, toQt(spinner->frame, height), spinnerStep_, Qt::white);
+  }
+}
+
+QColor ViewCanvas::colorOf(const TextColor& color) const {
+  if (const auto* given = std::get_if<Color>(&color)) {
+    return toQt(*given);
+  }
+  QColor label = palette().color(QPalette::WindowText);
+  if (std::get<SystemColor>(color) == SystemColor::SecondaryLabel) {
+    label.setAlphaF(label.alphaF() * 0.6F);
+  }
+  return label;
+}
+
+void ViewCanvas::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::PaletteChange) {
+    update();
+  }
+  QWidget::changeEvent(event);
+}
+
+void ViewCanvas::showEvent(QShowEvent* event) {
+  updateSpinning();
+  QWidget::showEvent(event);
+}
+
+void ViewCanvas::hideEvent(QHideEvent* event) {
+  updateSpinning();
+  QWidget::hideEvent(event);
+}
+
+void ViewCanvas::enterEvent(QEnterEvent*) {
+  onHover ? onHover(true) : view_.mouseEntered();
+}
+
+void ViewCanvas::leaveEvent(QEvent*) {
+  onHover ? onHover(false) : view_.mouseExited();
+}
+
+void ViewCanvas::mousePressEvent(QMouseEvent* event) {
+  // The release is wanted here, and a menu around the view is not to take the press for its own.
+  event->accept();
+}
+
+void ViewCanvas::mouseReleaseEvent(QMouseEvent* event) {
+  event->accept();
+  const Point point = fromQt(event->position(), view_.frame().size.height);
+  if (event->button() == Qt::LeftButton && view_.hitTest(point) == HitTarget::View) {
+    view_.mouseUp(point);
+  }
+}
+
+}  // namespace roomlattice::platform::x11

@@ -1,0 +1,83 @@
+#include "platform/x11/windows/ViewTextField.h"
+
+#include "platform/x11/drawing/QtValues.h"
+#include "platform/x11/drawing/Text.h"
+#include "platform/x11/input/QtKeyEvent.h"
+
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <memory>
+
+namespace roomlattice::platform::x11 {
+namespace {
+
+/// Keys with which a menu, or the toolkit, would take the focus elsewhere.
+bool leavesField(int key) {
+  return key == Qt::Key_Tab || key == Qt::Key_Backtab || key == Qt::Key_Up || key == Qt::Key_Down;
+}
+
+}  // namespace
+
+ViewTextField::ViewTextField(View& view, QWidget* parent) : QLineEdit(parent), view_(view) {
+  setContextMenuPolicy(Qt::NoContextMenu);
+}
+
+void ViewTextField::show(const TextFieldElement& element) {
+  setFont(toQt(element.font));
+  if (element.hidden && hasFocus()) {
+    // Or else the menu around it would take the focus to its next row.
+    window()->setFocus(Qt::OtherFocusReason);
+  }
+  setVisible(!element.hidden);
+}
+
+std::string ViewTextField::text() const {
+  return QLineEdit::text().toStdString();
+}
+
+void ViewTextField::setText(const std::string& text) {
+  QLineEdit::setText(toQt(text));
+}
+
+void ViewTextField::focusAndSelectAll() {
+  if (isVisible()) {
+    setFocus(Qt::OtherFocusReason);
+    selectAll();
+  }
+}
+
+bool ViewTextField::interpret(const KeyEvent& event) {
+  const auto* key = dynamic_cast<const QtKeyEvent*>(&event);
+  if (key == nullptr || !hasFocus()) {
+    return false;
+  }
+  const std::unique_ptr<QKeyEvent> copy(key->event().clone());
+  QCoreApplication::sendEvent(this, copy.get());
+  return true;
+}
+
+bool ViewTextField::event(QEvent* event) {
+  if (event->type() == QEvent::ShortcutOverride) {
+    event->accept();
+    return true;
+  }
+  // The toolkit moves the focus with Tab before a key press is offered to the widget.
+  if (event->type() == QEvent::KeyPress && leavesField(static_cast<QKeyEvent*>(event)->key())) {
+    return true;
+  }
+  return QLineEdit::event(event);
+}
+
+void ViewTextField::keyPressEvent(QKeyEvent* event) {
+  const int key = event->key();
+  const bool ends = key == Qt::Key_Return || key == Qt::Key_Enter;
+  if (ends || key == Qt::Key_Escape) {
+    event->accept();
+    view_.doCommand(ends ? EditCommand::InsertNewline : EditCommand::Cancel);
+    return;
+  }
+  QLineEdit::keyPressEvent(event);
+  event->accept();
+}
+
+}  // namespace roomlattice::platform::x11

@@ -1,0 +1,242 @@
+#include "platform/x11/windows/X11Window.h"
+
+#include "platform/x11/connection/WindowManagerWatch.h"
+#include "platform/x11/drawing/RoundedShape.h"
+
+#include <chrono>
+#include <cmath>
+#include <utility>
+
+namespace roomlattice::platform::x11 {
+namespace {
+
+/// Without blending, a window of no more than this alpha is not on the screen at all.
+constexpr double traceOfAlpha = 0.05;
+
+// One that insists on another desktop is left alone; one that moves the window now and then is not.
+constexpr int maximumCorrections = 3;
+constexpr qint64 restBetweenCorrections = 1000;  // milliseconds
+
+/// One move may be told several times.
+constexpr std::chrono::milliseconds correctionDelay(20);
+
+/// Fluxbox keeps an opacity of its own for its frames, whatever the window in them asks for.
+bool ignoresOpacity(X11Connection& connection) {
+  const std::optional<WindowManager> manager = findWindowManager(connection);
+  return manager && manager->name == "Fluxbox";
+}
+
+QRect pixelRect(const QRectF& frame) {
+  return {static_cast<int>(std::lround(frame.x())), static_cast<int>(std::lround(frame.y())),
+          std::max(static_cast<int>(std::ceil(frame.width())), 1),
+          std::max(static_cast<int>(std::ceil(frame.height())), 1)};
+}
+
+}  // namespace
+
+X11Window::X11Window(OverlayEnvironment& environment, const OverlayWindowOptions& options)
+    : environment_(environment),
+      options_(options),
+      frame_(options.frame),
+      native_(environment.connection, surface_),
+      alpha_(options.alpha, [this] { present(); }),
+      paintsOpacity_(ignoresOpacity(environment.connection)) {
+  surface_.place(pixelRect(environment_.screens.toQt(frame_)));
+  presentSoon_.setSingleShot(true);
+  presentSoon_.callOnTimeout(&surface_, [this] { present(); });
+  correctSoon_.setSingleShot(true);
+  correctSoon_.callOnTimeout(&surface_, [this] { correctDesktop(); });
+  compositorChanges_ = environment_.compositor.observe([this] {
+    applyBlending();
+    present();
+  });
+  environment_.stack.add(surface_, options_.level);
+  listen();
+  applyBlending();
+  applyOpacity();
+}
+
+X11Window::~X11Window() {
+  environment_.stack.remove(surface_);
+  environment_.attachments.forget(number());
+}
+
+void X11Window::setContentView(std::unique_ptr<View> view) {
+  canvas_.reset();
+  view_ = std::move(view);
+  if (view_ != nullptr) {
+    canvas_ = std::make_unique<ViewCanvas>(*view_, &surface_);
+    canvas_->show();
+  }
+  applyBlending();
+}
+
+void X11Window::setFrame(const Rect& frame) {
+  frame_ = frame;
+  // The same frame is another place when the primary screen has moved.
+  if (surface_.place(pixelRect(environment_.screens.toQt(frame_)))) {
+    applyShape();
+    native_.flush();
+  }
+}
+
+void X11Window::setCollectionBehavior(CollectionBehavior behavior) {
+  const bool before = joinsAllDesktops();
+  options_.collectionBehavior = behavior;
+  if (surface_.isVisible() && joinsAllDesktops() != before) {
+    native_.requestDesktop(wantedDesktop());
+  }
+}
+
+void X11Window::animateAlpha(double alpha, Duration duration, std::function<void()> completion) {
+  alpha_.moveTo(alpha, duration, std::move(completion));
+}
+
+void X11Window::orderFront() {
+  orderedIn_ = true;
+  if (surface_.isVisible()) {
+    environment_.stack.raise(surface_);
+    native_.flush();
+  } else {
+    // The desktop it belongs to is told after this call, in the same turn; mapped by then, it would flash on the
+    // active one.
+    presentSoon_.start(0);
+  }
+}
+
+void X11Window::orderOut() {
+  orderedIn_ = false;
+  present();
+}
+
+bool X11Window::joinsAllDesktops() const {
+  return contains(options_.collectionBehavior, CollectionBehavior::CanJoinAllSpaces);
+}
+
+std::uint32_t X11Window::wantedDesktop() const {
+  if (joinsAllDesktops()) {
+    return allDesktops;
+  }
+  if (const std::optional<SpaceID> space = environment_.attachments.desktopOf(number())) {
+    if (const std::optional<std::size_t> index = environment_.desktops.indexOf(*space)) {
+      return static_cast<std::uint32_t>(*index);
+    }
+  }
+  return static_cast<std::uint32_t>(environment_.desktops.list().current.value_or(0));
+}
+
+bool X11Window::isWantedOnScreen() const {
+  return orderedIn_ && (environment_.compositor.isCompositing() || alpha_.value() > traceOfAlpha);
+}
+
+void X11Window::present() {
+  applyOpacity();
+  if (!isWantedOnScreen()) {
+    presentSoon_.stop();
+    surface_.hide();
+  } else if (!surface_.isVisible() && !presentSoon_.isActive()) {
+    map();
+  }
+  native_.flush();
+}
+
+void X11Window::map() {
+  const xcb_ewmh_connection_t& atoms = *environment_.connection.ewmh();
+  WindowHints hints{
+      .types = {atoms._NET_WM_WINDOW_TYPE_NOTIFICATION, atoms._NET_WM_WINDOW_TYPE_UTILITY},
+      .states = {atoms._NET_WM_STATE_SKIP_TASKBAR, atoms._NET_WM_STATE_SKIP_PAGER, atoms._NET_WM_STATE_ABOVE},
+      .desktop = wantedDesktop()};
+  if (joinsAllDesktops()) {
+    hints.states.push_back(atoms._NET_WM_STATE_STICKY);
+  }
+  applyShape();
+  native_.writeHints(hints);
+  native_.leaveGroup();
+  desktopCorrections_ = maximumCorrections;
+  surface_.allowCorrections();
+  surface_.appear();
+  environment_.stack.raise(surface_);
+}
+
+void X11Window::applyBlending() {
+  if (canvas_ != nullptr) {
+    const bool blends = environment_.compositor.isCompositing();
+    canvas_->setBlending({.solid = !blends, .opacity = blends && paintsOpacity_ ? alpha_.value() : 1.0});
+  }
+  applyShape();
+}
+
+void X11Window::applyOpacity() {
+  if (paintsOpacity_) {
+    applyBlending();
+  } else if (writtenOpacity_ != alpha_.value()) {
+    writtenOpacity_ = alpha_.value();
+    native_.setOpacity(alpha_.value());
+  }
+}
+
+void X11Window::applyShape() {
+  std::vector<xcb_rectangle_t> shape;
+  if (!environment_.compositor.isCompositing() && view_ != nullptr) {
+    const double scale = surface_.devicePixelRatioF();
+    const QSize size = (QSizeF(surface_.size()) * scale).toSize();
+    shape = roundedShape(size, view_->content().cornerRadius * scale);
+  }
+  const auto same = [](const xcb_rectangle_t& a, const xcb_rectangle_t& b) {
+    return a.x == b.x && a.y == b.y && a.width == b.width && a.height == b.height;
+  };
+  if (std::equal(shape.begin(), shape.end(), writtenShape_.begin(), writtenShape_.end(), same)) {
+    return;
+  }
+  shape.empty() ? native_.clearBoundingShape() : native_.setBoundingShape(shape);
+  writtenShape_ = std::move(shape);
+}
+
+void X11Window::listen() {
+  X11Connection& connection = environment_.connection;
+  constexpr std::uint32_t events = XCB_EVENT_MASK_STRUCTURE_NOTIFY | XCB_EVENT_MASK_PROPERTY_CHANGE;
+  xcb_change_window_attributes(connection.raw(), native_.id(), XCB_CW_EVENT_MASK, &events);
+  connection.flush();
+  reparentEvents_ = connection.observe(XCB_REPARENT_NOTIFY, [this](const auto& event) { reparented(event); });
+  propertyEvents_ = connection.observe(XCB_PROPERTY_NOTIFY, [this](const auto& event) { propertyChanged(event); });
+}
+
+void X11Window::reparented(const xcb_generic_event_t& event) {
+  const auto& reparent = reinterpret_cast<const xcb_reparent_notify_event_t&>(event);
+  if (reparent.window == native_.id() && reparent.parent != environment_.connection.root()) {
+    native_.passClicksThrough();
+  }
+}
+
+void X11Window::propertyChanged(const xcb_generic_event_t& event) {
+  const auto& property = reinterpret_cast<const xcb_property_notify_event_t&>(event);
+  if (property.window != native_.id()) {
+    return;
+  }
+  const xcb_ewmh_connection_t& atoms = *environment_.connection.ewmh();
+  if (property.atom == atoms._NET_WM_DESKTOP) {
+    correctSoon_.start(correctionDelay);
+  } else if (property.atom == atoms._NET_WM_STATE && native_.hasState(atoms._NET_WM_STATE_DEMANDS_ATTENTION)) {
+    // Some window managers mark what appears without the focus.
+    native_.requestNoState(atoms._NET_WM_STATE_DEMANDS_ATTENTION);
+  }
+}
+
+void X11Window::correctDesktop() {
+  // A window manager that is still busy with the hiding before may clear the property after it was written anew.
+  const bool attached = joinsAllDesktops() || environment_.attachments.desktopOf(number()).has_value();
+  if (!attached || !surface_.isVisible()) {
+    return;
+  }
+  if (sinceCorrection_.hasExpired(restBetweenCorrections)) {
+    desktopCorrections_ = maximumCorrections;
+  }
+  const std::optional<std::uint32_t> now = native_.desktop();
+  if (now && *now != wantedDesktop() && desktopCorrections_ > 0) {
+    sinceCorrection_.start();
+    --desktopCorrections_;
+    native_.requestDesktop(wantedDesktop());
+  }
+}
+
+}  // namespace roomlattice::platform::x11

@@ -1,0 +1,158 @@
+#include "platform/linux/system/SystemLog.h"
+
+#include "platform/linux/system/LogLine.h"
+#include "tests/linux/storage/FileDefaultsFixture.h"
+#include "tests/x11/session/Environment.h"
+
+#include <array>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+namespace roomlattice::tests {
+namespace {
+
+using platform::x11::FileDescriptor;
+using platform::x11::Journal;
+using platform::x11::LogFile;
+using platform::x11::recentLog;
+using platform::x11::stampedLogLine;
+using platform::x11::SystemLog;
+using std::chrono::minutes;
+using ::testing::EndsWith;
+using ::testing::HasSubstr;
+
+/// A socket that takes what a journal would take.
+class FakeJournal {
+ public:
+  explicit FakeJournal(const std::filesystem::path& path) : socket_(::socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0)) {
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    path.string().copy(address.sun_path, sizeof address.sun_path - 1);
+    EXPECT_EQ(bind(socket_.get(), reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
+  }
+
+  std::string next() {
+    std::array<char, 4096> entry{};
+    const ssize_t size = recv(socket_.get(), entry.data(), entry.size(), MSG_DONTWAIT);
+    return size < 0 ? "" : std::string(entry.data(), static_cast<std::size_t>(size));
+  }
+
+ private:
+  FileDescriptor socket_;
+};
+
+/// What is written to standard error goes to a file while this lives.
+class StandardErrorInFile {
+ public:
+  explicit StandardErrorInFile(const std::filesystem::path& path) : path_(path), former_(dup(STDERR_FILENO)) {
+    EXPECT_NE(std::freopen(path.c_str(), "w", stderr), nullptr);
+  }
+  ~StandardErrorInFile() { dup2(former_.get(), STDERR_FILENO); }
+  StandardErrorInFile(const StandardErrorInFile&) = delete;
+  StandardErrorInFile& operator=(const StandardErrorInFile&) = delete;
+
+  std::string text() const { return textOf(path_); }
+
+  /// As the journal names the stream that it has given a program as standard error.
+  static std::string journalStream() {
+    struct stat status {};
+    fstat(STDERR_FILENO, &status);
+    return std::to_string(status.st_dev) + ":" + std::to_string(status.st_ino);
+  }
+
+ private:
+  std::filesystem::path path_;
+  FileDescriptor former_;
+};
+
+class SystemLogTest : public ::testing::Test {
+ protected:
+  SystemLogTest() { environment_.set("XDG_STATE_HOME", folder_.path().string()); }
+
+  /// A journalctl that is first in PATH.
+  void installJournalTool(const std::string& script) {
+    writeText(folder_.path() / "bin" / "journalctl", "#!/bin/sh\n" + script + "\n");
+    std::filesystem::permissions(folder_.path() / "bin" / "journalctl", std::filesystem::perms::owner_all);
+    environment_.set("PATH", (folder_.path() / "bin").string() + ":/usr/bin:/bin");
+  }
+
+  Environment environment_;
+  TemporaryFolder folder_;
+  std::filesystem::path socket_ = folder_.path() / "socket";
+  std::filesystem::path file_ = folder_.path() / "roomlattice" / "log";
+};
+
+TEST_F(SystemLogTest, KeepsItsFileInTheUsersStateFolder) {
+  EXPECT_EQ(SystemLog::standardPath(), file_);
+}
+
+TEST_F(SystemLogTest, WritesToStandardErrorAndTheFile) {
+  const StandardErrorInFile errors(folder_.path() / "errors");
+  SystemLog(file_, std::nullopt).write("[Roomlattice] tour end");
+  EXPECT_THAT(errors.text(), EndsWith("] [Roomlattice] tour end\n"));
+  EXPECT_EQ(LogFile(file_).contents(), errors.text());
+}
+
+TEST_F(SystemLogTest, HandsTheJournalWholeEntries) {
+  FakeJournal journal(socket_);
+  SystemLog(std::nullopt, Journal::open(socket_)).write("two\nlines");
+  EXPECT_EQ(journal.next(), std::string("SYSLOG_IDENTIFIER=Roomlattice\nPRIORITY=6\nMESSAGE\n") + '\x09' +
+                                std::string(7, '\0') + "two\nlines\n");
+}
+
+TEST_F(SystemLogTest, DoesNotWriteTwiceToAJournalThatStandardErrorIs) {
+  FakeJournal journal(socket_);
+  const StandardErrorInFile errors(folder_.path() / "errors");
+  environment_.set("JOURNAL_STREAM", StandardErrorInFile::journalStream());
+  SystemLog(std::nullopt, Journal::open(socket_)).write("line");
+  EXPECT_THAT(journal.next(), HasSubstr("line"));
+  EXPECT_EQ(errors.text(), "");
+}
+
+TEST_F(SystemLogTest, FallsBackToStandardErrorWhenTheJournalHasGone) {
+  std::optional<FakeJournal> journal(socket_);
+  SystemLog log(std::nullopt, Journal::open(socket_));
+  journal.reset();
+  const StandardErrorInFile errors(folder_.path() / "errors");
+  environment_.set("JOURNAL_STREAM", StandardErrorInFile::journalStream());
+  log.write("line");
+  EXPECT_THAT(errors.text(), EndsWith("line\n"));
+}
+
+TEST_F(SystemLogTest, HasNoJournalWhereNothingListens) {
+  EXPECT_FALSE(Journal::open(socket_));
+  EXPECT_FALSE(Journal::open(std::string(300, 'x')));
+}
+
+TEST_F(SystemLogTest, ReadsTheFileWhereThereIsNoJournal) {
+  LogFile file(file_);
+  const auto now = std::chrono::system_clock::now();
+  file.append(stampedLogLine(now - minutes(11), "old"));
+  file.append(stampedLogLine(now - minutes(9), "recent"));
+  EXPECT_EQ(recentLog(minutes(10), socket_), stampedLogLine(now - minutes(9), "recent"));
+}
+
+TEST_F(SystemLogTest, AsksTheJournalWhereThereIsOne) {
+  const FakeJournal journal(socket_);
+  LogFile(file_).append(stampedLogLine(std::chrono::system_clock::now(), "of the file"));
+  installJournalTool("echo \"$@\"");
+  EXPECT_EQ(recentLog(minutes(10), socket_),
+            "--quiet --no-pager --all --output=short-iso-precise --since=-10min SYSLOG_IDENTIFIER=Roomlattice _UID=" +
+                std::to_string(getuid()) + "\n");
+}
+
+TEST_F(SystemLogTest, ReadsTheFileWhereTheJournalGivesNothing) {
+  const FakeJournal journal(socket_);
+  LogFile(file_).append(stampedLogLine(std::chrono::system_clock::now(), "of the file"));
+  for (const char* script : {"exit 0", "echo no permission; exit 1", "kill -9 $$"}) {
+    installJournalTool(script);
+    EXPECT_THAT(recentLog(minutes(10), socket_), EndsWith("of the file\n")) << script;
+  }
+}
+
+}  // namespace
+}  // namespace roomlattice::tests

@@ -1,0 +1,190 @@
+#include "platform/x11/appearance/X11Appearance.h"
+
+#include "support/InProcessNotificationCenter.h"
+#include "tests/x11/appearance/FakePortal.h"
+#include "tests/x11/appearance/FakeXSettingsManager.h"
+#include "tests/x11/session/QtApplication.h"
+#include "tests/x11/session/X11Session.h"
+
+#include <QApplication>
+#include <QDBusArgument>
+#include <QDBusMetaType>
+#include <QPalette>
+#include <gtest/gtest.h>
+
+namespace roomlattice::tests {
+
+/// What D-Bus calls (ddd).
+struct Components {
+  double red = 0.0;
+  double green = 0.0;
+  double blue = 0.0;
+};
+
+QDBusArgument& operator<<(QDBusArgument& argument, const Components& components) {
+  argument.beginStructure();
+  argument << components.red << components.green << components.blue;
+  argument.endStructure();
+  return argument;
+}
+
+const QDBusArgument& operator>>(const QDBusArgument& argument, Components& components) {
+  argument.beginStructure();
+  argument >> components.red >> components.green >> components.blue;
+  argument.endStructure();
+  return argument;
+}
+
+namespace {
+
+using platform::Appearance;
+using platform::x11::MessageBus;
+using platform::x11::X11Appearance;
+
+const QString colorScheme = QStringLiteral("color-scheme");
+const QVariant prefersDark = 1U;
+const QVariant prefersLight = 2U;
+const QVariant noPreference = 0U;
+
+class AppearanceOfTheDesktop : public ::testing::Test {
+ protected:
+  void start() { appearance_ = std::make_unique<X11Appearance>(qt_.connection(), bus_, center_); }
+  bool becomes(Appearance appearance) {
+    return waitFor([&] { return appearance_->current() == appearance; });
+  }
+  static bool looksDark() {
+    const QPalette palette = QApplication::palette();
+    return palette.color(QPalette::Text).lightnessF() > palette.color(QPalette::Base).lightnessF();
+  }
+
+  X11Session session_{{.windowManager = std::nullopt}};
+  QtApplication qt_;
+  InProcessNotificationCenter center_;
+  int posts_ = 0;
+  platform::Registration observation_ =
+      center_.observe(platform::notification::interfaceThemeChanged, [this] { ++posts_; });
+  MessageBus bus_{MessageBus::Kind::Session};
+  FakePortal portal_{session_.busAddress()};
+  std::unique_ptr<X11Appearance> appearance_;
+};
+
+TEST_F(AppearanceOfTheDesktop, IsThatOfTheQtThemeWhenNothingElseTells) {
+  start();
+  EXPECT_EQ(appearance_->current(), Appearance::Light);
+  EXPECT_FALSE(looksDark());
+}
+
+TEST_F(AppearanceOfTheDesktop, FollowsTheThemeOfTheXSettings) {
+  const FakeXSettingsManager manager(FakeXSettingsManager::theme("Greybird-Dark-compact"));
+  start();
+  EXPECT_EQ(appearance_->current(), Appearance::Dark);
+  EXPECT_TRUE(looksDark());
+}
+
+TEST_F(AppearanceOfTheDesktop, FollowsChangesOfTheXSettings) {
+  FakeXSettingsManager manager(FakeXSettingsManager::theme("Adwaita"));
+  start();
+  EXPECT_EQ(appearance_->current(), Appearance::Light);
+  manager.publish(FakeXSettingsManager::theme("Adwaita-dark"));
+  EXPECT_TRUE(becomes(Appearance::Dark));
+  EXPECT_TRUE(looksDark());
+  manager.publish(FakeXSettingsManager::theme("Adwaita"));
+  EXPECT_TRUE(becomes(Appearance::Light));
+  EXPECT_FALSE(looksDark());
+  EXPECT_EQ(posts_, 2);
+}
+
+TEST_F(AppearanceOfTheDesktop, FollowsAnXSettingsManagerThatComesAndGoes) {
+  start();
+  {
+    const FakeXSettingsManager manager(FakeXSettingsManager::theme("Adwaita-dark"));
+    EXPECT_TRUE(becomes(Appearance::Dark));
+  }
+  EXPECT_TRUE(becomes(Appearance::Light));
+}
+
+TEST_F(AppearanceOfTheDesktop, SurvivesGarbageForXSettings) {
+  FakeXSettingsManager manager("\x01garbage");
+  start();
+  EXPECT_EQ(appearance_->current(), Appearance::Light);
+  manager.publish(FakeXSettingsManager::theme("dark"));
+  EXPECT_TRUE(becomes(Appearance::Dark));
+}
+
+TEST_F(AppearanceOfTheDesktop, IsWhatThePortalSaysRatherThanTheXSettings) {
+  const FakeXSettingsManager manager(FakeXSettingsManager::theme("Adwaita-dark"));
+  portal_.set(colorScheme, prefersLight);
+  portal_.appear();
+  start();
+  EXPECT_TRUE(becomes(Appearance::Light));
+}
+
+TEST_F(AppearanceOfTheDesktop, FollowsChangesByThePortal) {
+  portal_.set(colorScheme, prefersLight);
+  portal_.appear();
+  start();
+  portal_.set(colorScheme, prefersDark);
+  EXPECT_TRUE(becomes(Appearance::Dark));
+  EXPECT_TRUE(looksDark());
+  EXPECT_EQ(posts_, 1);
+}
+
+TEST_F(AppearanceOfTheDesktop, IsLeftToTheOthersWhenThePortalHasNoPreference) {
+  const FakeXSettingsManager manager(FakeXSettingsManager::theme("Adwaita"));
+  portal_.set(colorScheme, prefersDark);
+  portal_.appear();
+  start();
+  ASSERT_TRUE(becomes(Appearance::Dark));
+  portal_.set(colorScheme, noPreference);
+  EXPECT_TRUE(becomes(Appearance::Light));
+}
+
+TEST_F(AppearanceOfTheDesktop, FollowsAPortalThatComesAndGoes) {
+  start();
+  portal_.set(colorScheme, prefersDark);
+  portal_.appear();
+  EXPECT_TRUE(becomes(Appearance::Dark));
+  portal_.disappear();
+  EXPECT_TRUE(becomes(Appearance::Light));
+}
+
+TEST_F(AppearanceOfTheDesktop, IsLeftToTheOthersWhenTheBusGoes) {
+  portal_.set(colorScheme, prefersDark);
+  portal_.appear();
+  start();
+  ASSERT_TRUE(becomes(Appearance::Dark));
+  session_.stopBus();
+  EXPECT_TRUE(becomes(Appearance::Light));
+}
+
+TEST_F(AppearanceOfTheDesktop, TakesNothingButAPreferenceFromThePortal) {
+  portal_.set(colorScheme, prefersDark);
+  portal_.appear();
+  start();
+  ASSERT_TRUE(becomes(Appearance::Dark));
+  portal_.set(colorScheme, QStringLiteral("dark"));
+  EXPECT_TRUE(becomes(Appearance::Light));
+}
+
+TEST_F(AppearanceOfTheDesktop, HasTheAccentColourOfThePortal) {
+  qDBusRegisterMetaType<Components>();
+  start();
+  portal_.set(QStringLiteral("accent-color"), QVariant::fromValue(Components{0.25, 0.5, 1.0}));
+  portal_.appear();
+  EXPECT_TRUE(waitFor([&] { return appearance_->accentColor() == platform::Color{0.25, 0.5, 1.0}; }));
+}
+
+TEST_F(AppearanceOfTheDesktop, HasTheHighlightForAccentColourWhenThePortalHasNone) {
+  qDBusRegisterMetaType<Components>();
+  start();
+  portal_.set(QStringLiteral("accent-color"), QVariant::fromValue(Components{0.25, 0.5, 1.0}));
+  portal_.appear();
+  ASSERT_TRUE(waitFor([&] { return appearance_->accentColor() == platform::Color{0.25, 0.5, 1.0}; }));
+  portal_.set(QStringLiteral("accent-color"), QVariant::fromValue(Components{-1.0, -1.0, -1.0}));
+  const QColor highlight = QApplication::palette().color(QPalette::Highlight);
+  EXPECT_TRUE(waitFor([&] { return appearance_->accentColor().red == highlight.redF(); }));
+}
+
+}  // namespace
+}  // namespace roomlattice::tests
+Q_DECLARE_METATYPE(roomlattice::tests::Components)

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "platform/x11/desktops/X11Desktops.h"
+#include "support/InProcessNotificationCenter.h"
+#include "tests/x11/session/EveryWindowManager.h"
+#include "tests/x11/session/QtApplication.h"
+#include "tests/x11/session/X11Session.h"
+
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+
+namespace roomlattice::tests {
+
+/// The desktops of a session, as the program follows them, and what it posts about them.
+class FollowedDesktops {
+ public:
+  explicit FollowedDesktops(const SessionOptions& options) : session(options) {}
+
+  int count() const { return static_cast<int>(desktops.list().desktops.size()); }
+  int current() const { return desktops.list().current ? static_cast<int>(*desktops.list().current) : -1; }
+  std::vector<std::string> uuids() const {
+    std::vector<std::string> uuids;
+    for (const platform::x11::Desktop& desktop : desktops.list().desktops) {
+      uuids.push_back(desktop.uuid);
+    }
+    return uuids;
+  }
+
+  X11Session session;
+  QtApplication qt;
+  InProcessNotificationCenter center;
+  int posts = 0;
+  platform::Registration observation =
+      center.observe(platform::notification::activeSpaceDidChange, [this] { ++posts; });
+  platform::x11::MessageBus bus{platform::x11::MessageBus::Kind::Session};
+  platform::x11::WindowManagerWatch windowManager{qt.connection()};
+  platform::x11::X11Desktops desktops{qt.connection(), bus, windowManager, center};
+};
+
+/// For tests that hold whatever manages the windows.
+class OnEveryWindowManager : public ::testing::TestWithParam<WindowManagerKind> {};
+
+}  // namespace roomlattice::tests

@@ -1,0 +1,187 @@
+#include "platform/x11/desktops/X11Desktops.h"
+
+#include "tests/x11/desktops/DesktopsFixture.h"
+#include "tests/x11/session/PlainWindow.h"
+
+#include <csignal>
+#include <gmock/gmock.h>
+
+namespace roomlattice::tests {
+namespace {
+
+using platform::x11::StepDirection;
+using platform::x11::X11Connection;
+using ::testing::ElementsAre;
+
+class Desktops : public OnEveryWindowManager {
+ protected:
+  FollowedDesktops followed_{{.windowManager = GetParam(), .desktops = 3}};
+};
+
+TEST_P(Desktops, AreReadAtOnce) {
+  EXPECT_EQ(followed_.count(), 3);
+  EXPECT_EQ(followed_.current(), followed_.session.currentDesktop());
+}
+
+TEST_P(Desktops, HaveIdentifiersThatAreSmallEnoughAndNotZero) {
+  for (const platform::x11::Desktop& desktop : followed_.desktops.list().desktops) {
+    EXPECT_GT(static_cast<std::int64_t>(desktop.id), 0);
+    EXPECT_FALSE(desktop.uuid.empty());
+  }
+}
+
+TEST_P(Desktops, AreTheSameAfterARestartOfTheProgram) {
+  const platform::x11::DesktopList before = followed_.desktops.list();
+  const platform::x11::X11Desktops again(followed_.qt.connection(), followed_.bus, followed_.windowManager,
+                                         followed_.center);
+  EXPECT_EQ(again.list(), before);
+}
+
+TEST_P(Desktops, FollowASwitchMadeByOthers) {
+  followed_.session.run({"wmctrl", "-s", "2"});
+  EXPECT_TRUE(waitFor([this] { return followed_.current() == 2; }));
+  EXPECT_EQ(followed_.posts, 1);
+}
+
+TEST_P(Desktops, AddUpQuickSteps) {
+  followed_.desktops.step(StepDirection::Next);
+  followed_.desktops.step(StepDirection::Next);
+  EXPECT_TRUE(waitFor([this] { return followed_.current() == 2; }));
+  // KWin tells of a switch over D-Bus, and then by its root properties.
+  EXPECT_TRUE(waitFor([this] { return followed_.session.currentDesktop() == 2; }));
+}
+
+TEST_P(Desktops, AddUpQuickStepsThereAndBack) {
+  for (const auto direction : {StepDirection::Next, StepDirection::Previous, StepDirection::Next, StepDirection::Next,
+                               StepDirection::Previous}) {
+    followed_.desktops.step(direction);
+  }
+  followed_.session.run({"wmctrl", "-n", "4"});  // comes after the steps, as messages are served in order
+  EXPECT_TRUE(waitFor([this] { return followed_.count() == 4 && followed_.current() == 1; }));
+}
+
+TEST_P(Desktops, EndAtBothEnds) {
+  followed_.desktops.step(StepDirection::Previous);
+  for (int step = 0; step < 7; ++step) {
+    followed_.desktops.step(StepDirection::Next);
+  }
+  EXPECT_TRUE(waitFor([this] { return followed_.current() == 2; }));
+  followed_.desktops.step(StepDirection::Next);
+  followed_.desktops.step(StepDirection::Previous);
+  EXPECT_TRUE(waitFor([this] { return followed_.current() == 1; }));
+}
+
+TEST_P(Desktops, FollowDesktopsThatComeAndGo) {
+  const std::vector<std::string> before = followed_.uuids();
+  followed_.session.run({"wmctrl", "-n", "5"});
+  EXPECT_TRUE(waitFor([this] { return followed_.count() == 5; }));
+  followed_.session.run({"wmctrl", "-n", "2"});
+  EXPECT_TRUE(waitFor([this] { return followed_.count() == 2; }));
+  EXPECT_EQ(followed_.uuids()[0], before[0]);
+  EXPECT_EQ(followed_.uuids()[1], before[1]);
+}
+
+TEST_P(Desktops, StayKnownWhileNoWindowManagerRuns) {
+  const platform::x11::DesktopList before = followed_.desktops.list();
+  followed_.session.stopWindowManager();
+  ASSERT_TRUE(waitFor([this] { return !followed_.windowManager.current(); }));
+  EXPECT_EQ(followed_.desktops.list(), before);
+  followed_.desktops.step(StepDirection::Next);
+  EXPECT_EQ(followed_.desktops.list(), before);
+}
+
+TEST_P(Desktops, AreFollowedAgainWhenTheWindowManagerWasReplaced) {
+  followed_.session.startWindowManager(GetParam());
+  ASSERT_TRUE(waitFor([this] { return followed_.windowManager.current().has_value(); }));
+  followed_.session.run({"wmctrl", "-s", "1"});
+  EXPECT_TRUE(waitFor([this] { return followed_.current() == 1; }));
+  EXPECT_EQ(followed_.count(), 3);
+}
+
+TEST_P(Desktops, AreFollowedAgainWhenTheWindowManagerWasKilledAndStartedAnew) {
+  followed_.session.stopWindowManager();
+  followed_.session.startWindowManager(GetParam());
+  ASSERT_TRUE(waitFor([this] { return followed_.windowManager.current().has_value(); }));
+  followed_.session.run({"wmctrl", "-s", "2"});
+  EXPECT_TRUE(waitFor([this] { return followed_.current() == 2; }));
+}
+
+TEST_P(Desktops, ArePostedOnlyWhenTheyDiffer) {
+  followed_.session.run({"wmctrl", "-s", "0"});
+  followed_.session.run(
+      {"xprop", "-root", "-f", "_NET_NUMBER_OF_DESKTOPS", "32c", "-set", "_NET_NUMBER_OF_DESKTOPS", "3"});
+  followed_.session.run({"wmctrl", "-s", "1"});
+  EXPECT_TRUE(waitFor([this] { return followed_.current() == 1; }));
+  EXPECT_EQ(followed_.posts, 1);
+}
+
+INSTANTIATE_TEST_SUITE_P(OnEvery, Desktops, everyWindowManager(), ::testing::PrintToStringParamName());
+
+TEST(DesktopsOfAnotherWindowManager, AreIdentifiedItsOwnWay) {
+  FollowedDesktops followed({.windowManager = WindowManagerKind::Openbox, .desktops = 2});
+  EXPECT_THAT(followed.uuids(), ElementsAre("desktop-1", "desktop-2"));
+  followed.session.startWindowManager(WindowManagerKind::KWin);
+  EXPECT_TRUE(waitFor([&] {
+    return followed.uuids() == std::vector<std::string>{"test-desktop-1", "test-desktop-2"};
+  }));
+  followed.session.startWindowManager(WindowManagerKind::Xfwm4);
+  EXPECT_TRUE(waitFor([&] { return followed.uuids() == std::vector<std::string>{"desktop-1", "desktop-2"}; }));
+}
+
+TEST(DesktopsOfI3, KeepTheirNamesWhenTheirPositionsShift) {
+  FollowedDesktops followed({.windowManager = WindowManagerKind::I3});
+  followed.session.run({"i3-msg", "workspace", "mail"});
+  const PlainWindow mail({0, 0, 100, 100}, Qt::red);
+  followed.session.run({"i3-msg", "workspace", "play"});
+  ASSERT_TRUE(waitFor([&] { return followed.count() == 2 && followed.current() == 1; }));
+  EXPECT_THAT(followed.uuids(), ElementsAre("workspace-mail", "workspace-play"));
+  const platform::SpaceID playID = followed.desktops.list().desktops[1].id;
+
+  const PlainWindow play({0, 0, 100, 100}, Qt::red);
+  followed.session.run({"i3-msg", "workspace", "1: first"});
+  EXPECT_TRUE(waitFor([&] { return followed.count() == 3; }));
+  EXPECT_THAT(followed.uuids(), ElementsAre("workspace-1: first", "workspace-mail", "workspace-play"));
+  EXPECT_EQ(followed.desktops.list().desktops[2].id, playID);
+}
+
+TEST(DesktopsOfOpenbox, AreFollowedWhenItRestartsItself) {
+  FollowedDesktops followed({.windowManager = WindowManagerKind::Openbox, .desktops = 3});
+  bool gone = false;
+  const platform::Registration observation = followed.windowManager.observe([&] { gone = true; });
+  followed.session.run({"openbox", "--restart"});
+  ASSERT_TRUE(waitFor([&] { return gone && followed.windowManager.current(); }));
+  // It drops what it is asked for while it starts.
+  EXPECT_TRUE(waitFor([&] {
+    followed.session.run({"wmctrl", "-s", "1"});
+    return followed.current() == 1;
+  }));
+}
+
+// Whatever stands in the root window's properties.
+class GarbledDesktops : public ::testing::Test {
+ protected:
+  void setProperty(const char* name, const char* format, const char* value) {
+    followed_.session.run({"xprop", "-root", "-f", name, format, "-set", name, value});
+  }
+
+  FollowedDesktops followed_{{.windowManager = WindowManagerKind::Openbox, .desktops = 3}};
+};
+
+TEST_F(GarbledDesktops, KeepTheLastGoodList) {
+  for (const auto& [format, value] : {std::pair("32c", "0"), std::pair("32c", "4000000000"), std::pair("8s", "three"),
+                                      std::pair("16c", "7"), std::pair("32a", "STRING")}) {
+    setProperty("_NET_NUMBER_OF_DESKTOPS", format, value);
+    followed_.session.run({"wmctrl", "-s", "1"});
+    followed_.session.run({"wmctrl", "-s", "0"});
+    EXPECT_EQ(followed_.count(), 3) << format << value;
+  }
+}
+
+TEST_F(GarbledDesktops, HaveNoCurrentOneBeyondTheirCount) {
+  setProperty("_NET_CURRENT_DESKTOP", "32c", "3");
+  EXPECT_TRUE(waitFor([this] { return followed_.current() == -1; }));
+  EXPECT_EQ(followed_.count(), 3);
+}
+
+}  // namespace
+}  // namespace roomlattice::tests

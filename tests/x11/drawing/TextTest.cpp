@@ -1,0 +1,104 @@
+#include "platform/x11/drawing/Text.h"
+
+#include "tests/x11/session/QtApplication.h"
+#include "tests/x11/session/X11Session.h"
+
+#include <QFontInfo>
+#include <QImage>
+#include <QPainter>
+#include <gtest/gtest.h>
+
+namespace roomlattice::tests {
+namespace {
+
+using platform::Font;
+using platform::FontFamily;
+using platform::FontWeight;
+using platform::TextAlignment;
+using platform::x11::measureText;
+using platform::x11::toQt;
+
+class Text : public ::testing::Test {
+ protected:
+  /// The columns that get ink when the text is drawn into a frame of `width`.
+  std::pair<int, int> inkColumns(const std::string& text, double width) {
+    QImage image(400, 60, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    platform::x11::drawText(painter, QRectF(50.0, 10.0, width, 40.0), text, toQt(Font{.size = 20.0}), Qt::black,
+                            TextAlignment::Center);
+    painter.end();
+    std::pair<int, int> columns{image.width(), -1};
+    for (int x = 0; x < image.width(); ++x) {
+      for (int y = 0; y < image.height(); ++y) {
+        if (image.pixelColor(x, y).lightness() < 128) {
+          columns = {std::min(columns.first, x), x};
+        }
+      }
+    }
+    return columns;
+  }
+
+  double widthOf(const std::string& text) { return measureText(text, toQt(Font{.size = 20.0})).width; }
+
+  X11Session session_{{.windowManager = std::nullopt}};
+  QtApplication qt_;
+};
+
+TEST_F(Text, TakesAPointForALogicalPixel) {
+  EXPECT_EQ(QFontInfo(toQt(Font{.size = 160.0, .weight = FontWeight::Heavy})).pixelSize(), 160);
+}
+
+TEST_F(Text, GrowsWithItsFont) {
+  const auto small = measureText("Mail", toQt(Font{.size = 80.0}));
+  const auto large = measureText("Mail", toQt(Font{.size = 160.0}));
+  EXPECT_NEAR(large.width, 2 * small.width, 4.0);
+  EXPECT_NEAR(large.height, 2 * small.height, 4.0);
+}
+
+TEST_F(Text, HasItsLineHeightWhenEmpty) {
+  const auto empty = measureText("", toQt(Font{.size = 20.0}));
+  EXPECT_EQ(empty.width, 0.0);
+  EXPECT_EQ(empty.height, measureText("Mail", toQt(Font{.size = 20.0})).height);
+}
+
+TEST_F(Text, CountsTheBlanksAtBothEnds) {
+  EXPECT_NEAR(widthOf(" Mail "), widthOf("Mail") + 2 * widthOf(" "), 0.01);
+}
+
+TEST_F(Text, IsWiderInAHeavyWeight) {
+  const auto regular = measureText("Mail", toQt(Font{.size = 80.0}));
+  const auto heavy = measureText("Mail", toQt(Font{.size = 80.0, .weight = FontWeight::Heavy}));
+  EXPECT_GT(heavy.width, regular.width);
+}
+
+TEST_F(Text, HasEqualAdvancesInTheMonospacedFont) {
+  const QFont font = toQt(Font{.family = FontFamily::MonospacedSystem, .size = 11.0});
+  EXPECT_EQ(measureText("iiii", font), measureText("WWWW", font));
+}
+
+TEST_F(Text, IsOneLineWhateverIsInIt) {
+  EXPECT_EQ(measureText("two\nlines", toQt(Font{})), measureText("two lines", toQt(Font{})));
+}
+
+TEST_F(Text, IsDrawnWithItsBlanksInTheMiddleOfItsFrame) {
+  const double width = widthOf("    HH");
+  const auto [first, last] = inkColumns("    HH", width);
+  EXPECT_NEAR(first, 50.0 + widthOf("    "), 4.0);
+  EXPECT_NEAR(last, 50.0 + width, 4.0);
+}
+
+TEST_F(Text, FitsAFrameOfItsMeasuredWidthWithoutAnEllipsis) {
+  const auto [first, last] = inkColumns("HHHH", widthOf("HHHH"));
+  const auto [wideFirst, wideLast] = inkColumns("HHHH", 300.0);
+  EXPECT_NEAR(last - first, wideLast - wideFirst, 1);
+}
+
+TEST_F(Text, KeepsToItsFrameAndItsBlanksWhenItIsTooLong) {
+  const auto [first, last] = inkColumns(" Something that is much too long ", 100.0);
+  EXPECT_GE(first, 50);
+  EXPECT_LE(last, 150 - widthOf(" ") / 2);
+}
+
+}  // namespace
+}  // namespace roomlattice::tests

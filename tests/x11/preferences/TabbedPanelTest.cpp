@@ -1,0 +1,192 @@
+#include "platform/x11/preferences/TabbedPanel.h"
+
+#include "tests/x11/session/UserInterfaceFixture.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QComboBox>
+#include <QScreen>
+#include <QSlider>
+#include <QTabWidget>
+#include <gmock/gmock.h>
+
+namespace roomlattice::tests {
+namespace {
+
+using platform::CheckBoxControl;
+using platform::Control;
+using platform::PopUpControl;
+using platform::PushButtonControl;
+using platform::SelectableTextControl;
+using platform::SliderControl;
+using platform::TabbedWindow;
+using platform::TabbedWindowModel;
+using platform::TabPage;
+using ::testing::ElementsAre;
+
+class TabbedPanelTest : public ::testing::Test {
+ protected:
+  void showPage(const std::vector<Control>& controls) { showPages({{"Page", controls}}); }
+
+  struct Page {
+    std::string label;
+    std::vector<Control> controls;
+  };
+
+  /// The controls of each page stand below one another.
+  void showPages(const std::vector<Page>& pages) {
+    TabbedWindowModel model{
+        .title = "Panel", .contentSize = {420.0, 360.0}, .tabFrame = {{0.0, 0.0}, {420.0, 360.0}}, .pages = {}};
+    for (const Page& page : pages) {
+      TabPage& placed = model.pages.emplace_back(
+          TabPage{.identifier = page.label, .label = page.label, .size = {400.0, 300.0}, .controls = {}});
+      double y = 260.0;
+      for (const Control& control : page.controls) {
+        placed.controls.push_back({{{20.0, y}, {200.0, 24.0}}, control});
+        y -= 40.0;
+      }
+    }
+    panel_ = ui_.userInterface.createTabbedWindow(model);
+    panel_->show();
+    ASSERT_TRUE(waitFor([this] { return window() != nullptr && window()->isActiveWindow(); }));
+  }
+
+  static QWidget* window() {
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+      if (widget->windowTitle() == QStringLiteral("Panel")) {
+        return widget;
+      }
+    }
+    return nullptr;
+  }
+
+  void press(const std::string& keys) { ui_.session.run({"xdotool", "key", keys}); }
+
+  UserInterfaceSession ui_;
+  std::unique_ptr<TabbedWindow> panel_;
+};
+
+std::string nameOf(QWidget* widget) {
+  QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(widget);
+  return interface == nullptr ? "" : interface->text(QAccessible::Name).toStdString();
+}
+
+QAccessible::Role roleOf(QWidget* widget) {
+  QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(widget);
+  return interface == nullptr ? QAccessible::NoRole : interface->role();
+}
+
+PushButtonControl button(const std::string& title) {
+  return {.title = title, .action = [] {}};
+}
+
+TEST_F(TabbedPanelTest, IsReachedByTheKeyboardFromControlToControl) {
+  showPage({CheckBoxControl{.title = "Check", .action = [](platform::CheckState) {}}, button("Push"),
+            SelectableTextControl{.text = "text", .accessibilityLabel = "Text"}});
+  std::vector<std::string> visited;
+  for (int step = 0; step < 3; ++step) {
+    QWidget* before = window()->focusWidget();
+    press("Tab");
+    ASSERT_TRUE(waitFor([&] { return window()->focusWidget() != before; }));
+    visited.push_back(nameOf(window()->focusWidget()));
+  }
+  EXPECT_THAT(visited, ElementsAre("Check", "Push", "Text"));
+}
+
+TEST_F(TabbedPanelTest, TurnsItsPagesByTheKeyboardWhateverControlHasIt) {
+  showPages({{"First", {PopUpControl{.items = {"One", "Two"}, .action = [](int) {}}}}, {"Second", {button("Push")}}});
+  auto* tabs = window()->findChild<QTabWidget*>();
+  const auto page = [tabs](int index) { return [tabs, index] { return tabs->currentIndex() == index; }; };
+  press("Tab");
+  ASSERT_TRUE(waitFor([] { return dynamic_cast<QComboBox*>(window()->focusWidget()) != nullptr; }));
+  press("ctrl+Tab");
+  EXPECT_TRUE(waitFor(page(1)));
+  press("ctrl+Tab");
+  EXPECT_TRUE(waitFor(page(0)));
+  press("ctrl+shift+Tab");
+  EXPECT_TRUE(waitFor(page(1)));
+}
+
+TEST_F(TabbedPanelTest, TellsScreenReadersNamesAndRoles) {
+  showPage({SliderControl{.accessibilityLabel = "Size", .action = [](double) {}},
+            platform::ColorWellControl{.accessibilityLabel = "Shade", .action = [](std::int64_t, platform::Color) {}},
+            button("Push")});
+  std::map<std::string, QAccessible::Role> roles;
+  for (QWidget* widget : window()->findChildren<QWidget*>()) {
+    roles[nameOf(widget)] = roleOf(widget);
+  }
+  EXPECT_EQ(roles["Size"], QAccessible::Slider);
+  EXPECT_EQ(roles["Shade"], QAccessible::Button);
+  EXPECT_EQ(roles["Push"], QAccessible::Button);
+}
+
+TEST_F(TabbedPanelTest, TellsScreenReadersTheLabelOfAPopUp) {
+  showPage({platform::LabelControl{.text = "Choice:"}, PopUpControl{.items = {"One"}, .action = [](int) {}}});
+  QAccessibleInterface* popUp = QAccessible::queryAccessibleInterface(window()->findChild<QComboBox*>());
+  ASSERT_NE(popUp, nullptr);
+  EXPECT_EQ(popUp->role(), QAccessible::ComboBox);
+  const auto labels = popUp->relations(QAccessible::Label);
+  ASSERT_EQ(labels.size(), 1);
+  EXPECT_EQ(labels.first().first->text(QAccessible::Name), QStringLiteral("Choice:"));
+}
+
+TEST_F(TabbedPanelTest, GivesTheKeyboardBackToAButtonThatWasDisabledForAWhile) {
+  showPage({button("Gather"), SelectableTextControl{.text = "text", .accessibilityLabel = "Text"}});
+  press("Tab");
+  ASSERT_TRUE(waitFor([] { return nameOf(window()->focusWidget()) == "Gather"; }));
+  panel_->setEnabled({0, 0}, false);
+  EXPECT_EQ(window()->focusWidget(), nullptr);
+  panel_->setEnabled({0, 0}, true);
+  EXPECT_EQ(nameOf(window()->focusWidget()), "Gather");
+}
+
+TEST_F(TabbedPanelTest, LeavesTheKeyboardWhereTheUserHasTakenItMeanwhile) {
+  showPage({button("Gather"), SelectableTextControl{.text = "text", .accessibilityLabel = "Text"}});
+  press("Tab");
+  ASSERT_TRUE(waitFor([] { return nameOf(window()->focusWidget()) == "Gather"; }));
+  panel_->setEnabled({0, 0}, false);
+  for (QWidget* widget : window()->findChildren<QWidget*>()) {
+    if (nameOf(widget) == "Text") {
+      widget->setFocus();
+    }
+  }
+  panel_->setEnabled({0, 0}, true);
+  EXPECT_EQ(nameOf(window()->focusWidget()), "Text");
+}
+
+TEST_F(TabbedPanelTest, OffersNeitherToMinimizeNorToMaximizeIt) {
+  // The second number of these hints: 2 is to resize, 4 to move, 8 to minimize, 16 to maximize, 32 to close a window.
+  showPage({button("Push")});
+  const std::string hints = ui_.session.run({"xprop", "-notype", "-id", std::to_string(window()->winId()), "-f",
+                                             "_MOTIF_WM_HINTS", "32x", "_MOTIF_WM_HINTS"});
+  EXPECT_THAT(hints, ::testing::HasSubstr(", 0x26, "));
+}
+
+TEST_F(TabbedPanelTest, StandsInTheMiddleOfTheScreen) {
+  showPage({button("Push")});
+  const QPoint middle = window()->screen()->availableGeometry().center();
+  EXPECT_TRUE(waitFor([&] { return (window()->frameGeometry().center() - middle).manhattanLength() < 40; }));
+}
+
+TEST_F(TabbedPanelTest, MovesASliderByTheKeyboardInHundredths) {
+  std::vector<double> values;
+  showPage({SliderControl{.value = 0.78, .action = [&values](double value) { values.push_back(value); }}});
+  press("Tab");
+  ASSERT_TRUE(waitFor([] { return dynamic_cast<QSlider*>(window()->focusWidget()) != nullptr; }));
+  for (const char* key : {"Right", "Right", "Left", "End", "Right"}) {
+    press(key);
+  }
+  EXPECT_TRUE(waitFor([&] { return values.size() == 4; }));
+  EXPECT_THAT(values, ElementsAre(0.79, 0.80, 0.79, 1.0));
+}
+
+TEST_F(TabbedPanelTest, ComesBackAfterItWasClosed) {
+  showPage({button("Push")});
+  press("ctrl+w");
+  ASSERT_TRUE(waitFor([] { return !window()->isVisible(); }));
+  panel_->show();
+  EXPECT_TRUE(waitFor([] { return window()->isActiveWindow(); }));
+}
+
+}  // namespace
+}  // namespace roomlattice::tests

@@ -1,0 +1,205 @@
+#include "tests/x11/session/Limits.h"
+#include "tests/x11/session/Program.h"
+#include "tests/x11/session/X11Session.h"
+
+#include <csignal>
+#include <fstream>
+#include <gmock/gmock.h>
+
+namespace roomlattice::tests {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::StartsWith;
+
+class OptionsOfTheProgram : public ::testing::Test {
+ protected:
+  void SetUp() override { environment_.set("DISPLAY", std::nullopt); }
+
+  Environment environment_;
+};
+
+TEST_F(OptionsOfTheProgram, AreExplainedWithoutADisplay) {
+  Program program({"--help"});
+  EXPECT_EQ(program.exitStatus(), 0);
+  EXPECT_THAT(program.process().output(), StartsWith("Usage: roomlattice"));
+  EXPECT_THAT(program.process().errorOutput(), IsEmpty());
+}
+
+TEST_F(OptionsOfTheProgram, GiveTheVersionWithoutADisplay) {
+  Program program({"--version"});
+  EXPECT_EQ(program.exitStatus(), 0);
+  EXPECT_THAT(program.process().output(), ::testing::MatchesRegex("roomlattice [0-9.]+\n"));
+}
+
+class WrongArgument : public OptionsOfTheProgram, public ::testing::WithParamInterface<const char*> {};
+
+TEST_P(WrongArgument, IsNamedInOneLine) {
+  Program program({GetParam()});
+  EXPECT_EQ(program.exitStatus(), 2);
+  EXPECT_THAT(program.complaints(), ElementsAre(AllOf(StartsWith("roomlattice: "), HasSubstr(GetParam()))));
+  EXPECT_THAT(program.process().output(), IsEmpty());
+}
+
+INSTANTIATE_TEST_SUITE_P(OfTheProgram, WrongArgument,
+                         ::testing::Values("--unknown", "-x", "file", "--help=1", "-style", "--display"));
+
+struct Display {
+  const char* name;
+  std::optional<std::string> display;
+  std::optional<std::string> waylandDisplay;
+  std::optional<std::string> sessionType;
+  const char* reason;
+};
+
+std::ostream& operator<<(std::ostream& stream, const Display& display) {
+  return stream << display.name;
+}
+
+class UnusableDisplay : public ::testing::TestWithParam<Display> {};
+
+TEST_P(UnusableDisplay, IsNamedInOneLine) {
+  Environment environment;
+  environment.set("DISPLAY", GetParam().display);
+  environment.set("WAYLAND_DISPLAY", GetParam().waylandDisplay);
+  environment.set("XDG_SESSION_TYPE", GetParam().sessionType);
+  Program program;
+  EXPECT_EQ(program.exitStatus(), 1);
+  EXPECT_THAT(program.process().errorOutput(), AllOf(StartsWith("roomlattice: "), HasSubstr(GetParam().reason)));
+  EXPECT_THAT(program.complaints(), ::testing::SizeIs(1));
+}
+
+INSTANTIATE_TEST_SUITE_P(OfTheProgram, UnusableDisplay,
+                         ::testing::Values(Display{"Unset", std::nullopt, std::nullopt, std::nullopt,
+                                                   "DISPLAY is not set"},
+                                           Display{"Empty", "", std::nullopt, "x11", "DISPLAY is not set"},
+                                           Display{"Wayland", std::nullopt, "wayland-0", std::nullopt, "pure Wayland"},
+                                           Display{"WaylandByType", "", "", "wayland", "pure Wayland"},
+                                           Display{"OfNoServer", ":9876", std::nullopt, std::nullopt, ":9876"},
+                                           Display{"NoName", "nonsense", std::nullopt, std::nullopt, "nonsense"},
+                                           Display{"NoScreen", ":9876.99", "wayland-0", "wayland", ":9876.99"}),
+                         [](const auto& test) { return std::string(test.param.name); });
+
+TEST(StartOfTheProgram, NeedsAScreenThatExists) {
+  const X11Session session;
+  Environment environment;
+  environment.set("DISPLAY", session.display() + ".7");
+  Program program;
+  EXPECT_EQ(program.exitStatus(), 1);
+  EXPECT_THAT(program.complaints(), ElementsAre(HasSubstr(session.display() + ".7")));
+}
+
+TEST(StartOfTheProgram, NeedsAWindowManager) {
+  const X11Session session({.windowManager = std::nullopt});
+  Program program;
+  EXPECT_EQ(program.exitStatus(), 1);
+  EXPECT_THAT(program.complaints(), ElementsAre(HasSubstr("no window manager that supports EWMH")));
+}
+
+TEST(StartOfTheProgram, WaitsForAWindowManagerThatComesLater) {
+  X11Session session({.windowManager = std::nullopt});
+  Program program;
+  session.startWindowManager(WindowManagerKind::Openbox);
+  EXPECT_TRUE(program.isUp()) << program.process().errorOutput();
+}
+
+TEST(StartOfTheProgram, CanBeEndedWhileItWaitsForAWindowManager) {
+  const X11Session session({.windowManager = std::nullopt});
+  Program program;
+  ASSERT_TRUE(waitFor([&] {
+    // Handled from now on.
+    std::ifstream status("/proc/" + std::to_string(program.process().id()) + "/status");
+    for (std::string line; std::getline(status, line);) {
+      if (line.starts_with("SigCgt:")) {
+        return (std::stoull(line.substr(7), nullptr, 16) >> (SIGTERM - 1U) & 1U) != 0;
+      }
+    }
+    return false;
+  }));
+  program.process().signal(SIGTERM);
+  EXPECT_EQ(program.exitStatus(), 0);
+  EXPECT_THAT(program.complaints(), IsEmpty());
+}
+
+class StartUnder : public ::testing::TestWithParam<WindowManagerKind> {};
+
+TEST_P(StartUnder, ShowsTheStatusItemAndTakesNoteOfTheDesktops) {
+  const X11Session session({.windowManager = GetParam(), .desktops = 3});
+  Program program;
+  ASSERT_TRUE(program.isUp()) << program.process().errorOutput();
+  EXPECT_TRUE(program.knowsDesktop(GetParam() == WindowManagerKind::KWin ? "test-desktop-3" : "desktop-3"));
+  EXPECT_THAT(program.complaints(), IsEmpty());
+}
+
+INSTANTIATE_TEST_SUITE_P(EveryWindowManager, StartUnder,
+                         ::testing::Values(WindowManagerKind::Openbox, WindowManagerKind::Xfwm4,
+                                           WindowManagerKind::KWin),
+                         ::testing::PrintToStringParamName());
+
+TEST(StartOfTheProgram, IsRefusedToASecondOneOnTheSameScreen) {
+  const X11Session session;
+  Program first;
+  ASSERT_TRUE(first.isUp()) << first.process().errorOutput();
+  Program second;
+  EXPECT_EQ(second.exitStatus(), 1);
+  EXPECT_THAT(second.complaints(), ElementsAre(HasSubstr("already")));
+  EXPECT_TRUE(first.process().isRunning());
+}
+
+TEST(StartOfTheProgram, IsGrantedToOneOfManyThatStartAtOnce) {
+  const X11Session session;
+  std::vector<std::unique_ptr<Program>> programs;
+  for (int i = 0; i < 5; ++i) {
+    programs.push_back(std::make_unique<Program>());
+  }
+  EXPECT_TRUE(waitFor([&] {
+    return std::ranges::count_if(programs, [](const auto& program) { return program->process().isRunning(); }) == 1;
+  }));
+  const auto winner =
+      std::ranges::find_if(programs, [](const auto& program) { return program->process().isRunning(); });
+  EXPECT_TRUE((*winner)->isUp());
+}
+
+TEST(StartOfTheProgram, IsPossibleAgainAfterTheFirstWasKilled) {
+  const X11Session session;
+  Program first;
+  ASSERT_TRUE(first.isUp()) << first.process().errorOutput();
+  first.process().kill();
+  Program second;
+  EXPECT_TRUE(second.isUp()) << second.process().errorOutput();
+}
+
+TEST(StartOfTheProgram, SetsDamagedSettingsAside) {
+  const X11Session session;
+  std::filesystem::create_directories(Program::settingsFile().parent_path());
+  std::ofstream(Program::settingsFile()) << "{ damaged";
+  Program program;
+  EXPECT_TRUE(program.knowsDesktop("desktop-1"));
+  EXPECT_TRUE(std::filesystem::exists(Program::settingsFile().string() + ".damaged-1"));
+  EXPECT_TRUE(program.isUp());
+}
+
+TEST(StartOfTheProgram, WorksOnWithAnUnusableFolderForSettings) {
+  X11Session session;
+  std::ofstream(session.home() / "file") << "not a folder";
+  Environment environment;
+  environment.set("XDG_CONFIG_HOME", (session.home() / "file").string());
+  Program program;
+  EXPECT_TRUE(program.isUp()) << program.process().errorOutput();
+}
+
+TEST(StartOfTheProgram, WorksWithoutAnyBus) {
+  X11Session session;
+  session.stopBus();
+  Environment environment;
+  environment.set("DBUS_SESSION_BUS_ADDRESS", std::nullopt);
+  Program program;
+  EXPECT_TRUE(program.isUp()) << program.process().errorOutput();
+  program.process().signal(SIGTERM);
+  EXPECT_EQ(program.exitStatus(), 0);
+}
+
+}  // namespace
+}  // namespace roomlattice::tests

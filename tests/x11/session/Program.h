@@ -1,0 +1,46 @@
+#pragma once
+
+#include "platform/Value.h"
+#include "tests/x11/session/ChildProcess.h"
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace roomlattice::tests {
+
+/// The program itself, started in the session that the environment points to.
+class Program {
+ public:
+  explicit Program(const std::vector<std::string>& arguments = {});
+
+  ChildProcess& process() { return process_; }
+
+  /// Waits until its status item is to be seen.
+  bool isUp();
+
+  /// Waits until a line with that text is in its log.
+  bool hasLogged(const std::string& text);
+
+  /// Waits until it has taken note of a desktop in its settings.
+  bool knowsDesktop(const std::string& uuid) const;
+
+  /// What its settings file now holds under `key`.
+  static std::optional<platform::Value> setting(const std::string& key);
+
+  /// Waits until it ends; nothing when it does not.
+  std::optional<int> exitStatus() { return process_.waitForExitStatus(); }
+
+  /// What it wrote to standard error for people, without what it logs.
+  std::vector<std::string> complaints() const;
+
+  static std::filesystem::path settingsFile();
+
+ private:
+  bool showsStatusItem();
+
+  ChildProcess process_;
+};
+
+}  // namespace roomlattice::tests

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "platform/x11/X11UserInterface.h"
+#include "support/InProcessNotificationCenter.h"
+#include "tests/x11/session/EveryWindowManager.h"
+#include "tests/x11/session/QtApplication.h"
+#include "tests/x11/session/X11Session.h"
+
+#include <gtest/gtest.h>
+
+namespace roomlattice::tests {
+
+/// A user interface in a session of its own, with all it stands on.
+struct UserInterfaceSession {
+  explicit UserInterfaceSession(const SessionOptions& options = {}) : session(options) {}
+
+  platform::x11::X11Connection& connection() { return qt.connection(); }
+
+  X11Session session;
+  QtApplication qt;
+  InProcessNotificationCenter center;
+  platform::x11::MessageBus bus{platform::x11::MessageBus::Kind::Session};
+  platform::x11::WindowManagerWatch windowManager{qt.connection()};
+  platform::x11::X11Desktops desktops{qt.connection(), bus, windowManager, center};
+  platform::x11::X11Screens screens{qt.connection(), center};
+  platform::x11::X11Appearance appearance{qt.connection(), bus, center};
+  platform::x11::WindowAttachments attachments;
+  platform::x11::X11UserInterface userInterface{qt.connection(), screens, appearance, desktops, attachments};
+};
+
+}  // namespace roomlattice::tests

@@ -1,0 +1,339 @@
+#include "tests/x11/session/X11Session.h"
+
+#include "platform/x11/connection/Properties.h"
+#include "platform/x11/connection/WindowManagerWatch.h"
+
+#include <array>
+#include <csignal>
+#include <fcntl.h>
+#include <fstream>
+#include <stdexcept>
+#include <unistd.h>
+
+namespace roomlattice::tests {
+namespace {
+
+using platform::x11::X11Connection;
+
+void require(bool condition, const std::string& message) {
+  if (!condition) {
+    throw std::runtime_error(message);
+  }
+}
+
+/// A pipe end that children inherit, for those that announce on it that they are ready.
+class AnnouncementPipe {
+ public:
+  AnnouncementPipe() { require(pipe(ends_.data()) == 0, "cannot make a pipe"); }
+  ~AnnouncementPipe() {
+    close(ends_[0]);
+    closeWriter();
+  }
+  AnnouncementPipe(const AnnouncementPipe&) = delete;
+  AnnouncementPipe& operator=(const AnnouncementPipe&) = delete;
+
+  std::string writer() const { return std::to_string(ends_[1]); }
+
+  /// The line that the child writes; empty when it ends without one.
+  std::string readLine() {
+    closeWriter();
+    std::string line;
+    for (char character = 0; read(ends_[0], &character, 1) == 1 && character != '\n';) {
+      line.push_back(character);
+    }
+    return line;
+  }
+
+ private:
+  void closeWriter() {
+    if (ends_[1] >= 0) {
+      close(ends_[1]);
+      ends_[1] = -1;
+    }
+  }
+
+  std::array<int, 2> ends_{-1, -1};
+};
+
+/// Starts nothing by itself but what the window managers cannot do without.
+constexpr const char* busConfiguration =
+    R"(<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
+ "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
+<busconfig>
+  <type>session</type>
+  <listen>unix:dir=@FOLDER@</listen>
+  <servicedir>@FOLDER@</servicedir>
+  <policy context="default">
+    <allow send_destination="*" eavesdrop="true"/>
+    <allow eavesdrop="true"/>
+    <allow own="*"/>
+  </policy>
+</busconfig>
+)";
+
+/// A screen in memory, and a touchpad and a keyboard that hear from a test.
+constexpr const char* touchpadServerConfiguration = R"(
+Section "ServerFlags"
+  Option "AutoAddDevices" "false"
+  Option "AutoEnableDevices" "false"
+  Option "AutoAddGPU" "false"
+  Option "DontVTSwitch" "true"
+EndSection
+Section "Device"
+  Identifier "memory"
+  Driver "dummy"
+  VideoRam 65536
+EndSection
+Section "Monitor"
+  Identifier "monitor"
+  HorizSync 5.0-1000.0
+  VertRefresh 5.0-200.0
+  Modeline "1280x800" 83.46 1280 1344 1480 1680 800 801 804 828
+EndSection
+Section "Screen"
+  Identifier "screen"
+  Device "memory"
+  Monitor "monitor"
+  DefaultDepth 24
+  SubSection "Display"
+    Depth 24
+    Modes "1280x800"
+    Virtual 1280 800
+  EndSubSection
+EndSection
+Section "InputDevice"
+  Identifier "touchpad"
+  Driver "inputtest"
+  Option "SocketPath" "@FOLDER@/touchpad"
+  Option "DeviceType" "PointerGesture"
+EndSection
+Section "InputDevice"
+  Identifier "keyboard"
+  Driver "inputtest"
+  Option "SocketPath" "@FOLDER@/keyboard"
+  Option "DeviceType" "Keyboard"
+EndSection
+Section "ServerLayout"
+  Identifier "layout"
+  Screen "screen"
+  InputDevice "touchpad" "CorePointer"
+  InputDevice "keyboard" "CoreKeyboard"
+EndSection
+)";
+
+std::string replaceAll(std::string text, const std::string& what, const std::string& by) {
+  for (std::size_t at = 0; (at = text.find(what, at)) != std::string::npos; at += by.size()) {
+    text.replace(at, what.size(), by);
+  }
+  return text;
+}
+
+void writeFile(const std::filesystem::path& path, const std::string& text) {
+  std::filesystem::create_directories(path.parent_path());
+  std::ofstream(path) << text;
+}
+
+/// By what a process was started with; one of somebody else cannot be looked into, and does not live there.
+bool anyProcessLivesIn(const std::filesystem::path& folder) {
+  std::error_code gone;
+  for (const auto& entry : std::filesystem::directory_iterator("/proc", gone)) {
+    std::ifstream file(entry.path() / "environ");
+    const std::string environment{std::istreambuf_iterator<char>(file), {}};
+    if (environment.find("=" + folder.string()) != std::string::npos) {
+      return true;
+    }
+  }
+  return false;
+}
+
+std::vector<std::string> commandOf(WindowManagerKind kind) {
+  switch (kind) {
+    case WindowManagerKind::Openbox:
+      return {"openbox", "--replace"};
+    case WindowManagerKind::Xfwm4:
+      return {"xfwm4", "--replace", "--compositor=off"};
+    case WindowManagerKind::KWin:
+      return {"kwin_x11", "--replace", "--no-kactivities"};
+    case WindowManagerKind::Fluxbox:
+      return {"fluxbox"};
+    case WindowManagerKind::I3:
+      return {"i3"};
+  }
+  throw std::runtime_error("no such window manager");
+}
+
+}  // namespace
+
+std::ostream& operator<<(std::ostream& stream, WindowManagerKind kind) {
+  return stream << commandOf(kind).front();
+}
+
+X11Session::X11Session(const SessionOptions& options) : desktops_(options.desktops) {
+  prepareFolders();
+  startBus();
+  startServer(options);
+  if (options.windowManager) {
+    startWindowManager(*options.windowManager);
+  }
+}
+
+X11Session::~X11Session() {
+  windowManager_.reset();
+  server_.reset();
+  bus_.reset();
+  // What the bus had started notices by itself, and saves its settings before it ends.
+  waitFor([this] { return !anyProcessLivesIn(folder_.path()); });
+}
+
+void X11Session::prepareFolders() {
+  const std::filesystem::path run = folder_.path() / "run";
+  std::filesystem::create_directories(run);
+  std::filesystem::permissions(run, std::filesystem::perms::owner_all);
+  std::filesystem::create_directories(configFolder());
+  environment_.set("HOME", home().string());
+  environment_.set("XDG_RUNTIME_DIR", run.string());
+  environment_.set("XDG_CONFIG_HOME", configFolder().string());
+  environment_.set("XDG_DATA_HOME", (home() / ".local" / "share").string());
+  environment_.set("XDG_STATE_HOME", (home() / ".local" / "state").string());
+  environment_.set("XDG_CACHE_HOME", (home() / ".cache").string());
+  for (const char* name : {"WAYLAND_DISPLAY", "XDG_SESSION_TYPE", "XDG_CURRENT_DESKTOP", "XAUTHORITY",
+                           "QT_QPA_PLATFORM", "QT_QPA_PLATFORMTHEME", "SESSION_MANAGER"}) {
+    environment_.set(name, std::nullopt);
+  }
+}
+
+void X11Session::startBus() {
+  const std::filesystem::path folder = folder_.path() / "bus";
+  const std::filesystem::path configuration = folder / "bus.conf";
+  writeFile(configuration, replaceAll(busConfiguration, "@FOLDER@", folder.string()));
+  std::error_code noSuchService;
+  std::filesystem::copy_file("/usr/share/dbus-1/services/org.xfce.Xfconf.service", folder / "org.xfce.Xfconf.service",
+                             noSuchService);
+  AnnouncementPipe ready;
+  bus_ = std::make_unique<ChildProcess>(std::vector<std::string>{
+      "dbus-daemon", "--config-file=" + configuration.string(), "--nofork", "--print-address=" + ready.writer()});
+  busAddress_ = ready.readLine();
+  require(!busAddress_.empty(), "the message bus did not start: " + bus_->errorOutput());
+  environment_.set("DBUS_SESSION_BUS_ADDRESS", busAddress_);
+  // A bus of the machine would bring its sleep and its settings into the tests.
+  environment_.set("DBUS_SYSTEM_BUS_ADDRESS", busAddress_);
+}
+
+void X11Session::startServer(const SessionOptions& options) {
+  AnnouncementPipe ready;
+  server_ = std::make_unique<ChildProcess>(serverCommand(options, ready.writer()));
+  const std::string number = ready.readLine();
+  if (number.empty()) {
+    server_->waitForEnd();
+    throw ServerNotStarted(server_->errorOutput());
+  }
+  display_ = ":" + number;
+  environment_.set("DISPLAY", display_);
+}
+
+std::vector<std::string> X11Session::serverCommand(const SessionOptions& options,
+                                                   const std::string& announcement) const {
+  std::vector<std::string> command;
+  if (options.server == ServerKind::XorgWithTouchpad) {
+    const std::filesystem::path configuration = folder_.path() / "xorg.conf";
+    writeFile(configuration, replaceAll(touchpadServerConfiguration, "@FOLDER@", folder_.path().string()));
+    command = {"/usr/lib/xorg/Xorg", "-config", configuration.string(), "-logfile", (folder_.path() / "log").string(),
+               "-novtswitch",        "-keeptty"};
+  } else {
+    command = {"Xvfb", "-screen", "0", options.screen};
+  }
+  if (options.display) {
+    command.push_back(":" + std::to_string(*options.display));
+  }
+  // On a busy machine a key that a tool presses may be held long enough to repeat.
+  command.push_back("-r");
+  command.insert(command.end(), {"-displayfd", announcement, "-nolisten", "tcp", "-noreset"});
+  command.insert(command.end(), options.serverArguments.begin(), options.serverArguments.end());
+  return command;
+}
+
+void X11Session::startWindowManager(WindowManagerKind kind) {
+  writeDesktopCount(kind);
+  const std::unique_ptr<ChildProcess> former = std::move(windowManager_);
+  windowManager_ = std::make_unique<ChildProcess>(commandOf(kind));
+  if (former != nullptr) {
+    require(former->waitForEnd().has_value(), "the former window manager did not give way");
+  }
+  const bool ready = waitFor([this] { return managedBySomebody() && currentDesktop() && desktopCount(); });
+  require(ready, "the window manager did not start: " + windowManager_->errorOutput());
+  if (kind != WindowManagerKind::KWin && kind != WindowManagerKind::I3) {
+    // It may still drop what it is asked for. Once the number has changed, it has begun to serve requests.
+    setDesktopCount(desktops_ + 1);
+    setDesktopCount(desktops_);
+  }
+}
+
+void X11Session::setDesktopCount(int count) {
+  using namespace std::chrono_literals;
+  const bool changed = waitFor([this, count] {
+    run({"wmctrl", "-n", std::to_string(count)});
+    return waitFor([this, count] { return desktopCount() == count; }, 200ms);
+  });
+  require(changed, "the number of desktops stays another");
+}
+
+void X11Session::stopWindowManager() {
+  windowManager_.reset();
+  require(waitFor([this] { return !managedBySomebody(); }), "the window manager's traces stay");
+}
+
+void X11Session::endServer(int signal) {
+  server_->signal(signal);
+  require(server_->waitForEnd().has_value(), "the X server does not end");
+}
+
+void X11Session::stopBus() {
+  bus_.reset();
+}
+
+void X11Session::writeDesktopCount(WindowManagerKind kind) const {
+  if (kind == WindowManagerKind::KWin) {
+    std::string text = "[Desktops]\nNumber=" + std::to_string(desktops_) + "\nRows=1\n";
+    for (int number = 1; number <= desktops_; ++number) {
+      text += "Id_" + std::to_string(number) + "=test-desktop-" + std::to_string(number) + "\n";
+    }
+    writeFile(configFolder() / "kwinrc", text);
+  } else if (kind == WindowManagerKind::Fluxbox) {
+    writeFile(home() / ".fluxbox" / "overlay", "background: none\n");
+  } else if (kind == WindowManagerKind::I3) {
+    // Without one it would ask the user.
+    writeFile(configFolder() / "i3" / "config", "font pango:DejaVu Sans 8\n");
+  }
+}
+
+std::string X11Session::run(const std::vector<std::string>& arguments) {
+  ChildProcess child(arguments);
+  const std::optional<int> status = child.waitForExitStatus();
+  require(status == 0, arguments.front() + " failed: " + child.errorOutput());
+  return child.output();
+}
+
+bool X11Session::managedBySomebody() {
+  const auto connection = X11Connection::open(display_);
+  return connection != nullptr && platform::x11::findWindowManager(*connection).has_value();
+}
+
+std::optional<int> X11Session::desktopCount() {
+  return rootNumber("_NET_NUMBER_OF_DESKTOPS");
+}
+
+std::optional<int> X11Session::currentDesktop() {
+  return rootNumber("_NET_CURRENT_DESKTOP");
+}
+
+std::optional<int> X11Session::rootNumber(const std::string& property) {
+  const auto connection = X11Connection::open(display_);
+  if (connection == nullptr) {
+    return std::nullopt;
+  }
+  const auto number =
+      platform::x11::readNumber(*connection, connection->root(), connection->atom(property), XCB_ATOM_CARDINAL);
+  return number ? std::optional(static_cast<int>(*number)) : std::nullopt;
+}
+
+}  // namespace roomlattice::tests

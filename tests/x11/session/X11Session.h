@@ -1,0 +1,100 @@
+#pragma once
+
+#include "tests/x11/session/ChildProcess.h"
+#include "tests/x11/session/Environment.h"
+#include "tests/x11/session/Wait.h"
+
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <ostream>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace roomlattice::tests {
+
+/// Fluxbox and i3 have their ways with some windows; they are not among those that all tests run under. I3 makes and
+/// drops desktops itself, whatever number is asked for.
+enum class WindowManagerKind { Openbox, Xfwm4, KWin, Fluxbox, I3 };
+
+std::ostream& operator<<(std::ostream& stream, WindowManagerKind kind);
+
+enum class ServerKind { Xvfb, XorgWithTouchpad };
+
+/// The X server of choice cannot be started here.
+class ServerNotStarted : public std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
+struct SessionOptions {
+  /// None leaves the screen without one.
+  std::optional<WindowManagerKind> windowManager = WindowManagerKind::Openbox;
+  int desktops = 4;
+  ServerKind server = ServerKind::Xvfb;
+  std::string screen = "1280x800x24";
+  std::vector<std::string> serverArguments;
+  /// The number of the display; otherwise the first that is free, which another session may get once this one's server
+  /// has gone.
+  std::optional<int> display;
+};
+
+/// A desktop session of its own for a test: an X server, a message bus, folders for settings, and the window manager of
+/// choice, ready to use. The process's environment points into it as long as it exists. Nothing stays behind.
+class X11Session {
+ public:
+  explicit X11Session(const SessionOptions& options = {});
+  ~X11Session();
+
+  const std::string& display() const { return display_; }
+
+  /// Where the driver of the server's touchpad listens.
+  std::filesystem::path touchpadSocket() const { return folder_.path() / "touchpad"; }
+  std::filesystem::path home() const { return folder_.path() / "home"; }
+  std::filesystem::path configFolder() const { return home() / ".config"; }
+
+  /// Starts it, in place of the one that runs if there is one, and waits until it serves the desktops.
+  void startWindowManager(WindowManagerKind kind);
+
+  /// Kills the window manager and waits until its traces are gone.
+  void stopWindowManager();
+
+  ChildProcess* windowManager() { return windowManager_.get(); }
+
+  /// Sends the server a signal that ends it, and waits for its end.
+  void endServer(int signal);
+  void stopBus();
+
+  /// Asks the window manager until it has that many desktops.
+  void setDesktopCount(int count);
+
+  /// The session bus, started with the session.
+  const std::string& busAddress() const { return busAddress_; }
+
+  /// Runs a program of the session to its end and returns what it wrote to standard output.
+  std::string run(const std::vector<std::string>& arguments);
+
+  /// The number of desktops and the current one, as the window manager tells.
+  std::optional<int> desktopCount();
+  std::optional<int> currentDesktop();
+
+ private:
+  void prepareFolders();
+  void startBus();
+  void startServer(const SessionOptions& options);
+  std::vector<std::string> serverCommand(const SessionOptions& options, const std::string& announcement) const;
+  void writeDesktopCount(WindowManagerKind kind) const;
+  bool managedBySomebody();
+  std::optional<int> rootNumber(const std::string& property);
+
+  int desktops_;
+  Environment environment_;
+  TemporaryFolder folder_;
+  std::string display_;
+  std::string busAddress_;
+  std::unique_ptr<ChildProcess> server_;
+  std::unique_ptr<ChildProcess> bus_;
+  std::unique_ptr<ChildProcess> windowManager_;
+};
+
+}  // namespace roomlattice::tests

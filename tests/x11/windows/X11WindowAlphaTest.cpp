@@ -1,0 +1,149 @@
+#include "platform/x11/windows/X11Window.h"
+
+#include "tests/x11/windows/OverlayWindowFixture.h"
+
+#include <gtest/gtest.h>
+
+namespace roomlattice::tests {
+namespace {
+
+using namespace std::chrono_literals;
+using platform::Window;
+
+using OverlayWindowAlpha = OverlayWindowTest;
+
+TEST_F(OverlayWindowAlpha, AnimatesItsAlphaToTheEnd) {
+  const auto window = makeOn(0);
+  bool done = false;
+  window->animateAlpha(0.0, 50ms, [&done] { done = true; });
+  EXPECT_FALSE(done);
+  EXPECT_TRUE(waitFor([&done] { return done; }));
+  EXPECT_EQ(window->alpha(), 0.0);
+}
+
+TEST_F(OverlayWindowAlpha, PassesThroughTheValuesBetween) {
+  const auto window = makeOn(0);
+  window->animateAlpha(0.0, 200ms, {});
+  EXPECT_TRUE(waitFor([&] { return window->alpha() < 0.9 && window->alpha() > 0.1; }));
+  EXPECT_TRUE(waitFor([&] { return window->alpha() == 0.0; }));
+}
+
+TEST_F(OverlayWindowAlpha, EndsAnAnimationWithoutCompletionWhenItsAlphaIsSet) {
+  const auto window = makeOn(0);
+  bool done = false;
+  window->animateAlpha(0.0, 50ms, [&done] { done = true; });
+  window->setAlpha(0.78);
+  settle();
+  EXPECT_FALSE(done);
+  EXPECT_EQ(window->alpha(), 0.78);
+}
+
+TEST_F(OverlayWindowAlpha, AnimatesAgainAfterAnimationsThatEndedEarly) {
+  const auto window = makeOn(0);
+  for (int time = 0; time < 5; ++time) {
+    window->animateAlpha(0.0, 50ms, {});
+    window->setAlpha(1.0);
+    if (time % 2 == 0) {
+      settle();
+    }
+    bool done = false;
+    window->animateAlpha(0.0, 50ms, [&done] { done = true; });
+    ASSERT_TRUE(waitFor([&done] { return done; })) << time;
+  }
+}
+
+TEST_F(OverlayWindowAlpha, SetsItsAlphaAtOnceWithoutADuration) {
+  const auto window = makeOn(0);
+  bool done = false;
+  window->animateAlpha(0.5, 0ms, [&done] { done = true; });
+  EXPECT_EQ(window->alpha(), 0.5);
+  EXPECT_FALSE(done);
+  EXPECT_TRUE(waitFor([&done] { return done; }));
+}
+
+TEST_F(OverlayWindowAlpha, LivesUntilACompletionThatOwnsItHasRun) {
+  auto window = std::shared_ptr<Window>(makeOn(0));
+  const std::weak_ptr<Window> watched = window;
+  Window& shown = *window;
+  bool orderedOut = false;
+  shown.animateAlpha(0.0, 50ms, [&orderedOut, window = std::move(window)] {
+    window->orderOut();
+    orderedOut = true;
+  });
+  EXPECT_FALSE(watched.expired());
+  EXPECT_TRUE(waitFor([&orderedOut] { return orderedOut; }));
+  EXPECT_TRUE(waitFor([&watched] { return watched.expired(); }));
+}
+
+TEST_F(OverlayWindowAlpha, IsOpaqueWithRoundCornersWithoutACompositor) {
+  const auto window = make({.alpha = 0.78}, {1.0, 0.0, 0.0, 0.5});
+  window->orderFront();
+  EXPECT_TRUE(centerBecomes(Qt::red));
+  EXPECT_TRUE(similar(screenColor(ui_.connection(), labelPixels.topLeft() + QPoint(2, 2)), Qt::blue));
+  EXPECT_TRUE(similar(screenColor(ui_.connection(), labelPixels.bottomRight() - QPoint(2, 2)), Qt::blue));
+  EXPECT_TRUE(similar(screenColor(ui_.connection(), labelPixels.topLeft() + QPoint(60, 2)), Qt::red));
+}
+
+TEST_F(OverlayWindowAlpha, BlendsItsAlphaWithWhatIsBelowUnderACompositor) {
+  ChildProcess picom({"picom", "--backend", "xrender"});
+  const auto window = make({.alpha = 0.5});
+  window->orderFront();
+  EXPECT_TRUE(waitFor([&] { return similar(centerColor(), QColor(128, 0, 128), 12); }))
+      << centerColor().name().toStdString();
+}
+
+class OverlayWindowAlphaUnderFluxbox : public OverlayWindowTest {
+ protected:
+  OverlayWindowAlphaUnderFluxbox() : OverlayWindowTest({.windowManager = WindowManagerKind::Fluxbox}) {}
+};
+
+TEST_F(OverlayWindowAlphaUnderFluxbox, BlendsItsAlphaThoughItsOpacityIsIgnored) {
+  ChildProcess picom({"picom", "--backend", "xrender"});
+  const auto window = make({.alpha = 0.5});
+  window->orderFront();
+  EXPECT_TRUE(centerBecomes(QColor(128, 0, 128))) << centerColor().name().toStdString();
+  window->setAlpha(0.0);
+  EXPECT_TRUE(centerBecomes(Qt::blue)) << centerColor().name().toStdString();
+}
+
+TEST_F(OverlayWindowAlpha, BlendsItsBackgroundsAlphaUnderACompositor) {
+  ChildProcess picom({"picom", "--backend", "xrender"});
+  const auto window = make({.alpha = 1.0}, {1.0, 0.0, 0.0, 0.5});
+  window->orderFront();
+  EXPECT_TRUE(waitFor([&] { return similar(centerColor(), QColor(128, 0, 128), 12); }))
+      << centerColor().name().toStdString();
+}
+
+TEST_F(OverlayWindowAlpha, FollowsACompositorThatComesAndGoes) {
+  const auto window = make({.alpha = 0.5});
+  window->orderFront();
+  ASSERT_TRUE(centerBecomes(Qt::red));
+  {
+    ChildProcess picom({"picom", "--backend", "xrender"});
+    EXPECT_TRUE(waitFor([&] { return similar(centerColor(), QColor(128, 0, 128), 12); }));
+    window->setAlpha(0.0);
+    EXPECT_TRUE(centerBecomes(Qt::blue));
+    EXPECT_TRUE(appears(*window));
+  }
+  // It must not turn up as an opaque plate.
+  EXPECT_TRUE(waitFor([&] { return !probe(*window).isViewable(); }));
+  EXPECT_TRUE(centerBecomes(Qt::blue));
+}
+
+TEST_F(OverlayWindowAlpha, ChangesNothingOnTheScreenWhenItIsSetToWhatItIs) {
+  const auto window = makeOn(0);
+  ASSERT_TRUE(centerBecomes(Qt::red));
+  settle();
+  int changes = 0;
+  const auto id = static_cast<xcb_window_t>(window->number());
+  const auto observation = ui_.connection().observe(XCB_PROPERTY_NOTIFY, [&](const xcb_generic_event_t& event) {
+    changes += reinterpret_cast<const xcb_property_notify_event_t&>(event).window == id ? 1 : 0;
+  });
+  window->setAlpha(1.0);
+  window->setFrame(labelFrame);
+  settle();
+  EXPECT_EQ(changes, 0);
+}
+
+}  // namespace
+}  // namespace roomlattice::tests

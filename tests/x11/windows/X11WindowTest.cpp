@@ -1,0 +1,219 @@
+#include "platform/x11/windows/X11Window.h"
+
+#include "tests/x11/session/PlainWindow.h"
+#include "tests/x11/windows/OverlayWindowFixture.h"
+
+#include <QApplication>
+#include <QMenu>
+#include <gmock/gmock.h>
+
+namespace roomlattice::tests {
+namespace {
+
+using namespace std::chrono_literals;
+using platform::CollectionBehavior;
+using platform::Rect;
+using platform::WindowLevel;
+
+class OverlayWindowUnder : public OverlayWindowTest, public ::testing::WithParamInterface<WindowManagerKind> {
+ protected:
+  OverlayWindowUnder() : OverlayWindowTest({.windowManager = GetParam()}) {}
+};
+
+TEST_P(OverlayWindowUnder, StandsWhereItsFrameIs) {
+  const auto window = makeOn(0);
+  ASSERT_TRUE(appears(*window));
+  EXPECT_TRUE(waitFor([&] { return probe(*window).geometry() == labelPixels; }));
+}
+
+TEST_P(OverlayWindowUnder, IsOutOfTaskbarsAndPagers) {
+  const auto window = makeOn(0);
+  ASSERT_TRUE(appears(*window));
+  EXPECT_TRUE(waitFor([&] {
+    const WindowProbe seen = probe(*window);
+    return seen.hasState("SKIP_TASKBAR") && seen.hasState("SKIP_PAGER");
+  }));
+  EXPECT_TRUE(waitFor([&] { return !probe(*window).hasState("DEMANDS_ATTENTION"); }));
+}
+
+TEST_P(OverlayWindowUnder, StaysInFrontOfAnApplicationThatComesLater) {
+  const auto window = makeOn(0);
+  ASSERT_TRUE(centerBecomes(Qt::red));
+  PlainWindow other({500, 350, 300, 150}, Qt::green);
+  settle();
+  EXPECT_TRUE(centerBecomes(Qt::red));
+}
+
+TEST_P(OverlayWindowUnder, LeavesTheKeyboardToTheApplicationThatHasIt) {
+  PlainWindow other({500, 350, 300, 150}, Qt::green);
+  const auto window = makeOn(0);
+  ASSERT_TRUE(appears(*window));
+  EXPECT_TRUE(centerBecomes(Qt::red));
+  EXPECT_TRUE(other.hasFocus());
+}
+
+TEST_P(OverlayWindowUnder, LetsClicksThrough) {
+  PlainWindow other({500, 350, 300, 150}, Qt::green);
+  const auto window = makeOn(0);
+  ASSERT_TRUE(appears(*window));
+  ASSERT_TRUE(waitFor([&] { return probe(*window).passesClicks(); }));
+  ui_.session.run({"xdotool", "mousemove", "--sync", "640", "430", "click", "1"});
+  EXPECT_TRUE(waitFor([&] { return other.clicks() == 1; }));
+}
+
+TEST_P(OverlayWindowUnder, StillLetsClicksThroughAfterItChangedItsSize) {
+  PlainWindow other({500, 350, 300, 150}, Qt::green);
+  const auto window = makeOn(0);
+  ASSERT_TRUE(appears(*window));
+  window->setFrame({{300.0, 200.0}, {680.0, 400.0}});
+  ASSERT_TRUE(waitFor([&] { return probe(*window).geometry() == QRect(300, 200, 680, 400); }));
+  EXPECT_TRUE(waitFor([&] { return probe(*window).passesClicks(); }));
+  ui_.session.run({"xdotool", "mousemove", "--sync", "640", "430", "click", "1"});
+  EXPECT_TRUE(waitFor([&] { return other.clicks() == 1; }));
+}
+
+TEST_P(OverlayWindowUnder, IsOnTheDesktopItWasPutOnAndNowhereElse) {
+  const auto window = makeOn(2);
+  ASSERT_TRUE(waitFor([&] { return probe(*window).desktop() == 2U && probe(*window).number("WM_STATE") != 0U; }));
+  settle();
+  EXPECT_FALSE(similar(centerColor(), Qt::red));
+  switchTo(2);
+  EXPECT_TRUE(centerBecomes(Qt::red));
+  switchTo(1);
+  EXPECT_TRUE(waitFor([&] { return !similar(centerColor(), Qt::red); }));
+}
+
+TEST_P(OverlayWindowUnder, LeavesAMenuOpenWhenItAppears) {
+  QMenu menu;
+  menu.addAction(QStringLiteral("Item"));
+  menu.popup({10, 10});
+  ASSERT_TRUE(waitFor([&] { return QApplication::activePopupWidget() == &menu; }));
+  const auto window = makeOn(0);
+  ASSERT_TRUE(centerBecomes(Qt::red));
+  EXPECT_EQ(QApplication::activePopupWidget(), &menu);
+  EXPECT_EQ(probe(*window).types().front(), "_NET_WM_WINDOW_TYPE_NOTIFICATION");
+}
+
+TEST_P(OverlayWindowUnder, MovesToAnotherDesktop) {
+  const auto window = makeOn(0);
+  ASSERT_TRUE(appears(*window));
+  server_.addWindowToSpace(window->number(), spaceAt(3));
+  EXPECT_TRUE(waitFor([&] { return probe(*window).desktop() == 3U && !similar(centerColor(), Qt::red); }));
+}
+
+TEST_P(OverlayWindowUnder, GoesBackHoweverOftenItIsTakenAwayInTheCourseOfTime) {
+  const auto window = makeOn(2);
+  ASSERT_TRUE(waitFor([&] { return probe(*window).desktop() == 2U && probe(*window).number("WM_STATE") != 0U; }));
+  const std::string id = std::to_string(window->number());
+  for (int time = 0; time < 4; ++time) {
+    ui_.session.run({"xdotool", "set_desktop_for_window", id, "1"});
+    settle(time < 2 ? 200ms : 1100ms);
+    EXPECT_EQ(probe(*window).desktop(), 2U);
+  }
+}
+
+TEST_P(OverlayWindowUnder, StaysWhereItIsWhenAnotherWindowOfTheProgramIsActivated) {
+  const auto window = makeOn(2);
+  ASSERT_TRUE(waitFor([&] { return probe(*window).desktop() == 2U && probe(*window).number("WM_STATE") != 0U; }));
+  settle();
+  std::vector<std::optional<std::uint32_t>> desktops;
+  const auto observation = ui_.connection().observe(XCB_PROPERTY_NOTIFY, [&](const xcb_generic_event_t& event) {
+    const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(event);
+    if (change.window == probe(*window).id() && change.atom == ui_.connection().ewmh()->_NET_WM_DESKTOP) {
+      desktops.push_back(probe(*window).desktop());
+    }
+  });
+  QWidget ordinary;
+  ordinary.setGeometry(100, 100, 200, 100);
+  for (int time = 0; time < 3; ++time) {
+    ordinary.show();
+    ui_.qt.application().activateIgnoringOtherApps();
+    ASSERT_TRUE(waitFor([&] { return focusedWindow(ui_.connection()) == ordinary.winId(); }));
+    settle();
+    ordinary.hide();
+  }
+  EXPECT_THAT(desktops, ::testing::Each(2U));
+  EXPECT_EQ(probe(*window).desktop(), 2U);
+}
+
+TEST_P(OverlayWindowUnder, ComesBackOnItsOwnDesktopAfterItWasHidden) {
+  const auto window = makeOn(2);
+  ASSERT_TRUE(waitFor([&] { return probe(*window).desktop() == 2U; }));
+  for (int time = 0; time < 5; ++time) {
+    // Without a pause, so that a window manager is still busy with the hiding.
+    window->orderOut();
+    window->orderFront();
+  }
+  settle();
+  EXPECT_TRUE(waitFor([&] { return probe(*window).desktop() == 2U; }));
+  EXPECT_FALSE(similar(centerColor(), Qt::red));
+  switchTo(2);
+  EXPECT_TRUE(centerBecomes(Qt::red));
+  EXPECT_TRUE(waitFor([&] { return probe(*window).geometry() == labelPixels; }));
+}
+
+TEST_P(OverlayWindowUnder, IsOnEveryDesktopWhenItJoinsAll) {
+  const auto window = make({.level = WindowLevel::StatusWindow,
+                            .collectionBehavior = CollectionBehavior::CanJoinAllSpaces | CollectionBehavior::Stationary,
+                            .alpha = 1.0});
+  window->orderFront();
+  for (const int desktop : {2, 3, 0}) {
+    ASSERT_TRUE(appears(*window));
+    switchTo(desktop);
+    EXPECT_TRUE(centerBecomes(Qt::red));
+  }
+  EXPECT_EQ(probe(*window).desktop(), platform::x11::allDesktops);
+}
+
+TEST_P(OverlayWindowUnder, OfAHigherLevelStaysInFrontOfALaterOneOfALowerLevel) {
+  const auto high = make({.level = WindowLevel::StatusWindow, .alpha = 1.0});
+  high->orderFront();
+  ASSERT_TRUE(appears(*high));
+  const auto low = make({.level = WindowLevel::Floating, .alpha = 1.0}, {0.0, 1.0, 0.0});
+  low->orderFront();
+  ASSERT_TRUE(appears(*low));
+  settle();
+  EXPECT_TRUE(centerBecomes(Qt::red));
+}
+
+TEST_P(OverlayWindowUnder, LeavesTheScreenWithItsObject) {
+  auto window = makeOn(0);
+  ASSERT_TRUE(centerBecomes(Qt::red));
+  window.reset();
+  EXPECT_TRUE(waitFor([&] { return !similar(centerColor(), Qt::red); }));
+}
+
+TEST_P(OverlayWindowUnder, ShowsNothingAtAlphaZero) {
+  const auto window = makeOn(0, 0.0);
+  settle();
+  EXPECT_FALSE(similar(centerColor(), Qt::red, 40));
+  window->setAlpha(1.0);
+  EXPECT_TRUE(centerBecomes(Qt::red));
+  window->setAlpha(0.0);
+  EXPECT_TRUE(waitFor([&] { return !similar(centerColor(), Qt::red, 40); }));
+}
+
+INSTANTIATE_TEST_SUITE_P(OnEvery, OverlayWindowUnder, everyWindowManager(), ::testing::PrintToStringParamName());
+
+TEST_F(OverlayWindowTest, MovesWithThePrimaryScreenWhenItIsPlacedAnew) {
+  ui_.session.run({"xrandr", "--setmonitor", "one", "800/200x600/150+0+0", "screen"});
+  ASSERT_TRUE(waitFor([this] { return ui_.screens.toQt(platform::Point{0, 0}) == QPointF(0, 600); }));
+  const auto window = makeOn(0);
+  ASSERT_TRUE(appears(*window));
+  ui_.session.run({"xrandr", "--setmonitor", "other", "800/200x600/150+480+200", "screen"});
+  ASSERT_TRUE(waitFor([this] { return ui_.screens.toQt(platform::Point{0, 0}) == QPointF(480, 800); }));
+  window->setFrame(window->frame());
+  EXPECT_TRUE(waitFor([&] { return probe(*window).geometry() == labelPixels.translated(480, 0); }));
+}
+
+TEST_F(OverlayWindowTest, KeepsTheFrameItWasGiven) {
+  const auto window = makeOn(0);
+  const Rect frame{{10.25, 20.5}, {300.75, 100.125}};
+  window->setFrame(frame);
+  EXPECT_EQ(window->frame(), frame);
+  const QRect expected(10, 800.0 - 121, 301, 101);
+  EXPECT_TRUE(waitFor([&] { return probe(*window).geometry() == expected; }));
+}
+
+}  // namespace
+}  // namespace roomlattice::tests
