@@ -41,7 +41,8 @@ void AppDelegate::startHotCornerWatcher() {
 
 void AppDelegate::startSwipeWatcher() {
   swipes_.emplace(platform_);
-  swipes_->onSwipeBegan = lifetime_.guard([this](bool isRight) { signs_->handleSwipeBegan(isRight); });
+  swipes_->onSwipeBegan =
+      lifetime_.guard([this](platform::Direction direction) { signs_->handleSwipeBegan(direction); });
   swipes_->start();
 }
 

@@ -34,7 +34,7 @@ BENCHMARK(primingTickWithEveryLabelToSet)->Apply(overDesktops);
 void swipeBegin(benchmark::State& state) {
   RunningProgram program(state);
   for ([[maybe_unused]] const auto step : state) {
-    program.signs().handleSwipeBegan(true);
+    program.signs().handleSwipeBegan(platform::Direction::Right);
   }
   state.SetComplexityN(state.range(0));
 }

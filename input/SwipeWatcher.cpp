@@ -1,17 +1,15 @@
 #include "input/SwipeWatcher.h"
 
-#include "platform/DockSwipe.h"
+#include <optional>
 
 namespace roomlattice {
 namespace {
 
+using platform::DockSwipe;
 using platform::Event;
-using platform::EventField;
 
-bool isUsersDockSwipe(const Event& event) {
-  constexpr std::int64_t noProcess = 0;
-  return event.integer(EventField::SourceProcessID) == noProcess && platform::isDockSwipe(event);
-}
+// The source of what a user does.
+constexpr std::int64_t noProcess = 0;
 
 }  // namespace
 
@@ -32,32 +30,29 @@ void SwipeWatcher::handle(const Event& event, std::uint32_t type) {
     tap_->enable();
     return;
   }
-  if (!isUsersDockSwipe(event)) {
+  const std::optional<DockSwipe> swipe = DockSwipe::read(event);
+  if (!swipe || event.integer(platform::EventField::SourceProcessID) != noProcess) {
     return;
   }
-  switch (event.integer(EventField::Phase)) {
-    case platform::dockSwipe::Began:
-    case platform::dockSwipe::Changed:
+  switch (swipe->phase) {
+    case DockSwipe::Began:
+    case DockSwipe::Changed:
       // A lost beginning is made good by the first change.
       if (!swipeFired_) {
         swipeFired_ = true;
-        reportSwipe(event);
+        reportSwipe(swipe->direction());
       }
       break;
-    case platform::dockSwipe::Ended:
-    case platform::dockSwipe::Cancelled:
+    case DockSwipe::Ended:
+    case DockSwipe::Cancelled:
       swipeFired_ = false;
-      break;
-    default:
       break;
   }
 }
 
-void SwipeWatcher::reportSwipe(const Event& event) {
-  const double velocity = event.real(EventField::Velocity);
-  const double direction = velocity == 0.0 ? event.real(EventField::Progress) : velocity;
+void SwipeWatcher::reportSwipe(platform::Direction direction) {
   // Deferred, so that the tap returns quickly.
-  platform_.dispatcher().async(lifetime_.guard([this, isRight = direction >= 0.0] { onSwipeBegan(isRight); }));
+  platform_.dispatcher().async(lifetime_.guard([this, direction] { onSwipeBegan(direction); }));
 }
 
 }  // namespace roomlattice

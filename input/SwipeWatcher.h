@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/DockSwipe.h"
 #include "platform/Platform.h"
 #include "support/Lifetime.h"
 
@@ -15,15 +16,15 @@ class SwipeWatcher {
  public:
   explicit SwipeWatcher(platform::Platform& platform) : platform_(platform) {}
 
-  /// Called on a later turn of the main queue; `isRight` is true for a swipe towards the next desktop.
-  std::function<void(bool isRight)> onSwipeBegan = [](bool) {};
+  /// Called on a later turn of the main queue.
+  std::function<void(platform::Direction direction)> onSwipeBegan = [](platform::Direction) {};
 
   /// Begins to listen, until this object goes. Without the user's permission it logs one line and hears nothing.
   void start();
 
  private:
   void handle(const platform::Event& event, std::uint32_t type);
-  void reportSwipe(const platform::Event& event);
+  void reportSwipe(platform::Direction direction);
 
   platform::Platform& platform_;
   std::unique_ptr<platform::EventTap> tap_;

@@ -48,11 +48,11 @@ platform::Rect SignView::labelFrame() const {
 platform::ViewContent SignView::content() const {
   return {.background = platform::Color::black().withAlpha(plateAlpha),
           .cornerRadius = plateCornerRadius,
-          .elements = {platform::TextElement{.frame = labelFrame(),
-                                             .text = text_,
-                                             .font = font_,
-                                             .color = platform::Color::white(),
-                                             .alignment = platform::TextAlignment::Center}}};
+          .elements = {{.frame = labelFrame(),
+                        .kind = platform::TextElement{.text = text_,
+                                                      .font = font_,
+                                                      .color = platform::Color::white(),
+                                                      .alignment = platform::TextAlignment::Center}}}};
 }
 
 }  // namespace roomlattice

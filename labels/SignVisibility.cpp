@@ -59,7 +59,7 @@ void SpaceSignWindowController::hideAll() {
   }
 }
 
-void SpaceSignWindowController::handleSwipeBegan(bool isRight) {
+void SpaceSignWindowController::handleSwipeBegan(platform::Direction direction) {
   if (!PreferencesStore::shared().showSignInSwipeMode() || isTouring_) {
     return;
   }
@@ -73,13 +73,15 @@ void SpaceSignWindowController::handleSwipeBegan(bool isRight) {
     }
   }
   setInactiveAlpha(active, alpha);
-  createSignForSwipe(active, isRight, alpha);
+  createSignForSwipe(active, direction, alpha);
 }
 
-void SpaceSignWindowController::createSignForSwipe(platform::SpaceID activeSpaceID, bool isRight, double alpha) {
+void SpaceSignWindowController::createSignForSwipe(platform::SpaceID activeSpaceID, platform::Direction direction,
+                                                   double alpha) {
   const SpaceManager& manager = SpaceManager::shared();
   const std::vector<SpaceInfo> desktops = regularSpaces(manager.spaces());
   const auto active = std::ranges::find(desktops, activeSpaceID, &SpaceInfo::spaceID);
+  const bool isRight = direction == platform::Direction::Right;
   if (active == desktops.end() || (isRight ? active + 1 == desktops.end() : active == desktops.begin())) {
     return;
   }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/DockSwipe.h"
 #include "platform/Platform.h"
 #include "spaces/SpaceInfo.h"
 #include "support/Lifetime.h"
@@ -27,9 +28,9 @@ class SpaceSignWindowController {
   /// Ends showAll: all labels fade out.
   void hideAll();
 
-  /// The user has begun to swipe; `isRight` is true towards the next desktop. Shows the labels of the other desktops
+  /// The user has begun to swipe. Shows the labels of the other desktops
   /// and makes sure the one ahead has its label before it slides in.
-  void handleSwipeBegan(bool isRight);
+  void handleSwipeBegan(platform::Direction direction);
 
   /// The frame of a label with this text: centred on the main screen, in screen coordinates. Having no screen at all
   /// stops the program.
@@ -56,7 +57,7 @@ class SpaceSignWindowController {
   // Visibility.
   void activeChanged();
   void flashActiveSign();
-  void createSignForSwipe(platform::SpaceID activeSpaceID, bool isRight, double alpha);
+  void createSignForSwipe(platform::SpaceID activeSpaceID, platform::Direction direction, double alpha);
   void startMouseMonitor();
   void mouseMoved();
   void setInactiveAlpha(platform::SpaceID activeSpaceID, double alpha);

@@ -31,10 +31,10 @@ platform::ViewContent TourOverlayView::content() const {
   }
   return {.background = platform::Color::black().withAlpha(plateAlpha),
           .cornerRadius = plate.height * 0.5,
-          .elements = {
-              platform::SpinnerElement{.frame = stack.frames[0]},
-              platform::TextElement{
-                  .frame = stack.frames[1], .text = message, .font = messageFont, .color = platform::Color::white()}}};
+          .elements = {{.frame = stack.frames[0], .kind = platform::SpinnerElement()},
+                       {.frame = stack.frames[1],
+                        .kind = platform::TextElement{
+                            .text = message, .font = messageFont, .color = platform::Color::white()}}}};
 }
 
 }  // namespace roomlattice

@@ -1,5 +1,6 @@
 #include "menubar/MenuBarController.h"
 #include "menubar/SpaceRowView.h"
+#include "preferences/PreferencesStore.h"
 #include "preferences/PreferencesWindowController.h"
 #include "spaces/SpaceManager.h"
 
@@ -18,7 +19,10 @@ std::unique_ptr<SpaceRowView> makeRow(platform::Platform& platform, const SpaceI
   auto row = std::make_unique<SpaceRowView>(platform, space, space.spaceID == manager.activeSpaceID(),
                                             MenuBarController::dotColor(space), manager.displayName(space));
   row->setFrame({{}, rowSize});
-  row->onSwitch = [space] { SpaceManager::shared().switchToSpace(space); };
+  row->onSwitch = [space] {
+    const bool instant = PreferencesStore::shared().instantMenuSwitch();
+    SpaceManager::shared().switchToSpace(space, instant ? SwitchStyle::Instant : SwitchStyle::Animated);
+  };
   row->onCommitRename = [space](const std::string& name) { SpaceManager::shared().setName(name, space); };
   return row;
 }

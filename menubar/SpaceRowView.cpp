@@ -40,13 +40,16 @@ platform::ViewContent SpaceRowView::content() const {
   platform::ViewContent content{
       .cornerRadius = cornerRadius,
       .elements = {
-          platform::ImageElement{.frame = dotFrame, .image = makeDot()},
-          platform::TextElement{.frame = labelFrame(), .hidden = isEditing_, .text = labelText_, .font = font()},
-          platform::TextFieldElement{.frame = editFieldFrame(), .hidden = !isEditing_, .font = font()},
-          platform::ButtonElement{.frame = pencilFrame(),
-                                  .hidden = !isPencilVisible_,
-                                  .symbol = {.name = "square.and.pencil", .accessibilityDescription = "Rename"},
-                                  .toolTip = "Rename"},
+          {.frame = dotFrame, .kind = platform::ImageElement{makeDot()}},
+          {.frame = labelFrame(),
+           .hidden = isEditing_,
+           .kind = platform::TextElement{.text = labelText_, .font = font()}},
+          {.frame = editFieldFrame(), .hidden = !isEditing_, .kind = platform::TextFieldElement{font()}},
+          {.frame = pencilFrame(),
+           .hidden = !isPencilVisible_,
+           .kind =
+               platform::ButtonElement{.symbol = {.name = "square.and.pencil", .accessibilityDescription = "Rename"},
+                                       .toolTip = "Rename"}},
       }};
   if (isHighlighted_) {
     content.background = platform_.userInterface().accentColor().withAlpha(highlightAlpha);

@@ -16,7 +16,7 @@
 namespace roomlattice::platform {
 
 /// The native controls of a page, as data: what they are and show at first, and whom they call when the user changes
-/// them. Actions come on the main thread and never while a control is being made.
+/// them. Actions come on the main thread and never while a control is being made; they are never empty.
 
 /// A text that cannot be edited. With a wrap width it breaks into lines no longer than that; otherwise it is one line.
 struct LabelControl {
@@ -30,8 +30,7 @@ struct SliderControl {
   double value = 0.0;
   double minimum = 0.0;
   double maximum = 1.0;
-  std::string accessibilityLabel;
-  std::function<void(double value)> action;
+  std::function<void(double value)> action = [](double) {};
 };
 
 enum class CheckState { Off, On, Mixed };
@@ -39,33 +38,30 @@ enum class CheckState { Off, On, Mixed };
 struct CheckBoxControl {
   std::string title;
   CheckState state = CheckState::Off;
-  std::function<void(CheckState state)> action;
+  std::function<void(CheckState state)> action = [](CheckState) {};
 };
 
 struct PopUpControl {
   std::vector<std::string> items;
   int selectedIndex = 0;
-  std::string accessibilityLabel;
-  std::function<void(int index)> action;
+  std::function<void(int index)> action = [](int) {};
 };
 
 struct ColorWellControl {
   Color color;
   std::int64_t tag = 0;
-  std::string accessibilityLabel;
-  std::function<void(std::int64_t tag, Color color)> action;
+  std::function<void(std::int64_t tag, Color color)> action = [](std::int64_t, const Color&) {};
 };
 
 struct PushButtonControl {
   std::string title;
-  std::function<void()> action;
+  std::function<void()> action = [] {};
 };
 
 /// A bezelled text field whose text can be selected and copied but not edited.
 struct SelectableTextControl {
   std::string text;
   Font font;
-  std::string accessibilityLabel;
 };
 
 using Control = std::variant<LabelControl, SliderControl, CheckBoxControl, PopUpControl, ColorWellControl,
@@ -75,6 +71,8 @@ using Control = std::variant<LabelControl, SliderControl, CheckBoxControl, PopUp
 struct PlacedControl {
   Rect frame;
   Control control;
+  /// What assistive technology calls the control; empty where its own text says it.
+  std::string accessibilityLabel = {};
 };
 
 struct TabPage {

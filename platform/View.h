@@ -19,12 +19,10 @@ enum class SystemColor { Label, SecondaryLabel };
 
 using TextColor = std::variant<Color, SystemColor>;
 
-/// A single line, centred vertically in its frame and truncated at its tail with an ellipsis.
 enum class TextAlignment { Leading, Center };
 
+/// A single line, centred vertically in its frame and truncated at its tail with an ellipsis.
 struct TextElement {
-  Rect frame;
-  bool hidden = false;
   std::string text;
   Font font;
   TextColor color = SystemColor::Label;
@@ -34,8 +32,6 @@ struct TextElement {
 };
 
 struct ImageElement {
-  Rect frame;
-  bool hidden = false;
   Image image;
 
   bool operator==(const ImageElement&) const = default;
@@ -43,16 +39,11 @@ struct ImageElement {
 
 /// An indeterminate, turning progress indicator in its form for dark surroundings.
 struct SpinnerElement {
-  Rect frame;
-  bool hidden = false;
-
   bool operator==(const SpinnerElement&) const = default;
 };
 
 /// A borderless push button showing a symbol; a click calls View::buttonClicked.
 struct ButtonElement {
-  Rect frame;
-  bool hidden = false;
   SymbolImage symbol;
   std::string toolTip;
 
@@ -62,17 +53,21 @@ struct ButtonElement {
 /// The platform's own one-line text field, with its bezel, background and focus ring. Its text is reached through
 /// ViewHost::textField.
 struct TextFieldElement {
-  Rect frame;
-  bool hidden = false;
   Font font;
 
   bool operator==(const TextFieldElement&) const = default;
 };
 
-using ViewElement = std::variant<TextElement, ImageElement, SpinnerElement, ButtonElement, TextFieldElement>;
+struct ViewElement {
+  Rect frame;  // in the view's coordinates
+  bool hidden = false;
+  std::variant<TextElement, ImageElement, SpinnerElement, ButtonElement, TextFieldElement> kind;
 
-/// All that a view shows, back to front: a background with rounded corners, then the elements. Frames are in the view's
-/// coordinates. A view's list keeps its length and the kinds in it, so that backends may keep a control per place.
+  bool operator==(const ViewElement&) const = default;
+};
+
+/// All that a view shows, back to front: a background with rounded corners, then the elements. A view's list keeps its
+/// length and the kinds in it, so that backends may keep a control per place.
 struct ViewContent {
   std::optional<Color> background;
   double cornerRadius = 0.0;

@@ -39,9 +39,8 @@ platform::TabPage PreferencesWindowController::makeDiagnosticsTab() {
   diagnosticsStatusLabel_ = {diagnosticsPage, page.add(secondaryLabel("", 11.0), textWidth)};
   page.add(secondaryLabel("Or run this in Terminal and paste the output:", 12.0));
   page.add(platform::SelectableTextControl{.text = diagnosticLogQuery(platform_.system()).command,
-                                           .font = {.family = platform::FontFamily::MonospacedSystem, .size = 11.0},
-                                           .accessibilityLabel = "Log command"},
-           textWidth);
+                                           .font = {.family = platform::FontFamily::MonospacedSystem, .size = 11.0}},
+           textWidth, "Log command");
   page.add(platform::PushButtonControl{.title = "Copy Command", .action = [this] { copyLogCommand(); }});
   return page.build("diagnostics", "Diagnostics");
 }

@@ -30,26 +30,17 @@ std::string accessibilityLabel(const std::string& label) {
   return name;
 }
 
-void setAccessibilityLabel(platform::Control& control, const std::string& name) {
-  std::visit(
-      [&name](auto& one) {
-        if constexpr (requires { one.accessibilityLabel; }) {
-          one.accessibilityLabel = name;
-        }
-      },
-      control);
-}
-
 }  // namespace
 
 std::size_t PageBuilder::add(platform::Control control) {
-  const double width = userInterface_.intrinsicSize(control).width;
-  return add(std::move(control), width);
+  const Size size = userInterface_.intrinsicSize(control);
+  rows_.push_back({Child{std::move(control), size}});
+  return count_++;
 }
 
-std::size_t PageBuilder::add(platform::Control control, double width) {
+std::size_t PageBuilder::add(platform::Control control, double width, std::string accessibilityLabel) {
   const Size size{width, userInterface_.intrinsicSize(control).height};
-  rows_.push_back({Child{std::move(control), size}});
+  rows_.push_back({Child{std::move(control), size, std::move(accessibilityLabel)}});
   return count_++;
 }
 
@@ -60,9 +51,8 @@ void PageBuilder::addRow(const std::string& label, platform::Control control, Ro
     rowLabel.wrapWidth = rowLabelWidth;
   }
   const Size labelSize{rowLabelWidth, userInterface_.intrinsicSize(rowLabel).height};
-  setAccessibilityLabel(control, accessibilityLabel(label));
   const Size size = controlSize(control, width);
-  rows_.push_back({Child{std::move(rowLabel), labelSize}, Child{std::move(control), size}});
+  rows_.push_back({Child{std::move(rowLabel), labelSize}, Child{std::move(control), size, accessibilityLabel(label)}});
   count_ += 2;
 }
 
@@ -99,7 +89,7 @@ platform::TabPage PageBuilder::build(std::string identifier, std::string label) 
       platform::Rect frame = rowStacks[row].frames[child];
       frame.origin.x += origin.x + page.frames[row].origin.x;
       frame.origin.y += origin.y + page.frames[row].origin.y;
-      result.controls.push_back({frame, rows_[row][child].control});
+      result.controls.push_back({frame, rows_[row][child].control, rows_[row][child].accessibilityLabel});
     }
   }
   return result;

@@ -22,8 +22,8 @@ class PageBuilder {
   /// Appends a control and returns its place in the page's list.
   std::size_t add(platform::Control control);
 
-  /// The same with a stated width, in points.
-  std::size_t add(platform::Control control, double width);
+  /// The same with a stated width, in points, and a name for assistive technology.
+  std::size_t add(platform::Control control, double width, std::string accessibilityLabel = {});
 
   /// Appends a label of fixed width with a control behind it. The label's text also names the control to assistive
   /// technology.
@@ -35,6 +35,7 @@ class PageBuilder {
   struct Child {
     platform::Control control;
     platform::Size size;
+    std::string accessibilityLabel = {};
   };
   using Row = std::vector<Child>;
 

@@ -11,6 +11,12 @@ std::vector<SpaceInfo> regularSpaces(const std::vector<SpaceInfo>& spaces) {
   return regular;
 }
 
+std::optional<std::size_t> positionOf(platform::SpaceID space, const std::vector<SpaceInfo>& spaces) {
+  const auto found = std::ranges::find(spaces, space, &SpaceInfo::spaceID);
+  return found == spaces.end() ? std::nullopt
+                               : std::optional(static_cast<std::size_t>(std::distance(spaces.begin(), found)));
+}
+
 }  // namespace roomlattice
 
 std::size_t std::hash<roomlattice::SpaceInfo>::operator()(const roomlattice::SpaceInfo& space) const noexcept {

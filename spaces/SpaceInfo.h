@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -26,11 +27,11 @@ struct SpaceInfo {
   bool operator==(const SpaceInfo&) const = default;
 };
 
-/// Which neighbour in the list of desktops: right is the next one.
-enum class ISSDirection { left = 0, right = 1 };
-
 /// The regular desktops of `spaces`, in list order.
 std::vector<SpaceInfo> regularSpaces(const std::vector<SpaceInfo>& spaces);
+
+/// The place in `spaces` of the first one with that identifier; nothing when there is none.
+std::optional<std::size_t> positionOf(platform::SpaceID space, const std::vector<SpaceInfo>& spaces);
 
 }  // namespace roomlattice
 

@@ -1,20 +1,47 @@
 #include "spaces/SpaceManager.h"
 
 #include "support/Installation.h"
+#include "support/Text.h"
 
 #include <algorithm>
+#include <chrono>
+#include <cstddef>
 #include <optional>
 #include <set>
 #include <utility>
 
 namespace roomlattice {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr const char* namesKey = "SpaceNames";
+constexpr const char* knownUUIDsKey = "KnownSpaceUUIDs";
+
+// No swipe begins before the one ahead of it has ended.
+constexpr platform::Duration spacingOf(SwitchStyle style) {
+  return style == SwitchStyle::Instant ? 50ms : 220ms;
+}
+
+}  // namespace
 
 SpaceManager& SpaceManager::shared() {
   return Installation::current().shared<SpaceManager>();
 }
 
-SpaceManager::SpaceManager(platform::Platform& platform) : platform_(platform) {
+SpaceManager::SpaceManager(platform::Platform& platform)
+    : platform_(platform),
+      swipes_(platform.events(), platform.dispatcher()),
+      tour_(swipes_, platform.dispatcher(), platform.notifications().workspaceCenter(), platform.system()) {
   loadNames();
+  tour_.onStart = [this] { post(tourWillStart); };
+  tour_.onEnd = [this] { post(tourDidEnd); };
+}
+
+void SpaceManager::loadNames() {
+  if (const std::optional<platform::Value> stored = platform_.defaults().object(namesKey)) {
+    names_ = stored->toStringDictionary().value_or(std::map<std::string, std::string>());
+  }
 }
 
 const SpaceInfo* SpaceManager::activeSpace() const {
@@ -49,6 +76,62 @@ void SpaceManager::rememberRegularSpaces() {
     }
   }
   platform_.defaults().set(knownUUIDsKey, platform::Value::Array(known.begin(), known.end()));
+}
+
+std::string SpaceManager::displayName(const SpaceInfo& space) const {
+  if (const auto name = names_.find(space.uuid); name != names_.end() && !name->second.empty()) {
+    return name->second;
+  }
+  // Numbers start anew on each display, unlike the order of switching, which runs across all of them.
+  int number = 0;
+  for (const SpaceInfo& other : spaces_) {
+    if (!other.isRegular() || other.displayUUID != space.displayUUID) {
+      continue;
+    }
+    ++number;
+    if (other == space) {
+      return "Desktop " + std::to_string(number);
+    }
+  }
+  return "Desktop";
+}
+
+void SpaceManager::setName(const std::string& name, const SpaceInfo& space) {
+  const std::string trimmed = trimWhitespace(name);
+  if (trimmed.empty()) {
+    names_.erase(space.uuid);
+  } else {
+    names_[space.uuid] = trimmed;
+  }
+  platform_.defaults().set(namesKey, platform::Value::Dictionary(names_.begin(), names_.end()));
+  post(didChange);
+}
+
+void SpaceManager::switchToSpace(const SpaceInfo& space, SwitchStyle style) {
+  const std::vector<SpaceInfo> regular = regularSpaces(spaces_);
+  const std::optional<std::size_t> active = positionOf(activeSpaceID_, regular);
+  const std::optional<std::size_t> target = positionOf(space.spaceID, regular);
+  if (!active || !target) {
+    return;
+  }
+  const auto direction = *target > *active ? platform::Direction::Right : platform::Direction::Left;
+  const std::size_t steps = std::max(*target, *active) - std::min(*target, *active);
+  for (std::size_t step = 0; step < steps; ++step) {
+    platform_.dispatcher().asyncAfter(spacingOf(style) * step,
+                                      lifetime_.guard([this, direction, style] { swipes_.post(direction, style); }));
+  }
+}
+
+void SpaceManager::performAutoTour(std::function<void()> completion) {
+  const std::vector<SpaceInfo> regular = regularSpaces(spaces_);
+  const std::optional<std::size_t> active = positionOf(activeSpaceID_, regular);
+  if (regular.size() < 2 || !active) {
+    if (completion) {
+      completion();
+    }
+    return;
+  }
+  tour_.start(DesktopTour::roundTrip(regular.size(), *active), std::move(completion));
 }
 
 void SpaceManager::post(std::string_view notification) {

@@ -1,13 +1,13 @@
 #pragma once
 
 #include "platform/Platform.h"
+#include "spaces/DesktopTour.h"
+#include "spaces/DockSwipePoster.h"
 #include "spaces/SpaceInfo.h"
 #include "support/Lifetime.h"
 
-#include <deque>
 #include <functional>
 #include <map>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -27,7 +27,7 @@ class SpaceManager {
   /// The instance of the installed platform, made on first use.
   static SpaceManager& shared();
 
-  /// For shared(); loads the names.
+  /// Loads the names.
   explicit SpaceManager(platform::Platform& platform);
 
   /// All desktops of all displays in the window server's order, those that are not regular included.
@@ -54,44 +54,24 @@ class SpaceManager {
   /// Moves to `space` from the active desktop by one Dock swipe for each regular desktop on the way, over all displays.
   /// All swipes are scheduled now and none is posted before this returns. Does nothing unless both desktops are regular
   /// ones of the list.
-  void switchToSpace(const SpaceInfo& space);
+  void switchToSpace(const SpaceInfo& space, SwitchStyle style);
 
   /// Visits every regular desktop and returns to the active one: to the last desktop, back to the first, and forward.
-  /// `completion` is called once: at the end, or from within this call when there is nothing to tour. Not to be called
-  /// while a tour runs.
+  /// `completion` is called once: at the end, or from within this call when there is nothing to tour. Another tour that
+  /// runs is replaced.
   void performAutoTour(std::function<void()> completion = {});
 
  private:
-  static constexpr const char* defaultsKey = "SpaceNames";
-  static constexpr const char* knownUUIDsKey = "KnownSpaceUUIDs";
-
   void loadNames();
   void rememberRegularSpaces();
   void post(std::string_view notification);
-
-  void animatedDockSwipe(ISSDirection direction);
-  void instantDockSwipe(ISSDirection direction);
-
-  void advanceTour();
-  void tourStepTimedOut(int step);
-  void tourSpaceArrived();
-  void endTour();
-  bool isCurrentTourStep(int step) const;
 
   platform::Platform& platform_;
   std::vector<SpaceInfo> spaces_;
   platform::SpaceID activeSpaceID_ = 0;
   std::map<std::string, std::string> names_;
-
-  std::deque<ISSDirection> tourQueue_;
-  std::function<void()> tourCompletion_;
-  // Set exactly while a tour runs.
-  platform::Registration tourObserver_;
-  // Counts from 1; deferred work compares it to learn that its step is over.
-  int tourStep_ = 0;
-  bool tourRetried_ = false;
-  std::optional<ISSDirection> currentTourDirection_;
-
+  DockSwipePoster swipes_;
+  DesktopTour tour_;
   Lifetime lifetime_;
 };
 

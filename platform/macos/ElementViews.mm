@@ -25,10 +25,10 @@ class ElementViewOf : public ElementView {
 };
 
 /// A label's cell keeps a margin around its text, whose frame is what the element states.
-NSRect frameAround(NSTextField* label, const TextElement& element) {
+NSRect frameAround(NSTextField* label, const TextElement& element, const Rect& frame) {
   const NSSize cell = [[label cell] cellSize];
   const Size text = textSize(element.text, element.font);
-  return NSInsetRect(toNSRect(element.frame), (text.width - cell.width) * 0.5, (text.height - cell.height) * 0.5);
+  return NSInsetRect(toNSRect(frame), (text.width - cell.width) * 0.5, (text.height - cell.height) * 0.5);
 }
 
 class TextElementView final : public ElementViewOf<NSTextField> {
@@ -39,13 +39,13 @@ class TextElementView final : public ElementViewOf<NSTextField> {
   }
 
   void update(const ViewElement& element) override {
-    const auto& text = std::get<TextElement>(element);
+    const auto& text = std::get<TextElement>(element.kind);
     [native() setStringValue:toNSString(text.text)];
     [native() setFont:toNSFont(text.font)];
     [native() setTextColor:toNSColor(text.color)];
     [native() setAlignment:text.alignment == TextAlignment::Center ? NSTextAlignmentCenter : NSTextAlignmentLeft];
-    [native() setFrame:frameAround(native(), text)];
-    [native() setHidden:text.hidden];
+    [native() setFrame:frameAround(native(), text, element.frame)];
+    [native() setHidden:element.hidden];
   }
 };
 
@@ -54,10 +54,10 @@ class ImageElementView final : public ElementViewOf<NSImageView> {
   ImageElementView() : ElementViewOf([[[NSImageView alloc] initWithFrame:NSZeroRect] autorelease]) {}
 
   void update(const ViewElement& element) override {
-    const auto& image = std::get<ImageElement>(element);
+    const auto& image = std::get<ImageElement>(element.kind);
     [native() setImage:toNSImage(image.image)];
-    [native() setFrame:toNSRect(image.frame)];
-    [native() setHidden:image.hidden];
+    [native() setFrame:toNSRect(element.frame)];
+    [native() setHidden:element.hidden];
   }
 };
 
@@ -73,9 +73,8 @@ class SpinnerElementView final : public ElementViewOf<NSProgressIndicator> {
   ~SpinnerElementView() override { [native() stopAnimation:nil]; }
 
   void update(const ViewElement& element) override {
-    const auto& spinner = std::get<SpinnerElement>(element);
-    [native() setFrame:toNSRect(spinner.frame)];
-    [native() setHidden:spinner.hidden];
+    [native() setFrame:toNSRect(element.frame)];
+    [native() setHidden:element.hidden];
   }
 };
 
@@ -93,14 +92,14 @@ class ButtonElementView final : public ElementViewOf<NSButton> {
   ~ButtonElementView() override { [native() setTarget:nil]; }
 
   void update(const ViewElement& element) override {
-    const auto& button = std::get<ButtonElement>(element);
+    const auto& button = std::get<ButtonElement>(element.kind);
     if (symbol_ != button.symbol) {
       symbol_ = button.symbol;
       [native() setImage:toNSImage(button.symbol)];
     }
     [native() setToolTip:toNSString(button.toolTip)];
-    [native() setFrame:toNSRect(button.frame)];
-    [native() setHidden:button.hidden];
+    [native() setFrame:toNSRect(element.frame)];
+    [native() setHidden:element.hidden];
   }
 
  private:
@@ -116,10 +115,10 @@ class TextFieldElementView final : public ElementView {
   MacTextField* textField() override { return &field_; }
 
   void update(const ViewElement& element) override {
-    const auto& field = std::get<TextFieldElement>(element);
+    const auto& field = std::get<TextFieldElement>(element.kind);
     [field_.get() setFont:toNSFont(field.font)];
-    [field_.get() setFrame:toNSRect(field.frame)];
-    [field_.get() setHidden:field.hidden];
+    [field_.get() setFrame:toNSRect(element.frame)];
+    [field_.get() setHidden:element.hidden];
   }
 
  private:
@@ -145,7 +144,7 @@ struct Maker {
 }  // namespace
 
 std::unique_ptr<ElementView> makeElementView(const ViewElement& element, View& view) {
-  std::unique_ptr<ElementView> made = std::visit(Maker{view}, element);
+  std::unique_ptr<ElementView> made = std::visit(Maker{view}, element.kind);
   made->update(element);
   return made;
 }

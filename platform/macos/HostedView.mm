@@ -109,7 +109,7 @@ void HostedView::viewChanged() {
 template <class Element>
 ElementView* HostedView::find() const {
   for (std::size_t i = 0; i < elements_.size(); ++i) {
-    if (std::holds_alternative<Element>(shown_.elements[i])) {
+    if (std::holds_alternative<Element>(shown_.elements[i].kind)) {
       return elements_[i].get();
     }
   }

@@ -52,6 +52,9 @@ NSTabViewItem* MacTabbedWindow::makePage(const TabPage& page) {
     natives.push_back(makeControl(placed.control));
     NSControl* made = natives.back().control.get();
     place(made, placed.frame);
+    if (!placed.accessibilityLabel.empty()) {
+      [made setAccessibilityLabel:toNSString(placed.accessibilityLabel)];
+    }
     // The tab view gives the page the room it has: its contents hang from the top.
     [made setAutoresizingMask:NSViewMinYMargin];
     [view addSubview:made];

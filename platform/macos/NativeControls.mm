@@ -62,23 +62,16 @@ struct Maker {
                                         maxValue:slider.maximum
                                           target:nil
                                           action:nullptr];
-    [native setAccessibilityLabel:toNSString(slider.accessibilityLabel)];
-    return connected(native, [action = slider.action](id sender) {
-      if (action) {
-        action([static_cast<NSSlider*>(sender) doubleValue]);
-      }
-    });
+    return connected(native,
+                     [action = slider.action](id sender) { action([static_cast<NSSlider*>(sender) doubleValue]); });
   }
 
   NativeControl operator()(const CheckBoxControl& box) const {
     NSButton* native = [NSButton checkboxWithTitle:toNSString(box.title) target:nil action:nullptr];
     [native setAllowsMixedState:box.state == CheckState::Mixed];
     [native setState:toState(box.state)];
-    return connected(native, [action = box.action](id sender) {
-      if (action) {
-        action(checkState([static_cast<NSButton*>(sender) state]));
-      }
-    });
+    return connected(native,
+                     [action = box.action](id sender) { action(checkState([static_cast<NSButton*>(sender) state])); });
   }
 
   NativeControl operator()(const PopUpControl& popUp) const {
@@ -87,11 +80,8 @@ struct Maker {
       [native addItemWithTitle:toNSString(item)];
     }
     [native selectItemAtIndex:popUp.selectedIndex];
-    [native setAccessibilityLabel:toNSString(popUp.accessibilityLabel)];
     return connected(native, [action = popUp.action](id sender) {
-      if (action) {
-        action(static_cast<int>([static_cast<NSPopUpButton*>(sender) indexOfSelectedItem]));
-      }
+      action(static_cast<int>([static_cast<NSPopUpButton*>(sender) indexOfSelectedItem]));
     });
   }
 
@@ -100,23 +90,16 @@ struct Maker {
     NSColorWell* native = [[[NSColorWell alloc] initWithFrame:frame] autorelease];
     [native setColor:toNSColor(well.color)];
     [native setTag:well.tag];
-    [native setAccessibilityLabel:toNSString(well.accessibilityLabel)];
     return connected(native, [action = well.action](id sender) {
-      if (action) {
-        NSColorWell* changed = sender;
-        action([changed tag], toColor([changed color]));
-      }
+      NSColorWell* changed = sender;
+      action([changed tag], toColor([changed color]));
     });
   }
 
   NativeControl operator()(const PushButtonControl& button) const {
     NSButton* native = [NSButton buttonWithTitle:toNSString(button.title) target:nil action:nullptr];
     [native setBezelStyle:NSBezelStyleRounded];
-    return connected(native, [action = button.action](id) {
-      if (action) {
-        action();
-      }
-    });
+    return connected(native, [action = button.action](id) { action(); });
   }
 
   NativeControl operator()(const SelectableTextControl& text) const {
@@ -126,7 +109,6 @@ struct Maker {
     [field setBezeled:YES];
     [field setBezelStyle:NSTextFieldRoundedBezel];
     [field setFont:toNSFont(text.font)];
-    [field setAccessibilityLabel:toNSString(text.accessibilityLabel)];
     return {.control = share<NSControl>(field), .action = {}};
   }
 };

@@ -1,7 +1,5 @@
 #include "platform/simulated/Dock.h"
 
-#include "platform/DockSwipe.h"
-
 #include <algorithm>
 #include <cmath>
 #include <utility>
@@ -13,22 +11,16 @@ namespace {
 constexpr double sufficientProgress = 0.5;
 constexpr double sufficientVelocity = 1.0;
 
-bool isBetweenDesktops(const Event& event) {
-  return isDockSwipe(event) && event.integer(EventField::SwipeAxis) == dockSwipe::horizontal;
-}
-
 Direction directionOf(double signedAmount) {
   return signedAmount < 0.0 ? Direction::Left : Direction::Right;
 }
 
 /// Nothing for a swipe that falls back to where it came from.
-std::optional<Direction> outcome(const Event& ended) {
-  const double velocity = ended.real(EventField::Velocity);
-  if (std::abs(velocity) >= sufficientVelocity) {
-    return directionOf(velocity);
+std::optional<Direction> outcome(const DockSwipe& ended) {
+  if (std::abs(ended.velocity) >= sufficientVelocity) {
+    return directionOf(ended.velocity);
   }
-  const double progress = ended.real(EventField::Progress);
-  return std::abs(progress) >= sufficientProgress ? std::optional(directionOf(progress)) : std::nullopt;
+  return std::abs(ended.progress) >= sufficientProgress ? std::optional(directionOf(ended.progress)) : std::nullopt;
 }
 
 }  // namespace
@@ -37,20 +29,21 @@ Dock::Dock(VirtualTime& time, SpaceList& spaces, Faults& faults, std::function<v
     : time_(time), spaces_(spaces), faults_(faults), spacesChanged_(std::move(spacesChanged)) {}
 
 void Dock::handle(const Event& event) {
-  if (!isBetweenDesktops(event)) {
+  const std::optional<DockSwipe> swipe = DockSwipe::read(event);
+  if (!swipe || swipe->axis != DockSwipe::Horizontal) {
     return;
   }
-  switch (event.integer(EventField::Phase)) {
-    case dockSwipe::Began:
-    case dockSwipe::Changed:
+  switch (swipe->phase) {
+    case DockSwipe::Began:
+    case DockSwipe::Changed:
       swiping_ = true;
       break;
-    case dockSwipe::Ended:
-      if (const auto direction = outcome(event); std::exchange(swiping_, false) && direction) {
+    case DockSwipe::Ended:
+      if (const auto direction = outcome(*swipe); std::exchange(swiping_, false) && direction) {
         complete(*direction);
       }
       break;
-    case dockSwipe::Cancelled:
+    case DockSwipe::Cancelled:
       swiping_ = false;
       break;
   }

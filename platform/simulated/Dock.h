@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Events.h"
+#include "platform/DockSwipe.h"
 #include "platform/simulated/Faults.h"
 #include "platform/simulated/SpaceList.h"
 #include "platform/simulated/VirtualTime.h"
@@ -9,9 +9,6 @@
 #include <optional>
 
 namespace roomlattice::platform::simulated {
-
-/// Right is towards the next space in list order.
-enum class Direction { Left, Right };
 
 /// Which spaces one swipe after the other visits. There is no wrap-around under either rule.
 enum class SwipeRule {

@@ -11,14 +11,15 @@ namespace {
 
 std::vector<std::size_t> kindsOf(const ViewContent& content) {
   std::vector<std::size_t> kinds;
-  std::ranges::transform(content.elements, std::back_inserter(kinds), &ViewElement::index);
+  std::ranges::transform(content.elements, std::back_inserter(kinds),
+                         [](const ViewElement& element) { return element.kind.index(); });
   return kinds;
 }
 
-const TextFieldElement* fieldOf(const ViewContent& content) {
+const ViewElement* fieldOf(const ViewContent& content) {
   for (const ViewElement& element : content.elements) {
-    if (const auto* field = std::get_if<TextFieldElement>(&element)) {
-      return field;
+    if (std::holds_alternative<TextFieldElement>(element.kind)) {
+      return &element;
     }
   }
   return nullptr;
@@ -45,7 +46,7 @@ void HostedView::viewChanged() {
   if (kindsOf(content) != kinds_) {
     fatal("a view changed the number or the kinds of its elements");
   }
-  const TextFieldElement* const field = fieldOf(content);
+  const ViewElement* const field = fieldOf(content);
   if (field != nullptr && field->hidden) {
     textField_->endEditing();
   }

@@ -7,15 +7,15 @@
 namespace roomlattice::platform::simulated {
 namespace {
 
-struct Naming {
-  std::string_view operator()(const LabelControl&) const { return {}; }
-  std::string_view operator()(const CheckBoxControl& box) const { return box.title; }
-  std::string_view operator()(const PushButtonControl& button) const { return button.title; }
-  template <class Labelled>
-  std::string_view operator()(const Labelled& control) const {
-    return control.accessibilityLabel;
+std::string_view nameOf(const PlacedControl& placed) {
+  if (const auto* const box = std::get_if<CheckBoxControl>(&placed.control)) {
+    return box->title;
   }
-};
+  if (const auto* const button = std::get_if<PushButtonControl>(&placed.control)) {
+    return button->title;
+  }
+  return placed.accessibilityLabel;
+}
 
 bool isLabel(const Control& control, std::string_view text) {
   const auto* const label = std::get_if<LabelControl>(&control);
@@ -55,7 +55,7 @@ std::optional<ControlReference> SimulatedTabbedWindow::find(std::string_view tex
   for (std::size_t page = 0; page < model_.pages.size(); ++page) {
     const std::vector<PlacedControl>& controls = model_.pages[page].controls;
     for (std::size_t index = 0; index < controls.size(); ++index) {
-      if (!text.empty() && std::visit(Naming(), controls[index].control) == text) {
+      if (!text.empty() && nameOf(controls[index]) == text) {
         return ControlReference{page, index};
       }
       if (!inRow && isLabel(controls[index].control, text) && index + 1 < controls.size()) {
@@ -69,9 +69,7 @@ std::optional<ControlReference> SimulatedTabbedWindow::find(std::string_view tex
 void SimulatedTabbedWindow::slide(ControlReference slider, double value) {
   auto& control = edit<SliderControl>(slider);
   control.value = std::clamp(value, control.minimum, control.maximum);
-  if (control.action) {
-    control.action(control.value);
-  }
+  control.action(control.value);
 }
 
 void SimulatedTabbedWindow::toggle(ControlReference checkBox) {
@@ -81,30 +79,24 @@ void SimulatedTabbedWindow::toggle(ControlReference checkBox) {
 void SimulatedTabbedWindow::check(ControlReference checkBox, CheckState state) {
   auto& control = edit<CheckBoxControl>(checkBox);
   control.state = state;
-  if (control.action) {
-    control.action(state);
-  }
+  control.action(state);
 }
 
 void SimulatedTabbedWindow::choose(ControlReference popUp, int index) {
   auto& control = edit<PopUpControl>(popUp);
   control.selectedIndex = index;
-  if (control.action) {
-    control.action(index);
-  }
+  control.action(index);
 }
 
 void SimulatedTabbedWindow::pickColor(ControlReference colorWell, const Color& color) {
   auto& control = edit<ColorWellControl>(colorWell);
   control.color = color;
-  if (control.action) {
-    control.action(control.tag, color);
-  }
+  control.action(control.tag, color);
 }
 
 void SimulatedTabbedWindow::push(ControlReference button) {
   const auto& control = edit<PushButtonControl>(button);
-  if (isEnabled(button) && control.action) {
+  if (isEnabled(button)) {
     control.action();
   }
 }

@@ -26,14 +26,9 @@ FieldEvent inputEvent(std::int64_t type) {
   return event;
 }
 
-FieldEvent swipeEvent(dockSwipe::Phase phase, SwipeMotion motion) {
-  FieldEvent event = inputEvent(dockSwipe::eventKind);
-  event.setInteger(EventField::GestureKind, dockSwipe::gestureKind);
-  event.setInteger(EventField::SwipeAxis, dockSwipe::horizontal);
-  event.setInteger(EventField::Phase, phase);
-  event.setReal(EventField::Progress, motion.progress);
-  event.setReal(EventField::Velocity, motion.velocity);
-  event.setReal(EventField::SecondaryVelocity, motion.velocity);
+FieldEvent swipeEvent(DockSwipe::Phase phase, SwipeMotion motion) {
+  FieldEvent event;
+  DockSwipe{.phase = phase, .progress = motion.progress, .velocity = motion.velocity}.write(event);
   return event;
 }
 
@@ -43,8 +38,8 @@ Point middle(const Rect& rect) {
 
 Rect buttonFrame(const View& view) {
   for (const ViewElement& element : view.content().elements) {
-    if (const auto* button = std::get_if<ButtonElement>(&element); button != nullptr && !button->hidden) {
-      return button->frame;
+    if (std::holds_alternative<ButtonElement>(element.kind) && !element.hidden) {
+      return element.frame;
     }
   }
   fatal("the row shows no button");
@@ -54,18 +49,18 @@ Rect buttonFrame(const View& view) {
 
 void SimulatedUser::swipes(Direction direction) {
   constexpr int moves = 4;
-  const double sign = direction == Direction::Right ? 1.0 : -1.0;
-  const auto later = [&desktop = desktop_](int step, dockSwipe::Phase phase, SwipeMotion motion) {
+  const double sign = signOf(direction);
+  const auto later = [&desktop = desktop_](int step, DockSwipe::Phase phase, SwipeMotion motion) {
     desktop.after(swipePace * step, [&desktop, phase, motion] { desktop.events().pass(swipeEvent(phase, motion)); });
   };
-  movesFingers(dockSwipe::Began, {.progress = sign * 0.01, .velocity = sign * 0.5});
+  movesFingers(DockSwipe::Began, {.progress = sign * 0.01, .velocity = sign * 0.5});
   for (int move = 1; move <= moves; ++move) {
-    later(move, dockSwipe::Changed, {.progress = sign * move / moves, .velocity = sign * 1.5});
+    later(move, DockSwipe::Changed, {.progress = sign * move / moves, .velocity = sign * 1.5});
   }
-  later(moves + 1, dockSwipe::Ended, {.progress = sign, .velocity = sign * 1.5});
+  later(moves + 1, DockSwipe::Ended, {.progress = sign, .velocity = sign * 1.5});
 }
 
-void SimulatedUser::movesFingers(dockSwipe::Phase phase, SwipeMotion motion) {
+void SimulatedUser::movesFingers(DockSwipe::Phase phase, SwipeMotion motion) {
   desktop_.events().pass(swipeEvent(phase, motion));
 }
 

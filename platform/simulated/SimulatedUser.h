@@ -27,7 +27,7 @@ class SimulatedUser {
   /// arrives 290 ms from now.
   void swipes(Direction direction);
   /// One event of a swipe.
-  void movesFingers(dockSwipe::Phase phase, SwipeMotion motion);
+  void movesFingers(DockSwipe::Phase phase, SwipeMotion motion);
 
   // --- Pointer; points are in screen coordinates
   void movesPointerTo(Point point);

@@ -103,7 +103,7 @@ std::vector<std::string> SimulatedWindow::texts() const {
     return texts;
   }
   for (const ViewElement& element : view_->content().elements) {
-    if (const auto* text = std::get_if<TextElement>(&element); text != nullptr && !text->hidden) {
+    if (const auto* text = std::get_if<TextElement>(&element.kind); text != nullptr && !element.hidden) {
       texts.push_back(text->text);
     }
   }

@@ -17,7 +17,7 @@
 namespace roomlattice::tests {
 namespace {
 
-namespace dockSwipe = platform::dockSwipe;
+using platform::DockSwipe;
 
 using platform::simulated::SimulatedWindow;
 using ::testing::ElementsAre;
@@ -190,7 +190,7 @@ TEST_F(AppDelegateOfOneDesktopTest, HasNothingToTour) {
 
 TEST_F(AppDelegateTest, ShowsTheLabelAheadOfASwipeBeforeTheTour) {
   startProgram();
-  user.movesFingers(dockSwipe::Began, {.progress = 0.1, .velocity = 0.5});
+  user.movesFingers(DockSwipe::Began, {.progress = 0.1, .velocity = 0.5});
   desktop.advance(0s);
   EXPECT_THAT(labelsShown(), ElementsAre("Desktop 2"));
 }
@@ -198,7 +198,7 @@ TEST_F(AppDelegateTest, ShowsTheLabelAheadOfASwipeBeforeTheTour) {
 TEST_F(AppDelegateTest, HandsTheDirectionOfASwipeOn) {
   desktop.switchTo(desktop.desktopAt(1));
   startProgram();
-  user.movesFingers(dockSwipe::Began, {.progress = -0.1, .velocity = -0.5});
+  user.movesFingers(DockSwipe::Began, {.progress = -0.1, .velocity = -0.5});
   desktop.advance(0s);
   EXPECT_THAT(labelsShown(), ElementsAre("Desktop 1"));
 }
@@ -260,7 +260,7 @@ TEST_F(AppDelegateTest, DoesNothingOnceItHasGone) {
   {
     AppDelegate delegate(platform());
     delegate.applicationDidFinishLaunching();
-    user.movesFingers(dockSwipe::Began, {.progress = 0.1, .velocity = 0.5});
+    user.movesFingers(DockSwipe::Began, {.progress = 0.1, .velocity = 0.5});
     user.movesPointerTo(corner);
   }
   desktop.advance(60s);

@@ -10,12 +10,12 @@
 namespace roomlattice::tests {
 namespace {
 
+using platform::DockSwipe;
 using platform::Event;
 using platform::EventField;
 using platform::SpaceID;
 using platform::Value;
 using platform::WindowServer;
-namespace dockSwipe = platform::dockSwipe;
 
 /// What a dictionary has under a key; null for what is no dictionary.
 const Value* member(const Value& value, const std::string& key) {
@@ -54,16 +54,10 @@ class WindowServerConformance : public ConformanceTest {
     return all;
   }
 
-  void postSwipe(dockSwipe::Phase phase, double progress) {
+  void postSwipe(DockSwipe::Phase phase, double progress) {
     const std::unique_ptr<Event> event = platform().events().createEvent();
     ASSERT_NE(event, nullptr);
-    event->setInteger(EventField::Kind, dockSwipe::eventKind);
-    event->setInteger(EventField::GestureKind, dockSwipe::gestureKind);
-    event->setInteger(EventField::Phase, phase);
-    event->setReal(EventField::Progress, progress);
-    event->setInteger(EventField::SwipeAxis, dockSwipe::horizontal);
-    event->setReal(EventField::Velocity, 400.0);
-    event->setReal(EventField::SecondaryVelocity, 400.0);
+    DockSwipe{.phase = phase, .progress = progress, .velocity = 400.0}.write(*event);
     platform().events().post(*event);
   }
 };
@@ -110,9 +104,9 @@ TEST_F(WindowServerConformance, GoesToTheNextDesktopForACompletedSwipeAndTellsTh
   int changes = 0;
   const platform::Registration observer = platform().notifications().workspaceCenter().observe(
       platform::notification::activeSpaceDidChange, [&] { ++changes; });
-  postSwipe(dockSwipe::Began, 0.001);
-  postSwipe(dockSwipe::Changed, 0.5);
-  postSwipe(dockSwipe::Ended, 1.0);
+  postSwipe(DockSwipe::Began, 0.001);
+  postSwipe(DockSwipe::Changed, 0.5);
+  postSwipe(DockSwipe::Ended, 1.0);
   EXPECT_TRUE(runUntil([&] { return changes > 0 && server().activeSpace() == all[1]; }));
 }
 

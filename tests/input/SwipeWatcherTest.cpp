@@ -13,7 +13,7 @@
 namespace roomlattice::tests {
 namespace {
 
-namespace dockSwipe = platform::dockSwipe;
+using platform::DockSwipe;
 
 using platform::EventField;
 using platform::simulated::SwipeMotion;
@@ -28,11 +28,11 @@ class SwipeWatcherTest : public SimulatedFixture {
  protected:
   void startWatcher() {
     watcher.emplace(platform());
-    watcher->onSwipeBegan = [this](bool isRight) { reported.push_back(isRight); };
+    watcher->onSwipeBegan = [this](platform::Direction direction) { reported.push_back(direction); };
     watcher->start();
   }
 
-  void moves(dockSwipe::Phase phase, const SwipeMotion& motion) {
+  void moves(DockSwipe::Phase phase, const SwipeMotion& motion) {
     user.movesFingers(phase, motion);
     desktop.advance(0s);
   }
@@ -51,7 +51,7 @@ class SwipeWatcherTest : public SimulatedFixture {
     desktop.advance(0s);
   }
 
-  std::vector<bool> reported;
+  std::vector<platform::Direction> reported;
   std::optional<SwipeWatcher> watcher;
 };
 
@@ -59,7 +59,7 @@ TEST_F(SwipeWatcherTest, ReportsAWholeSwipeOnce) {
   startWatcher();
   user.swipes(Right);
   desktop.advance(1s);
-  EXPECT_THAT(reported, ElementsAre(true));
+  EXPECT_THAT(reported, ElementsAre(Right));
 }
 
 TEST_F(SwipeWatcherTest, ReportsEachOfSeveralSwipes) {
@@ -68,37 +68,37 @@ TEST_F(SwipeWatcherTest, ReportsEachOfSeveralSwipes) {
     user.swipes(direction);
     desktop.advance(1s);
   }
-  EXPECT_THAT(reported, ElementsAre(true, false, false));
+  EXPECT_THAT(reported, ElementsAre(Right, Left, Left));
 }
 
 TEST_F(SwipeWatcherTest, ReportsOnALaterTurn) {
   startWatcher();
-  user.movesFingers(dockSwipe::Began, toTheRight);
+  user.movesFingers(DockSwipe::Began, toTheRight);
   EXPECT_THAT(reported, IsEmpty());
   desktop.advance(0s);
-  EXPECT_THAT(reported, ElementsAre(true));
+  EXPECT_THAT(reported, ElementsAre(Right));
 }
 
 TEST_F(SwipeWatcherTest, TakesTheDirectionFromTheVelocityOrElseFromTheProgress) {
   constexpr double tiny = std::numeric_limits<double>::denorm_min();
   struct Row {
     SwipeMotion motion;
-    bool isRight;
+    platform::Direction direction;
   };
   const std::vector<Row> rows = {
-      {{.progress = 0.3, .velocity = 1.0}, true},    {{.progress = -0.3, .velocity = 1.0}, true},
-      {{.progress = 0.3, .velocity = -1.0}, false},  {{.progress = -0.3, .velocity = -1.0}, false},
-      {{.progress = 0.3, .velocity = 0.0}, true},    {{.progress = -0.3, .velocity = 0.0}, false},
-      {{.progress = 0.0, .velocity = 0.0}, true},    {{.progress = -0.0, .velocity = -0.0}, true},
-      {{.progress = -0.3, .velocity = -0.0}, false}, {{.progress = 0.3, .velocity = -tiny}, false},
-      {{.progress = -0.3, .velocity = tiny}, true},  {{.progress = -tiny, .velocity = 0.0}, false},
+      {{.progress = 0.3, .velocity = 1.0}, Right},   {{.progress = -0.3, .velocity = 1.0}, Right},
+      {{.progress = 0.3, .velocity = -1.0}, Left},   {{.progress = -0.3, .velocity = -1.0}, Left},
+      {{.progress = 0.3, .velocity = 0.0}, Right},   {{.progress = -0.3, .velocity = 0.0}, Left},
+      {{.progress = 0.0, .velocity = 0.0}, Right},   {{.progress = -0.0, .velocity = -0.0}, Right},
+      {{.progress = -0.3, .velocity = -0.0}, Left},  {{.progress = 0.3, .velocity = -tiny}, Left},
+      {{.progress = -0.3, .velocity = tiny}, Right}, {{.progress = -tiny, .velocity = 0.0}, Left},
   };
   startWatcher();
   for (const Row& row : rows) {
     reported.clear();
-    moves(dockSwipe::Began, row.motion);
-    EXPECT_THAT(reported, ElementsAre(row.isRight)) << row.motion.progress << " " << row.motion.velocity;
-    moves(dockSwipe::Ended, row.motion);
+    moves(DockSwipe::Began, row.motion);
+    EXPECT_THAT(reported, ElementsAre(row.direction)) << row.motion.progress << " " << row.motion.velocity;
+    moves(DockSwipe::Ended, row.motion);
   }
 }
 
@@ -109,32 +109,32 @@ TEST_F(SwipeWatcherTest, TakesTheFirstOfTheTwoVelocities) {
   event.setReal(static_cast<EventField>(130), 0.5);
   event.setReal(static_cast<EventField>(124), 0.5);
   passes(event);
-  EXPECT_THAT(reported, ElementsAre(false));
+  EXPECT_THAT(reported, ElementsAre(Left));
 }
 
 TEST_F(SwipeWatcherTest, MakesALostBeginningGoodByTheFirstChange) {
   startWatcher();
-  moves(dockSwipe::Changed, toTheLeft);
-  moves(dockSwipe::Changed, toTheRight);
-  EXPECT_THAT(reported, ElementsAre(false));
+  moves(DockSwipe::Changed, toTheLeft);
+  moves(DockSwipe::Changed, toTheRight);
+  EXPECT_THAT(reported, ElementsAre(Left));
 }
 
 TEST_F(SwipeWatcherTest, ReportsOnlyTheFirstOfTwoSwipesWithoutAnEndBetween) {
   startWatcher();
-  moves(dockSwipe::Began, toTheRight);
-  moves(dockSwipe::Changed, toTheRight);
-  moves(dockSwipe::Began, toTheLeft);
-  EXPECT_THAT(reported, ElementsAre(true));
+  moves(DockSwipe::Began, toTheRight);
+  moves(DockSwipe::Changed, toTheRight);
+  moves(DockSwipe::Began, toTheLeft);
+  EXPECT_THAT(reported, ElementsAre(Right));
 }
 
 TEST_F(SwipeWatcherTest, IsReadyAgainAfterTheEndOrTheCancellation) {
   startWatcher();
-  for (const dockSwipe::Phase end : {dockSwipe::Ended, dockSwipe::Cancelled}) {
+  for (const DockSwipe::Phase end : {DockSwipe::Ended, DockSwipe::Cancelled}) {
     reported.clear();
-    moves(dockSwipe::Began, toTheRight);
+    moves(DockSwipe::Began, toTheRight);
     moves(end, toTheRight);
-    moves(dockSwipe::Began, toTheLeft);
-    EXPECT_THAT(reported, ElementsAre(true, false));
+    moves(DockSwipe::Began, toTheLeft);
+    EXPECT_THAT(reported, ElementsAre(Right, Left));
     moves(end, toTheLeft);
   }
 }
@@ -143,20 +143,20 @@ TEST_F(SwipeWatcherTest, TakesNoOtherPhaseForABeginningOrAnEnd) {
   startWatcher();
   for (const std::int64_t phase : {0, 3, 5, 6, 16, 32, 128, -1}) {
     reported.clear();
-    moves(static_cast<dockSwipe::Phase>(phase), toTheRight);
+    moves(static_cast<DockSwipe::Phase>(phase), toTheRight);
     EXPECT_THAT(reported, IsEmpty()) << phase;
-    moves(dockSwipe::Began, toTheRight);
-    moves(static_cast<dockSwipe::Phase>(phase), toTheRight);
-    moves(dockSwipe::Changed, toTheRight);
-    EXPECT_THAT(reported, ElementsAre(true)) << phase;
-    moves(dockSwipe::Ended, toTheRight);
+    moves(DockSwipe::Began, toTheRight);
+    moves(static_cast<DockSwipe::Phase>(phase), toTheRight);
+    moves(DockSwipe::Changed, toTheRight);
+    EXPECT_THAT(reported, ElementsAre(Right)) << phase;
+    moves(DockSwipe::Ended, toTheRight);
   }
 }
 
 TEST_F(SwipeWatcherTest, EndsOfNothingAreHarmless) {
   startWatcher();
-  moves(dockSwipe::Ended, toTheRight);
-  moves(dockSwipe::Cancelled, toTheRight);
+  moves(DockSwipe::Ended, toTheRight);
+  moves(DockSwipe::Cancelled, toTheRight);
   EXPECT_THAT(reported, IsEmpty());
 }
 
@@ -174,7 +174,7 @@ TEST_F(SwipeWatcherTest, CountsOnlyDockSwipesThatNoProcessPosted) {
     EXPECT_THAT(reported, IsEmpty()) << static_cast<int>(field) << "=" << value;
   }
   passes(swipeBeginning());
-  EXPECT_THAT(reported, ElementsAre(true));
+  EXPECT_THAT(reported, ElementsAre(Right));
 }
 
 TEST_F(SwipeWatcherTest, LetsNoProcessEndTheUsersSwipe) {
@@ -185,14 +185,14 @@ TEST_F(SwipeWatcherTest, LetsNoProcessEndTheUsersSwipe) {
   end.setInteger(EventField::SourceProcessID, 1);
   passes(end);
   passes(swipeBeginning());
-  EXPECT_THAT(reported, ElementsAre(true));
+  EXPECT_THAT(reported, ElementsAre(Right));
 }
 
 TEST_F(SwipeWatcherTest, DoesNotHearTheProgramsOwnSwipes) {
   startWatcher();
   SpaceManager& manager = SpaceManager::shared();
   manager.update({{.spaceID = desktop.desktopAt(0)}, {.spaceID = desktop.desktopAt(1)}}, desktop.desktopAt(0));
-  manager.switchToSpace(manager.spaces().at(1));
+  manager.switchToSpace(manager.spaces().at(1), SwitchStyle::Animated);
   desktop.advance(1s);
   EXPECT_EQ(desktop.activeSpace(), desktop.desktopAt(1));
   EXPECT_THAT(reported, IsEmpty());
@@ -221,8 +221,8 @@ TEST_F(SwipeWatcherTest, CanBeStartedOnceThePermissionIsGiven) {
   startWatcher();
   desktop.faults.accessibilityDenied = false;
   watcher->start();
-  moves(dockSwipe::Began, toTheRight);
-  EXPECT_THAT(reported, ElementsAre(true));
+  moves(DockSwipe::Began, toTheRight);
+  EXPECT_THAT(reported, ElementsAre(Right));
 }
 
 TEST_F(SwipeWatcherTest, StartsOnce) {
@@ -230,8 +230,8 @@ TEST_F(SwipeWatcherTest, StartsOnce) {
   desktop.faults.accessibilityDenied = true;
   watcher->start();
   desktop.faults.accessibilityDenied = false;
-  moves(dockSwipe::Began, toTheRight);
-  EXPECT_THAT(reported, ElementsAre(true));
+  moves(DockSwipe::Began, toTheRight);
+  EXPECT_THAT(reported, ElementsAre(Right));
   EXPECT_THAT(desktop.log().texts(), IsEmpty());
 }
 
@@ -240,23 +240,23 @@ TEST_F(SwipeWatcherTest, HearsOnAfterTheSystemDisabledTheTap) {
   for (const TapDisabling cause : {TapDisabling::ByTimeout, TapDisabling::ByUserInput}) {
     reported.clear();
     desktop.events().disableTaps(cause);
-    moves(dockSwipe::Began, toTheRight);
-    EXPECT_THAT(reported, ElementsAre(true));
-    moves(dockSwipe::Ended, toTheRight);
+    moves(DockSwipe::Began, toTheRight);
+    EXPECT_THAT(reported, ElementsAre(Right));
+    moves(DockSwipe::Ended, toTheRight);
   }
 }
 
 TEST_F(SwipeWatcherTest, RemembersTheSwipeWhileTheTapIsDisabled) {
   startWatcher();
-  moves(dockSwipe::Began, toTheRight);
+  moves(DockSwipe::Began, toTheRight);
   desktop.events().disableTaps(TapDisabling::ByTimeout);
-  moves(dockSwipe::Changed, toTheRight);
-  EXPECT_THAT(reported, ElementsAre(true));
+  moves(DockSwipe::Changed, toTheRight);
+  EXPECT_THAT(reported, ElementsAre(Right));
 }
 
 TEST_F(SwipeWatcherTest, ReportsNothingOnceItHasGone) {
   startWatcher();
-  user.movesFingers(dockSwipe::Began, toTheRight);
+  user.movesFingers(DockSwipe::Began, toTheRight);
   watcher.reset();
   desktop.advance(1s);
   user.swipes(Left);

@@ -52,7 +52,7 @@ TEST_F(SignPriming, PutsTheOtherLabelsBackEveryHalfSecond) {
 
 TEST_F(SignPriming, TicksForTheFirstTimeHalfASecondAfterTheStart) {
   startLabels();
-  signs->handleSwipeBegan(true);
+  signs->handleSwipeBegan(Right);
   signs->showAll();
   signs->hideAll();
   desktop.advance(500ms - 1ns);
@@ -92,7 +92,7 @@ TEST_F(SignPriming, WritesNothingInTheSteadyStateWithoutSwipeMode) {
 TEST_F(SignPriming, NeverTouchesTheLabelInFront) {
   startVisitedLabels();
   desktop.switchTo(desktop.desktopAt(1));
-  signs->handleSwipeBegan(true);
+  signs->handleSwipeBegan(Right);
   const int before = label(1).writes().alpha;
   desktop.advance(60s);
   wakes();
@@ -122,7 +122,7 @@ TEST_F(SignPriming, FollowsThePreferredOpacityWithinHalfASecond) {
 
 TEST_F(SignPriming, PrimesALabelThatASwipeMade) {
   startLabels();
-  signs->handleSwipeBegan(true);
+  signs->handleSwipeBegan(Right);
   preferences().setSignSwipeAlpha(0.3);
   desktop.advance(500ms);
   EXPECT_EQ(alpha(1), 0.3);
@@ -144,7 +144,7 @@ TEST_F(SignPriming, TicksOnPunctuallyAfterTheMainThreadWasBusy) {
 TEST_F(SignPriming, HidesEveryLabelWithinHalfASecondOnceSwipeModeIsOff) {
   startVisitedLabels();
   desktop.switchTo(desktop.desktopAt(1));
-  signs->handleSwipeBegan(true);
+  signs->handleSwipeBegan(Right);
   preferences().setShowSignInSwipeMode(false);
   EXPECT_THAT(alphas(), ElementsAre(0.78, 0.78, 0.78));
   desktop.advance(500ms);

@@ -29,7 +29,7 @@ TEST_F(SignSwipe, ShowsTheOtherLabelsAtOnceWhenASwipeBegins) {
   showAllFully();
   signs->hideAll();
   desktop.advance(200ms);
-  signs->handleSwipeBegan(true);
+  signs->handleSwipeBegan(Right);
   EXPECT_THAT(alphas(), ElementsAre(0.0, 0.78, 0.78));
   desktop.advance(290ms);
   EXPECT_THAT(alphas(), ElementsAre(0.0, 0.78, 0.78));
@@ -39,7 +39,7 @@ TEST_F(SignSwipe, LeavesNoFadeOfTheOthersRunning) {
   startBetweenTicks();
   showAllFully();
   signs->hideAll();
-  signs->handleSwipeBegan(true);
+  signs->handleSwipeBegan(Right);
   EXPECT_FALSE(label(1).isAnimating());
   EXPECT_FALSE(label(2).isAnimating());
 }
@@ -47,14 +47,14 @@ TEST_F(SignSwipe, LeavesNoFadeOfTheOthersRunning) {
 TEST_F(SignSwipe, ShowsThemAtThePreferredOpacity) {
   startBetweenTicks();
   preferences().setSignSwipeAlpha(0.25);
-  signs->handleSwipeBegan(false);
+  signs->handleSwipeBegan(Left);
   EXPECT_THAT(alphas(), ElementsAre(0.0, 0.25, 0.25));
 }
 
 TEST_F(SignSwipe, SwipesChangeNothingWhereSwipeModeIsOff) {
   startLabels();
   preferences().setShowSignInSwipeMode(false);
-  signs->handleSwipeBegan(true);
+  signs->handleSwipeBegan(Right);
   EXPECT_THAT(labels(), SizeIs(1));
   EXPECT_EQ(alpha(0), 0.0);
 }
@@ -62,17 +62,17 @@ TEST_F(SignSwipe, SwipesChangeNothingWhereSwipeModeIsOff) {
 TEST_F(SignSwipe, SwipesChangeNothingDuringATour) {
   startLabels();
   post(SpaceManager::tourWillStart);
-  signs->handleSwipeBegan(true);
+  signs->handleSwipeBegan(Right);
   EXPECT_THAT(labels(), SizeIs(1));
   post(SpaceManager::tourDidEnd);
-  signs->handleSwipeBegan(true);
+  signs->handleSwipeBegan(Right);
   EXPECT_THAT(labels(), SizeIs(2));
 }
 
 TEST_F(SignSwipe, SwipesBringFullyShownLabelsToTheSwipeOpacityAndGoOnShowing) {
   startBetweenTicks();
   showAllFully();
-  signs->handleSwipeBegan(true);
+  signs->handleSwipeBegan(Right);
   EXPECT_THAT(alphas(), ElementsAre(0.0, 0.78, 0.78));
   desktop.advance(14500ms);
   desktop.advance(175ms);
@@ -81,7 +81,7 @@ TEST_F(SignSwipe, SwipesBringFullyShownLabelsToTheSwipeOpacityAndGoOnShowing) {
 
 TEST_F(SignSwipe, StopsAFlashThatHasNotBegunWhenASwipeBegins) {
   arriveOnTheSecond();
-  signs->handleSwipeBegan(true);
+  signs->handleSwipeBegan(Right);
   desktop.advance(10s);
   EXPECT_EQ(alpha(1), 0.78);
 }
@@ -89,7 +89,7 @@ TEST_F(SignSwipe, StopsAFlashThatHasNotBegunWhenASwipeBegins) {
 TEST_F(SignSwipe, LetsAFlashThatHasBegunGoOnWhenASwipeBegins) {
   arriveOnTheSecond();
   desktop.advance(250ms);
-  signs->handleSwipeBegan(true);
+  signs->handleSwipeBegan(Right);
   EXPECT_DOUBLE_EQ(alpha(1), 0.39);
   desktop.advance(250ms);
   EXPECT_EQ(alpha(1), 0.0);
@@ -102,7 +102,7 @@ TEST_F(SignSwipe, SwipesShowDismissedLabelsAsWell) {
   ASSERT_EQ(alpha(1), 0.0);
   double afterSwipe = -1.0;
   beforeLabelsHearOfAChange = [&] {
-    signs->handleSwipeBegan(false);
+    signs->handleSwipeBegan(Left);
     afterSwipe = alpha(1);
   };
   desktop.switchTo(desktop.desktopAt(0));
@@ -111,10 +111,10 @@ TEST_F(SignSwipe, SwipesShowDismissedLabelsAsWell) {
 
 TEST_F(SignSwipe, SwipesPastTheFirstOrTheLastDesktopMakeNoLabel) {
   startLabels();
-  signs->handleSwipeBegan(false);
+  signs->handleSwipeBegan(Left);
   EXPECT_THAT(labels(), SizeIs(1));
   desktop.switchTo(desktop.desktopAt(2));
-  signs->handleSwipeBegan(true);
+  signs->handleSwipeBegan(Right);
   EXPECT_THAT(labels(), SizeIs(2));
   EXPECT_EQ(alpha(0), 0.78);
 }
@@ -122,7 +122,7 @@ TEST_F(SignSwipe, SwipesPastTheFirstOrTheLastDesktopMakeNoLabel) {
 TEST_F(SignSwipe, MakesTheLabelAheadOfASwipeToTheRight) {
   startLabels();
   preferences().setSignSwipeAlpha(0.5);
-  signs->handleSwipeBegan(true);
+  signs->handleSwipeBegan(Right);
   ASSERT_THAT(labels(), SizeIs(2));
   const SimulatedWindow& made = label(1);
   EXPECT_EQ(made.alpha(), 0.5);
@@ -138,22 +138,22 @@ TEST_F(SignSwipe, MakesTheLabelAheadOfASwipeToTheRight) {
 TEST_F(SignSwipe, MakesTheLabelAheadOfASwipeToTheLeft) {
   desktop.switchTo(desktop.desktopAt(2));
   startLabels();
-  signs->handleSwipeBegan(false);
+  signs->handleSwipeBegan(Left);
   EXPECT_EQ(label(1).spaces(), std::set<SpaceID>{desktop.desktopAt(1)});
   EXPECT_EQ(labelOn(desktop.desktopAt(0)), nullptr);
 }
 
 TEST_F(SignSwipe, MakesNoSecondLabelAheadOfASwipe) {
   startLabels();
-  signs->handleSwipeBegan(true);
-  signs->handleSwipeBegan(true);
+  signs->handleSwipeBegan(Right);
+  signs->handleSwipeBegan(Right);
   EXPECT_THAT(labels(), SizeIs(2));
 }
 
 TEST_F(SignSwipe, MakesNoLabelForAFullScreenSpaceAheadOfASwipe) {
   const SpaceID space = desktop.addDesktop(NewSpace{.type = fullScreen, .position = 1});
   startLabels();
-  signs->handleSwipeBegan(true);
+  signs->handleSwipeBegan(Right);
   EXPECT_EQ(labelOn(space), nullptr);
   EXPECT_NE(labelOn(desktop.desktopAt(1)), nullptr);
 }
@@ -162,14 +162,14 @@ TEST_F(SignSwipe, LooksBeyondTheEdgeOfTheDisplayForTheDesktopAhead) {
   desktop.addDisplay("Display 2", 2);
   desktop.switchTo(desktop.desktopAt(2));
   startLabels();
-  signs->handleSwipeBegan(true);
+  signs->handleSwipeBegan(Right);
   EXPECT_NE(labelOn(desktop.desktopAt(3)), nullptr);
 }
 
 TEST_F(SignSwipe, MakesNoLabelAheadOfASwipeFromAFullScreenSpace) {
   startLabels();
   const SpaceID space = desktop.enterFullScreen();
-  signs->handleSwipeBegan(true);
+  signs->handleSwipeBegan(Right);
   EXPECT_THAT(labels(), SizeIs(2));
   EXPECT_EQ(alpha(0), 0.78);
   EXPECT_EQ(labelOn(space)->alpha(), 0.0);
@@ -177,7 +177,7 @@ TEST_F(SignSwipe, MakesNoLabelAheadOfASwipeFromAFullScreenSpace) {
 
 TEST_F(SignSwipe, TakesUpTheLabelThatASwipeMade) {
   startLabels();
-  signs->handleSwipeBegan(true);
+  signs->handleSwipeBegan(Right);
   desktop.switchTo(desktop.desktopAt(1));
   EXPECT_THAT(labels(), SizeIs(2));
   EXPECT_EQ(alpha(1), 0.78);
@@ -188,7 +188,7 @@ TEST_F(SignSwipe, TakesUpTheLabelThatASwipeMade) {
 TEST_F(SignSwipeAmongFour, GoesByListOrderWhicheverDesktopsHaveLabels) {
   startLabels();
   desktop.switchTo(desktop.desktopAt(3));
-  signs->handleSwipeBegan(false);
+  signs->handleSwipeBegan(Left);
   EXPECT_NE(labelOn(desktop.desktopAt(2)), nullptr);
   EXPECT_EQ(labelOn(desktop.desktopAt(1)), nullptr);
 }

@@ -1,6 +1,7 @@
 #include "labels/SignView.h"
 
 #include "preferences/PreferencesStore.h"
+#include "tests/support/ShownElement.h"
 #include "tests/support/SimulatedFixture.h"
 
 #include <optional>
@@ -27,7 +28,7 @@ class CountingHost final : public platform::ViewHost {
 
 class SignViewTest : public SimulatedFixture {
  protected:
-  static TextElement textOf(const View& view) { return std::get<TextElement>(view.content().elements.at(0)); }
+  static ShownElement<TextElement> textOf(const View& view) { return elementAt<TextElement>(view.content(), 0); }
 };
 
 TEST_F(SignViewTest, IsADarkPlateWithRoundCorners) {
@@ -39,7 +40,7 @@ TEST_F(SignViewTest, IsADarkPlateWithRoundCorners) {
 
 TEST_F(SignViewTest, ShowsTheNameInHeavyWhiteCentredType) {
   const SignView view(platform(), "Mail");
-  const TextElement text = textOf(view);
+  const auto text = textOf(view);
   EXPECT_EQ(text.text, "Mail");
   EXPECT_EQ(text.font, (platform::Font{platform::FontFamily::System, 160.0, FontWeight::Heavy}));
   EXPECT_EQ(std::get<Color>(text.color), (Color{1.0, 1.0, 1.0, 1.0}));

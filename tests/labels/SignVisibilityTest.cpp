@@ -152,7 +152,7 @@ TEST_F(SignVisibility, FadesTheLabelInFrontToo) {
   arriveOnTheSecond();
   desktop.overrideActiveSpace(999);
   signs->showAll();
-  signs->handleSwipeBegan(true);
+  signs->handleSwipeBegan(Right);
   desktop.overrideActiveSpace({});
   desktop.advance(500ms);
   EXPECT_THAT(alphas(), ElementsAre(1.0, 0.0, 1.0));
@@ -246,9 +246,9 @@ TEST_F(SignVisibility, LeavesTheLabelsOfOtherDesktopsAloneWhileIdle) {
 
 TEST_F(SignVisibility, KeepsADismissedLabelAwayUntilTheDesktopChanges) {
   startLabels();
-  signs->handleSwipeBegan(true);
+  signs->handleSwipeBegan(Right);
   desktop.switchTo(desktop.desktopAt(1));
-  signs->handleSwipeBegan(true);
+  signs->handleSwipeBegan(Right);
   user.movesPointerTo(overTheLabels);
   desktop.advance(10s);
   EXPECT_EQ(alpha(1), 0.0);

@@ -271,7 +271,7 @@ TEST_F(SpaceSignWindowControllerTest, ResizesAllLabelsWithTheTextSize) {
   for (std::size_t index = 0; index < 3; ++index) {
     expectPlacedAt(label(index), {{415.0, 340.0}, {610.0, 220.0}});
     const auto content = label(index).contentView()->content();
-    EXPECT_EQ(std::get<platform::TextElement>(content.elements.at(0)).frame, (Rect{{80.0, 60.0}, {450.0, 100.0}}));
+    EXPECT_EQ(content.elements.at(0).frame, (Rect{{80.0, 60.0}, {450.0, 100.0}}));
   }
 }
 

@@ -41,8 +41,11 @@ class FullView final : public View {
   FullView() { setFrame({{}, {220.0, 24.0}}); }
 
   ViewContent content() const override {
-    return {.elements = {TextElement{.text = "Mail"}, ImageElement{.image = {.size = {14.0, 14.0}}}, SpinnerElement{},
-                         ButtonElement{.symbol = {.name = "pencil"}}, TextFieldElement{}}};
+    return {.elements = {{.kind = TextElement{.text = "Mail"}},
+                         {.kind = ImageElement{.image = {.size = {14.0, 14.0}}}},
+                         {.kind = SpinnerElement{}},
+                         {.kind = ButtonElement{.symbol = {.name = "pencil"}}},
+                         {.kind = TextFieldElement{}}}};
   }
 };
 

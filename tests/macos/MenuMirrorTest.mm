@@ -25,12 +25,12 @@ class RowView final : public View {
 
   ViewContent content() const override {
     return {.elements = {
-                TextElement{.frame = {{38.0, 2.0}, {100.0, 20.0}}, .hidden = isEditing, .text = "Mail"},
-                TextFieldElement{.frame = {{38.0, 2.0}, {172.0, 20.0}}, .hidden = !isEditing},
-                ButtonElement{.frame = {{192.0, 3.0}, {18.0, 18.0}},
-                              .hidden = isEditing,
-                              .symbol = {.name = "square.and.pencil", .accessibilityDescription = "Rename"},
-                              .toolTip = "Rename"},
+                {.frame = {{38.0, 2.0}, {100.0, 20.0}}, .hidden = isEditing, .kind = TextElement{.text = "Mail"}},
+                {.frame = {{38.0, 2.0}, {172.0, 20.0}}, .hidden = !isEditing, .kind = TextFieldElement{}},
+                {.frame = {{192.0, 3.0}, {18.0, 18.0}},
+                 .hidden = isEditing,
+                 .kind = ButtonElement{.symbol = {.name = "square.and.pencil", .accessibilityDescription = "Rename"},
+                                       .toolTip = "Rename"}},
             }};
   }
 

@@ -30,12 +30,12 @@ class PlateView final : public View {
   ViewContent content() const override {
     return {.background = Color::black().withAlpha(0.78),
             .cornerRadius = 40.0,
-            .elements = {TextElement{.frame = {{50.0, 40.0}, {300.0, 40.0}},
-                                     .text = text,
-                                     .font = {.size = 30.0, .weight = FontWeight::Heavy},
-                                     .color = Color::white(),
-                                     .alignment = TextAlignment::Center},
-                         SpinnerElement{.frame = {{10.0, 10.0}, {24.0, 24.0}}}}};
+            .elements = {{.frame = {{50.0, 40.0}, {300.0, 40.0}},
+                          .kind = TextElement{.text = text,
+                                              .font = {.size = 30.0, .weight = FontWeight::Heavy},
+                                              .color = Color::white(),
+                                              .alignment = TextAlignment::Center}},
+                         {.frame = {{10.0, 10.0}, {24.0, 24.0}}, .kind = SpinnerElement{}}}};
   }
 
   void setText(const char* newText) {

@@ -3,6 +3,7 @@
 #include "preferences/PreferencesStore.h"
 #include "spaces/SpaceManager.h"
 #include "spaces/SpaceObserver.h"
+#include "tests/support/ShownElement.h"
 #include "tests/support/SimulatedFixture.h"
 
 #include <optional>
@@ -68,12 +69,12 @@ class DesktopMenu : public SimulatedFixture {
     return dynamic_cast<const SpaceRowView&>(*std::get<ViewItem>(desktop.menu()->items().at(index)).view);
   }
 
-  platform::TextElement label(std::size_t index) {
-    return std::get<platform::TextElement>(row(index).content().elements.at(1));
+  ShownElement<platform::TextElement> label(std::size_t index) {
+    return elementAt<platform::TextElement>(row(index).content(), 1);
   }
 
   platform::Shape dot(std::size_t index) {
-    return std::get<platform::ImageElement>(row(index).content().elements.at(0)).image.shapes.at(0);
+    return elementAt<platform::ImageElement>(row(index).content(), 0).image.shapes.at(0);
   }
 
   void renames(std::size_t index, const std::string& name) {

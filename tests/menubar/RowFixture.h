@@ -1,6 +1,7 @@
 #pragma once
 
 #include "menubar/SpaceRowView.h"
+#include "tests/support/ShownElement.h"
 #include "tests/support/SimulatedFixture.h"
 
 #include <memory>
@@ -65,10 +66,10 @@ class RowFixture : public SimulatedFixture {
 
   void clearsField() { user.pressesKey(platform::simulated::simulatedKeyCode::deleteBackward); }
 
-  const platform::ImageElement& dot() { return element<platform::ImageElement>(); }
-  const platform::TextElement& label() { return element<platform::TextElement>(); }
-  const platform::TextFieldElement& fieldElement() { return element<platform::TextFieldElement>(); }
-  const platform::ButtonElement& pencil() { return element<platform::ButtonElement>(); }
+  ShownElement<platform::ImageElement> dot() { return element<platform::ImageElement>(); }
+  ShownElement<platform::TextElement> label() { return element<platform::TextElement>(); }
+  ShownElement<platform::TextFieldElement> fieldElement() { return element<platform::TextFieldElement>(); }
+  ShownElement<platform::ButtonElement> pencil() { return element<platform::ButtonElement>(); }
 
   bool isEditing() { return label().hidden && !fieldElement().hidden; }
 
@@ -78,21 +79,14 @@ class RowFixture : public SimulatedFixture {
   std::vector<std::string> renames;
 
  private:
-  template <class Element>
-  const Element& element() {
-    content_ = row_->content();
-    for (const platform::ViewElement& element : content_.elements) {
-      if (const auto* found = std::get_if<Element>(&element)) {
-        return *found;
-      }
-    }
-    ADD_FAILURE() << "the row shows no such element";
-    static const Element none;
-    return none;
+  template <class Kind>
+  ShownElement<Kind> element() {
+    const auto found = findElement<Kind>(row_->content());
+    EXPECT_TRUE(found) << "the row shows no such element";
+    return found.value_or(ShownElement<Kind>());
   }
 
   SpaceRowView* row_ = nullptr;
-  platform::ViewContent content_;
   platform::Menu menu_;
   std::unique_ptr<platform::StatusItem> item_ = platform().userInterface().createStatusItem(platform::VariableLength{});
 };

@@ -156,7 +156,7 @@ TEST_F(ColorsTab, HasAWellForEachOfTheFirstSixteenDesktops) {
   for (std::size_t index = 0; index < 16; ++index) {
     EXPECT_EQ(wells()[index].tag, static_cast<std::int64_t>(desktop.desktopAt(index))) << index;
   }
-  EXPECT_EQ(wells().back().accessibilityLabel, "Desktop 3");
+  EXPECT_EQ(page(1).controls.back().accessibilityLabel, "Desktop 3");
 }
 
 TEST_F(ColorsTab, HasNoWellsWithoutDesktops) {

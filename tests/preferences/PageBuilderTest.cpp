@@ -97,9 +97,9 @@ TEST_F(PageBuilding, NamesTheControlOfARowAfterItsLabel) {
   builder.addRow("    Desktop 1", platform::ColorWellControl{});
   builder.addRow("a:b", platform::SliderControl{});
   const platform::TabPage page = built(builder);
-  EXPECT_EQ(std::get<platform::PopUpControl>(page.controls.at(1).control).accessibilityLabel, "Palette");
-  EXPECT_EQ(std::get<platform::ColorWellControl>(page.controls.at(3).control).accessibilityLabel, "Desktop 1");
-  EXPECT_EQ(std::get<platform::SliderControl>(page.controls.at(5).control).accessibilityLabel, "a:b");
+  EXPECT_EQ(page.controls.at(1).accessibilityLabel, "Palette");
+  EXPECT_EQ(page.controls.at(3).accessibilityLabel, "Desktop 1");
+  EXPECT_EQ(page.controls.at(5).accessibilityLabel, "a:b");
 }
 
 TEST_F(PageBuilding, BreaksALabelThatIsLongerThanItsPlace) {

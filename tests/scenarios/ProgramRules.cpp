@@ -283,7 +283,7 @@ BrokenRule brokenAtRest(ScenarioWorld& world) {
 }
 
 BrokenRule brokenByLeftovers(ScenarioWorld& world) {
-  world.user.swipes(platform::simulated::Direction::Right);
+  world.user.swipes(platform::Direction::Right);
   world.desktop.advance(30s);
   // A fading overlay may outlive its owner for as long as it fades.
   if (!world.desktop.windows().overlays().empty()) {

@@ -13,13 +13,13 @@
 namespace roomlattice::tests {
 namespace {
 
-namespace dockSwipe = platform::dockSwipe;
+using platform::DockSwipe;
 
 using namespace std::chrono_literals;
+using platform::Direction;
 using platform::Point;
 using platform::Rect;
 using platform::SpaceID;
-using platform::simulated::Direction;
 using platform::simulated::MenuSession;
 using platform::simulated::Space;
 using platform::simulated::SwipeMotion;
@@ -176,8 +176,8 @@ void moveFocus(World& world, Random& random) {
 }
 
 void moveFingers(World& world, Random& random) {
-  static const std::vector<dockSwipe::Phase> phases = {dockSwipe::Began, dockSwipe::Changed, dockSwipe::Ended,
-                                                       dockSwipe::Cancelled};
+  static const std::vector<DockSwipe::Phase> phases = {DockSwipe::Began, DockSwipe::Changed, DockSwipe::Ended,
+                                                       DockSwipe::Cancelled};
   const SwipeMotion motion{.progress = 2.0 * random.fraction() - 1.0, .velocity = 4.0 * random.fraction() - 2.0};
   world.user.movesFingers(random.oneOf(phases), motion);
 }

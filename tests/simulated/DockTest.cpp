@@ -8,7 +8,7 @@
 namespace roomlattice::tests {
 namespace {
 
-namespace dockSwipe = platform::dockSwipe;
+using platform::DockSwipe;
 
 using platform::EventField;
 using platform::SpaceID;
@@ -18,8 +18,8 @@ using platform::simulated::SwipeRule;
 class Dock : public SimulatedFixture {
  protected:
   void completeSwipe(SwipeMotion motion) {
-    user.movesFingers(dockSwipe::Began, {});
-    user.movesFingers(dockSwipe::Ended, motion);
+    user.movesFingers(DockSwipe::Began, {});
+    user.movesFingers(DockSwipe::Ended, motion);
     desktop.advance(1s);
   }
 
@@ -56,9 +56,9 @@ TEST_F(Dock, StaysAtEitherEndOfTheList) {
 
 TEST_F(Dock, ArrivesASettlingTimeAfterTheFingersLift) {
   desktop.dock().setSettlingTime(400ms);
-  user.movesFingers(dockSwipe::Began, {});
+  user.movesFingers(DockSwipe::Began, {});
   desktop.advance(5s);
-  user.movesFingers(dockSwipe::Ended, {.progress = 1.0});
+  user.movesFingers(DockSwipe::Ended, {.progress = 1.0});
   desktop.advance(399ms);
   EXPECT_EQ(desktop.activeSpace(), desktop.desktopAt(0));
   desktop.advance(1ms);
@@ -85,20 +85,20 @@ TEST_F(Dock, MovesOnlyForASwipeThatCameFarOrWasFast) {
 }
 
 TEST_F(Dock, ForgetsACancelledSwipe) {
-  user.movesFingers(dockSwipe::Began, {});
-  user.movesFingers(dockSwipe::Changed, {.progress = 0.9, .velocity = 2.0});
-  user.movesFingers(dockSwipe::Cancelled, {.progress = 0.9, .velocity = 2.0});
-  user.movesFingers(dockSwipe::Ended, {.progress = 1.0, .velocity = 2.0});
+  user.movesFingers(DockSwipe::Began, {});
+  user.movesFingers(DockSwipe::Changed, {.progress = 0.9, .velocity = 2.0});
+  user.movesFingers(DockSwipe::Cancelled, {.progress = 0.9, .velocity = 2.0});
+  user.movesFingers(DockSwipe::Ended, {.progress = 1.0, .velocity = 2.0});
   desktop.advance(1s);
   EXPECT_EQ(desktop.activeSpace(), desktop.desktopAt(0));
 }
 
 TEST_F(Dock, NeedsTheStartOfASwipeButNotItsFirstEvent) {
-  user.movesFingers(dockSwipe::Ended, {.progress = 1.0, .velocity = 2.0});
+  user.movesFingers(DockSwipe::Ended, {.progress = 1.0, .velocity = 2.0});
   desktop.advance(1s);
   EXPECT_EQ(desktop.activeSpace(), desktop.desktopAt(0));
-  user.movesFingers(dockSwipe::Changed, {.progress = 0.5, .velocity = 2.0});
-  user.movesFingers(dockSwipe::Ended, {.progress = 1.0, .velocity = 2.0});
+  user.movesFingers(DockSwipe::Changed, {.progress = 0.5, .velocity = 2.0});
+  user.movesFingers(DockSwipe::Ended, {.progress = 1.0, .velocity = 2.0});
   desktop.advance(1s);
   EXPECT_EQ(desktop.activeSpace(), desktop.desktopAt(1));
 }
@@ -112,7 +112,7 @@ TEST_F(Dock, RecognisesOnlyHorizontalSwipesBetweenDesktops) {
   for (const EventField field : {EventField::Kind, EventField::GestureKind, EventField::SwipeAxis}) {
     FieldEvent other = swipe;
     other.setInteger(field, 2);
-    for (const dockSwipe::Phase phase : {dockSwipe::Began, dockSwipe::Ended}) {
+    for (const DockSwipe::Phase phase : {DockSwipe::Began, DockSwipe::Ended}) {
       other.setInteger(EventField::Phase, phase);
       desktop.events().pass(other);
     }
@@ -123,8 +123,8 @@ TEST_F(Dock, RecognisesOnlyHorizontalSwipesBetweenDesktops) {
 
 TEST_F(Dock, CountsEachOfSeveralSwipesThatAreUnderWay) {
   for (int swipe = 0; swipe < 2; ++swipe) {
-    user.movesFingers(dockSwipe::Began, {});
-    user.movesFingers(dockSwipe::Ended, {.progress = 1.0});
+    user.movesFingers(DockSwipe::Began, {});
+    user.movesFingers(DockSwipe::Ended, {.progress = 1.0});
   }
   desktop.advance(250ms);
   EXPECT_EQ(desktop.activeSpace(), desktop.desktopAt(2));

@@ -64,7 +64,7 @@ TEST_F(HostedView, EndsEditingWhenTheFieldIsHidden) {
 class UnsteadyView : public platform::View {
  public:
   platform::ViewContent content() const override {
-    return {.elements = std::vector<platform::ViewElement>(grown ? 2 : 1, platform::TextElement{})};
+    return {.elements = std::vector<platform::ViewElement>(grown ? 2 : 1)};
   }
   void grow() {
     grown = true;

@@ -8,7 +8,7 @@
 namespace roomlattice::tests {
 namespace {
 
-namespace dockSwipe = platform::dockSwipe;
+using platform::DockSwipe;
 
 using platform::Event;
 using platform::EventField;
@@ -29,7 +29,7 @@ class SimulatedEvents : public SimulatedFixture {
     });
   }
 
-  void postSwipe(dockSwipe::Phase phase) {
+  void postSwipe(DockSwipe::Phase phase) {
     const std::unique_ptr<Event> event = events().createEvent();
     event->setInteger(EventField::Kind, 30);
     event->setInteger(EventField::GestureKind, 23);
@@ -45,10 +45,10 @@ class SimulatedEvents : public SimulatedFixture {
 
 TEST_F(SimulatedEvents, BringsTheUsersEventsToATapThatIsEnabled) {
   const auto tap = recordingTap();
-  user.movesFingers(dockSwipe::Began, {});
+  user.movesFingers(DockSwipe::Began, {});
   EXPECT_TRUE(types_.empty());
   tap->enable();
-  user.movesFingers(dockSwipe::Began, {});
+  user.movesFingers(DockSwipe::Began, {});
   user.movesPointerTo({1.0, 1.0});
   user.pressesKey(36);
   EXPECT_EQ(types_, (std::vector<std::uint32_t>{30, 5, 10}));
@@ -58,7 +58,7 @@ TEST_F(SimulatedEvents, BringsTheUsersEventsToATapThatIsEnabled) {
 TEST_F(SimulatedEvents, BringsPostedEventsToTapsLaterWithTheirSource) {
   const auto tap = recordingTap();
   tap->enable();
-  postSwipe(dockSwipe::Began);
+  postSwipe(DockSwipe::Began);
   EXPECT_TRUE(types_.empty());
   desktop.advance(0s);
   EXPECT_EQ(types_, std::vector<std::uint32_t>{30});
@@ -66,8 +66,8 @@ TEST_F(SimulatedEvents, BringsPostedEventsToTapsLaterWithTheirSource) {
 }
 
 TEST_F(SimulatedEvents, MovesDesktopsByPostedSwipes) {
-  postSwipe(dockSwipe::Began);
-  postSwipe(dockSwipe::Ended);
+  postSwipe(DockSwipe::Began);
+  postSwipe(DockSwipe::Ended);
   desktop.advance(1s);
   EXPECT_EQ(desktop.activeSpace(), desktop.desktopAt(1));
 }
@@ -76,7 +76,7 @@ TEST_F(SimulatedEvents, BringsNothingToATapThatHasEnded) {
   auto tap = recordingTap();
   tap->enable();
   tap.reset();
-  user.movesFingers(dockSwipe::Began, {});
+  user.movesFingers(DockSwipe::Began, {});
   EXPECT_TRUE(types_.empty());
 }
 
@@ -88,8 +88,8 @@ TEST_F(SimulatedEvents, LetsATapEndItself) {
     tap.reset();
   });
   tap->enable();
-  user.movesFingers(dockSwipe::Began, {});
-  user.movesFingers(dockSwipe::Changed, {});
+  user.movesFingers(DockSwipe::Began, {});
+  user.movesFingers(DockSwipe::Changed, {});
   EXPECT_EQ(calls, 1);
 }
 
@@ -97,13 +97,13 @@ TEST_F(SimulatedEvents, TellsATapThatItWasDisabledUntilItIsEnabledAgain) {
   const auto tap = recordingTap();
   tap->enable();
   desktop.events().disableTaps(TapDisabling::ByTimeout);
-  user.movesFingers(dockSwipe::Began, {});
+  user.movesFingers(DockSwipe::Began, {});
   EXPECT_EQ(types_, std::vector<std::uint32_t>{platform::tapEvent::disabledByTimeout});
   tap->enable();
   desktop.events().disableTaps(TapDisabling::ByUserInput);
   EXPECT_EQ(types_.back(), platform::tapEvent::disabledByUserInput);
   tap->enable();
-  user.movesFingers(dockSwipe::Began, {});
+  user.movesFingers(DockSwipe::Began, {});
   EXPECT_EQ(types_.back(), 30U);
 }
 
@@ -116,14 +116,14 @@ TEST_F(SimulatedEvents, FallSilentWhenThePermissionIsTakenAway) {
   const auto tap = recordingTap();
   tap->enable();
   desktop.faults.accessibilityDenied = true;
-  user.movesFingers(dockSwipe::Began, {});
+  user.movesFingers(DockSwipe::Began, {});
   EXPECT_TRUE(types_.empty());
 }
 
 TEST_F(SimulatedEvents, DropWhatIsPostedWithoutThePermission) {
   desktop.faults.accessibilityDenied = true;
-  postSwipe(dockSwipe::Began);
-  postSwipe(dockSwipe::Ended);
+  postSwipe(DockSwipe::Began);
+  postSwipe(DockSwipe::Ended);
   desktop.advance(1s);
   EXPECT_EQ(desktop.activeSpace(), desktop.desktopAt(0));
 }

@@ -29,15 +29,14 @@ class SimulatedTabbedWindow : public SimulatedFixture {
     };
     TabPage second{.identifier = "second", .label = "Second"};
     second.controls = {
-        {.control = PopUpControl{.items = {"Red", "Blue"},
-                                 .accessibilityLabel = "Palette:",
-                                 .action = [this](int index) { chosen_.push_back(index); }}},
+        {.control = PopUpControl{.items = {"Red", "Blue"}, .action = [this](int index) { chosen_.push_back(index); }},
+         .accessibilityLabel = "Palette:"},
         {.control = ColorWellControl{.tag = 7,
-                                     .accessibilityLabel = "Desktop 1",
                                      .action =
                                          [this](std::int64_t tag, Color color) {
                                            picked_ = {tag, color};
-                                         }}},
+                                         }},
+         .accessibilityLabel = "Desktop 1"},
         {.control = PushButtonControl{.title = "Copy", .action = [this] { ++pushes_; }}},
     };
     return {.title = "Settings", .contentSize = {500.0, 400.0}, .pages = {std::move(first), std::move(second)}};

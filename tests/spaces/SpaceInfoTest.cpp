@@ -30,11 +30,6 @@ TEST(SpaceInfo, HashesEachOfTheFourFields) {
   EXPECT_NE(hash({7, "A", "Main", 4}), hash(space));
 }
 
-TEST(SpaceInfo, NumbersTheDirectionsFromLeftToRight) {
-  EXPECT_EQ(static_cast<int>(ISSDirection::left), 0);
-  EXPECT_EQ(static_cast<int>(ISSDirection::right), 1);
-}
-
 TEST(RegularSpaces, KeepTheOrderOfTheList) {
   const SpaceInfo first{1, "A", "Main", 0};
   const SpaceInfo fullScreen{2, "B", "Main", 4};

@@ -34,7 +34,7 @@ class SpaceManagerFixture : public SimulatedFixture {
 
   struct Swipe {
     platform::Duration at{0};
-    ISSDirection direction = ISSDirection::right;
+    platform::Direction direction = platform::Direction::Right;
 
     bool operator==(const Swipe&) const = default;
   };
@@ -45,7 +45,7 @@ class SpaceManagerFixture : public SimulatedFixture {
     for (const PostedEvent& event : recorder.posted()) {
       if (valueOf(event, platform::EventField::Phase) == FieldValue(std::int64_t{1})) {
         const double velocity = std::get<double>(valueOf(event, platform::EventField::Velocity));
-        swipes.push_back({event.at, velocity > 0.0 ? ISSDirection::right : ISSDirection::left});
+        swipes.push_back({event.at, velocity > 0.0 ? platform::Direction::Right : platform::Direction::Left});
       }
     }
     return swipes;
@@ -55,7 +55,7 @@ class SpaceManagerFixture : public SimulatedFixture {
   std::string directions() const {
     std::string letters;
     for (const Swipe& swipe : swipes()) {
-      letters += swipe.direction == ISSDirection::right ? 'R' : 'L';
+      letters += swipe.direction == platform::Direction::Right ? 'R' : 'L';
     }
     return letters;
   }

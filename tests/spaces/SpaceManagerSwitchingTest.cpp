@@ -1,4 +1,3 @@
-#include "preferences/PreferencesStore.h"
 #include "tests/spaces/SpaceManagerFixture.h"
 
 #include <gmock/gmock.h>
@@ -51,7 +50,11 @@ class SpaceManagerSwitching : public SpaceManagerFixture {
  protected:
   explicit SpaceManagerSwitching(int desktops = 4) : SpaceManagerFixture(desktops) {}
 
-  void prefersInstant() { PreferencesStore::shared().setInstantMenuSwitch(true); }
+  void switchTo(const SpaceInfo& space) { manager.switchToSpace(space, style); }
+
+  void prefersInstant() { style = SwitchStyle::Instant; }
+
+  SwitchStyle style = SwitchStyle::Animated;
 
   void startsOn(std::size_t index) {
     desktop.switchTo(desktop.desktopAt(index));
@@ -61,7 +64,7 @@ class SpaceManagerSwitching : public SpaceManagerFixture {
 
 TEST_F(SpaceManagerSwitching, FieldsHaveTheNumbersOfTheWindowServer) {
   startsOn(0);
-  manager.switchToSpace(regularSpace(1));
+  switchTo(regularSpace(1));
   desktop.advance(0s);
   std::vector<std::uint32_t> numbers;
   for (const auto& [field, value] : recorder.posted().at(0).fields) {
@@ -73,7 +76,7 @@ TEST_F(SpaceManagerSwitching, FieldsHaveTheNumbersOfTheWindowServer) {
 TEST_F(SpaceManagerSwitching, AnimatedSwipeToTheRightIsTenEventsOver162Milliseconds) {
   startsOn(0);
   const Duration start = desktop.now();
-  manager.switchToSpace(regularSpace(1));
+  switchTo(regularSpace(1));
   desktop.advance(5s);
   EXPECT_THAT(recorder.posted(), ElementsAreArray(animatedSwipe(start, 1.0)));
 }
@@ -81,7 +84,7 @@ TEST_F(SpaceManagerSwitching, AnimatedSwipeToTheRightIsTenEventsOver162Milliseco
 TEST_F(SpaceManagerSwitching, AnimatedSwipeToTheLeftHasNegativeProgressAndVelocity) {
   startsOn(1);
   const Duration start = desktop.now();
-  manager.switchToSpace(regularSpace(0));
+  switchTo(regularSpace(0));
   desktop.advance(5s);
   EXPECT_THAT(recorder.posted(), ElementsAreArray(animatedSwipe(start, -1.0)));
 }
@@ -90,7 +93,7 @@ TEST_F(SpaceManagerSwitching, InstantSwipeToTheRightIsThreeEventsAtOnce) {
   prefersInstant();
   startsOn(0);
   const Duration start = desktop.now();
-  manager.switchToSpace(regularSpace(1));
+  switchTo(regularSpace(1));
   desktop.advance(5s);
   EXPECT_THAT(recorder.posted(), ElementsAreArray(instantSwipe(start, 1.0)));
 }
@@ -99,7 +102,7 @@ TEST_F(SpaceManagerSwitching, InstantSwipeToTheLeftHasNegativeProgressAndVelocit
   prefersInstant();
   startsOn(1);
   const Duration start = desktop.now();
-  manager.switchToSpace(regularSpace(0));
+  switchTo(regularSpace(0));
   desktop.advance(5s);
   EXPECT_THAT(recorder.posted(), ElementsAreArray(instantSwipe(start, -1.0)));
 }
@@ -107,7 +110,7 @@ TEST_F(SpaceManagerSwitching, InstantSwipeToTheLeftHasNegativeProgressAndVelocit
 TEST_F(SpaceManagerSwitching, InstantProgressIsTheSmallestPositiveSinglePrecisionValue) {
   prefersInstant();
   startsOn(0);
-  manager.switchToSpace(regularSpace(1));
+  switchTo(regularSpace(1));
   desktop.advance(0s);
   const double progress = std::get<double>(recorder.posted().at(0).fields.at(3).second);
   EXPECT_GT(static_cast<float>(progress), 0.0F);
@@ -118,7 +121,7 @@ TEST_F(SpaceManagerSwitching, InstantProgressIsTheSmallestPositiveSinglePrecisio
 TEST_F(SpaceManagerSwitching, AnimatedStepsAre220MillisecondsApart) {
   startsOn(3);
   const Duration start = desktop.now();
-  manager.switchToSpace(regularSpace(0));
+  switchTo(regularSpace(0));
   desktop.advance(5s);
   std::vector<PostedEvent> expected;
   for (int step = 0; step < 3; ++step) {
@@ -131,7 +134,7 @@ TEST_F(SpaceManagerSwitching, InstantStepsAre50MillisecondsApart) {
   prefersInstant();
   startsOn(0);
   const Duration start = desktop.now();
-  manager.switchToSpace(regularSpace(3));
+  switchTo(regularSpace(3));
   desktop.advance(5s);
   std::vector<PostedEvent> expected;
   for (int step = 0; step < 3; ++step) {
@@ -142,16 +145,16 @@ TEST_F(SpaceManagerSwitching, InstantStepsAre50MillisecondsApart) {
 
 TEST_F(SpaceManagerSwitching, PostsNothingBeforeTheCallReturns) {
   startsOn(0);
-  manager.switchToSpace(regularSpace(1));
+  switchTo(regularSpace(1));
   prefersInstant();
-  manager.switchToSpace(regularSpace(1));
+  switchTo(regularSpace(1));
   EXPECT_THAT(recorder.posted(), IsEmpty());
 }
 
-TEST_F(SpaceManagerSwitching, ReadsThePreferenceOnceForAllSteps) {
+TEST_F(SpaceManagerSwitching, MakesAllStepsInTheStyleOfTheCall) {
   startsOn(0);
   const Duration start = desktop.now();
-  manager.switchToSpace(regularSpace(2));
+  switchTo(regularSpace(2));
   prefersInstant();
   desktop.advance(5s);
   std::vector<PostedEvent> expected = animatedSwipe(start, 1.0);
@@ -162,7 +165,7 @@ TEST_F(SpaceManagerSwitching, ReadsThePreferenceOnceForAllSteps) {
 TEST_F(SpaceManagerSwitching, CountsDelaysFromTheSchedulingAndNotFromTheEventBefore) {
   startsOn(0);
   const Duration start = desktop.now();
-  manager.switchToSpace(regularSpace(1));
+  switchTo(regularSpace(1));
   desktop.advance(0s);
   desktop.time().block(50ms);
   desktop.advance(5s);
@@ -175,7 +178,7 @@ TEST_F(SpaceManagerSwitching, CountsDelaysFromTheSchedulingAndNotFromTheEventBef
 TEST_F(SpaceManagerSwitching, FixesTheStepsAtTheCall) {
   desktop.faults.allSwipesDropped = true;
   startsOn(0);
-  manager.switchToSpace(regularSpace(3));
+  switchTo(regularSpace(3));
   desktop.advance(100ms);
   desktop.switchTo(desktop.desktopAt(3));
   desktop.advance(5s);
@@ -185,7 +188,7 @@ TEST_F(SpaceManagerSwitching, FixesTheStepsAtTheCall) {
 TEST_F(SpaceManagerSwitching, CrossesDisplaysInListOrder) {
   desktop.addDisplay("Display 2", 3);
   startsOn(2);
-  manager.switchToSpace(regularSpace(5));
+  switchTo(regularSpace(5));
   desktop.advance(5s);
   EXPECT_EQ(directions(), "RRR");
   EXPECT_EQ(desktop.activeSpace(), desktop.desktopAt(5));
@@ -195,7 +198,7 @@ TEST_F(SpaceManagerSwitching, LeavesFullScreenSpacesOutOfTheCount) {
   desktop.addDesktop(NewSpace{.type = fullScreen, .position = 1});
   desktop.addDesktop(NewSpace{.type = fullScreen, .position = 3});
   startsOn(3);
-  manager.switchToSpace(regularSpace(0));
+  switchTo(regularSpace(0));
   desktop.advance(5s);
   EXPECT_EQ(directions(), "LLL");
   EXPECT_EQ(desktop.activeSpace(), desktop.desktopAt(0));
@@ -203,7 +206,7 @@ TEST_F(SpaceManagerSwitching, LeavesFullScreenSpacesOutOfTheCount) {
 
 TEST_F(SpaceManagerSwitching, KnowsTheTargetByItsIdentifierAlone) {
   startsOn(0);
-  manager.switchToSpace({.spaceID = desktop.desktopAt(2), .uuid = "another", .displayUUID = "another", .type = 4});
+  switchTo({.spaceID = desktop.desktopAt(2), .uuid = "another", .displayUUID = "another", .type = 4});
   desktop.advance(5s);
   EXPECT_EQ(directions(), "RR");
 }
@@ -212,18 +215,18 @@ TEST_F(SpaceManagerSwitching, CountsFromTheFirstOfTwoDesktopsWithOneIdentifier) 
   const std::vector<SpaceInfo> spaces = {
       {1, "A", "Main", 0}, {2, "B", "Main", 0}, {2, "C", "Main", 0}, {3, "D", "Main", 0}};
   manager.update(spaces, 1);
-  manager.switchToSpace({.spaceID = 2});
+  switchTo({.spaceID = 2});
   desktop.advance(5s);
   EXPECT_EQ(directions(), "R");
   manager.update(spaces, 2);
-  manager.switchToSpace({.spaceID = 3});
+  switchTo({.spaceID = 3});
   desktop.advance(5s);
   EXPECT_EQ(directions(), "RRR");
 }
 
 TEST_F(SpaceManagerSwitching, DoesNothingTowardsTheActiveDesktop) {
   startsOn(2);
-  manager.switchToSpace(regularSpace(2));
+  switchTo(regularSpace(2));
   desktop.advance(5s);
   EXPECT_THAT(recorder.posted(), IsEmpty());
 }
@@ -231,14 +234,14 @@ TEST_F(SpaceManagerSwitching, DoesNothingTowardsTheActiveDesktop) {
 TEST_F(SpaceManagerSwitching, DoesNothingTowardsAFullScreenSpace) {
   const platform::SpaceID space = desktop.addDesktop(NewSpace{.type = fullScreen});
   startsOn(0);
-  manager.switchToSpace({.spaceID = space, .type = 0});
+  switchTo({.spaceID = space, .type = 0});
   desktop.advance(5s);
   EXPECT_THAT(recorder.posted(), IsEmpty());
 }
 
 TEST_F(SpaceManagerSwitching, DoesNothingTowardsAnUnknownDesktop) {
   startsOn(0);
-  manager.switchToSpace({.spaceID = 999});
+  switchTo({.spaceID = 999});
   desktop.advance(5s);
   EXPECT_THAT(recorder.posted(), IsEmpty());
 }
@@ -246,7 +249,7 @@ TEST_F(SpaceManagerSwitching, DoesNothingTowardsAnUnknownDesktop) {
 TEST_F(SpaceManagerSwitching, DoesNothingFromAFullScreenSpace) {
   follow();
   desktop.enterFullScreen();
-  manager.switchToSpace(regularSpace(2));
+  switchTo(regularSpace(2));
   desktop.advance(5s);
   EXPECT_THAT(recorder.posted(), IsEmpty());
 }
@@ -254,14 +257,14 @@ TEST_F(SpaceManagerSwitching, DoesNothingFromAFullScreenSpace) {
 TEST_F(SpaceManagerSwitching, DoesNothingWhileTheActiveDesktopIsUnknown) {
   follow();
   manager.update(manager.spaces(), 999);
-  manager.switchToSpace(regularSpace(2));
+  switchTo(regularSpace(2));
   desktop.advance(5s);
   EXPECT_THAT(recorder.posted(), IsEmpty());
 }
 
 TEST_F(SpaceManagerSwitching, DoesNothingWithoutDesktops) {
   manager.update({}, desktop.activeSpace());
-  manager.switchToSpace({.spaceID = desktop.desktopAt(1)});
+  switchTo({.spaceID = desktop.desktopAt(1)});
   desktop.advance(5s);
   EXPECT_THAT(recorder.posted(), IsEmpty());
 }
@@ -272,7 +275,7 @@ TEST_F(SpaceManagerSwitching, LeavesOutOnlyTheEventThatCannotBeMade) {
     const Duration start = desktop.now();
     const auto before = static_cast<std::ptrdiff_t>(recorder.posted().size());
     desktop.after(failing * 18ms - 1us, [this] { desktop.faults.eventsNotCreated = 1; });
-    manager.switchToSpace(regularSpace(1));
+    switchTo(regularSpace(1));
     desktop.advance(200ms);
     std::vector<PostedEvent> expected = animatedSwipe(start, 1.0);
     expected.erase(expected.begin() + failing);
@@ -286,7 +289,7 @@ TEST_F(SpaceManagerSwitching, InstantSwipeGoesOnAfterAnEventThatCannotBeMade) {
   prefersInstant();
   startsOn(0);
   const Duration start = desktop.now();
-  manager.switchToSpace(regularSpace(1));
+  switchTo(regularSpace(1));
   desktop.faults.eventsNotCreated = 1;
   desktop.advance(5s);
   std::vector<PostedEvent> expected = instantSwipe(start, 1.0);
@@ -296,7 +299,7 @@ TEST_F(SpaceManagerSwitching, InstantSwipeGoesOnAfterAnEventThatCannotBeMade) {
 
 TEST_F(SpaceManagerSwitching, ArrivesAtTheTarget) {
   startsOn(3);
-  manager.switchToSpace(regularSpace(1));
+  switchTo(regularSpace(1));
   desktop.advance(5s);
   EXPECT_EQ(desktop.activeSpace(), desktop.desktopAt(1));
 }
@@ -304,7 +307,7 @@ TEST_F(SpaceManagerSwitching, ArrivesAtTheTarget) {
 TEST_F(SpaceManagerSwitching, ArrivesAtTheTargetByInstantSwipes) {
   prefersInstant();
   startsOn(0);
-  manager.switchToSpace(regularSpace(3));
+  switchTo(regularSpace(3));
   desktop.advance(5s);
   EXPECT_EQ(desktop.activeSpace(), desktop.desktopAt(3));
 }
@@ -312,7 +315,7 @@ TEST_F(SpaceManagerSwitching, ArrivesAtTheTargetByInstantSwipes) {
 TEST_F(SpaceManagerSwitching, StaysWhereItIsWithoutPermission) {
   desktop.faults.accessibilityDenied = true;
   startsOn(0);
-  manager.switchToSpace(regularSpace(3));
+  switchTo(regularSpace(3));
   desktop.advance(5s);
   EXPECT_EQ(desktop.activeSpace(), desktop.desktopAt(0));
   EXPECT_THAT(desktop.log().texts(), IsEmpty());
@@ -322,7 +325,7 @@ TEST_F(SpaceManagerSwitching, StopsPostingWhenTheModelGoes) {
   follow();
   std::optional<SpaceManager> brief(std::in_place, recorder);
   brief->update(manager.spaces(), manager.activeSpaceID());
-  brief->switchToSpace(regularSpace(3));
+  brief->switchToSpace(regularSpace(3), SwitchStyle::Animated);
   desktop.advance(100ms);
   const std::size_t before = recorder.posted().size();
   brief.reset();

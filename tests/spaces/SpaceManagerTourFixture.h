@@ -12,9 +12,6 @@ namespace roomlattice::tests {
 /// Tours, and what is said of them.
 class SpaceManagerTour : public SpaceManagerFixture {
  protected:
-  static constexpr auto right = ISSDirection::right;
-  static constexpr auto left = ISSDirection::left;
-
   explicit SpaceManagerTour(int desktops = 3) : SpaceManagerFixture(desktops) {
     const auto note = [this](std::string_view name) {
       return platform().notifications().defaultCenter().observe(name, [this, name] { happens(std::string(name)); });

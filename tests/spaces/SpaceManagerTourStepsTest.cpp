@@ -23,7 +23,7 @@ TEST_F(SpaceManagerTourSteps, SwipesOn80MillisecondsAfterAnArrival) {
   advanceTo(580ms - 1ns);
   EXPECT_EQ(directions(), "R");
   advanceTo(580ms);
-  EXPECT_THAT(swipesSinceStart(), ElementsAre(Swipe{0ms, right}, Swipe{580ms, right}));
+  EXPECT_THAT(swipesSinceStart(), ElementsAre(Swipe{0ms, Right}, Swipe{580ms, Right}));
 }
 
 TEST_F(SpaceManagerTourSteps, AdvancesOnceHoweverOftenAnArrivalIsReported) {
@@ -32,7 +32,7 @@ TEST_F(SpaceManagerTourSteps, AdvancesOnceHoweverOftenAnArrivalIsReported) {
     reportsArrivalAt(at);
   }
   advanceTo(1700ms);
-  EXPECT_THAT(swipesSinceStart(), ElementsAre(Swipe{0ms, right}, Swipe{580ms, right}));
+  EXPECT_THAT(swipesSinceStart(), ElementsAre(Swipe{0ms, Right}, Swipe{580ms, Right}));
 }
 
 TEST_F(SpaceManagerTourSteps, EndsAsWellWhenEveryArrivalIsReportedSeveralTimes) {
@@ -48,14 +48,14 @@ TEST_F(SpaceManagerTourSteps, CountsAnyChangeAsTheArrivalOfTheStepUnderWay) {
   advanceTo(100ms);
   desktop.switchTo(desktop.desktopAt(2));
   advanceTo(180ms);
-  EXPECT_THAT(swipesSinceStart(), ElementsAre(Swipe{0ms, right}, Swipe{180ms, right}));
+  EXPECT_THAT(swipesSinceStart(), ElementsAre(Swipe{0ms, Right}, Swipe{180ms, Right}));
 }
 
 TEST_F(SpaceManagerTourSteps, TimesOutNoStepThatArrivedAt1100Milliseconds) {
   startTourByHand();
   reportsArrivalAt(1100ms);
   advanceTo(2379ms);
-  EXPECT_THAT(swipesSinceStart(), ElementsAre(Swipe{0ms, right}, Swipe{1180ms, right}));
+  EXPECT_THAT(swipesSinceStart(), ElementsAre(Swipe{0ms, Right}, Swipe{1180ms, Right}));
   EXPECT_THAT(logged(), ElementsAre(startLine(4)));
 }
 
@@ -63,7 +63,7 @@ TEST_F(SpaceManagerTourSteps, RetriesAStepWhoseArrivalHasNotSettledAtItsTimeout)
   startTourByHand();
   reportsArrivalAt(1150ms);
   advanceTo(2400ms);
-  EXPECT_THAT(swipesSinceStart(), ElementsAre(Swipe{0ms, right}, Swipe{1200ms, right}, Swipe{1230ms, right}));
+  EXPECT_THAT(swipesSinceStart(), ElementsAre(Swipe{0ms, Right}, Swipe{1200ms, Right}, Swipe{1230ms, Right}));
   EXPECT_THAT(logged(), ElementsAre(startLine(4), retryLine(1)));
 }
 
@@ -71,7 +71,7 @@ TEST_F(SpaceManagerTourSteps, DropsAnArrivalWhoseStepIsOverWhenItHasSettled) {
   startTourByHand();
   reportsArrivalAt(2350ms);
   advanceTo(3599ms);
-  EXPECT_THAT(swipesSinceStart(), ElementsAre(Swipe{0ms, right}, Swipe{1200ms, right}, Swipe{2400ms, right}));
+  EXPECT_THAT(swipesSinceStart(), ElementsAre(Swipe{0ms, Right}, Swipe{1200ms, Right}, Swipe{2400ms, Right}));
 }
 
 TEST_F(SpaceManagerTourSteps, CountsALateArrivalForTheStepUnderWay) {
@@ -79,7 +79,7 @@ TEST_F(SpaceManagerTourSteps, CountsALateArrivalForTheStepUnderWay) {
   reportsArrivalAt(2410ms);
   advanceTo(2490ms);
   EXPECT_THAT(swipesSinceStart(),
-              ElementsAre(Swipe{0ms, right}, Swipe{1200ms, right}, Swipe{2400ms, right}, Swipe{2490ms, left}));
+              ElementsAre(Swipe{0ms, Right}, Swipe{1200ms, Right}, Swipe{2400ms, Right}, Swipe{2490ms, Left}));
 }
 
 TEST_F(SpaceManagerTourSteps, DropsArrivalsThatSettleAfterTheEnd) {
@@ -97,7 +97,7 @@ TEST_F(SpaceManagerTourSteps, RepeatsTheSwipeOnceAfter1200Milliseconds) {
   advanceTo(1200ms - 1ns);
   EXPECT_EQ(directions(), "R");
   advanceTo(1200ms);
-  EXPECT_THAT(swipesSinceStart(), ElementsAre(Swipe{0ms, right}, Swipe{1200ms, right}));
+  EXPECT_THAT(swipesSinceStart(), ElementsAre(Swipe{0ms, Right}, Swipe{1200ms, Right}));
   EXPECT_THAT(logged(), ElementsAre(startLine(4), retryLine(1)));
 }
 
@@ -116,7 +116,7 @@ TEST_F(SpaceManagerTourSteps, SkipsAStepAfterASecondTimeout) {
   advanceTo(2400ms - 1ns);
   EXPECT_EQ(directions(), "RR");
   advanceTo(2400ms);
-  EXPECT_THAT(swipesSinceStart(), ElementsAre(Swipe{0ms, right}, Swipe{1200ms, right}, Swipe{2400ms, right}));
+  EXPECT_THAT(swipesSinceStart(), ElementsAre(Swipe{0ms, Right}, Swipe{1200ms, Right}, Swipe{2400ms, Right}));
   EXPECT_THAT(logged(), ElementsAre(startLine(4), retryLine(1), skipLine(1)));
 }
 
@@ -130,7 +130,7 @@ TEST_F(SpaceManagerTourSteps, SkipsNoStepThatArrivedAfterItsRetry) {
   startTourByHand();
   reportsArrivalAt(2000ms);
   advanceTo(3279ms);
-  EXPECT_THAT(swipesSinceStart(), ElementsAre(Swipe{0ms, right}, Swipe{1200ms, right}, Swipe{2080ms, right}));
+  EXPECT_THAT(swipesSinceStart(), ElementsAre(Swipe{0ms, Right}, Swipe{1200ms, Right}, Swipe{2080ms, Right}));
   EXPECT_THAT(logged(), ElementsAre(startLine(4), retryLine(1)));
 }
 
@@ -171,7 +171,7 @@ TEST_F(SpaceManagerTourSteps, AdvancesAtItsTimeoutAStepThatHasBeenRepeatedAlread
   advanceTo(1700ms);
   EXPECT_THAT(logged(), ElementsAre(startLine(4), endLine, startLine(4), retryLine(1),
                                     "[Roomlattice] tour step 1 timed out, advancing"));
-  EXPECT_EQ(swipesSinceStart().back(), (Swipe{1700ms, right}));
+  EXPECT_EQ(swipesSinceStart().back(), (Swipe{1700ms, Right}));
 }
 
 // --- The hard timeout

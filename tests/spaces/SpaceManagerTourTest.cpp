@@ -63,7 +63,7 @@ TEST_F(SpaceManagerTour, UsesTheAnimatedSwipeWhateverThePreference) {
 
 TEST_F(SpaceManagerTour, SwipesBeforeItReturns) {
   startTourByHand();
-  EXPECT_THAT(swipesSinceStart(), ElementsAre(Swipe{0ms, right}));
+  EXPECT_THAT(swipesSinceStart(), ElementsAre(Swipe{0ms, Right}));
 }
 
 TEST_F(SpaceManagerTour, AnnouncesTheStartAfterTheLogLineAndBeforeTheFirstSwipe) {

@@ -29,8 +29,8 @@ using namespace std::chrono_literals;
 /// test: the platform reads nothing ahead. Where a first run matters, relaunch() makes another one.
 class SimulatedFixture : public ::testing::Test {
  protected:
-  using Direction = platform::simulated::Direction;
-  using enum platform::simulated::Direction;
+  using Direction = platform::Direction;
+  using enum platform::Direction;
 
   explicit SimulatedFixture(int desktops = 3) : desktop(desktops) { launch(); }
 

@@ -13,9 +13,10 @@ class TestView : public platform::View {
   TestView() { setFrame({{}, {300.0, 30.0}}); }
 
   platform::ViewContent content() const override {
-    return {.elements = {platform::TextElement{.frame = {{0.0, 0.0}, {100.0, 30.0}}, .text = "Row"},
-                         platform::ButtonElement{.frame = {{100.0, 0.0}, {100.0, 30.0}}, .hidden = buttonHidden},
-                         platform::TextFieldElement{.frame = {{200.0, 0.0}, {100.0, 30.0}}, .hidden = fieldHidden}}};
+    return {.elements = {
+                {.frame = {{0.0, 0.0}, {100.0, 30.0}}, .kind = platform::TextElement{.text = "Row"}},
+                {.frame = {{100.0, 0.0}, {100.0, 30.0}}, .hidden = buttonHidden, .kind = platform::ButtonElement()},
+                {.frame = {{200.0, 0.0}, {100.0, 30.0}}, .hidden = fieldHidden, .kind = platform::TextFieldElement()}}};
   }
 
   platform::HitTarget hitTest(platform::Point point) const override {

@@ -53,12 +53,12 @@ void X11Desktops::activate(std::size_t index) {
   source_->activate(index);
 }
 
-void X11Desktops::step(StepDirection direction) {
+void X11Desktops::step(Direction direction) {
   const std::optional<std::size_t> from = destination();
-  if (!from || (direction == StepDirection::Previous && *from == 0)) {
+  if (!from || (direction == Direction::Left && *from == 0)) {
     return;
   }
-  activate(direction == StepDirection::Next ? *from + 1 : *from - 1);
+  activate(direction == Direction::Right ? *from + 1 : *from - 1);
 }
 
 std::optional<std::size_t> X11Desktops::destination() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/DockSwipe.h"
 #include "platform/NotificationCenter.h"
 #include "platform/linux/bus/MessageBus.h"
 #include "platform/x11/connection/WindowManagerWatch.h"
@@ -12,9 +13,6 @@
 #include <optional>
 
 namespace roomlattice::platform::x11 {
-
-/// Towards the start or the end of the row of desktops.
-enum class StepDirection { Previous, Next };
 
 /// The desktops of the screen, whoever manages them, and switching between them. Main thread only.
 class X11Desktops {
@@ -34,7 +32,7 @@ class X11Desktops {
 
   /// Asks for a switch by one desktop, counted from where the switches asked for before will lead, so that quick steps
   /// add up. Nothing happens beyond either end.
-  void step(StepDirection direction);
+  void step(Direction direction);
 
  private:
   using Clock = std::chrono::steady_clock;

@@ -1,7 +1,5 @@
 #include "platform/x11/input/SwipeTranslator.h"
 
-#include "platform/DockSwipe.h"
-
 #include <cmath>
 
 namespace roomlattice::platform::x11 {
@@ -23,9 +21,9 @@ std::optional<FieldEvent> SwipeTranslator::translate(const TouchpadSwipe& swipe)
     case TouchpadSwipe::Stage::Update:
       return update(swipe);
     case TouchpadSwipe::Stage::End:
-      return end(dockSwipe::Ended);
+      return end(DockSwipe::Ended);
     case TouchpadSwipe::Stage::Cancel:
-      return end(dockSwipe::Cancelled);
+      return end(DockSwipe::Cancelled);
   }
   return std::nullopt;
 }
@@ -43,31 +41,24 @@ std::optional<FieldEvent> SwipeTranslator::update(const TouchpadSwipe& swipe) {
   velocity_ = elapsed.count() > 0.0 ? -swipe.deltaX / wayToNextDesktop / elapsed.count() : 0.0;
   lastTime_ = swipe.time;
   if (state_ == State::Horizontal) {
-    return event(dockSwipe::Changed);
+    return event(DockSwipe::Changed);
   }
   if (state_ != State::Undecided || std::hypot(x_, y_) < decisiveWay) {
     return std::nullopt;
   }
   state_ = std::abs(x_) > std::abs(y_) ? State::Horizontal : State::Ignored;
-  return state_ == State::Horizontal ? std::optional(event(dockSwipe::Began)) : std::nullopt;
+  return state_ == State::Horizontal ? std::optional(event(DockSwipe::Began)) : std::nullopt;
 }
 
-std::optional<FieldEvent> SwipeTranslator::end(std::int64_t phase) {
+std::optional<FieldEvent> SwipeTranslator::end(DockSwipe::Phase phase) {
   const bool told = state_ == State::Horizontal;
   state_ = State::Idle;
   return told ? std::optional(event(phase)) : std::nullopt;
 }
 
-FieldEvent SwipeTranslator::event(std::int64_t phase) const {
+FieldEvent SwipeTranslator::event(DockSwipe::Phase phase) const {
   FieldEvent event;
-  event.setInteger(EventField::SourceProcessID, 0);
-  event.setInteger(EventField::Kind, dockSwipe::eventKind);
-  event.setInteger(EventField::GestureKind, dockSwipe::gestureKind);
-  event.setInteger(EventField::Phase, phase);
-  event.setReal(EventField::Progress, -x_ / wayToNextDesktop);
-  event.setInteger(EventField::SwipeAxis, dockSwipe::horizontal);
-  event.setReal(EventField::Velocity, velocity_);
-  event.setReal(EventField::SecondaryVelocity, velocity_);
+  DockSwipe{.phase = phase, .progress = -x_ / wayToNextDesktop, .velocity = velocity_}.write(event);
   return event;
 }
 

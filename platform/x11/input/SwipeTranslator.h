@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/DockSwipe.h"
 #include "support/FieldEvent.h"
 
 #include <chrono>
@@ -24,7 +25,7 @@ struct TouchpadSwipe {
 /// left pull the next desktop in from the right: progress and velocity are positive then. A swipe up or down is none.
 class SwipeTranslator {
  public:
-  /// The event of the Dock swipe that follows from `swipe`, if any; its source is no process.
+  /// The event of the Dock swipe that follows from `swipe`, if any. A user makes it, so its source is no process.
   std::optional<FieldEvent> translate(const TouchpadSwipe& swipe);
 
  private:
@@ -32,8 +33,8 @@ class SwipeTranslator {
 
   void begin(const TouchpadSwipe& swipe);
   std::optional<FieldEvent> update(const TouchpadSwipe& swipe);
-  std::optional<FieldEvent> end(std::int64_t phase);
-  FieldEvent event(std::int64_t phase) const;
+  std::optional<FieldEvent> end(DockSwipe::Phase phase);
+  FieldEvent event(DockSwipe::Phase phase) const;
 
   State state_ = State::Idle;
   double x_ = 0.0;

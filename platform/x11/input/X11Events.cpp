@@ -36,9 +36,8 @@ std::unique_ptr<Event> X11Events::createEvent() {
 }
 
 void X11Events::post(const Event& event) {
-  if (isDockSwipe(event) && event.integer(EventField::Phase) == dockSwipe::Ended) {
-    const bool isRight = event.real(EventField::Progress) >= 0.0;
-    desktops_.step(isRight ? StepDirection::Next : StepDirection::Previous);
+  if (const auto swipe = DockSwipe::read(event); swipe && swipe->phase == DockSwipe::Ended) {
+    desktops_.step(swipe->progress >= 0.0 ? Direction::Right : Direction::Left);
   }
   FieldEvent posted(event);
   posted.setInteger(EventField::SourceProcessID, getpid());

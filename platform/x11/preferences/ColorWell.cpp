@@ -28,7 +28,6 @@ void drawChecks(QPainter& painter, const QRect& area) {
 }  // namespace
 
 ColorWell::ColorWell(const ColorWellControl& well) : tag_(well.tag), action_(well.action) {
-  setAccessibleName(toQt(well.accessibilityLabel));
   setFocusPolicy(Qt::StrongFocus);
   show(toQt(well.color));
   connect(this, &QAbstractButton::clicked, this, [this] { openDialog(); });

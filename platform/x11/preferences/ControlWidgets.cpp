@@ -35,7 +35,6 @@ WidgetPointer make(const SliderControl& control) {
   auto slider = std::make_unique<QSlider>(Qt::Horizontal);
   slider->setRange(toSteps(control.minimum), toSteps(control.maximum));
   slider->setValue(toSteps(control.value));
-  slider->setAccessibleName(toQt(control.accessibilityLabel));
   QObject::connect(slider.get(), &QSlider::valueChanged, slider.get(),
                    [action = control.action, stepsPerUnit](int steps) { action(steps / stepsPerUnit); });
   return slider;
@@ -73,7 +72,6 @@ WidgetPointer make(const PopUpControl& control) {
     popUp->addItem(x11::toQt(item));
   }
   popUp->setCurrentIndex(control.selectedIndex);
-  popUp->setAccessibleName(x11::toQt(control.accessibilityLabel));
   // Also where the user chooses the item that is selected already.
   QObject::connect(popUp.get(), &QComboBox::activated, popUp.get(), control.action);
   return popUp;
@@ -93,7 +91,6 @@ WidgetPointer make(const SelectableTextControl& control) {
   auto field = std::make_unique<QLineEdit>(x11::toQt(control.text));
   field->setReadOnly(true);
   field->setFont(x11::toQt(control.font));
-  field->setAccessibleName(x11::toQt(control.accessibilityLabel));
   field->setCursorPosition(0);
   return field;
 }

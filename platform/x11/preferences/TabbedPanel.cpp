@@ -81,6 +81,7 @@ void TabbedPanel::addPage(QTabWidget& tabs, const TabPage& page) {
   for (const PlacedControl& placed : page.controls) {
     QWidget* widget = makeWidget(placed.control).release();
     widget->setParent(content);
+    widget->setAccessibleName(x11::toQt(placed.accessibilityLabel));
     widget->setGeometry(x11::toQt(placed.frame, page.size.height).toAlignedRect());
     widget->installEventFilter(wheelToPage);
     if (previous != nullptr) {

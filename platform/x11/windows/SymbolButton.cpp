@@ -20,7 +20,6 @@ void SymbolButton::show(const ButtonElement& element) {
   }
   setAccessibleName(toQt(element.symbol.accessibilityDescription));
   setToolTip(toQt(element.toolTip));
-  setVisible(!element.hidden);
 }
 
 void SymbolButton::paintEvent(QPaintEvent*) {

@@ -21,13 +21,12 @@ QSize pixelSize(const Size& size) {
 }
 
 bool spins(const ViewElement& element) {
-  const auto* spinner = std::get_if<SpinnerElement>(&element);
-  return spinner != nullptr && !spinner->hidden;
+  return std::holds_alternative<SpinnerElement>(element.kind) && !element.hidden;
 }
 
 QString visibleText(const ViewContent& content) {
   for (const ViewElement& element : content.elements) {
-    if (const auto* text = std::get_if<TextElement>(&element); text != nullptr && !text->hidden) {
+    if (const auto* text = std::get_if<TextElement>(&element.kind); text != nullptr && !element.hidden) {
       return singleLine(text->text);
     }
   }
@@ -85,9 +84,9 @@ void ViewCanvas::cancelMenuTracking() {
 void ViewCanvas::makeControls() {
   for (const ViewElement& element : content_.elements) {
     QWidget* control = nullptr;
-    if (std::holds_alternative<ButtonElement>(element)) {
+    if (std::holds_alternative<ButtonElement>(element.kind)) {
       control = new SymbolButton(view_, this);
-    } else if (std::holds_alternative<TextFieldElement>(element)) {
+    } else if (std::holds_alternative<TextFieldElement>(element.kind)) {
       control = field_ = new ViewTextField(view_, this);
     }
     controls_.push_back(control);
@@ -98,12 +97,14 @@ void ViewCanvas::updateControls() {
   setAccessibleName(visibleText(content_));
   const double height = view_.frame().size.height;
   for (std::size_t i = 0; i < controls_.size() && i < content_.elements.size(); ++i) {
-    if (const auto* button = std::get_if<ButtonElement>(&content_.elements[i])) {
-      controls_[i]->setGeometry(toQt(button->frame, height).toAlignedRect());
+    const ViewElement& element = content_.elements[i];
+    if (const auto* button = std::get_if<ButtonElement>(&element.kind)) {
+      controls_[i]->setGeometry(toQt(element.frame, height).toAlignedRect());
       static_cast<SymbolButton*>(controls_[i])->show(*button);
-    } else if (const auto* field = std::get_if<TextFieldElement>(&content_.elements[i])) {
-      controls_[i]->setGeometry(toQt(field->frame, height).toAlignedRect());
-      static_cast<ViewTextField*>(controls_[i])->show(*field);
+      controls_[i]->setVisible(!element.hidden);
+    } else if (const auto* field = std::get_if<TextFieldElement>(&element.kind)) {
+      controls_[i]->setGeometry(toQt(element.frame, height).toAlignedRect());
+      static_cast<ViewTextField*>(controls_[i])->show(*field, element.hidden);
     }
   }
 }
@@ -141,12 +142,15 @@ void ViewCanvas::paintEvent(QPaintEvent*) {
 
 void ViewCanvas::paint(QPainter& painter, const ViewElement& element) const {
   const double height = view_.frame().size.height;
-  if (const auto* text = std::get_if<TextElement>(&element); text != nullptr && !text->hidden) {
-    drawText(painter, toQt(text->frame, height), text->text, toQt(text->font), colorOf(text->color), text->alignment);
-  } else if (const auto* image = std::get_if<ImageElement>(&element); image != nullptr && !image->hidden) {
-    drawImage(painter, toQt(image->frame, height), image->image, colorOf(SystemColor::Label));
-  } else if (const auto* spinner = std::get_if<SpinnerElement>(&element); spinner != nullptr && !spinner->hidden) {
-    drawSpinner(painter, toQt(spinner->frame, height), spinnerStep_, Qt::white);
+  if (element.hidden) {
+    return;
+  }
+  if (const auto* text = std::get_if<TextElement>(&element.kind)) {
+    drawText(painter, toQt(element.frame, height), text->text, toQt(text->font), colorOf(text->color), text->alignment);
+  } else if (const auto* image = std::get_if<ImageElement>(&element.kind)) {
+    drawImage(painter, toQt(element.frame, height), image->image, colorOf(SystemColor::Label));
+  } else if (std::holds_alternative<SpinnerElement>(element.kind)) {
+    drawSpinner(painter, toQt(element.frame, height), spinnerStep_, Qt::white);
   }
 }
 

@@ -22,13 +22,13 @@ ViewTextField::ViewTextField(View& view, QWidget* parent) : QLineEdit(parent), v
   setContextMenuPolicy(Qt::NoContextMenu);
 }
 
-void ViewTextField::show(const TextFieldElement& element) {
+void ViewTextField::show(const TextFieldElement& element, bool hidden) {
   setFont(toQt(element.font));
-  if (element.hidden && hasFocus()) {
+  if (hidden && hasFocus()) {
     // Or else the menu around it would take the focus to its next row.
     window()->setFocus(Qt::OtherFocusReason);
   }
-  setVisible(!element.hidden);
+  setVisible(!hidden);
 }
 
 std::string ViewTextField::text() const {

@@ -13,7 +13,7 @@ class ViewTextField final : public QLineEdit, public TextField {
   /// The view must outlive it.
   ViewTextField(View& view, QWidget* parent);
 
-  void show(const TextFieldElement& element);
+  void show(const TextFieldElement& element, bool hidden);
 
   std::string text() const override;
   void setText(const std::string& text) override;

@@ -6,7 +6,7 @@
 namespace roomlattice::tests {
 namespace {
 
-using platform::x11::StepDirection;
+using platform::Direction;
 using ::testing::ElementsAre;
 
 class DesktopsOfKWin : public ::testing::Test {
@@ -49,7 +49,7 @@ TEST_F(DesktopsOfKWin, AreSwitchedRightlyAfterOneWasMadeInTheMiddle) {
   createDesktop(1);
   ASSERT_TRUE(waitFor([this] { return followed_.count() == 4; }));
   for (int place = 1; place < 4; ++place) {
-    followed_.desktops.step(StepDirection::Next);
+    followed_.desktops.step(Direction::Right);
     EXPECT_TRUE(waitFor([&] { return followed_.current() == place; })) << place;
   }
 }
@@ -65,7 +65,7 @@ TEST_F(DesktopsOfKWin, AreFollowedByEwmhWhenTheBusIsGone) {
   followed_.session.stopBus();
   EXPECT_TRUE(waitFor([this] { return followed_.uuids().front() == "desktop-1"; }));
   EXPECT_EQ(followed_.count(), 3);
-  followed_.desktops.step(StepDirection::Next);
+  followed_.desktops.step(Direction::Right);
   EXPECT_TRUE(waitFor([this] { return followed_.session.currentDesktop() == 1 && followed_.current() == 1; }));
 }
 

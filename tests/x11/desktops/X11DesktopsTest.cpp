@@ -9,7 +9,7 @@
 namespace roomlattice::tests {
 namespace {
 
-using platform::x11::StepDirection;
+using platform::Direction;
 using platform::x11::X11Connection;
 using ::testing::ElementsAre;
 
@@ -44,16 +44,16 @@ TEST_P(Desktops, FollowASwitchMadeByOthers) {
 }
 
 TEST_P(Desktops, AddUpQuickSteps) {
-  followed_.desktops.step(StepDirection::Next);
-  followed_.desktops.step(StepDirection::Next);
+  followed_.desktops.step(Direction::Right);
+  followed_.desktops.step(Direction::Right);
   EXPECT_TRUE(waitFor([this] { return followed_.current() == 2; }));
   // KWin tells of a switch over D-Bus, and then by its root properties.
   EXPECT_TRUE(waitFor([this] { return followed_.session.currentDesktop() == 2; }));
 }
 
 TEST_P(Desktops, AddUpQuickStepsThereAndBack) {
-  for (const auto direction : {StepDirection::Next, StepDirection::Previous, StepDirection::Next, StepDirection::Next,
-                               StepDirection::Previous}) {
+  for (const auto direction :
+       {Direction::Right, Direction::Left, Direction::Right, Direction::Right, Direction::Left}) {
     followed_.desktops.step(direction);
   }
   followed_.session.run({"wmctrl", "-n", "4"});  // comes after the steps, as messages are served in order
@@ -61,13 +61,13 @@ TEST_P(Desktops, AddUpQuickStepsThereAndBack) {
 }
 
 TEST_P(Desktops, EndAtBothEnds) {
-  followed_.desktops.step(StepDirection::Previous);
+  followed_.desktops.step(Direction::Left);
   for (int step = 0; step < 7; ++step) {
-    followed_.desktops.step(StepDirection::Next);
+    followed_.desktops.step(Direction::Right);
   }
   EXPECT_TRUE(waitFor([this] { return followed_.current() == 2; }));
-  followed_.desktops.step(StepDirection::Next);
-  followed_.desktops.step(StepDirection::Previous);
+  followed_.desktops.step(Direction::Right);
+  followed_.desktops.step(Direction::Left);
   EXPECT_TRUE(waitFor([this] { return followed_.current() == 1; }));
 }
 
@@ -86,7 +86,7 @@ TEST_P(Desktops, StayKnownWhileNoWindowManagerRuns) {
   followed_.session.stopWindowManager();
   ASSERT_TRUE(waitFor([this] { return !followed_.windowManager.current(); }));
   EXPECT_EQ(followed_.desktops.list(), before);
-  followed_.desktops.step(StepDirection::Next);
+  followed_.desktops.step(Direction::Right);
   EXPECT_EQ(followed_.desktops.list(), before);
 }
 

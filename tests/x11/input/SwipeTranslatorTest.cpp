@@ -49,10 +49,10 @@ TEST_F(SwipeTranslatorTest, TellsASwipeFromItsDecisiveMotionToItsEnd) {
   move(-2.0, 0.0);
   EXPECT_TRUE(phases().empty());
   move(-4.0, 0.0);
-  EXPECT_EQ(phases(), Phases{dockSwipe::Began});
+  EXPECT_EQ(phases(), Phases{DockSwipe::Began});
   move(-34.0, 0.0);
   end();
-  EXPECT_EQ(phases(), (Phases{dockSwipe::Began, dockSwipe::Changed, dockSwipe::Ended}));
+  EXPECT_EQ(phases(), (Phases{DockSwipe::Began, DockSwipe::Changed, DockSwipe::Ended}));
 }
 
 TEST_F(SwipeTranslatorTest, MakesEventsOfTheUsersDockSwipes) {
@@ -85,7 +85,7 @@ TEST_F(SwipeTranslatorTest, TellsOfACancelledSwipe) {
   begin();
   move(-40.0, 0.0);
   end(Stage::Cancel);
-  EXPECT_EQ(phases(), (Phases{dockSwipe::Began, dockSwipe::Cancelled}));
+  EXPECT_EQ(phases(), (Phases{DockSwipe::Began, DockSwipe::Cancelled}));
 }
 
 TEST_F(SwipeTranslatorTest, IgnoresSwipesUpAndDownToTheirEnd) {

@@ -22,20 +22,16 @@ class PostedSwipes : public ::testing::TestWithParam<WindowManagerKind> {
                                       [this] { visited_.push_back(ui_.desktops.list().current.value_or(99)); });
   }
 
-  void post(std::int64_t phase, double sign) {
+  void post(platform::DockSwipe::Phase phase, double sign) {
     const std::unique_ptr<Event> event = events_.createEvent();
-    event->setInteger(EventField::Kind, platform::dockSwipe::eventKind);
-    event->setInteger(EventField::GestureKind, platform::dockSwipe::gestureKind);
-    event->setInteger(EventField::Phase, phase);
-    event->setReal(EventField::Progress, sign);
-    event->setInteger(EventField::SwipeAxis, platform::dockSwipe::horizontal);
+    platform::DockSwipe{.phase = phase, .progress = sign}.write(*event);
     events_.post(*event);
   }
 
   void swipe(double sign) {
-    post(platform::dockSwipe::Began, sign);
-    post(platform::dockSwipe::Changed, sign);
-    post(platform::dockSwipe::Ended, sign);
+    post(platform::DockSwipe::Began, sign);
+    post(platform::DockSwipe::Changed, sign);
+    post(platform::DockSwipe::Ended, sign);
   }
 
   bool comesToDesktop(int desktop) {
@@ -82,9 +78,9 @@ TEST_P(PostedSwipes, DoNotWrapAround) {
 }
 
 TEST_P(PostedSwipes, TakeNoStepBeforeTheyAreCompleted) {
-  post(platform::dockSwipe::Began, right);
-  post(platform::dockSwipe::Changed, right);
-  post(platform::dockSwipe::Cancelled, right);
+  post(platform::DockSwipe::Began, right);
+  post(platform::DockSwipe::Changed, right);
+  post(platform::DockSwipe::Cancelled, right);
   swipe(right);
   EXPECT_TRUE(comesToDesktop(1));
   EXPECT_TRUE(waitFor([&] { return !visited_.empty(); }));

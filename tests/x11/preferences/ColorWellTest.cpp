@@ -21,11 +21,12 @@ class ColorWellTest : public ::testing::Test {
     page.controls.push_back({{{20.0, 20.0}, {60.0, 24.0}},
                              platform::ColorWellControl{.color = {1.0, 0.0, 0.0},
                                                         .tag = 7,
-                                                        .accessibilityLabel = "Shade",
-                                                        .action = [this](std::int64_t tag, const Color& color) {
-                                                          EXPECT_EQ(tag, 7);
-                                                          chosen_.push_back(color);
-                                                        }}});
+                                                        .action =
+                                                            [this](std::int64_t tag, const Color& color) {
+                                                              EXPECT_EQ(tag, 7);
+                                                              chosen_.push_back(color);
+                                                            }},
+                             "Shade"});
     panel_ = ui_.userInterface.createTabbedWindow(
         {.title = "Panel", .contentSize = {240.0, 200.0}, .tabFrame = {{0.0, 0.0}, {240.0, 200.0}}, .pages = {page}});
     panel_->show();

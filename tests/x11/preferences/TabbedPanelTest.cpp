@@ -26,12 +26,21 @@ using ::testing::ElementsAre;
 
 class TabbedPanelTest : public ::testing::Test {
  protected:
-  void showPage(const std::vector<Control>& controls) { showPages({{"Page", controls}}); }
+  struct NamedControl {
+    NamedControl(Control what, std::string name = {}) : control(std::move(what)), accessibilityLabel(std::move(name)) {}
+    template <class Kind>
+    NamedControl(Kind what) : control(std::move(what)) {}
+
+    Control control;
+    std::string accessibilityLabel;
+  };
 
   struct Page {
     std::string label;
-    std::vector<Control> controls;
+    std::vector<NamedControl> controls;
   };
+
+  void showPage(const std::vector<NamedControl>& controls) { showPages({{"Page", controls}}); }
 
   /// The controls of each page stand below one another.
   void showPages(const std::vector<Page>& pages) {
@@ -41,8 +50,8 @@ class TabbedPanelTest : public ::testing::Test {
       TabPage& placed = model.pages.emplace_back(
           TabPage{.identifier = page.label, .label = page.label, .size = {400.0, 300.0}, .controls = {}});
       double y = 260.0;
-      for (const Control& control : page.controls) {
-        placed.controls.push_back({{{20.0, y}, {200.0, 24.0}}, control});
+      for (const NamedControl& named : page.controls) {
+        placed.controls.push_back({{{20.0, y}, {200.0, 24.0}}, named.control, named.accessibilityLabel});
         y -= 40.0;
       }
     }
@@ -81,8 +90,9 @@ PushButtonControl button(const std::string& title) {
 }
 
 TEST_F(TabbedPanelTest, IsReachedByTheKeyboardFromControlToControl) {
-  showPage({CheckBoxControl{.title = "Check", .action = [](platform::CheckState) {}}, button("Push"),
-            SelectableTextControl{.text = "text", .accessibilityLabel = "Text"}});
+  showPage({CheckBoxControl{.title = "Check", .action = [](platform::CheckState) {}},
+            button("Push"),
+            {SelectableTextControl{.text = "text"}, "Text"}});
   std::vector<std::string> visited;
   for (int step = 0; step < 3; ++step) {
     QWidget* before = window()->focusWidget();
@@ -108,9 +118,7 @@ TEST_F(TabbedPanelTest, TurnsItsPagesByTheKeyboardWhateverControlHasIt) {
 }
 
 TEST_F(TabbedPanelTest, TellsScreenReadersNamesAndRoles) {
-  showPage({SliderControl{.accessibilityLabel = "Size", .action = [](double) {}},
-            platform::ColorWellControl{.accessibilityLabel = "Shade", .action = [](std::int64_t, platform::Color) {}},
-            button("Push")});
+  showPage({{SliderControl{}, "Size"}, {platform::ColorWellControl{}, "Shade"}, button("Push")});
   std::map<std::string, QAccessible::Role> roles;
   for (QWidget* widget : window()->findChildren<QWidget*>()) {
     roles[nameOf(widget)] = roleOf(widget);
@@ -131,7 +139,7 @@ TEST_F(TabbedPanelTest, TellsScreenReadersTheLabelOfAPopUp) {
 }
 
 TEST_F(TabbedPanelTest, GivesTheKeyboardBackToAButtonThatWasDisabledForAWhile) {
-  showPage({button("Gather"), SelectableTextControl{.text = "text", .accessibilityLabel = "Text"}});
+  showPage({button("Gather"), {SelectableTextControl{.text = "text"}, "Text"}});
   press("Tab");
   ASSERT_TRUE(waitFor([] { return nameOf(window()->focusWidget()) == "Gather"; }));
   panel_->setEnabled({0, 0}, false);
@@ -141,7 +149,7 @@ TEST_F(TabbedPanelTest, GivesTheKeyboardBackToAButtonThatWasDisabledForAWhile) {
 }
 
 TEST_F(TabbedPanelTest, LeavesTheKeyboardWhereTheUserHasTakenItMeanwhile) {
-  showPage({button("Gather"), SelectableTextControl{.text = "text", .accessibilityLabel = "Text"}});
+  showPage({button("Gather"), {SelectableTextControl{.text = "text"}, "Text"}});
   press("Tab");
   ASSERT_TRUE(waitFor([] { return nameOf(window()->focusWidget()) == "Gather"; }));
   panel_->setEnabled({0, 0}, false);
