@@ -1,5 +1,7 @@
 #include "app/AppDelegate.h"
 
+#include "preferences/PreferencesStore.h"
+#include "preferences/PreferencesWindowController.h"
 #include "spaces/SpaceManager.h"
 
 #include <chrono>
@@ -15,22 +17,18 @@ constexpr platform::Duration tourDelay = 1500ms;
 }  // namespace
 
 void AppDelegate::applicationDidFinishLaunching() {
-  observeDesktops();
+  SpaceManager& manager = SpaceManager::shared();
+  PreferencesStore& preferences = PreferencesStore::shared();
+  // It observes before it takes the first snapshot, so that no switch falls between the two; and before anything else
+  // observes, so that the model is up to date when the others hear of a switch.
+  observer_.emplace(platform_.windowServer(), platform_.notifications().workspaceCenter(), manager);
+  observer_->refresh();
   // What a callback calls is built before what calls it.
-  menuBar_.emplace(platform_);
-  signs_.emplace(platform_);
+  menuBar_.emplace(platform_, manager, preferences, [] { PreferencesWindowController::shared().showWindow(); });
+  signs_.emplace(platform_, manager, preferences);
   startHotCornerWatcher();
   startSwipeWatcher();
-  platform_.dispatcher().asyncAfter(tourDelay, lifetime_.guard([] { SpaceManager::shared().performAutoTour(); }));
-}
-
-void AppDelegate::observeDesktops() {
-  // Observed before the first snapshot is taken, so that no switch falls between the two; and before anything else
-  // observes, so that the model is up to date when the others hear of a switch.
-  observer_.emplace(platform_);
-  activeSpaceObservation_ = platform_.notifications().workspaceCenter().observe(
-      platform::notification::activeSpaceDidChange, [this] { observer_->activeSpaceDidChange(); });
-  observer_->refresh();
+  platform_.dispatcher().asyncAfter(tourDelay, lifetime_.guard([&manager] { manager.performAutoTour(); }));
 }
 
 void AppDelegate::startHotCornerWatcher() {

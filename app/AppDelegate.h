@@ -12,7 +12,8 @@
 
 namespace roomlattice {
 
-/// Builds and connects the program's objects once the application has launched, and owns them. Main thread only.
+/// Builds and connects the program's objects once the application has launched, and owns them but for the shared ones,
+/// which it alone looks up.
 class AppDelegate {
  public:
   explicit AppDelegate(platform::Platform& platform) : platform_(platform) {}
@@ -20,13 +21,11 @@ class AppDelegate {
   void applicationDidFinishLaunching();
 
  private:
-  void observeDesktops();
   void startHotCornerWatcher();
   void startSwipeWatcher();
 
   platform::Platform& platform_;
   std::optional<SpaceObserver> observer_;
-  platform::Registration activeSpaceObservation_;
   std::optional<MenuBarController> menuBar_;
   std::optional<SpaceSignWindowController> signs_;
   std::optional<HotCornerWatcher> hot_;

@@ -14,13 +14,13 @@ using namespace std::chrono_literals;
 RunningProgram::RunningProgram(int desktops) : desktop(desktops) {
   platform_.emplace(desktop);
   installation_.emplace(*platform_);
-  observer_.emplace(*platform_);
-  observation_ = platform_->notifications().workspaceCenter().observe(platform::notification::activeSpaceDidChange,
-                                                                      [this] { observer_->activeSpaceDidChange(); });
+  SpaceManager& manager = SpaceManager::shared();
+  PreferencesStore& preferences = PreferencesStore::shared();
+  observer_.emplace(platform_->windowServer(), platform_->notifications().workspaceCenter(), manager);
   observer_->refresh();
   storeNamesAndColors();
-  menuBar_.emplace(*platform_);
-  signs_.emplace(*platform_);
+  menuBar_.emplace(*platform_, manager, preferences, [] {});
+  signs_.emplace(*platform_, manager, preferences);
   for (const platform::simulated::Space& space : desktop.spaces().regular()) {
     desktop.switchTo(space.id);
   }

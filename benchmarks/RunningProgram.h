@@ -33,7 +33,6 @@ class RunningProgram {
   std::optional<platform::simulated::SimulatedPlatform> platform_;
   std::optional<Installation> installation_;
   std::optional<SpaceObserver> observer_;
-  platform::Registration observation_;
   std::optional<MenuBarController> menuBar_;
   std::optional<SpaceSignWindowController> signs_;
 };

@@ -7,7 +7,7 @@
 
 namespace roomlattice {
 
-/// Reports each entry of the pointer into a small square at the top left corner of the main screen. Main thread only.
+/// Reports each entry of the pointer into a small square at the top left corner of the main screen.
 class HotCornerWatcher {
  public:
   explicit HotCornerWatcher(platform::Platform& platform) : platform_(platform) {}
@@ -22,8 +22,6 @@ class HotCornerWatcher {
   void handleMouseMoved();
 
   platform::Platform& platform_;
-  // The side of the square, in points.
-  double triggerZoneSize_ = 5.0;
   bool armed_ = true;
   platform::Registration monitor_;
   Lifetime lifetime_;

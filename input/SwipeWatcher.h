@@ -11,7 +11,7 @@
 namespace roomlattice {
 
 /// Listens to the user's Dock swipes and reports the start of each one, once. Swipes that a process posts, this
-/// program's own included, do not count. Main thread only.
+/// program's own included, do not count.
 class SwipeWatcher {
  public:
   explicit SwipeWatcher(platform::Platform& platform) : platform_(platform) {}

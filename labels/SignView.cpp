@@ -1,7 +1,5 @@
 #include "labels/SignView.h"
 
-#include "preferences/PreferencesStore.h"
-
 #include <algorithm>
 #include <utility>
 
@@ -14,14 +12,14 @@ constexpr double sideMargin = 40.0;
 
 }  // namespace
 
-SignView::SignView(platform::Platform& platform, std::string text)
-    : platform_(platform), text_(std::move(text)), font_(labelFont()) {
+SignView::SignView(platform::Platform& platform, const PreferencesStore& preferences, std::string text)
+    : platform_(platform), preferences_(preferences), text_(std::move(text)), font_(labelFont(preferences)) {
   preferencesObserver_ =
       platform.notifications().defaultCenter().observe(PreferencesStore::didChange, [this] { prefsChanged(); });
 }
 
-platform::Font SignView::labelFont() {
-  return {.size = PreferencesStore::shared().signTextSize(), .weight = platform::FontWeight::Heavy};
+platform::Font SignView::labelFont(const PreferencesStore& preferences) {
+  return {.size = preferences.signTextSize(), .weight = platform::FontWeight::Heavy};
 }
 
 void SignView::setText(const std::string& text) {
@@ -32,7 +30,7 @@ void SignView::setText(const std::string& text) {
 }
 
 void SignView::prefsChanged() {
-  if (const platform::Font font = labelFont(); font != font_) {
+  if (const platform::Font font = labelFont(preferences_); font != font_) {
     font_ = font;
     contentChanged();
   }

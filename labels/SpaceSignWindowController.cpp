@@ -1,35 +1,39 @@
 #include "labels/SpaceSignWindowController.h"
 
-#include "labels/LabelScreen.h"
-#include "labels/SignView.h"
-#include "preferences/PreferencesStore.h"
-#include "spaces/SpaceManager.h"
-
 #include <algorithm>
-#include <utility>
+#include <chrono>
+#include <cstddef>
+#include <optional>
 #include <vector>
 
 namespace roomlattice {
 namespace {
 
-constexpr double horizontalMargin = 80.0;
-constexpr double verticalMargin = 60.0;
-constexpr double widestShareOfScreen = 0.9;
-constexpr double highestShareOfScreen = 0.6;
+using namespace std::chrono_literals;
+using platform::CollectionBehavior;
 
-SignView* signView(const platform::Window& window) {
-  return dynamic_cast<SignView*>(window.contentView());
-}
+constexpr platform::Duration showDelay = 500ms;
+constexpr platform::Duration showPeriod = 15s;
+constexpr platform::Duration hideDuration = 350ms;
+constexpr platform::Duration flashDuration = 500ms;
+constexpr platform::Duration dismissDuration = 300ms;
+constexpr platform::Duration primePeriod = 500ms;
 
-void setText(const platform::Window& window, const std::string& name) {
-  if (SignView* view = signView(window)) {
-    view->setText(name);
-  }
-}
+// The pointer cannot push away a label that is hardly there.
+constexpr double visibleAlpha = 0.05;
+
+constexpr CollectionBehavior behaviorInFrontDuringShowAll =
+    CollectionBehavior::Transient | CollectionBehavior::IgnoresCycle;
 
 }  // namespace
 
-SpaceSignWindowController::SpaceSignWindowController(platform::Platform& platform) : platform_(platform) {
+SpaceSignWindowController::SpaceSignWindowController(platform::Platform& platform, const SpaceManager& manager,
+                                                     const PreferencesStore& preferences)
+    : platform_(platform),
+      manager_(manager),
+      preferences_(preferences),
+      windows_(platform, manager, preferences),
+      tourOverlay_(platform.userInterface()) {
   ensureSignForActiveSpace();
   observeChanges();
   // Keeps the half-second timer of a process without a visible window from being throttled.
@@ -44,11 +48,11 @@ void SpaceSignWindowController::observeChanges() {
   platform::NotificationCenter& workspace = platform_.notifications().workspaceCenter();
   namespace notification = platform::notification;
   observers_ = {
-      process.observe(SpaceManager::didChange, [this] { spacesChanged(); }),
+      process.observe(SpaceManager::didChange, [this] { windows_.spacesChanged(); }),
       process.observe(SpaceManager::activeChanged, [this] { activeChanged(); }),
-      process.observe(PreferencesStore::didChange, [this] { screenParametersChanged(); }),
+      process.observe(PreferencesStore::didChange, [this] { windows_.place(); }),
       workspace.observe(notification::activeSpaceDidChange, [this] { primeNonActiveSigns(); }),
-      process.observe(notification::didChangeScreenParameters, [this] { screenParametersChanged(); }),
+      process.observe(notification::didChangeScreenParameters, [this] { windows_.place(); }),
       process.observe(SpaceManager::tourWillStart, [this] { tourWillStart(); }),
       process.observe(SpaceManager::tourDidEnd, [this] { tourDidEnd(); }),
       workspace.observe(notification::didWake, [this] { primeNonActiveSigns(); }),
@@ -56,86 +60,183 @@ void SpaceSignWindowController::observeChanges() {
 }
 
 void SpaceSignWindowController::ensureSignForActiveSpace() {
-  const SpaceManager& manager = SpaceManager::shared();
-  const SpaceInfo* active = manager.activeSpace();
-  if (active == nullptr) {
+  if (const SpaceInfo* active = manager_.activeSpace()) {
+    windows_.ensure(*active);
+  }
+}
+
+void SpaceSignWindowController::showAll() {
+  if (!preferences_.showSignAfterSelection()) {
     return;
   }
-  const std::string name = manager.displayName(*active);
-  if (const platform::Window* existing = window(active->spaceID)) {
-    setText(*existing, name);
+  flashWorkItem_.cancel();
+  isShowing_ = true;
+  const platform::SpaceID active = manager_.activeSpaceID();
+  if (const auto inFront = windows_.find(active)) {
+    inFront->setCollectionBehavior(behaviorInFrontDuringShowAll);
+    inFront->setAlpha(0.0);
+  }
+  platform_.dispatcher().asyncAfter(showDelay, lifetime_.guard([this, active] {
+    if (isShowing_) {
+      setInactiveAlpha(active, 1.0);
+    }
+  }));
+  hideWorkItem_ = platform_.dispatcher().schedule(showPeriod, lifetime_.guard([this] { hideAll(); }));
+}
+
+void SpaceSignWindowController::hideAll() {
+  if (!isShowing_) {
     return;
   }
-  WindowPointer made = makeSignWindow(name, 0.0);
-  pinWindow(*made, active->spaceID);
-  windows_[active->spaceID] = std::move(made);
-}
-
-SpaceSignWindowController::WindowPointer SpaceSignWindowController::makeSignWindow(const std::string& name,
-                                                                                   double alpha) {
-  const platform::Rect frame = signFrame(name);
-  WindowPointer made = platform_.userInterface().createOverlayWindow({.frame = frame,
-                                                                      .level = platform::WindowLevel::Floating,
-                                                                      .collectionBehavior = ordinaryBehavior,
-                                                                      .alpha = alpha});
-  auto view = std::make_unique<SignView>(platform_, name);
-  view->setFrame({{}, frame.size});
-  made->setContentView(std::move(view));
-  made->orderFront();
-  return made;
-}
-
-platform::Rect SpaceSignWindowController::signFrame(const std::string& text) const {
-  const platform::Rect screen = labelScreen(platform_.userInterface()).frame;
-  const platform::Size measured = platform_.userInterface().measure(text, SignView::labelFont());
-  const double width = std::min(measured.width + 2 * horizontalMargin, screen.size.width * widestShareOfScreen);
-  const double height = std::min(measured.height + 2 * verticalMargin, screen.size.height * highestShareOfScreen);
-  return {{screen.midX() - width * 0.5, screen.midY() - height * 0.5}, {width, height}};
-}
-
-void SpaceSignWindowController::pinWindow(const platform::Window& window, platform::SpaceID space) {
-  platform_.windowServer().addWindowToSpace(window.number(), space);
-}
-
-void SpaceSignWindowController::moveToFrame(platform::Window& window, const platform::Rect& frame) {
-  window.setFrame(frame);
-  if (platform::View* view = window.contentView()) {
-    view->setFrame({{}, frame.size});
+  isShowing_ = false;
+  flashWorkItem_.cancel();
+  hideWorkItem_.cancel();
+  for (const auto& [spaceID, label] : windows_.all()) {
+    label->setCollectionBehavior(SignWindows::ordinaryBehavior);
+    label->animateAlpha(0.0, hideDuration);
   }
 }
 
-void SpaceSignWindowController::spacesChanged() {
-  const SpaceManager& manager = SpaceManager::shared();
-  const std::vector<SpaceInfo> desktops = regularSpaces(manager.spaces());
-  std::erase_if(windows_, [&](const auto& entry) {
-    const bool stale = std::ranges::find(desktops, entry.first, &SpaceInfo::spaceID) == desktops.end();
-    if (stale) {
-      entry.second->orderOut();
+void SpaceSignWindowController::handleSwipeBegan(platform::Direction direction) {
+  if (!preferences_.showSignInSwipeMode() || isTouring_) {
+    return;
+  }
+  const platform::SpaceID active = manager_.activeSpaceID();
+  const double alpha = preferences_.signSwipeAlpha();
+  flashWorkItem_.cancel();
+  // The animated set takes a running fade's place, the direct one makes the value hold at once.
+  for (const auto& [spaceID, label] : windows_.all()) {
+    if (spaceID != active) {
+      label->animateAlpha(alpha, 0s);
     }
-    return stale;
-  });
-  for (const SpaceInfo& desktop : desktops) {
-    if (platform::Window* label = window(desktop.spaceID)) {
-      const std::string name = manager.displayName(desktop);
-      setText(*label, name);
-      moveToFrame(*label, signFrame(name));
+  }
+  setInactiveAlpha(active, alpha);
+  createSignForSwipe(active, direction, alpha);
+}
+
+void SpaceSignWindowController::createSignForSwipe(platform::SpaceID activeSpaceID, platform::Direction direction,
+                                                   double alpha) {
+  const std::vector<SpaceInfo> desktops = regularSpaces(manager_.spaces());
+  const std::optional<std::size_t> active = positionOf(activeSpaceID, desktops);
+  const bool isRight = direction == platform::Direction::Right;
+  if (!active || (isRight ? *active + 1 == desktops.size() : *active == 0)) {
+    return;
+  }
+  const SpaceInfo& target = desktops[isRight ? *active + 1 : *active - 1];
+  if (windows_.find(target.spaceID) != nullptr) {
+    return;
+  }
+  const platform::Window& made = windows_.make(target, alpha);
+  // Ordering it in has put it on the desktop in front.
+  platform_.windowServer().removeWindowFromSpace(made.number(), activeSpaceID);
+}
+
+void SpaceSignWindowController::activeChanged() {
+  const bool wasShowing = isShowing_;
+  if (wasShowing) {
+    hideAll();
+  }
+  dismissedSpaceIDs_.clear();
+  const bool isNew = manager_.activeSpace() == nullptr || windows_.find(manager_.activeSpaceID()) == nullptr;
+  ensureSignForActiveSpace();
+  const platform::SpaceID active = manager_.activeSpaceID();
+  flashWorkItem_.cancel();
+  if (isTouring_) {
+    setInactiveAlpha(active, 0.0);
+    return;
+  }
+  // The active label keeps the alpha it arrived with.
+  const bool swipeMode = preferences_.showSignInSwipeMode();
+  setInactiveAlpha(active, swipeMode ? preferences_.signSwipeAlpha() : 0.0);
+  if (!wasShowing && !isNew && swipeMode) {
+    flashActiveSign();
+  }
+}
+
+void SpaceSignWindowController::flashActiveSign() {
+  const SignWindows::WindowPointer label = windows_.find(manager_.activeSpaceID());
+  if (manager_.activeSpace() == nullptr || label == nullptr) {
+    return;
+  }
+  flashWorkItem_ =
+      platform_.dispatcher().schedule(0s, lifetime_.guard([label] { label->animateAlpha(0.0, flashDuration); }));
+}
+
+void SpaceSignWindowController::startMouseMonitor() {
+  mouseMonitor_ = platform_.events().monitorGlobalMouseMoved(lifetime_.guard([this] { mouseMoved(); }));
+}
+
+void SpaceSignWindowController::mouseMoved() {
+  const platform::Point pointer = platform_.events().mouseLocation();
+  if (isShowing_) {
+    const bool overLabel =
+        std::ranges::any_of(windows_.all(), [&](const auto& entry) { return entry.second->frame().contains(pointer); });
+    if (overLabel) {
+      hideAll();
+    }
+    return;
+  }
+  const platform::SpaceID active = manager_.activeSpaceID();
+  const SignWindows::WindowPointer label = windows_.find(active);
+  if (label != nullptr && label->alpha() > visibleAlpha && label->frame().contains(pointer)) {
+    dismissedSpaceIDs_.insert(active);
+    label->animateAlpha(0.0, dismissDuration);
+  }
+}
+
+void SpaceSignWindowController::setInactiveAlpha(platform::SpaceID activeSpaceID, double alpha) {
+  for (const auto& [spaceID, label] : windows_.all()) {
+    if (spaceID != activeSpaceID) {
+      label->setAlpha(alpha);
     }
   }
 }
 
-void SpaceSignWindowController::screenParametersChanged() {
-  const SpaceManager& manager = SpaceManager::shared();
-  for (const auto& [spaceID, label] : windows_) {
-    const auto space = std::ranges::find(manager.spaces(), spaceID, &SpaceInfo::spaceID);
-    if (space != manager.spaces().end()) {
-      moveToFrame(*label, signFrame(manager.displayName(*space)));
+void SpaceSignWindowController::setAllAlpha(double alpha) {
+  for (const auto& [spaceID, label] : windows_.all()) {
+    label->setAlpha(alpha);
+  }
+}
+
+void SpaceSignWindowController::startPrimeTimer() {
+  primeTimer_ =
+      platform_.dispatcher().repeat(primePeriod, primePeriod, lifetime_.guard([this] { primeNonActiveSigns(); }));
+}
+
+void SpaceSignWindowController::primeNonActiveSigns() {
+  // Compares before it writes: in the steady state no window property is set.
+  const auto prime = [](platform::Window& label, double alpha) {
+    if (label.alpha() != alpha) {
+      label.setAlpha(alpha);
+    }
+  };
+  if (!preferences_.showSignInSwipeMode()) {
+    for (const auto& [spaceID, label] : windows_.all()) {
+      prime(*label, 0.0);
+    }
+    return;
+  }
+  if (isShowing_ || isTouring_) {
+    return;
+  }
+  const platform::SpaceID active = manager_.activeSpaceID();
+  const double alpha = preferences_.signSwipeAlpha();
+  for (const auto& [spaceID, label] : windows_.all()) {
+    if (spaceID != active && !dismissedSpaceIDs_.contains(spaceID)) {
+      prime(*label, alpha);
     }
   }
 }
 
-platform::Window* SpaceSignWindowController::window(platform::SpaceID space) const {
-  const auto found = windows_.find(space);
-  return found == windows_.end() ? nullptr : found->second.get();
+void SpaceSignWindowController::tourWillStart() {
+  isTouring_ = true;
+  setAllAlpha(0.0);
+  tourOverlay_.show();
+}
+
+void SpaceSignWindowController::tourDidEnd() {
+  isTouring_ = false;
+  tourOverlay_.hide();
 }
 
 }  // namespace roomlattice

@@ -16,13 +16,14 @@ constexpr double sideMargin = 28.0;
 
 }  // namespace
 
-TourOverlayView::TourOverlayView(platform::Platform& platform, const platform::Rect& frame) : platform_(platform) {
+TourOverlayView::TourOverlayView(const platform::UserInterface& userInterface, const platform::Rect& frame)
+    : userInterface_(userInterface) {
   setFrame(frame);
 }
 
 platform::ViewContent TourOverlayView::content() const {
   const platform::Size plate = frame().size;
-  platform::Size text = platform_.userInterface().measure(message, messageFont);
+  platform::Size text = userInterface_.measure(message, messageFont);
   text.width = std::min(text.width, std::max(plate.width - 2 * sideMargin - spinnerSize.width - spacing, 0.0));
   Stack stack = horizontalStack({spinnerSize, text}, spacing);
   for (platform::Rect& child : stack.frames) {

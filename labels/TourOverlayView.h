@@ -1,18 +1,18 @@
 #pragma once
 
-#include "platform/Platform.h"
+#include "platform/UserInterface.h"
 
 namespace roomlattice {
 
-/// The content of the tour's overlay: a dark capsule with a spinner and a line of text. Main thread only.
+/// The content of the tour's overlay: a dark capsule with a spinner and a line of text.
 class TourOverlayView final : public platform::View {
  public:
-  TourOverlayView(platform::Platform& platform, const platform::Rect& frame);
+  TourOverlayView(const platform::UserInterface& userInterface, const platform::Rect& frame);
 
   platform::ViewContent content() const override;
 
  private:
-  platform::Platform& platform_;
+  const platform::UserInterface& userInterface_;
 };
 
 }  // namespace roomlattice

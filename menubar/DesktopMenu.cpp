@@ -1,8 +1,6 @@
-#include "menubar/MenuBarController.h"
+#include "menubar/DesktopMenu.h"
+
 #include "menubar/SpaceRowView.h"
-#include "preferences/PreferencesStore.h"
-#include "preferences/PreferencesWindowController.h"
-#include "spaces/SpaceManager.h"
 
 #include <cstdint>
 #include <memory>
@@ -14,19 +12,6 @@ namespace {
 
 constexpr platform::Size rowSize{220.0, 24.0};
 
-std::unique_ptr<SpaceRowView> makeRow(platform::Platform& platform, const SpaceInfo& space) {
-  const SpaceManager& manager = SpaceManager::shared();
-  auto row = std::make_unique<SpaceRowView>(platform, space, space.spaceID == manager.activeSpaceID(),
-                                            MenuBarController::dotColor(space), manager.displayName(space));
-  row->setFrame({{}, rowSize});
-  row->onSwitch = [space] {
-    const bool instant = PreferencesStore::shared().instantMenuSwitch();
-    SpaceManager::shared().switchToSpace(space, instant ? SwitchStyle::Instant : SwitchStyle::Animated);
-  };
-  row->onCommitRename = [space](const std::string& name) { SpaceManager::shared().setName(name, space); };
-  return row;
-}
-
 platform::Value representation(const SpaceInfo& space) {
   return platform::Value::Dictionary{{"spaceID", static_cast<std::int64_t>(space.spaceID)},
                                      {"uuid", space.uuid},
@@ -36,21 +21,35 @@ platform::Value representation(const SpaceInfo& space) {
 
 }  // namespace
 
-void MenuBarController::menuNeedsUpdate(platform::Menu& menu) {
+DesktopMenu::DesktopMenu(platform::Platform& platform, SpaceManager& manager, const PreferencesStore& preferences,
+                         std::function<void()> showPreferences)
+    : platform_(platform), manager_(manager), preferences_(preferences), showPreferences_(std::move(showPreferences)) {}
+
+void DesktopMenu::fill(platform::Menu& menu) const {
+  const DesktopColors colors = preferences_.desktopColors();
   menu.items.clear();
-  for (const SpaceInfo& space : regularSpaces(SpaceManager::shared().spaces())) {
-    menu.items.emplace_back(platform::ViewItem{makeRow(platform_, space), representation(space)});
+  for (const SpaceInfo& space : regularSpaces(manager_.spaces())) {
+    menu.items.emplace_back(row(space, colors.usedColor(space.uuid).color()));
   }
   menu.items.emplace_back(platform::SeparatorItem{});
-  menu.items.emplace_back(platform::CommandItem{"Preferences\u2026", ",", [this] { showPreferences(); }});
+  menu.items.emplace_back(platform::CommandItem{"Preferences\u2026", ",", showPreferences_});
   menu.items.emplace_back(platform::SeparatorItem{});
-  menu.items.emplace_back(platform::CommandItem{"Quit Plinkhaven", "q", [this] { platform_.application().terminate(); },
+  menu.items.emplace_back(platform::CommandItem{"Quit Plinkhaven", "q",
+                                                [&application = platform_.application()] { application.terminate(); },
                                                 platform::CommandRole::Quit});
 }
 
-void MenuBarController::showPreferences() {
-  PreferencesWindowController::shared().showWindow();
-  platform_.application().activateIgnoringOtherApps();
+platform::ViewItem DesktopMenu::row(const SpaceInfo& space, const platform::Color& color) const {
+  const bool isActive = space.spaceID == manager_.activeSpaceID();
+  auto view = std::make_unique<SpaceRowView>(platform_, space, isActive, color, manager_.displayName(space));
+  view->setFrame({{}, rowSize});
+  view->onSwitch = lifetime_.guard([this, space] { switchTo(space); });
+  view->onCommitRename = [this, space](const std::string& name) { manager_.setName(name, space); };
+  return {std::move(view), representation(space)};
+}
+
+void DesktopMenu::switchTo(const SpaceInfo& space) const {
+  manager_.switchToSpace(space, preferences_.instantMenuSwitch() ? SwitchStyle::Instant : SwitchStyle::Animated);
 }
 
 }  // namespace roomlattice

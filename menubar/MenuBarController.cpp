@@ -1,11 +1,9 @@
 #include "menubar/MenuBarController.h"
 
-#include "preferences/PreferencesStore.h"
-#include "spaces/SpaceManager.h"
-
 #include <algorithm>
 #include <optional>
 #include <string>
+#include <utility>
 
 namespace roomlattice {
 namespace {
@@ -25,14 +23,16 @@ Color mapComponents(const Color& color, double (*map)(double)) {
   return {map(color.red), map(color.green), map(color.blue), color.alpha};
 }
 
-Color usedColor(const SpaceColorConfig& config, ColorMode mode) {
-  return (mode == ColorMode::colorForeground ? config.foreground : config.background).color();
-}
-
 }  // namespace
 
-MenuBarController::MenuBarController(platform::Platform& platform)
-    : platform_(platform), statusItem_(platform.userInterface().createStatusItem(platform::VariableLength{})) {
+MenuBarController::MenuBarController(platform::Platform& platform, SpaceManager& manager,
+                                     const PreferencesStore& preferences, std::function<void()> showPreferencesWindow)
+    : platform_(platform),
+      manager_(manager),
+      preferences_(preferences),
+      showPreferencesWindow_(std::move(showPreferencesWindow)),
+      desktopMenu_(platform, manager, preferences, [this] { showPreferences(); }),
+      statusItem_(platform.userInterface().createStatusItem(platform::VariableLength{})) {
   menu_.needsUpdate = [this](platform::Menu& menu) { menuNeedsUpdate(menu); };
   statusItem_->setMenu(&menu_);
   refreshTitle();
@@ -47,9 +47,8 @@ MenuBarController::MenuBarController(platform::Platform& platform)
 }
 
 void MenuBarController::refreshTitle() {
-  const PreferencesStore& preferences = PreferencesStore::shared();
   if (platform::StatusButton* button = statusItem_->button()) {
-    if (!preferences.showSpaceNameInMenuBar()) {
+    if (!preferences_.showSpaceNameInMenuBar()) {
       // The icon keeps its square whatever the width mode.
       platform::Image icon = makeIconImage();
       icon.isTemplate = true;
@@ -59,7 +58,7 @@ void MenuBarController::refreshTitle() {
     }
     button->setContent(titleContent());
   }
-  if (preferences.menuBarWidthMode() == MenuBarWidthMode::maxTitleLength) {
+  if (preferences_.menuBarWidthMode() == MenuBarWidthMode::MaxTitleLength) {
     statusItem_->setLength(platform::FixedLength{fixedWidth});
   } else {
     statusItem_->setLength(platform::VariableLength{});
@@ -67,15 +66,13 @@ void MenuBarController::refreshTitle() {
 }
 
 platform::StatusButtonContent MenuBarController::titleContent() const {
-  const SpaceInfo* active = SpaceManager::shared().activeSpace();
+  const SpaceInfo* active = manager_.activeSpace();
   if (active == nullptr) {
     return {.title = {.text = "Desktops"}};
   }
-  const PreferencesStore& preferences = PreferencesStore::shared();
-  const ColorMode mode = preferences.colorMode();
-  const Color color = usedColor(preferences.colorConfig(active->uuid), mode);
-  const std::string text = " " + SpaceManager::shared().displayName(*active) + " ";
-  if (mode == ColorMode::colorForeground) {
+  const Color color = dotColor(*active);
+  const std::string text = " " + manager_.displayName(*active) + " ";
+  if (preferences_.colorMode() == ColorMode::ColorForeground) {
     return {.title = {.text = text, .color = adjustedForeground(color)}};
   }
   return {.title = {.text = text, .color = contrastingColor(color)},
@@ -112,9 +109,13 @@ Color MenuBarController::contrastingColor(const Color& color) {
   return luminance(color.inSRGB().value_or(Color::black())) > 0.5 ? Color::black() : Color::white();
 }
 
-Color MenuBarController::dotColor(const SpaceInfo& space) {
-  const PreferencesStore& preferences = PreferencesStore::shared();
-  return usedColor(preferences.colorConfig(space.uuid), preferences.colorMode());
+Color MenuBarController::dotColor(const SpaceInfo& space) const {
+  return preferences_.desktopColors().usedColor(space.uuid).color();
+}
+
+void MenuBarController::showPreferences() {
+  showPreferencesWindow_();
+  platform_.application().activateIgnoringOtherApps();
 }
 
 }  // namespace roomlattice

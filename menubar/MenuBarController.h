@@ -1,26 +1,32 @@
 #pragma once
 
+#include "menubar/DesktopMenu.h"
 #include "platform/Platform.h"
+#include "preferences/PreferencesStore.h"
 #include "spaces/SpaceInfo.h"
+#include "spaces/SpaceManager.h"
 
 #include <array>
+#include <functional>
 #include <memory>
 
 namespace roomlattice {
 
 /// Owns the status item, with the active desktop's name in that desktop's colour or a grid icon, and its menu. It has
 /// no state besides: every refresh, and every opening of the menu, computes everything from the model and the
-/// preferences. Main thread only.
+/// preferences.
 class MenuBarController {
  public:
   /// Puts the item into the status bar, refreshes it once and from then on at every change of what it shows.
-  explicit MenuBarController(platform::Platform& platform);
+  /// `showPreferencesWindow` is never empty.
+  MenuBarController(platform::Platform& platform, SpaceManager& manager, const PreferencesStore& preferences,
+                    std::function<void()> showPreferencesWindow);
 
   /// Recomputes title, icon, colours and width.
   void refreshTitle();
 
   /// Brings the menu up to date before it opens: a row for each regular desktop, then the commands.
-  void menuNeedsUpdate(platform::Menu& menu);
+  void menuNeedsUpdate(platform::Menu& menu) { desktopMenu_.fill(menu); }
 
   /// Brings the preferences window to the front of all applications.
   void showPreferences();
@@ -36,12 +42,16 @@ class MenuBarController {
   static platform::Color contrastingColor(const platform::Color& color);
 
   /// The colour of a desktop that the colour mode uses.
-  static platform::Color dotColor(const SpaceInfo& space);
+  platform::Color dotColor(const SpaceInfo& space) const;
 
  private:
   platform::StatusButtonContent titleContent() const;
 
   platform::Platform& platform_;
+  const SpaceManager& manager_;
+  const PreferencesStore& preferences_;
+  std::function<void()> showPreferencesWindow_;
+  DesktopMenu desktopMenu_;
   platform::Menu menu_;
   std::unique_ptr<platform::StatusItem> statusItem_;
   std::array<platform::Registration, 4> observers_;

@@ -123,25 +123,23 @@ void SpaceRowView::mouseUp(platform::Point point) {
     return;
   }
   // The switch starts only after the menu has gone.
-  std::function<void()> switchLater = onSwitch;
+  const std::function<void()> switchLater = onSwitch;
   if (host() != nullptr) {
     host()->cancelMenuTracking();
   }
-  platform_.dispatcher().async([switchLater = std::move(switchLater)] {
-    if (switchLater) {
-      switchLater();
-    }
-  });
+  if (switchLater) {
+    platform_.dispatcher().async(switchLater);
+  }
 }
 
 void SpaceRowView::renameClicked() {
-  if (isEditing_) {
+  if (isEditing_ || host() == nullptr) {
     return;
   }
   isEditing_ = true;
   isPencilVisible_ = false;
   contentChanged();
-  if (platform::TextField* field = host() == nullptr ? nullptr : host()->textField()) {
+  if (platform::TextField* field = host()->textField()) {
     field->setText(displayName_);
     field->focusAndSelectAll();
   }
@@ -155,10 +153,6 @@ void SpaceRowView::installMonitor() {
 
 platform::KeyDisposition SpaceRowView::handleKey(const platform::KeyEvent& event) {
   using platform::KeyDisposition;
-  // The row outlives the menu's closing until the next opening; an edit that was under way is lost.
-  if (!isEditing_ || host() == nullptr) {
-    return KeyDisposition::PassOn;
-  }
   switch (event.code()) {
     case platform::keyCode::keypadEnter:
     case platform::keyCode::returnKey:
@@ -178,8 +172,12 @@ void SpaceRowView::commit() {
   if (!isEditing_) {
     return;
   }
-  const platform::TextField* field = host() == nullptr ? nullptr : host()->textField();
-  const std::string typed = field == nullptr ? displayName_ : field->text();
+  const platform::TextField* field = host()->textField();
+  if (field == nullptr) {
+    cancelRename();
+    return;
+  }
+  const std::string typed = field->text();
   // The label shows what was typed, blanks at the ends included; what becomes of it is the model's affair.
   labelText_ = trimWhitespace(typed).empty() ? displayName_ : typed;
   endEditing();

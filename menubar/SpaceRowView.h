@@ -10,16 +10,16 @@ namespace roomlattice {
 
 /// A desktop's row in the status menu: a dot, the name, and while the pointer is over it a pencil. A click switches to
 /// the desktop; the pencil turns the name into a text field. All of it happens while the menu is open, so the row takes
-/// the keys of its field itself. Main thread only.
+/// the keys of its field itself.
 class SpaceRowView final : public platform::View {
  public:
   SpaceRowView(platform::Platform& platform, SpaceInfo space, bool isActive, const platform::Color& dotColor,
                std::string displayName);
 
-  /// Called on a later turn of the main queue, when the menu has closed.
+  /// Called on a later turn of the main queue, when the menu has closed. May be empty.
   std::function<void()> onSwitch;
 
-  /// Called with the text as it was typed, blank or not.
+  /// Called with the text as it was typed, blank or not. May be empty.
   std::function<void(const std::string& name)> onCommitRename;
 
   const SpaceInfo& space() const { return space_; }
@@ -31,6 +31,10 @@ class SpaceRowView final : public platform::View {
   void mouseUp(platform::Point point) override;
   void buttonClicked() override { renameClicked(); }
   platform::CommandDisposition doCommand(platform::EditCommand command) override;
+
+ protected:
+  /// The menu has closed: an edit that was under way is lost.
+  void hostingEnded() override { cancelRename(); }
 
  private:
   platform::Image makeDot() const;

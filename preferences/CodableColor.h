@@ -6,7 +6,6 @@
 #include <map>
 #include <optional>
 #include <string>
-#include <vector>
 
 namespace roomlattice {
 
@@ -32,12 +31,6 @@ struct SpaceColorConfig {
 
 /// Colour pairs by desktop uuid.
 using SpaceColors = std::map<std::string, SpaceColorConfig>;
-
-/// A named list of colours, dealt out to the desktops in turn.
-struct ColorPalette {
-  std::string name;
-  std::vector<CodableColor> colors;
-};
 
 /// The stored form: objects with exactly the fields' names as keys.
 platform::Value encode(const SpaceColors& colors);

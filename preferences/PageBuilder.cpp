@@ -56,6 +56,14 @@ void PageBuilder::addRow(const std::string& label, platform::Control control, Ro
   count_ += 2;
 }
 
+void PageBuilder::addCheckBox(const std::string& title, bool isOn, std::function<void(bool isOn)> setter) {
+  using platform::CheckState;
+  add(platform::CheckBoxControl{
+      .title = title,
+      .state = isOn ? CheckState::On : CheckState::Off,
+      .action = [setter = std::move(setter)](CheckState state) { setter(state == CheckState::On); }});
+}
+
 Size PageBuilder::controlSize(const platform::Control& control, RowWidth width) const {
   if (std::holds_alternative<platform::ColorWellControl>(control)) {
     return colorWellSize;

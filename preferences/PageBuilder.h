@@ -3,6 +3,7 @@
 #include "platform/UserInterface.h"
 
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -16,6 +17,9 @@ class PageBuilder {
   /// A width of a control in a row.
   enum class RowWidth { OfItself, Slider };
 
+  /// Between the rows of a page that is a form.
+  static constexpr double formSpacing = 20.0;
+
   PageBuilder(const platform::UserInterface& userInterface, double spacing)
       : userInterface_(userInterface), spacing_(spacing) {}
 
@@ -28,6 +32,9 @@ class PageBuilder {
   /// Appends a label of fixed width with a control behind it. The label's text also names the control to assistive
   /// technology.
   void addRow(const std::string& label, platform::Control control, RowWidth width = RowWidth::OfItself);
+
+  /// Appends a check box that is on or off; `setter` is called with what the user makes of it.
+  void addCheckBox(const std::string& title, bool isOn, std::function<void(bool isOn)> setter);
 
   platform::TabPage build(std::string identifier, std::string label) const;
 

@@ -1,4 +1,6 @@
-#include "preferences/PreferencesStore.h"
+#include "preferences/Palettes.h"
+
+#include <algorithm>
 
 namespace roomlattice {
 namespace {
@@ -110,9 +112,14 @@ std::vector<ColorPalette> makePalettes() {
 
 }  // namespace
 
-const std::vector<ColorPalette>& PreferencesStore::palettes() {
-  static const std::vector<ColorPalette> builtIn = makePalettes();
-  return builtIn;
+const std::vector<ColorPalette>& palettes() {
+  static const std::vector<ColorPalette> all = makePalettes();
+  return all;
+}
+
+const ColorPalette* findPalette(std::string_view name) {
+  const auto found = std::ranges::find(palettes(), name, &ColorPalette::name);
+  return found == palettes().end() ? nullptr : &*found;
 }
 
 }  // namespace roomlattice

@@ -2,6 +2,9 @@
 
 #include "support/Installation.h"
 
+#include <optional>
+#include <utility>
+
 namespace roomlattice {
 namespace {
 
@@ -18,17 +21,17 @@ constexpr const char* colorModeKey = "ColorMode";
 constexpr const char* spaceColorsKey = "SpaceColors";
 
 constexpr const char* rawValue(MenuBarWidthMode mode) {
-  return mode == MenuBarWidthMode::fitToTitle ? "fitToTitle" : "maxTitleLength";
+  return mode == MenuBarWidthMode::FitToTitle ? "fitToTitle" : "maxTitleLength";
 }
 
 constexpr const char* rawValue(ColorMode mode) {
-  return mode == ColorMode::colorForeground ? "colorForeground" : "colorBackground";
+  return mode == ColorMode::ColorForeground ? "colorForeground" : "colorBackground";
 }
 
 }  // namespace
 
 PreferencesStore& PreferencesStore::shared() {
-  return Installation::current().shared<PreferencesStore>();
+  return Installation::current().shared<PreferencesStore>(SpaceManager::shared());
 }
 
 double PreferencesStore::signTextSize() const {
@@ -74,8 +77,8 @@ void PreferencesStore::setInstantMenuSwitch(bool instant) {
 }
 
 MenuBarWidthMode PreferencesStore::menuBarWidthMode() const {
-  const bool fixed = string(menuBarWidthModeKey) == rawValue(MenuBarWidthMode::maxTitleLength);
-  return fixed ? MenuBarWidthMode::maxTitleLength : MenuBarWidthMode::fitToTitle;
+  const bool fixed = string(menuBarWidthModeKey) == rawValue(MenuBarWidthMode::MaxTitleLength);
+  return fixed ? MenuBarWidthMode::MaxTitleLength : MenuBarWidthMode::FitToTitle;
 }
 
 void PreferencesStore::setMenuBarWidthMode(MenuBarWidthMode mode) {
@@ -83,8 +86,8 @@ void PreferencesStore::setMenuBarWidthMode(MenuBarWidthMode mode) {
 }
 
 ColorMode PreferencesStore::colorMode() const {
-  const bool foreground = string(colorModeKey) == rawValue(ColorMode::colorForeground);
-  return foreground ? ColorMode::colorForeground : ColorMode::colorBackground;
+  const bool foreground = string(colorModeKey) == rawValue(ColorMode::ColorForeground);
+  return foreground ? ColorMode::ColorForeground : ColorMode::ColorBackground;
 }
 
 void PreferencesStore::setColorMode(ColorMode mode) {
@@ -103,6 +106,20 @@ void PreferencesStore::setSpaceColors(const SpaceColors& colors) {
     platform_.defaults().set(spaceColorsKey, *std::move(data));
   }
   platform_.notifications().defaultCenter().post(didChange);
+}
+
+CodableColor PreferencesStore::defaultColor(const std::string& forSpaceUUID) const {
+  return DesktopColors(spaces_.spaces(), {}, {}).defaultColor(forSpaceUUID);
+}
+
+SpaceColorConfig PreferencesStore::colorConfig(const std::string& forSpaceUUID) const {
+  return desktopColors().config(forSpaceUUID);
+}
+
+void PreferencesStore::applyPalette(const ColorPalette& palette) {
+  DesktopColors colors = desktopColors();
+  colors.apply(palette);
+  setSpaceColors(colors.stored());
 }
 
 double PreferencesStore::number(const char* key, double fallback) const {

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "platform/Platform.h"
-#include "preferences/CodableColor.h"
+#include "preferences/DesktopColors.h"
+#include "spaces/SpaceManager.h"
 
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -11,14 +11,11 @@
 namespace roomlattice {
 
 /// The width of the status item.
-enum class MenuBarWidthMode { fitToTitle, maxTitleLength };
-
-/// Whether a desktop's colour tints its name or fills the area behind it.
-enum class ColorMode { colorForeground, colorBackground };
+enum class MenuBarWidthMode { FitToTitle, MaxTitleLength };
 
 /// Typed access to the settings. Nothing is kept here: every read goes to the defaults, and an absent key or a value of
 /// another type reads as the setting's default. Every write posts didChange once, synchronously, on the default centre.
-/// No value is clamped. Main thread only.
+/// No value is clamped.
 class PreferencesStore {
  public:
   static constexpr std::string_view didChange = "PreferencesStoreDidChange";
@@ -26,11 +23,10 @@ class PreferencesStore {
   /// The instance of the installed platform, made on first use.
   static PreferencesStore& shared();
 
-  /// "B&W", "Vivid", "Pastel", "Earth" and "Neon", each of sixteen opaque colours.
-  static const std::vector<ColorPalette>& palettes();
+  static const std::vector<ColorPalette>& palettes() { return roomlattice::palettes(); }
 
-  /// For shared().
-  explicit PreferencesStore(platform::Platform& platform) : platform_(platform) {}
+  /// The positions of `spaces` give desktops without a colour of their own one.
+  PreferencesStore(platform::Platform& platform, const SpaceManager& spaces) : platform_(platform), spaces_(spaces) {}
 
   /// Of the desktop's name on its label, in points.
   double signTextSize() const;
@@ -64,15 +60,16 @@ class PreferencesStore {
   /// Stores the whole dictionary. Colours that have no JSON form leave the stored ones as they are.
   void setSpaceColors(const SpaceColors& colors);
 
-  /// The "Pastel" colour at the desktop's position among the regular ones, going round; that of position 0 for any
-  /// other uuid.
-  static CodableColor defaultColor(const std::string& forSpaceUUID);
+  /// The colours of the desktops as they are now.
+  DesktopColors desktopColors() const { return {spaces_.spaces(), spaceColors(), colorMode()}; }
 
-  /// The stored pair, or the default colour twice.
+  /// DesktopColors::defaultColor, which reads no setting.
+  CodableColor defaultColor(const std::string& forSpaceUUID) const;
+
+  /// DesktopColors::config.
   SpaceColorConfig colorConfig(const std::string& forSpaceUUID) const;
 
-  /// Deals the palette's colours out to the regular desktops, as the colour that the mode uses; the other colour of
-  /// each pair and the pairs of other desktops stay. The palette has at least one colour.
+  /// Stores DesktopColors::apply.
   void applyPalette(const ColorPalette& palette);
 
  private:
@@ -82,6 +79,7 @@ class PreferencesStore {
   void write(const char* key, const platform::Value& value);
 
   platform::Platform& platform_;
+  const SpaceManager& spaces_;
 };
 
 }  // namespace roomlattice

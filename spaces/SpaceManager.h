@@ -15,7 +15,7 @@
 namespace roomlattice {
 
 /// The one model of the desktops: the latest snapshot, which desktop is active, and the names users gave; and the way
-/// to move among them. All other parts of the program read desktops only from here. Main thread only; notifications
+/// to move among them. All other parts of the program read desktops only from here. Notifications
 /// are posted synchronously on the default centre.
 class SpaceManager {
  public:

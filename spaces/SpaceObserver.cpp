@@ -1,11 +1,11 @@
 #include "spaces/SpaceObserver.h"
 
-#include "spaces/SpaceManager.h"
 #include "support/Fatal.h"
 
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace roomlattice {
@@ -63,10 +63,16 @@ std::vector<SpaceInfo> parseDisplays(const Value& displays) {
 
 }  // namespace
 
+SpaceObserver::SpaceObserver(platform::WindowServer& windowServer, platform::NotificationCenter& workspace,
+                             SpaceManager& spaces)
+    : windowServer_(windowServer),
+      spaces_(spaces),
+      observation_(
+          workspace.observe(platform::notification::activeSpaceDidChange, [this] { activeSpaceDidChange(); })) {}
+
 void SpaceObserver::refresh() {
-  const Value displays = platform_.windowServer().managedDisplaySpaces();
-  std::vector<SpaceInfo> spaces = parseDisplays(displays);
-  SpaceManager::shared().update(std::move(spaces), platform_.windowServer().activeSpace());
+  std::vector<SpaceInfo> spaces = parseDisplays(windowServer_.managedDisplaySpaces());
+  spaces_.update(std::move(spaces), windowServer_.activeSpace());
 }
 
 }  // namespace roomlattice

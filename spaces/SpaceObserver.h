@@ -1,13 +1,16 @@
 #pragma once
 
-#include "platform/Platform.h"
+#include "platform/NotificationCenter.h"
+#include "platform/WindowServer.h"
+#include "spaces/SpaceManager.h"
 
 namespace roomlattice {
 
-/// Takes snapshots of the window server's desktops and hands them to SpaceManager::shared(). Main thread only.
+/// Takes snapshots of the window server's desktops and hands them to the model: when it is told to, and whenever the
+/// workspace reports another active desktop.
 class SpaceObserver {
  public:
-  explicit SpaceObserver(platform::Platform& platform) : platform_(platform) {}
+  SpaceObserver(platform::WindowServer& windowServer, platform::NotificationCenter& workspace, SpaceManager& spaces);
 
   /// The workspace reported another active desktop.
   void activeSpaceDidChange() { refresh(); }
@@ -16,7 +19,9 @@ class SpaceObserver {
   void refresh();
 
  private:
-  platform::Platform& platform_;
+  platform::WindowServer& windowServer_;
+  SpaceManager& spaces_;
+  platform::Registration observation_;
 };
 
 }  // namespace roomlattice

@@ -24,15 +24,15 @@ class Installation {
 
   platform::Platform& platform() { return platform_; }
 
-  /// The one `T` of this installation, made from the platform by the first caller.
-  template <class T>
-  T& shared() {
+  /// The one `T` of this installation. The first caller makes it, of the platform and `arguments`.
+  template <class T, class... Arguments>
+  T& shared(Arguments&... arguments) {
     for (const auto& [type, instance] : instances_) {
       if (type == typeid(T)) {
         return *static_cast<T*>(instance.get());
       }
     }
-    auto made = std::make_shared<T>(platform_);
+    auto made = std::make_shared<T>(platform_, arguments...);
     T& instance = *made;
     instances_.emplace_back(typeid(T), std::move(made));
     return instance;

@@ -30,11 +30,9 @@ class LabelFixture : public SimulatedFixture {
 
   /// Builds what the program builds at launch, in that order.
   void startLabels() {
-    observer_.emplace(platform());
-    observation_ = platform().notifications().workspaceCenter().observe(platform::notification::activeSpaceDidChange,
-                                                                        [this] { observer_->activeSpaceDidChange(); });
+    observer_.emplace(platform().windowServer(), platform().notifications().workspaceCenter(), SpaceManager::shared());
     observer_->refresh();
-    signs.emplace(platform());
+    signs.emplace(platform(), SpaceManager::shared(), PreferencesStore::shared());
   }
 
   /// Starts them, has every desktop visited, and returns to the first one; all is at rest then, a priming tick just
@@ -109,7 +107,6 @@ class LabelFixture : public SimulatedFixture {
  private:
   platform::Registration earlyObservation_;
   std::optional<SpaceObserver> observer_;
-  platform::Registration observation_;
 };
 
 }  // namespace roomlattice::tests

@@ -32,14 +32,14 @@ class SignViewTest : public SimulatedFixture {
 };
 
 TEST_F(SignViewTest, IsADarkPlateWithRoundCorners) {
-  const SignView view(platform(), "Mail");
+  const SignView view(platform(), PreferencesStore::shared(), "Mail");
   EXPECT_EQ(view.content().background, (Color{0.0, 0.0, 0.0, 0.78}));
   EXPECT_EQ(view.content().cornerRadius, 40.0);
   EXPECT_EQ(view.content().elements.size(), 1U);
 }
 
 TEST_F(SignViewTest, ShowsTheNameInHeavyWhiteCentredType) {
-  const SignView view(platform(), "Mail");
+  const SignView view(platform(), PreferencesStore::shared(), "Mail");
   const auto text = textOf(view);
   EXPECT_EQ(text.text, "Mail");
   EXPECT_EQ(text.font, (platform::Font{platform::FontFamily::System, 160.0, FontWeight::Heavy}));
@@ -49,41 +49,41 @@ TEST_F(SignViewTest, ShowsTheNameInHeavyWhiteCentredType) {
 }
 
 TEST_F(SignViewTest, StartsWithoutAFrame) {
-  EXPECT_EQ(SignView(platform(), "Mail").frame(), Rect());
+  EXPECT_EQ(SignView(platform(), PreferencesStore::shared(), "Mail").frame(), Rect());
 }
 
 TEST_F(SignViewTest, CentresTheTextOnThePlate) {
-  SignView view(platform(), "Mail");
+  SignView view(platform(), PreferencesStore::shared(), "Mail");
   view.setFrame({{}, {560.0, 320.0}});
   EXPECT_EQ(textOf(view).frame, (Rect{{80.0, 60.0}, {400.0, 200.0}}));
 }
 
 TEST_F(SignViewTest, KeepsFortyPointsFreeOnBothSidesOfALongText) {
-  SignView view(platform(), "A name that is too long");
+  SignView view(platform(), PreferencesStore::shared(), "A name that is too long");
   view.setFrame({{}, {1296.0, 320.0}});
   EXPECT_EQ(textOf(view).frame, (Rect{{40.0, 60.0}, {1216.0, 200.0}}));
 }
 
 TEST_F(SignViewTest, LetsATextFillThePlateUpToItsMargins) {
-  SignView view(platform(), "Mail");
+  SignView view(platform(), PreferencesStore::shared(), "Mail");
   view.setFrame({{}, {480.0, 320.0}});
   EXPECT_EQ(textOf(view).frame, (Rect{{40.0, 60.0}, {400.0, 200.0}}));
 }
 
 TEST_F(SignViewTest, CentresATextThatIsHigherThanThePlate) {
-  SignView view(platform(), "Mail");
+  SignView view(platform(), PreferencesStore::shared(), "Mail");
   view.setFrame({{}, {560.0, 100.0}});
   EXPECT_EQ(textOf(view).frame, (Rect{{80.0, -50.0}, {400.0, 200.0}}));
 }
 
 TEST_F(SignViewTest, GivesTheTextNoWidthOnAPlateNarrowerThanItsMargins) {
-  SignView view(platform(), "Mail");
+  SignView view(platform(), PreferencesStore::shared(), "Mail");
   view.setFrame({{}, {60.0, 320.0}});
   EXPECT_EQ(textOf(view).frame, (Rect{{30.0, 60.0}, {0.0, 200.0}}));
 }
 
 TEST_F(SignViewTest, ShowsAnEmptyNameAsAnEmptyPlate) {
-  SignView view(platform(), "");
+  SignView view(platform(), PreferencesStore::shared(), "");
   view.setFrame({{}, {160.0, 320.0}});
   EXPECT_EQ(textOf(view).text, "");
   EXPECT_EQ(textOf(view).frame, (Rect{{80.0, 60.0}, {0.0, 200.0}}));
@@ -91,12 +91,12 @@ TEST_F(SignViewTest, ShowsAnEmptyNameAsAnEmptyPlate) {
 
 TEST_F(SignViewTest, TakesItsSizeFromThePreferences) {
   PreferencesStore::shared().setSignTextSize(80.0);
-  const SignView view(platform(), "Mail");
+  const SignView view(platform(), PreferencesStore::shared(), "Mail");
   EXPECT_EQ(textOf(view).font.size, 80.0);
 }
 
 TEST_F(SignViewTest, FollowsThePreferencesAtOnce) {
-  SignView view(platform(), "Mail");
+  SignView view(platform(), PreferencesStore::shared(), "Mail");
   view.setFrame({{}, {560.0, 320.0}});
   PreferencesStore::shared().setSignTextSize(80.0);
   EXPECT_EQ(textOf(view).font, (platform::Font{platform::FontFamily::System, 80.0, FontWeight::Heavy}));
@@ -105,13 +105,13 @@ TEST_F(SignViewTest, FollowsThePreferencesAtOnce) {
 }
 
 TEST_F(SignViewTest, KeepsItsFontUntilAChangeIsAnnounced) {
-  const SignView view(platform(), "Mail");
+  const SignView view(platform(), PreferencesStore::shared(), "Mail");
   desktop.storedDefaults()["SignTextSize"] = 80.0;
   EXPECT_EQ(textOf(view).font.size, 160.0);
 }
 
 TEST_F(SignViewTest, TellsItsHostWhenTheTextOrTheFontChanges) {
-  SignView view(platform(), "Mail");
+  SignView view(platform(), PreferencesStore::shared(), "Mail");
   CountingHost host;
   view.setHost(&host);
   view.setText("Code");
@@ -122,7 +122,7 @@ TEST_F(SignViewTest, TellsItsHostWhenTheTextOrTheFontChanges) {
 }
 
 TEST_F(SignViewTest, LeavesItsHostAloneWhenNothingChanges) {
-  SignView view(platform(), "Mail");
+  SignView view(platform(), PreferencesStore::shared(), "Mail");
   CountingHost host;
   view.setHost(&host);
   view.setText("Mail");
@@ -132,7 +132,7 @@ TEST_F(SignViewTest, LeavesItsHostAloneWhenNothingChanges) {
 }
 
 TEST_F(SignViewTest, HasNothingToDoWithThePreferencesOnceItHasGone) {
-  std::optional<SignView> view(std::in_place, platform(), "Mail");
+  std::optional<SignView> view(std::in_place, platform(), PreferencesStore::shared(), "Mail");
   CountingHost host;
   view->setHost(&host);
   view.reset();

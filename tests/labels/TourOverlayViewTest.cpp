@@ -16,7 +16,9 @@ using platform::ViewContent;
 
 class TourOverlayViewTest : public SimulatedFixture {
  protected:
-  ViewContent contentOfSize(platform::Size size) { return TourOverlayView(platform(), Rect{{}, size}).content(); }
+  ViewContent contentOfSize(platform::Size size) {
+    return TourOverlayView(platform().userInterface(), Rect{{}, size}).content();
+  }
 };
 
 TEST_F(TourOverlayViewTest, IsADarkCapsule) {
@@ -26,7 +28,7 @@ TEST_F(TourOverlayViewTest, IsADarkCapsule) {
 }
 
 TEST_F(TourOverlayViewTest, TakesTheFrameItIsMadeWith) {
-  EXPECT_EQ(TourOverlayView(platform(), Rect{{}, {460.0, 96.0}}).frame(), (Rect{{}, {460.0, 96.0}}));
+  EXPECT_EQ(TourOverlayView(platform().userInterface(), Rect{{}, {460.0, 96.0}}).frame(), (Rect{{}, {460.0, 96.0}}));
 }
 
 TEST_F(TourOverlayViewTest, ShowsASpinnerAndALineOfWhiteText) {

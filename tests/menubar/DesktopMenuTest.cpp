@@ -1,6 +1,7 @@
 #include "menubar/MenuBarController.h"
 #include "menubar/SpaceRowView.h"
 #include "preferences/PreferencesStore.h"
+#include "preferences/PreferencesWindowController.h"
 #include "spaces/SpaceManager.h"
 #include "spaces/SpaceObserver.h"
 #include "tests/support/ShownElement.h"
@@ -37,11 +38,10 @@ class DesktopMenu : public SimulatedFixture {
   }
 
   void start() {
-    observer_.emplace(platform());
-    observation_ = platform().notifications().workspaceCenter().observe(platform::notification::activeSpaceDidChange,
-                                                                        [this] { observer_->activeSpaceDidChange(); });
+    observer_.emplace(platform().windowServer(), platform().notifications().workspaceCenter(), SpaceManager::shared());
     observer_->refresh();
-    controller_.emplace(platform());
+    controller_.emplace(platform(), SpaceManager::shared(), PreferencesStore::shared(),
+                        [] { PreferencesWindowController::shared().showWindow(); });
   }
 
   SpaceManager& manager() { return SpaceManager::shared(); }
@@ -85,7 +85,6 @@ class DesktopMenu : public SimulatedFixture {
 
  private:
   std::optional<SpaceObserver> observer_;
-  platform::Registration observation_;
   std::optional<MenuBarController> controller_;
 };
 
@@ -174,7 +173,7 @@ TEST_F(DesktopMenu, ColoursTheDotsAsTheModeHasIt) {
   openMenu();
   EXPECT_EQ(dot(0).color, (platform::Color{1.0, 0.71, 0.76, 1.0}));
   EXPECT_EQ(dot(1).color, (platform::Color{0.4, 0.5, 0.6, 1.0}));
-  store.setColorMode(ColorMode::colorForeground);
+  store.setColorMode(ColorMode::ColorForeground);
   EXPECT_EQ(dot(1).color, (platform::Color{0.4, 0.5, 0.6, 1.0}));
   openMenu();
   EXPECT_EQ(dot(1).color, (platform::Color{0.1, 0.2, 0.3, 1.0}));

@@ -29,7 +29,10 @@ constexpr Color grey(double level) {
 
 class MenuBarControllerTest : public tests::SimulatedFixture {
  protected:
-  MenuBarControllerTest() { SpaceObserver(platform()).refresh(); }
+  MenuBarControllerTest() {
+    SpaceObserver(platform().windowServer(), platform().notifications().workspaceCenter(), SpaceManager::shared())
+        .refresh();
+  }
 
   const StatusButtonContent& content() { return desktop.statusItem()->content(); }
   const StatusItemLength& length() { return desktop.statusItem()->length(); }
@@ -46,14 +49,14 @@ class MenuBarControllerTest : public tests::SimulatedFixture {
 };
 
 TEST_F(MenuBarControllerTest, ShowsTheNameWithABlankOnEachSide) {
-  const MenuBarController controller(platform());
+  const MenuBarController controller(platform(), SpaceManager::shared(), preferences, [] {});
   EXPECT_EQ(content().title.text, " Desktop 1 ");
   nameActive("Work");
   EXPECT_EQ(content().title.text, " Work ");
 }
 
 TEST_F(MenuBarControllerTest, FillsTheBackgroundWithTheDesktopsColour) {
-  const MenuBarController controller(platform());
+  const MenuBarController controller(platform(), SpaceManager::shared(), preferences, [] {});
   EXPECT_EQ(content().background, pastelPink);
   EXPECT_EQ(content().cornerRadius, 3.0);
   EXPECT_EQ(content().title.color, Color::black());
@@ -61,16 +64,16 @@ TEST_F(MenuBarControllerTest, FillsTheBackgroundWithTheDesktopsColour) {
 }
 
 TEST_F(MenuBarControllerTest, TakesTheBackgroundOfThePairInBackgroundMode) {
-  const MenuBarController controller(platform());
+  const MenuBarController controller(platform(), SpaceManager::shared(), preferences, [] {});
   setColors({1.0, 1.0, 1.0, 1.0}, {0.1, 0.2, 0.3, 0.5});
   EXPECT_EQ(content().background, (Color{0.1, 0.2, 0.3, 0.5}));
   EXPECT_EQ(content().title.color, Color::white());
 }
 
 TEST_F(MenuBarControllerTest, TintsTheTitleInForegroundMode) {
-  const MenuBarController controller(platform());
+  const MenuBarController controller(platform(), SpaceManager::shared(), preferences, [] {});
   setColors({0.2, 0.4, 0.6, 0.5}, {1.0, 1.0, 1.0, 1.0});
-  preferences.setColorMode(ColorMode::colorForeground);
+  preferences.setColorMode(ColorMode::ColorForeground);
   EXPECT_FALSE(content().background);
   EXPECT_EQ(content().title.color, (Color{0.2, 0.4, 0.6, 0.5}));
   EXPECT_EQ(content().title.text, " Desktop 1 ");
@@ -78,10 +81,11 @@ TEST_F(MenuBarControllerTest, TintsTheTitleInForegroundMode) {
 
 TEST_F(MenuBarControllerTest, ShowsThePlainWordWhenNoDesktopIsActive) {
   desktop.overrideActiveSpace(4711);
-  SpaceObserver(platform()).refresh();
-  for (const ColorMode mode : {ColorMode::colorBackground, ColorMode::colorForeground}) {
+  SpaceObserver(platform().windowServer(), platform().notifications().workspaceCenter(), SpaceManager::shared())
+      .refresh();
+  for (const ColorMode mode : {ColorMode::ColorBackground, ColorMode::ColorForeground}) {
     preferences.setColorMode(mode);
-    const MenuBarController controller(platform());
+    const MenuBarController controller(platform(), SpaceManager::shared(), preferences, [] {});
     EXPECT_EQ(content(), (StatusButtonContent{.title = {.text = "Desktops"}}));
     EXPECT_EQ(length(), StatusItemLength(VariableLength{}));
   }
@@ -89,28 +93,29 @@ TEST_F(MenuBarControllerTest, ShowsThePlainWordWhenNoDesktopIsActive) {
 
 TEST_F(MenuBarControllerTest, NamesAnActiveFullScreenSpace) {
   desktop.enterFullScreen();
-  SpaceObserver(platform()).refresh();
-  const MenuBarController controller(platform());
+  SpaceObserver(platform().windowServer(), platform().notifications().workspaceCenter(), SpaceManager::shared())
+      .refresh();
+  const MenuBarController controller(platform(), SpaceManager::shared(), preferences, [] {});
   EXPECT_EQ(content().title.text, " Desktop ");
   EXPECT_EQ(content().background, pastelPink);
 }
 
 TEST_F(MenuBarControllerTest, FitsTheTitleOrKeepsAFixedWidth) {
-  const MenuBarController controller(platform());
+  const MenuBarController controller(platform(), SpaceManager::shared(), preferences, [] {});
   EXPECT_EQ(length(), StatusItemLength(VariableLength{}));
-  preferences.setMenuBarWidthMode(MenuBarWidthMode::maxTitleLength);
+  preferences.setMenuBarWidthMode(MenuBarWidthMode::MaxTitleLength);
   for (const std::string& name : {std::string("W"), std::string(40, 'W')}) {
     nameActive(name);
     EXPECT_EQ(length(), StatusItemLength(FixedLength{140.0}));
   }
-  preferences.setMenuBarWidthMode(MenuBarWidthMode::fitToTitle);
+  preferences.setMenuBarWidthMode(MenuBarWidthMode::FitToTitle);
   EXPECT_EQ(length(), StatusItemLength(VariableLength{}));
 }
 
 TEST_F(MenuBarControllerTest, ShowsATemplateIconAtSquareLengthWhateverTheWidthMode) {
   preferences.setShowSpaceNameInMenuBar(false);
-  preferences.setMenuBarWidthMode(MenuBarWidthMode::maxTitleLength);
-  const MenuBarController controller(platform());
+  preferences.setMenuBarWidthMode(MenuBarWidthMode::MaxTitleLength);
+  const MenuBarController controller(platform(), SpaceManager::shared(), preferences, [] {});
   platform::Image icon = MenuBarController::makeIconImage();
   EXPECT_FALSE(icon.isTemplate);
   icon.isTemplate = true;
@@ -120,7 +125,7 @@ TEST_F(MenuBarControllerTest, ShowsATemplateIconAtSquareLengthWhateverTheWidthMo
 
 TEST_F(MenuBarControllerTest, ReturnsFromTheIconToTheName) {
   preferences.setShowSpaceNameInMenuBar(false);
-  const MenuBarController controller(platform());
+  const MenuBarController controller(platform(), SpaceManager::shared(), preferences, [] {});
   preferences.setShowSpaceNameInMenuBar(true);
   EXPECT_FALSE(content().image);
   EXPECT_EQ(content().title.text, " Desktop 1 ");
@@ -145,14 +150,14 @@ TEST_F(MenuBarControllerTest, DrawsFourRoundedSquaresWithACrossBetween) {
 TEST_F(MenuBarControllerTest, OnlySetsTheLengthWhereTheBarGivesNoButton) {
   desktop.faults.statusButtonMissing = true;
   preferences.setShowSpaceNameInMenuBar(false);
-  preferences.setMenuBarWidthMode(MenuBarWidthMode::maxTitleLength);
-  const MenuBarController controller(platform());
+  preferences.setMenuBarWidthMode(MenuBarWidthMode::MaxTitleLength);
+  const MenuBarController controller(platform(), SpaceManager::shared(), preferences, [] {});
   EXPECT_EQ(length(), StatusItemLength(FixedLength{140.0}));
   EXPECT_EQ(desktop.statusItem()->contentWrites(), 0);
 }
 
 TEST_F(MenuBarControllerTest, RefreshesOnEveryChangeOfWhatItShows) {
-  const MenuBarController controller(platform());
+  const MenuBarController controller(platform(), SpaceManager::shared(), preferences, [] {});
   EXPECT_EQ(desktop.statusItem()->contentWrites(), 1);
   int writes = 1;
   for (const std::string_view name :
@@ -165,16 +170,17 @@ TEST_F(MenuBarControllerTest, RefreshesOnEveryChangeOfWhatItShows) {
 }
 
 TEST_F(MenuBarControllerTest, FollowsTheActiveDesktop) {
-  const MenuBarController controller(platform());
+  const MenuBarController controller(platform(), SpaceManager::shared(), preferences, [] {});
   desktop.switchTo(desktop.desktopAt(1));
-  SpaceObserver(platform()).refresh();
+  SpaceObserver(platform().windowServer(), platform().notifications().workspaceCenter(), SpaceManager::shared())
+      .refresh();
   EXPECT_EQ(content().title.text, " Desktop 2 ");
   EXPECT_EQ(content().background, pastelBlue);
 }
 
 TEST_F(MenuBarControllerTest, ReadjustsTheTitleWhenTheDesktopTurnsDark) {
-  const MenuBarController controller(platform());
-  preferences.setColorMode(ColorMode::colorForeground);
+  const MenuBarController controller(platform(), SpaceManager::shared(), preferences, [] {});
+  preferences.setColorMode(ColorMode::ColorForeground);
   setColors({0.0, 0.0, 0.0, 1.0}, {});
   EXPECT_EQ(content().title.color, Color::black());
   desktop.setAppearance(Appearance::Dark);
@@ -182,7 +188,7 @@ TEST_F(MenuBarControllerTest, ReadjustsTheTitleWhenTheDesktopTurnsDark) {
 }
 
 TEST_F(MenuBarControllerTest, LeavesTheBarWithItsController) {
-  std::optional<MenuBarController> controller(std::in_place, platform());
+  std::optional<MenuBarController> controller(std::in_place, platform(), SpaceManager::shared(), preferences, [] {});
   EXPECT_NE(desktop.statusItem(), nullptr);
   controller.reset();
   EXPECT_EQ(desktop.statusItem(), nullptr);
@@ -196,7 +202,7 @@ struct Adjustment {
 };
 
 TEST_F(MenuBarControllerTest, AdjustsVeryDarkAndVeryLightForegroundsOnly) {
-  const MenuBarController controller(platform());
+  const MenuBarController controller(platform(), SpaceManager::shared(), preferences, [] {});
   const Color lowest{.red = 0.0, .green = 0.0, .blue = 0.0, .alpha = 0.3};
   for (const auto& [appearance, given, adjusted] : {
            Adjustment{Appearance::Dark, grey(0.25), grey(0.25)},
@@ -218,7 +224,7 @@ TEST_F(MenuBarControllerTest, AdjustsVeryDarkAndVeryLightForegroundsOnly) {
 }
 
 TEST_F(MenuBarControllerTest, AdjustsAColourWithoutAnSrgbFormAsItIsGiven) {
-  const MenuBarController controller(platform());
+  const MenuBarController controller(platform(), SpaceManager::shared(), preferences, [] {});
   Color pattern = grey(0.9);
   pattern.space = platform::ColorSpace::Unconvertible;
   EXPECT_EQ(controller.adjustedForeground(pattern), grey(0.45));
@@ -243,10 +249,11 @@ TEST(ContrastingColor, IsWhiteOverAColourWithoutAnSrgbForm) {
 
 TEST_F(MenuBarControllerTest, GivesADotTheColourTheModeUses) {
   const SpaceInfo active = *SpaceManager::shared().activeSpace();
+  const MenuBarController controller(platform(), SpaceManager::shared(), preferences, [] {});
   setColors({0.1, 0.2, 0.3, 1.0}, {0.4, 0.5, 0.6, 0.5});
-  EXPECT_EQ(MenuBarController::dotColor(active), (Color{0.4, 0.5, 0.6, 0.5}));
-  preferences.setColorMode(ColorMode::colorForeground);
-  EXPECT_EQ(MenuBarController::dotColor(active), (Color{0.1, 0.2, 0.3, 1.0}));
+  EXPECT_EQ(controller.dotColor(active), (Color{0.4, 0.5, 0.6, 0.5}));
+  preferences.setColorMode(ColorMode::ColorForeground);
+  EXPECT_EQ(controller.dotColor(active), (Color{0.1, 0.2, 0.3, 1.0}));
 }
 
 }  // namespace

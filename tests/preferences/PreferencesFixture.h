@@ -15,7 +15,10 @@ namespace roomlattice::tests {
 /// The preferences window under the user's hands, over the model of the desktop's spaces.
 class PreferencesFixture : public SimulatedFixture {
  protected:
-  void readSpaces() { SpaceObserver(platform()).refresh(); }
+  void readSpaces() {
+    SpaceObserver(platform().windowServer(), platform().notifications().workspaceCenter(), SpaceManager::shared())
+        .refresh();
+  }
 
   /// Brings the window to the front, with the desktops of the moment when it is made.
   void openPreferences() {

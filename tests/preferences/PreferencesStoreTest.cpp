@@ -60,20 +60,20 @@ TEST_F(PreferencesStoreTest, HasItsDefaultsOnAFreshInstallation) {
   for (const BooleanSetting& setting : booleanSettings) {
     EXPECT_EQ(setting.get(store), setting.byDefault) << setting.key;
   }
-  EXPECT_EQ(store.menuBarWidthMode(), MenuBarWidthMode::fitToTitle);
-  EXPECT_EQ(store.colorMode(), ColorMode::colorBackground);
+  EXPECT_EQ(store.menuBarWidthMode(), MenuBarWidthMode::FitToTitle);
+  EXPECT_EQ(store.colorMode(), ColorMode::ColorBackground);
   EXPECT_TRUE(store.spaceColors().empty());
 }
 
 TEST_F(PreferencesStoreTest, ReadsBackWhatWasSet) {
   store.setSignTextSize(72.5);
   store.setSignSwipeAlpha(0.1);
-  store.setMenuBarWidthMode(MenuBarWidthMode::maxTitleLength);
-  store.setColorMode(ColorMode::colorForeground);
+  store.setMenuBarWidthMode(MenuBarWidthMode::MaxTitleLength);
+  store.setColorMode(ColorMode::ColorForeground);
   EXPECT_EQ(store.signTextSize(), 72.5);
   EXPECT_EQ(store.signSwipeAlpha(), 0.1);
-  EXPECT_EQ(store.menuBarWidthMode(), MenuBarWidthMode::maxTitleLength);
-  EXPECT_EQ(store.colorMode(), ColorMode::colorForeground);
+  EXPECT_EQ(store.menuBarWidthMode(), MenuBarWidthMode::MaxTitleLength);
+  EXPECT_EQ(store.colorMode(), ColorMode::ColorForeground);
   for (const BooleanSetting& setting : booleanSettings) {
     for (const bool value : {false, true}) {
       setting.set(store, value);
@@ -85,14 +85,14 @@ TEST_F(PreferencesStoreTest, ReadsBackWhatWasSet) {
 TEST_F(PreferencesStoreTest, StoresEachSettingUnderItsKeyInItsType) {
   store.setSignTextSize(200.0);
   store.setSignSwipeAlpha(1.0);
-  store.setMenuBarWidthMode(MenuBarWidthMode::fitToTitle);
-  store.setColorMode(ColorMode::colorBackground);
+  store.setMenuBarWidthMode(MenuBarWidthMode::FitToTitle);
+  store.setColorMode(ColorMode::ColorBackground);
   EXPECT_EQ(stored("SignTextSize"), Value(200.0));
   EXPECT_EQ(stored("SignSwipeAlpha"), Value(1.0));
   EXPECT_EQ(stored("MenuBarWidthMode"), Value("fitToTitle"));
   EXPECT_EQ(stored("ColorMode"), Value("colorBackground"));
-  store.setMenuBarWidthMode(MenuBarWidthMode::maxTitleLength);
-  store.setColorMode(ColorMode::colorForeground);
+  store.setMenuBarWidthMode(MenuBarWidthMode::MaxTitleLength);
+  store.setColorMode(ColorMode::ColorForeground);
   EXPECT_EQ(stored("MenuBarWidthMode"), Value("maxTitleLength"));
   EXPECT_EQ(stored("ColorMode"), Value("colorForeground"));
   for (const BooleanSetting& setting : booleanSettings) {
@@ -105,8 +105,8 @@ TEST_F(PreferencesStoreTest, PostsOneChangeForEveryWriteEvenOfTheSameValue) {
   for (int time = 0; time < 2; ++time) {
     EXPECT_EQ(changes([&] { store.setSignTextSize(160.0); }), 1);
     EXPECT_EQ(changes([&] { store.setSignSwipeAlpha(0.5); }), 1);
-    EXPECT_EQ(changes([&] { store.setMenuBarWidthMode(MenuBarWidthMode::maxTitleLength); }), 1);
-    EXPECT_EQ(changes([&] { store.setColorMode(ColorMode::colorForeground); }), 1);
+    EXPECT_EQ(changes([&] { store.setMenuBarWidthMode(MenuBarWidthMode::MaxTitleLength); }), 1);
+    EXPECT_EQ(changes([&] { store.setColorMode(ColorMode::ColorForeground); }), 1);
     EXPECT_EQ(changes([&] { store.setSpaceColors({}); }), 1);
     for (const BooleanSetting& setting : booleanSettings) {
       EXPECT_EQ(changes([&] { setting.set(store, true); }), 1) << setting.key;
@@ -167,11 +167,11 @@ TEST_F(PreferencesStoreTest, ComparesRawValuesToTheLetter) {
   for (const Value& other : {Value("ColorForeground"), Value("colorforeground"), Value(" colorForeground"), Value(""),
                              Value(0), Value("colorBackground")}) {
     stored("ColorMode") = other;
-    EXPECT_EQ(store.colorMode(), ColorMode::colorBackground);
+    EXPECT_EQ(store.colorMode(), ColorMode::ColorBackground);
   }
   for (const Value& other : {Value("MaxTitleLength"), Value("maxTitleLength "), Value(1), Value("fitToTitle")}) {
     stored("MenuBarWidthMode") = other;
-    EXPECT_EQ(store.menuBarWidthMode(), MenuBarWidthMode::fitToTitle);
+    EXPECT_EQ(store.menuBarWidthMode(), MenuBarWidthMode::FitToTitle);
   }
 }
 

@@ -29,7 +29,8 @@ class SpaceObserverTest : public tests::SimulatedFixture {
     return read(Value::Array{Value::Dictionary{{"Display Identifier", "Main"}, {"Spaces", spaces}}});
   }
 
-  SpaceObserver observer{platform()};
+  SpaceObserver observer{platform().windowServer(), platform().notifications().workspaceCenter(),
+                         SpaceManager::shared()};
 };
 
 Value space(std::int64_t identifier) {

@@ -4,12 +4,9 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
-#include <atomic>
 #include <cstddef>
 #include <optional>
 #include <string>
-#include <thread>
 #include <vector>
 
 namespace roomlattice::platform {
@@ -81,35 +78,6 @@ TEST_F(InstallationTest, LeavesNothingToTheNextOne) {
   events.clear();
   installation_->shared<Library>();
   EXPECT_EQ(events, std::vector<std::string>{"library made"});
-}
-
-/// Long enough in the making for another thread to ask for it meanwhile.
-class Slow {
- public:
-  explicit Slow(Platform&) {
-    ++made;
-    while (waiting > 0 && ++turns < 1'000'000) {
-      std::this_thread::yield();
-    }
-  }
-
-  static inline std::atomic<int> made = 0;
-  static inline std::atomic<int> waiting = 0;
-  static inline std::atomic<int> turns = 0;
-};
-
-TEST_F(InstallationTest, MakesASharedInstanceOnceForTwoThreads) {
-  Slow::waiting = 2;
-  std::array<Slow*, 2> found{};
-  const auto ask = [&](std::size_t which) {
-    --Slow::waiting;
-    found.at(which) = &installation_->shared<Slow>();
-  };
-  std::thread other(ask, 1U);
-  ask(0U);
-  other.join();
-  EXPECT_EQ(Slow::made, 1);
-  EXPECT_EQ(found[0], found[1]);
 }
 
 using InstallationDeathTest = InstallationTest;

@@ -22,40 +22,40 @@ SpaceInfo regular(platform::SpaceID id) {
   return {id, "uuid-" + std::to_string(id), "Main", 0};
 }
 
-class SpaceColorsTest : public tests::SimulatedFixture {
+class DesktopColorsTest : public tests::SimulatedFixture {
  protected:
   void setDesktops(std::vector<SpaceInfo> spaces) { SpaceManager::shared().update(std::move(spaces), 1); }
 
   PreferencesStore& store = PreferencesStore::shared();
 };
 
-TEST_F(SpaceColorsTest, FollowThePositionAmongRegularDesktops) {
+TEST_F(DesktopColorsTest, FollowThePositionAmongRegularDesktops) {
   setDesktops({regular(1), {9, "full", "Main", 4}, regular(2), {3, "uuid-3", "Other", 0}});
-  EXPECT_EQ(PreferencesStore::defaultColor("uuid-1"), pink);
-  EXPECT_EQ(PreferencesStore::defaultColor("uuid-2"), blue);
-  EXPECT_EQ(PreferencesStore::defaultColor("uuid-3"), green);
+  EXPECT_EQ(store.defaultColor("uuid-1"), pink);
+  EXPECT_EQ(store.defaultColor("uuid-2"), blue);
+  EXPECT_EQ(store.defaultColor("uuid-3"), green);
   setDesktops({regular(2), regular(1)});
-  EXPECT_EQ(PreferencesStore::defaultColor("uuid-2"), pink);
+  EXPECT_EQ(store.defaultColor("uuid-2"), pink);
 }
 
-TEST_F(SpaceColorsTest, GiveAnyOtherDesktopTheFirstColour) {
+TEST_F(DesktopColorsTest, GiveAnyOtherDesktopTheFirstColour) {
   setDesktops({regular(1), regular(2), {9, "full", "Main", 4}});
-  EXPECT_EQ(PreferencesStore::defaultColor("full"), pink);
-  EXPECT_EQ(PreferencesStore::defaultColor("unknown"), pink);
+  EXPECT_EQ(store.defaultColor("full"), pink);
+  EXPECT_EQ(store.defaultColor("unknown"), pink);
 }
 
-TEST_F(SpaceColorsTest, StartAgainAtTheSeventeenthDesktop) {
+TEST_F(DesktopColorsTest, StartAgainAtTheSeventeenthDesktop) {
   std::vector<SpaceInfo> desktops;
   for (platform::SpaceID id = 1; id <= 18; ++id) {
     desktops.push_back(regular(id));
   }
   setDesktops(desktops);
-  EXPECT_EQ(PreferencesStore::defaultColor("uuid-16"), (CodableColor{1.0, 0.82, 0.82, 1.0}));
-  EXPECT_EQ(PreferencesStore::defaultColor("uuid-17"), pink);
-  EXPECT_EQ(PreferencesStore::defaultColor("uuid-18"), blue);
+  EXPECT_EQ(store.defaultColor("uuid-16"), (CodableColor{1.0, 0.82, 0.82, 1.0}));
+  EXPECT_EQ(store.defaultColor("uuid-17"), pink);
+  EXPECT_EQ(store.defaultColor("uuid-18"), blue);
 }
 
-TEST_F(SpaceColorsTest, AreTheDefaultTwiceUntilStored) {
+TEST_F(DesktopColorsTest, AreTheDefaultTwiceUntilStored) {
   setDesktops({regular(1), regular(2)});
   EXPECT_EQ(store.colorConfig("uuid-2"), (SpaceColorConfig{blue, blue}));
   store.setSpaceColors({{"uuid-2", {byHand, pink}}});
@@ -63,13 +63,13 @@ TEST_F(SpaceColorsTest, AreTheDefaultTwiceUntilStored) {
   EXPECT_EQ(store.colorConfig("uuid-1"), (SpaceColorConfig{pink, pink}));
 }
 
-TEST_F(SpaceColorsTest, AreNotWrittenByReading) {
+TEST_F(DesktopColorsTest, AreNotWrittenByReading) {
   setDesktops({regular(1)});
   store.colorConfig("uuid-1");
   EXPECT_FALSE(desktop.storedDefaults().contains("SpaceColors"));
 }
 
-TEST_F(SpaceColorsTest, TakeAPaletteAsBackgroundsAndKeepForegrounds) {
+TEST_F(DesktopColorsTest, TakeAPaletteAsBackgroundsAndKeepForegrounds) {
   setDesktops({regular(1), {9, "full", "Main", 4}, regular(2)});
   store.setSpaceColors({{"uuid-1", {byHand, pink}}, {"gone", {byHand, byHand}}, {"full", {pink, pink}}});
   store.applyPalette(palette("Vivid"));
@@ -80,16 +80,16 @@ TEST_F(SpaceColorsTest, TakeAPaletteAsBackgroundsAndKeepForegrounds) {
                                               {"full", {pink, pink}}}));
 }
 
-TEST_F(SpaceColorsTest, TakeAPaletteAsForegroundsInForegroundMode) {
+TEST_F(DesktopColorsTest, TakeAPaletteAsForegroundsInForegroundMode) {
   setDesktops({regular(1), regular(2)});
-  store.setColorMode(ColorMode::colorForeground);
+  store.setColorMode(ColorMode::ColorForeground);
   store.setSpaceColors({{"uuid-2", {pink, byHand}}});
   store.applyPalette(palette("Neon"));
   const std::vector<CodableColor>& neon = palette("Neon").colors;
   EXPECT_EQ(store.spaceColors(), (SpaceColors{{"uuid-1", {neon[0], pink}}, {"uuid-2", {neon[1], byHand}}}));
 }
 
-TEST_F(SpaceColorsTest, GoRoundAShortPalette) {
+TEST_F(DesktopColorsTest, GoRoundAShortPalette) {
   setDesktops({regular(1), regular(2), regular(3)});
   store.applyPalette({"Two", {byHand, green}});
   EXPECT_EQ(store.colorConfig("uuid-1").background, byHand);
@@ -97,7 +97,7 @@ TEST_F(SpaceColorsTest, GoRoundAShortPalette) {
   EXPECT_EQ(store.colorConfig("uuid-3").background, byHand);
 }
 
-TEST_F(SpaceColorsTest, PostOneChangeForAPaletteHoweverManyDesktopsThereAre) {
+TEST_F(DesktopColorsTest, PostOneChangeForAPaletteHoweverManyDesktopsThereAre) {
   setDesktops({regular(1), regular(2), regular(3)});
   int changes = 0;
   const auto observer =
@@ -106,7 +106,7 @@ TEST_F(SpaceColorsTest, PostOneChangeForAPaletteHoweverManyDesktopsThereAre) {
   EXPECT_EQ(changes, 1);
 }
 
-TEST_F(SpaceColorsTest, AreWrittenAsTheyAreByAPaletteWithoutDesktops) {
+TEST_F(DesktopColorsTest, AreWrittenAsTheyAreByAPaletteWithoutDesktops) {
   setDesktops({regular(1)});
   store.applyPalette(palette("Earth"));
   const SpaceColors before = store.spaceColors();
@@ -119,14 +119,14 @@ TEST_F(SpaceColorsTest, AreWrittenAsTheyAreByAPaletteWithoutDesktops) {
   EXPECT_EQ(changes, 1);
 }
 
-TEST_F(SpaceColorsTest, ReplaceBadDataWhenAPaletteIsApplied) {
+TEST_F(DesktopColorsTest, ReplaceBadDataWhenAPaletteIsApplied) {
   setDesktops({regular(1)});
   desktop.storedDefaults()["SpaceColors"] = platform::Value::Data{std::byte{'?'}};
   store.applyPalette(palette("B&W"));
   EXPECT_EQ(store.spaceColors(), (SpaceColors{{"uuid-1", {pink, {1.0, 1.0, 1.0, 1.0}}}}));
 }
 
-TEST_F(SpaceColorsTest, FallBackToPastelWhateverPaletteWasApplied) {
+TEST_F(DesktopColorsTest, FallBackToPastelWhateverPaletteWasApplied) {
   setDesktops({regular(1)});
   store.applyPalette(palette("Neon"));
   setDesktops({regular(1), regular(2)});

@@ -1,6 +1,7 @@
+#include "preferences/DiagnosticsPage.h"
+
 #include "preferences/DiagnosticLog.h"
 #include "preferences/PageBuilder.h"
-#include "preferences/PreferencesWindowController.h"
 
 #include <string>
 #include <utility>
@@ -10,7 +11,6 @@ namespace {
 
 constexpr double diagnosticsSpacing = 14.0;
 constexpr double textWidth = 440.0;
-constexpr std::size_t diagnosticsPage = 3;
 
 constexpr const char* explanation =
     "If desktop labels misbehave, send a diagnostic log so the issue can be tracked down. Reproduce the problem first, "
@@ -26,17 +26,17 @@ std::string copiedStatus(std::size_t lines) {
 
 }  // namespace
 
-platform::TabPage PreferencesWindowController::makeDiagnosticsTab() {
+platform::TabPage DiagnosticsPage::make() {
   PageBuilder page(platform_.userInterface(), diagnosticsSpacing);
   page.add(platform::LabelControl{.text = "Reporting a problem",
                                   .font = {.size = 13.0, .weight = platform::FontWeight::Semibold}});
   platform::LabelControl explanationLabel = secondaryLabel(explanation, 12.0);
   explanationLabel.wrapWidth = textWidth;
   page.add(std::move(explanationLabel));
-  copyLogButton_ = {diagnosticsPage, page.add(platform::PushButtonControl{.title = "Copy Diagnostic Log to Clipboard",
-                                                                          .action = [this] { copyDiagnosticLog(); }})};
+  copyLogButton_ = {index_, page.add(platform::PushButtonControl{.title = "Copy Diagnostic Log to Clipboard",
+                                                                 .action = [this] { copyDiagnosticLog(); }})};
   // Its texts come later, and find the page as it is.
-  diagnosticsStatusLabel_ = {diagnosticsPage, page.add(secondaryLabel("", 11.0), textWidth)};
+  statusLabel_ = {index_, page.add(secondaryLabel("", 11.0), textWidth)};
   page.add(secondaryLabel("Or run this in Terminal and paste the output:", 12.0));
   page.add(platform::SelectableTextControl{.text = diagnosticLogQuery(platform_.system()).command,
                                            .font = {.family = platform::FontFamily::MonospacedSystem, .size = 11.0}},
@@ -45,8 +45,8 @@ platform::TabPage PreferencesWindowController::makeDiagnosticsTab() {
   return page.build("diagnostics", "Diagnostics");
 }
 
-void PreferencesWindowController::copyDiagnosticLog() {
-  setDiagnosticsStatus("Gathering log\u2026");
+void DiagnosticsPage::copyDiagnosticLog() {
+  setStatus("Gathering log\u2026");
   window_->setEnabled(copyLogButton_, false);
   auto finish = lifetime_.guard([this](const std::string& text) { showCopiedLog(text); });
   platform_.dispatcher().background(
@@ -56,21 +56,19 @@ void PreferencesWindowController::copyDiagnosticLog() {
       });
 }
 
-void PreferencesWindowController::showCopiedLog(const std::string& text) {
+void DiagnosticsPage::showCopiedLog(const std::string& text) {
   platform_.system().setPasteboardString(text);
-  setDiagnosticsStatus(copiedStatus(countLogLines(text)));
+  setStatus(copiedStatus(countLogLines(text)));
   window_->setEnabled(copyLogButton_, true);
 }
 
-void PreferencesWindowController::copyLogCommand() {
+void DiagnosticsPage::copyLogCommand() {
   platform_.system().setPasteboardString(diagnosticLogQuery(platform_.system()).command);
-  setDiagnosticsStatus("Command copied to clipboard.");
+  setStatus("Command copied to clipboard.");
 }
 
-void PreferencesWindowController::setDiagnosticsStatus(const std::string& text) {
-  if (diagnosticsStatusLabel_) {
-    window_->setText(*diagnosticsStatusLabel_, text);
-  }
+void DiagnosticsPage::setStatus(const std::string& text) {
+  window_->setText(statusLabel_, text);
 }
 
 }  // namespace roomlattice

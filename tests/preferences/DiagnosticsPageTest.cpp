@@ -23,7 +23,7 @@ const std::string copyCommand = "Copy Command";
 const std::string gathering = "Gathering log\u2026";
 const std::string commandCopied = "Command copied to clipboard.";
 
-class DiagnosticsTab : public PreferencesFixture {
+class DiagnosticsPage : public PreferencesFixture {
  protected:
   template <class Control>
   const Control& at(std::size_t index) {
@@ -42,7 +42,7 @@ class DiagnosticsTab : public PreferencesFixture {
   void settle() { desktop.advance(0ms); }
 };
 
-TEST_F(DiagnosticsTab, IsLaidOut) {
+TEST_F(DiagnosticsPage, IsLaidOut) {
   openPreferences();
   std::vector<Rect> frames;
   for (const platform::PlacedControl& placed : page(3).controls) {
@@ -57,7 +57,7 @@ TEST_F(DiagnosticsTab, IsLaidOut) {
                                        {{20.0, 133.75}, {110.0, 24.25}}}));
 }
 
-TEST_F(DiagnosticsTab, HasItsTextsAndFonts) {
+TEST_F(DiagnosticsPage, HasItsTextsAndFonts) {
   openPreferences();
   EXPECT_EQ(at<LabelControl>(0).text, "Reporting a problem");
   EXPECT_EQ(at<LabelControl>(0).font, (platform::Font{.size = 13.0, .weight = FontWeight::Semibold}));
@@ -75,7 +75,7 @@ TEST_F(DiagnosticsTab, HasItsTextsAndFonts) {
   EXPECT_EQ(at<PushButtonControl>(6).title, "Copy Command");
 }
 
-TEST_F(DiagnosticsTab, ShowsWhatIsSecondaryAsSecondary) {
+TEST_F(DiagnosticsPage, ShowsWhatIsSecondaryAsSecondary) {
   openPreferences();
   struct Case {
     std::size_t control;
@@ -87,7 +87,7 @@ TEST_F(DiagnosticsTab, ShowsWhatIsSecondaryAsSecondary) {
   }
 }
 
-TEST_F(DiagnosticsTab, CopiesTheLog) {
+TEST_F(DiagnosticsPage, CopiesTheLog) {
   toolPrints("one\ntwo\nthree\n");
   openPreferences();
   user.pushes(copyLog);
@@ -96,7 +96,7 @@ TEST_F(DiagnosticsTab, CopiesTheLog) {
   EXPECT_EQ(status(), "Copied 3 log lines to clipboard.");
 }
 
-TEST_F(DiagnosticsTab, CopiesTheProgramsOwnLines) {
+TEST_F(DiagnosticsPage, CopiesTheProgramsOwnLines) {
   openPreferences();
   platform().system().log("[Roomlattice] one line");
   user.pushes(copyLog);
@@ -105,7 +105,7 @@ TEST_F(DiagnosticsTab, CopiesTheProgramsOwnLines) {
   EXPECT_EQ(status(), "Copied 1 log line to clipboard.");
 }
 
-TEST_F(DiagnosticsTab, CountsWhatItCopied) {
+TEST_F(DiagnosticsPage, CountsWhatItCopied) {
   struct Case {
     const char* output;
     const char* status;
@@ -122,7 +122,7 @@ TEST_F(DiagnosticsTab, CountsWhatItCopied) {
   }
 }
 
-TEST_F(DiagnosticsTab, CopiesWhyThereIsNoLog) {
+TEST_F(DiagnosticsPage, CopiesWhyThereIsNoLog) {
   desktop.childProcesses().remove(logTool);
   openPreferences();
   user.pushes(copyLog);
@@ -133,7 +133,7 @@ TEST_F(DiagnosticsTab, CopiesWhyThereIsNoLog) {
   EXPECT_TRUE(canCopyLog());
 }
 
-TEST_F(DiagnosticsTab, CopiesTheCommand) {
+TEST_F(DiagnosticsPage, CopiesTheCommand) {
   openPreferences();
   user.pushes(copyCommand);
   EXPECT_EQ(desktop.pasteboard(), command);
@@ -142,7 +142,7 @@ TEST_F(DiagnosticsTab, CopiesTheCommand) {
   EXPECT_TRUE(desktop.childProcesses().launches().empty());
 }
 
-TEST_F(DiagnosticsTab, DisablesTheButtonFromTheClickToTheResult) {
+TEST_F(DiagnosticsPage, DisablesTheButtonFromTheClickToTheResult) {
   toolPrints("one\n", 3s);
   openPreferences();
   user.pushes(copyLog);
@@ -157,7 +157,7 @@ TEST_F(DiagnosticsTab, DisablesTheButtonFromTheClickToTheResult) {
   EXPECT_EQ(desktop.pasteboard(), "one\n");
 }
 
-TEST_F(DiagnosticsTab, GathersOnceAtATime) {
+TEST_F(DiagnosticsPage, GathersOnceAtATime) {
   toolPrints("one\n", 3s);
   openPreferences();
   user.pushes(copyLog);
@@ -171,7 +171,7 @@ TEST_F(DiagnosticsTab, GathersOnceAtATime) {
   EXPECT_EQ(desktop.childProcesses().launches().size(), 2U);
 }
 
-TEST_F(DiagnosticsTab, CopiesTheCommandWhileItGathersAndTheLogAfterwards) {
+TEST_F(DiagnosticsPage, CopiesTheCommandWhileItGathersAndTheLogAfterwards) {
   toolPrints("one\ntwo\n", 3s);
   openPreferences();
   user.pushes(copyLog);
@@ -185,7 +185,7 @@ TEST_F(DiagnosticsTab, CopiesTheCommandWhileItGathersAndTheLogAfterwards) {
   EXPECT_EQ(status(), "Copied 2 log lines to clipboard.");
 }
 
-TEST_F(DiagnosticsTab, LeavesTheMainQueueAloneWhileItGathers) {
+TEST_F(DiagnosticsPage, LeavesTheMainQueueAloneWhileItGathers) {
   toolPrints("one\n", 60s);
   openPreferences();
   user.pushes(copyLog);
@@ -196,7 +196,7 @@ TEST_F(DiagnosticsTab, LeavesTheMainQueueAloneWhileItGathers) {
   EXPECT_EQ(status(), gathering);
 }
 
-TEST_F(DiagnosticsTab, WaitsForAToolThatDoesNotEndUntilItIsKilled) {
+TEST_F(DiagnosticsPage, WaitsForAToolThatDoesNotEndUntilItIsKilled) {
   toolPrints("one\n", 1000h);
   openPreferences();
   user.pushes(copyLog);
@@ -208,7 +208,7 @@ TEST_F(DiagnosticsTab, WaitsForAToolThatDoesNotEndUntilItIsKilled) {
   EXPECT_EQ(desktop.pasteboard(), "one\n");
 }
 
-TEST_F(DiagnosticsTab, CopiesAHugeLog) {
+TEST_F(DiagnosticsPage, CopiesAHugeLog) {
   constexpr std::size_t lines = 1'000'000;
   constexpr std::size_t bytesPerLine = 100;
   std::string output;
@@ -224,7 +224,7 @@ TEST_F(DiagnosticsTab, CopiesAHugeLog) {
   EXPECT_EQ(status(), "Copied 1000000 log lines to clipboard.");
 }
 
-TEST_F(DiagnosticsTab, GathersWhileTheWindowIsClosed) {
+TEST_F(DiagnosticsPage, GathersWhileTheWindowIsClosed) {
   toolPrints("one\n", 3s);
   openPreferences();
   user.pushes(copyLog);
@@ -235,7 +235,7 @@ TEST_F(DiagnosticsTab, GathersWhileTheWindowIsClosed) {
   EXPECT_EQ(status(), "Copied 1 log line to clipboard.");
 }
 
-TEST_F(DiagnosticsTab, LeavesTheClipboardAloneWhenTheProgramHasQuit) {
+TEST_F(DiagnosticsPage, LeavesTheClipboardAloneWhenTheProgramHasQuit) {
   toolPrints("one\n", 3s);
   openPreferences();
   user.pushes(copyLog);

@@ -1,0 +1,39 @@
+#include "labels/SignPlacement.h"
+
+#include "support/Fatal.h"
+
+#include <algorithm>
+#include <optional>
+#include <vector>
+
+namespace roomlattice {
+namespace {
+
+constexpr double horizontalMargin = 80.0;
+constexpr double verticalMargin = 60.0;
+constexpr double widestShareOfScreen = 0.9;
+constexpr double highestShareOfScreen = 0.6;
+
+}  // namespace
+
+platform::Screen signScreen(const platform::UserInterface& userInterface) {
+  if (const std::optional<platform::Screen> main = userInterface.mainScreen()) {
+    return *main;
+  }
+  const std::vector<platform::Screen> screens = userInterface.screens();
+  if (screens.empty()) {
+    fatal("there is no screen to show labels on");
+  }
+  return screens.front();
+}
+
+platform::Rect signFrame(const platform::UserInterface& userInterface, const std::string& text,
+                         const platform::Font& font) {
+  const platform::Rect screen = signScreen(userInterface).frame;
+  const platform::Size measured = userInterface.measure(text, font);
+  const double width = std::min(measured.width + 2 * horizontalMargin, screen.size.width * widestShareOfScreen);
+  const double height = std::min(measured.height + 2 * verticalMargin, screen.size.height * highestShareOfScreen);
+  return {{screen.midX() - width * 0.5, screen.midY() - height * 0.5}, {width, height}};
+}
+
+}  // namespace roomlattice

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "platform/Platform.h"
+#include "preferences/PreferencesStore.h"
+#include "spaces/SpaceManager.h"
+
+#include <map>
+#include <memory>
+#include <string>
+
+namespace roomlattice {
+
+/// The label windows, at most one per desktop: makes them, attaches each to its desktop, and keeps their names and
+/// places up to date. How visible they are is not decided here.
+class SignWindows {
+ public:
+  // Shared: a deferred fade keeps its window.
+  using WindowPointer = std::shared_ptr<platform::Window>;
+  using Map = std::map<platform::SpaceID, WindowPointer>;
+
+  static constexpr platform::CollectionBehavior ordinaryBehavior = platform::CollectionBehavior::Managed |
+                                                                   platform::CollectionBehavior::IgnoresCycle |
+                                                                   platform::CollectionBehavior::FullScreenAuxiliary;
+
+  SignWindows(platform::Platform& platform, const SpaceManager& manager, const PreferencesStore& preferences)
+      : platform_(platform), manager_(manager), preferences_(preferences) {}
+
+  const Map& all() const { return windows_; }
+
+  /// Null for a desktop without a label.
+  WindowPointer find(platform::SpaceID desktop) const;
+
+  /// Makes the label of a desktop that has none, orders it in and attaches it to the desktop.
+  platform::Window& make(const SpaceInfo& desktop, double alpha);
+
+  /// Brings the name on a desktop's label up to date, and makes one of no alpha where there is none.
+  void ensure(const SpaceInfo& desktop);
+
+  /// Drops the labels of desktops that have gone; brings the names and frames of the others up to date.
+  void spacesChanged();
+
+  /// Brings the frames up to date with the screens and the text size.
+  void place();
+
+  /// The frame of a label with this text.
+  platform::Rect signFrame(const std::string& text) const;
+
+ private:
+  void pinWindow(const platform::Window& window, platform::SpaceID desktop);
+
+  platform::Platform& platform_;
+  const SpaceManager& manager_;
+  const PreferencesStore& preferences_;
+  Map windows_;
+};
+
+}  // namespace roomlattice

@@ -1,0 +1,61 @@
+#include "preferences/DesktopColors.h"
+
+#include <utility>
+
+namespace roomlattice {
+namespace {
+
+/// `Config` is a pair, const or not.
+template <class Config>
+auto& usedOf(Config& config, ColorMode mode) {
+  return mode == ColorMode::ColorForeground ? config.foreground : config.background;
+}
+
+}  // namespace
+
+DesktopColors::DesktopColors(const std::vector<SpaceInfo>& spaces, SpaceColors stored, ColorMode mode)
+    : stored_(std::move(stored)), mode_(mode) {
+  for (const SpaceInfo& space : spaces) {
+    if (space.isRegular()) {
+      positions_.emplace(space.uuid, uuids_.size());
+      uuids_.push_back(space.uuid);
+    }
+  }
+}
+
+CodableColor DesktopColors::defaultColor(const std::string& uuid) const {
+  const ColorPalette* palette = findPalette(defaultPaletteName);
+  if (palette == nullptr || palette->colors.empty()) {
+    return {1.0, 1.0, 1.0, 1.0};
+  }
+  const auto found = positions_.find(uuid);
+  const std::size_t position = found == positions_.end() ? 0 : found->second;
+  return palette->colors[position % palette->colors.size()];
+}
+
+SpaceColorConfig DesktopColors::config(const std::string& uuid) const {
+  if (const auto found = stored_.find(uuid); found != stored_.end()) {
+    return found->second;
+  }
+  const CodableColor color = defaultColor(uuid);
+  return {color, color};
+}
+
+CodableColor DesktopColors::usedColor(const std::string& uuid) const {
+  const SpaceColorConfig pair = config(uuid);
+  return usedOf(pair, mode_);
+}
+
+void DesktopColors::setUsedColor(const std::string& uuid, const CodableColor& color) {
+  SpaceColorConfig changed = config(uuid);
+  usedOf(changed, mode_) = color;
+  stored_[uuid] = changed;
+}
+
+void DesktopColors::apply(const ColorPalette& palette) {
+  for (std::size_t index = 0; index < uuids_.size(); ++index) {
+    setUsedColor(uuids_[index], palette.colors.at(index % palette.colors.size()));
+  }
+}
+
+}  // namespace roomlattice

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "platform/UserInterface.h"
+#include "preferences/PreferencesStore.h"
+
+namespace roomlattice {
+
+/// The page of the status item, which shows what is set now and from then on only writes to `store`.
+platform::TabPage makeMenuBarPage(const platform::UserInterface& userInterface, PreferencesStore& store);
+
+}  // namespace roomlattice
