@@ -15,10 +15,13 @@ else()
      AND ROOMLATTICE_GNUSTEP_BASE
      AND ROOMLATTICE_LIBOBJC_FOLDERS)
     set(CMAKE_OBJCXX_COMPILER ${ROOMLATTICE_CLANGXX})
-    # It is kept for all languages together, and the last one enabled would decide.
+    # What precompiled headers look like is kept for all languages together, and the last one enabled would decide: the
+    # other compiler would not find its own.
     set(prologue "${CMAKE_PCH_PROLOGUE}")
+    set(extension "${CMAKE_PCH_EXTENSION}")
     enable_language(OBJCXX)
     set(CMAKE_PCH_PROLOGUE "${prologue}")
+    set(CMAKE_PCH_EXTENSION "${extension}")
     # CMake knows how to link shared libraries in this language on a Mac only.
     foreach(variable CMAKE_SHARED_LIBRARY_@_FLAGS CMAKE_@_COMPILE_OPTIONS_PIC CMAKE_SHARED_LIBRARY_SONAME_@_FLAG
                      CMAKE_SHARED_LIBRARY_RUNTIME_@_FLAG CMAKE_SHARED_LIBRARY_RUNTIME_@_FLAG_SEP

@@ -25,7 +25,7 @@ packages_for() {
       printf '%s\n' libgtest-dev libgmock-dev fluxbox i3-wm \
         xserver-xorg-core xserver-xorg-video-dummy xserver-xorg-dev xinput libxcb-xtest0-dev
       ;;
-    check) printf '%s\n' git clang-format clang-tidy shellcheck ;;
+    check) printf '%s\n' git clang-format clang-tidy python3 shellcheck ;;
     *) die "no packages are known for $1" ;;
   esac
 }
