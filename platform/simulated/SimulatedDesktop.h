@@ -103,6 +103,11 @@ class SimulatedDesktop {
 
   // --- What the program shows
   WindowList& windows() { return windows_; }
+  /// The overlay windows a desktop holds, seen or not: ordered in, and attached to it or on all desktops. A removed
+  /// desktop takes no window along; those that were on it alone are on none.
+  std::vector<SimulatedWindow*> windowsOn(SpaceID space) const;
+  /// Of those, the ones that can be seen while the desktop is in front: with an opacity above 0.
+  std::vector<SimulatedWindow*> visibleWindowsOn(SpaceID space) const;
   StatusBar& statusBar() { return statusBar_; }
   /// The first; null while there is none.
   SimulatedStatusItem* statusItem() const;
