@@ -3,10 +3,10 @@
 #import <AppKit/AppKit.h>
 
 #import "platform/macos/CoreFoundationPointer.h"
+#import "platform/macos/MacEvent.h"
+#import "platform/macos/MacEventTap.h"
 #import "platform/macos/MacKeyEvent.h"
 #import "platform/macos/ObjectPointer.h"
-#import "platform/macos/QuartzEvent.h"
-#import "platform/macos/QuartzEventTap.h"
 
 #include <memory>
 #include <optional>
@@ -35,15 +35,15 @@ Registration monitorRegistration(id monitor, const SharedHandler<Handler>& handl
 
 std::unique_ptr<Event> MacEvents::createEvent() {
   const CoreFoundationPointer event(CGEventCreate(nullptr));
-  return event ? std::make_unique<QuartzEvent>(event.get()) : nullptr;
+  return event ? std::make_unique<MacEvent>(event.get()) : nullptr;
 }
 
 void MacEvents::post(const Event& event) {
-  CGEventPost(kCGSessionEventTap, static_cast<const QuartzEvent&>(event).get());
+  CGEventPost(kCGSessionEventTap, static_cast<const MacEvent&>(event).get());
 }
 
 std::unique_ptr<EventTap> MacEvents::createTap(TapHandler handler) {
-  return QuartzEventTap::create(std::move(handler));
+  return MacEventTap::create(std::move(handler));
 }
 
 Registration MacEvents::monitorGlobalMouseMoved(std::function<void()> handler) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#import "platform/macos/PrivateWindowServer.h"
+#import "platform/macos/WindowServerFunctions.h"
 
 #include "platform/WindowServer.h"
 
@@ -10,7 +10,7 @@ namespace roomlattice::platform::macos {
 
 class MacWindowServer final : public WindowServer {
  public:
-  explicit MacWindowServer(const PrivateWindowServer& server = PrivateWindowServer::load()) : server_(server) {}
+  explicit MacWindowServer(const WindowServerFunctions& server = WindowServerFunctions::load()) : server_(server) {}
 
   Value managedDisplaySpaces() override;
   SpaceID activeSpace() override;
@@ -18,13 +18,13 @@ class MacWindowServer final : public WindowServer {
   void removeWindowFromSpace(WindowNumber window, SpaceID space) override;
 
  private:
-  using Attachment = decltype(PrivateWindowServer::CGSAddWindowsToSpaces);
+  using Attachment = decltype(WindowServerFunctions::CGSAddWindowsToSpaces);
 
   /// Nothing where the window server gives no connection.
-  std::optional<PrivateWindowServer::Connection> connection() const;
+  std::optional<WindowServerFunctions::Connection> connection() const;
   void attach(Attachment change, WindowNumber window, SpaceID space);
 
-  PrivateWindowServer server_;
+  WindowServerFunctions server_;
 };
 
 }  // namespace roomlattice::platform::macos

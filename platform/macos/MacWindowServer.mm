@@ -7,7 +7,7 @@
 
 namespace roomlattice::platform::macos {
 
-std::optional<PrivateWindowServer::Connection> MacWindowServer::connection() const {
+std::optional<WindowServerFunctions::Connection> MacWindowServer::connection() const {
   return server_.CGSMainConnectionID == nullptr ? std::nullopt : std::optional(server_.CGSMainConnectionID());
 }
 

@@ -13,12 +13,12 @@
 namespace roomlattice::platform::macos {
 
 /// A borderless NSWindow. Its opacity is animated by its animator.
-class OverlayWindow final : public Window {
+class MacWindow final : public Window {
  public:
-  explicit OverlayWindow(const OverlayWindowOptions& options);
-  ~OverlayWindow() override;
-  OverlayWindow(const OverlayWindow&) = delete;
-  OverlayWindow& operator=(const OverlayWindow&) = delete;
+  explicit MacWindow(const OverlayWindowOptions& options);
+  ~MacWindow() override;
+  MacWindow(const MacWindow&) = delete;
+  MacWindow& operator=(const MacWindow&) = delete;
 
   WindowNumber number() const override;
   void setContentView(std::unique_ptr<View> view) override;

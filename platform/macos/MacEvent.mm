@@ -1,4 +1,4 @@
-#import "platform/macos/QuartzEvent.h"
+#import "platform/macos/MacEvent.h"
 
 namespace roomlattice::platform::macos {
 namespace {
@@ -9,31 +9,31 @@ CGEventField number(EventField field) {
 
 }  // namespace
 
-QuartzEvent::QuartzEvent(CGEventRef event) : event_(event) {
+MacEvent::MacEvent(CGEventRef event) : event_(event) {
   if (event_ != nullptr) {
     CFRetain(event_);
   }
 }
 
-QuartzEvent::~QuartzEvent() {
+MacEvent::~MacEvent() {
   if (event_ != nullptr) {
     CFRelease(event_);
   }
 }
 
-std::int64_t QuartzEvent::integer(EventField field) const {
+std::int64_t MacEvent::integer(EventField field) const {
   return event_ == nullptr ? 0 : CGEventGetIntegerValueField(event_, number(field));
 }
 
-double QuartzEvent::real(EventField field) const {
+double MacEvent::real(EventField field) const {
   return event_ == nullptr ? 0.0 : CGEventGetDoubleValueField(event_, number(field));
 }
 
-void QuartzEvent::setInteger(EventField field, std::int64_t value) {
+void MacEvent::setInteger(EventField field, std::int64_t value) {
   CGEventSetIntegerValueField(event_, number(field), value);
 }
 
-void QuartzEvent::setReal(EventField field, double value) {
+void MacEvent::setReal(EventField field, double value) {
   CGEventSetDoubleValueField(event_, number(field), value);
 }
 

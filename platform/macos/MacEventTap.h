@@ -9,14 +9,14 @@
 namespace roomlattice::platform::macos {
 
 /// A CGEventTap with its source in the main run loop.
-class QuartzEventTap final : public EventTap {
+class MacEventTap final : public EventTap {
  public:
   /// Nothing when the system gives no tap.
-  static std::unique_ptr<QuartzEventTap> create(Events::TapHandler handler);
+  static std::unique_ptr<MacEventTap> create(Events::TapHandler handler);
 
-  ~QuartzEventTap() override;
-  QuartzEventTap(const QuartzEventTap&) = delete;
-  QuartzEventTap& operator=(const QuartzEventTap&) = delete;
+  ~MacEventTap() override;
+  MacEventTap(const MacEventTap&) = delete;
+  MacEventTap& operator=(const MacEventTap&) = delete;
 
   void enable() override;
 
@@ -27,7 +27,7 @@ class QuartzEventTap final : public EventTap {
     bool isEnabled = false;
   };
 
-  QuartzEventTap(CFMachPortRef port, std::shared_ptr<Listener>* listener);
+  MacEventTap(CFMachPortRef port, std::shared_ptr<Listener>* listener);
 
   static CGEventRef received(CGEventTapProxy proxy, CGEventType type, CGEventRef event, void* userData);
 

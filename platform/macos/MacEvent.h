@@ -7,13 +7,13 @@
 namespace roomlattice::platform::macos {
 
 /// A CGEvent. Without one, all fields read as 0.
-class QuartzEvent final : public Event {
+class MacEvent final : public Event {
  public:
   /// Keeps a reference of its own beside the caller's.
-  explicit QuartzEvent(CGEventRef event);
-  ~QuartzEvent() override;
-  QuartzEvent(const QuartzEvent&) = delete;
-  QuartzEvent& operator=(const QuartzEvent&) = delete;
+  explicit MacEvent(CGEventRef event);
+  ~MacEvent() override;
+  MacEvent(const MacEvent&) = delete;
+  MacEvent& operator=(const MacEvent&) = delete;
 
   std::int64_t integer(EventField field) const override;
   double real(EventField field) const override;

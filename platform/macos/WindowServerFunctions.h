@@ -8,7 +8,7 @@ namespace roomlattice::platform::macos {
 
 /// The functions of the window server that no header declares. They are looked up by name when the program runs: one
 /// that a release of the system lacks is null, and the program starts all the same.
-struct PrivateWindowServer {
+struct WindowServerFunctions {
   using Connection = std::int32_t;
   using Lookup = void* (*)(const char* name);
 
@@ -21,9 +21,9 @@ struct PrivateWindowServer {
   void (*CGSRemoveWindowsFromSpaces)(Connection connection, CFArrayRef windows, CFArrayRef spaces) = nullptr;
 
   /// Those among the libraries the process has loaded.
-  static PrivateWindowServer load();
+  static WindowServerFunctions load();
 
-  static PrivateWindowServer load(Lookup lookup);
+  static WindowServerFunctions load(Lookup lookup);
 };
 
 }  // namespace roomlattice::platform::macos

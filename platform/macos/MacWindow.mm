@@ -1,4 +1,4 @@
-#import "platform/macos/OverlayWindow.h"
+#import "platform/macos/MacWindow.h"
 
 #import <dispatch/dispatch.h>
 
@@ -19,7 +19,7 @@ NSTimeInterval seconds(Duration duration) {
 
 }  // namespace
 
-OverlayWindow::OverlayWindow(const OverlayWindowOptions& options)
+MacWindow::MacWindow(const OverlayWindowOptions& options)
     : window_(adopt([[NSWindow alloc] initWithContentRect:toNSRect(options.frame)
                                                 styleMask:NSWindowStyleMaskBorderless
                                                   backing:NSBackingStoreBuffered
@@ -36,7 +36,7 @@ OverlayWindow::OverlayWindow(const OverlayWindowOptions& options)
   [window setAlphaValue:options.alpha];
 }
 
-OverlayWindow::~OverlayWindow() {
+MacWindow::~MacWindow() {
   ++animation_->number;
   if (animation_->isRunning) {
     settle(alpha());
@@ -46,11 +46,11 @@ OverlayWindow::~OverlayWindow() {
   [window_.get() close];
 }
 
-WindowNumber OverlayWindow::number() const {
+WindowNumber MacWindow::number() const {
   return [window_.get() windowNumber];
 }
 
-void OverlayWindow::setContentView(std::unique_ptr<View> view) {
+void MacWindow::setContentView(std::unique_ptr<View> view) {
   host_.reset();
   view_ = std::move(view);
   if (view_ != nullptr) {
@@ -59,23 +59,23 @@ void OverlayWindow::setContentView(std::unique_ptr<View> view) {
   }
 }
 
-Rect OverlayWindow::frame() const {
+Rect MacWindow::frame() const {
   return toRect([window_.get() frame]);
 }
 
-void OverlayWindow::setFrame(const Rect& frame) {
+void MacWindow::setFrame(const Rect& frame) {
   [window_.get() setFrame:toNSRect(frame) display:YES];
 }
 
-void OverlayWindow::setCollectionBehavior(CollectionBehavior behavior) {
+void MacWindow::setCollectionBehavior(CollectionBehavior behavior) {
   [window_.get() setCollectionBehavior:bits(behavior)];
 }
 
-double OverlayWindow::alpha() const {
+double MacWindow::alpha() const {
   return animation_->isRunning ? [window_.get() alphaValue] : alpha_;
 }
 
-void OverlayWindow::setAlpha(double alpha) {
+void MacWindow::setAlpha(double alpha) {
   ++animation_->number;
   alpha_ = alpha;
   if (std::exchange(animation_->isRunning, false)) {
@@ -84,7 +84,7 @@ void OverlayWindow::setAlpha(double alpha) {
   [window_.get() setAlphaValue:alpha];
 }
 
-void OverlayWindow::settle(double alpha) {
+void MacWindow::settle(double alpha) {
   [NSAnimationContext beginGrouping];
   [[NSAnimationContext currentContext] setDuration:0.0];
   [[NSAnimationContext currentContext] setAllowsImplicitAnimation:NO];
@@ -92,7 +92,7 @@ void OverlayWindow::settle(double alpha) {
   [NSAnimationContext endGrouping];
 }
 
-void OverlayWindow::animateAlpha(double alpha, Duration duration, std::function<void()> completion) {
+void MacWindow::animateAlpha(double alpha, Duration duration, std::function<void()> completion) {
   const std::uint64_t number = ++animation_->number;
   const std::shared_ptr<Animation> animation = animation_;
   alpha_ = alpha;
@@ -106,7 +106,7 @@ void OverlayWindow::animateAlpha(double alpha, Duration duration, std::function<
   });
 }
 
-void OverlayWindow::startAnimation(Duration duration, void (^finish)()) {
+void MacWindow::startAnimation(Duration duration, void (^finish)()) {
   animation_->isRunning = duration > Duration::zero();
   if (!animation_->isRunning) {
     settle(alpha_);
@@ -124,12 +124,12 @@ void OverlayWindow::startAnimation(Duration duration, void (^finish)()) {
       completionHandler:finish];
 }
 
-void OverlayWindow::orderFront() {
+void MacWindow::orderFront() {
   // An accessory application is hardly ever the active one.
   [window_.get() orderFrontRegardless];
 }
 
-void OverlayWindow::orderOut() {
+void MacWindow::orderOut() {
   [window_.get() orderOut:nil];
 }
 

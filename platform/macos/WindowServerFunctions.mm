@@ -1,4 +1,4 @@
-#import "platform/macos/PrivateWindowServer.h"
+#import "platform/macos/WindowServerFunctions.h"
 
 #include <dlfcn.h>
 
@@ -6,18 +6,18 @@ namespace roomlattice::platform::macos {
 namespace {
 
 template <class Function>
-void resolve(Function*& function, PrivateWindowServer::Lookup lookup, const char* name) {
+void resolve(Function*& function, WindowServerFunctions::Lookup lookup, const char* name) {
   function = reinterpret_cast<Function*>(lookup(name));
 }
 
 }  // namespace
 
-PrivateWindowServer PrivateWindowServer::load() {
+WindowServerFunctions WindowServerFunctions::load() {
   return load([](const char* name) { return dlsym(RTLD_DEFAULT, name); });
 }
 
-PrivateWindowServer PrivateWindowServer::load(Lookup lookup) {
-  PrivateWindowServer server;
+WindowServerFunctions WindowServerFunctions::load(Lookup lookup) {
+  WindowServerFunctions server;
   resolve(server.CGSMainConnectionID, lookup, "CGSMainConnectionID");
   resolve(server.CGSCopyManagedDisplaySpaces, lookup, "CGSCopyManagedDisplaySpaces");
   resolve(server.CGSGetActiveSpace, lookup, "CGSGetActiveSpace");
