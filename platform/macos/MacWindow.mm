@@ -24,7 +24,7 @@ MacWindow::MacWindow(const OverlayWindowOptions& options)
                                                 styleMask:NSWindowStyleMaskBorderless
                                                   backing:NSBackingStoreBuffered
                                                     defer:NO])),
-      alpha_(options.alpha) {
+      change_(std::make_shared<AlphaChange>(AlphaChange{.alpha = options.alpha})) {
   NSWindow* window = window_.get();
   [window setReleasedWhenClosed:NO];
   [window setOpaque:NO];
@@ -37,8 +37,7 @@ MacWindow::MacWindow(const OverlayWindowOptions& options)
 }
 
 MacWindow::~MacWindow() {
-  ++animation_->number;
-  if (animation_->isRunning) {
+  if (change_->isUnderWay) {
     settle(alpha());
   }
   [window_.get() orderOut:nil];
@@ -55,8 +54,8 @@ void MacWindow::setContentView(std::unique_ptr<View> view) {
   view_ = std::move(view);
   if (view_ != nullptr) {
     host_ = std::make_unique<HostedView>(*view_);
-    [window_.get() setContentView:host_->get()];
   }
+  [window_.get() setContentView:host_ == nullptr ? nil : host_->get()];
 }
 
 Rect MacWindow::frame() const {
@@ -72,16 +71,16 @@ void MacWindow::setCollectionBehavior(CollectionBehavior behavior) {
 }
 
 double MacWindow::alpha() const {
-  return animation_->isRunning ? [window_.get() alphaValue] : alpha_;
+  return change_->isUnderWay ? [window_.get() alphaValue] : change_->alpha;
 }
 
 void MacWindow::setAlpha(double alpha) {
-  ++animation_->number;
-  alpha_ = alpha;
-  if (std::exchange(animation_->isRunning, false)) {
+  const auto replaced = std::exchange(change_, std::make_shared<AlphaChange>(AlphaChange{.alpha = alpha}));
+  if (replaced->isUnderWay) {
     settle(alpha);
+  } else {
+    [window_.get() setAlphaValue:alpha];
   }
-  [window_.get() setAlphaValue:alpha];
 }
 
 void MacWindow::settle(double alpha) {
@@ -93,29 +92,21 @@ void MacWindow::settle(double alpha) {
 }
 
 void MacWindow::animateAlpha(double alpha, Duration duration, std::function<void()> completion) {
-  const std::uint64_t number = ++animation_->number;
-  const std::shared_ptr<Animation> animation = animation_;
-  alpha_ = alpha;
-  startAnimation(duration, ^{
-    if (animation->number == number) {
-      animation->isRunning = false;
-      if (completion) {
-        completion();
-      }
+  const bool isAtOnce = duration <= Duration::zero();
+  change_ = std::make_shared<AlphaChange>(AlphaChange{.alpha = alpha, .isUnderWay = !isAtOnce});
+  const std::weak_ptr<AlphaChange> weak = change_;
+  void (^finish)() = ^{
+    if (const auto change = weak.lock()) {
+      change->isUnderWay = false;
+      completion();
     }
-  });
-}
-
-void MacWindow::startAnimation(Duration duration, void (^finish)()) {
-  animation_->isRunning = duration > Duration::zero();
-  if (!animation_->isRunning) {
-    settle(alpha_);
-    [window_.get() setAlphaValue:alpha_];
+  };
+  if (isAtOnce) {
+    settle(alpha);
     dispatch_async(dispatch_get_main_queue(), finish);
     return;
   }
   NSWindow* window = window_.get();
-  const double alpha = alpha_;
   [NSAnimationContext
       runAnimationGroup:^(NSAnimationContext* context) {
         [context setDuration:seconds(duration)];
