@@ -2,13 +2,15 @@
 
 #import <ApplicationServices/ApplicationServices.h>
 
+#import "platform/macos/CoreFoundationPointer.h"
+
 #include "platform/Events.h"
 
 #include <memory>
 
 namespace roomlattice::platform::macos {
 
-/// A CGEventTap with its source in the main run loop.
+/// A tap for Quartz events with its source in the main run loop.
 class MacEventTap final : public EventTap {
  public:
   /// Nothing when the system gives no tap.
@@ -21,18 +23,21 @@ class MacEventTap final : public EventTap {
   void enable() override;
 
  private:
+  using Port = CoreFoundationPointer<CFMachPortRef>;
+
   /// What the tap calls. Its handler may end the tap.
   struct Listener {
     Events::TapHandler handler;
     bool isEnabled = false;
   };
 
-  MacEventTap(CFMachPortRef port, std::shared_ptr<Listener>* listener);
+  MacEventTap(Port port, std::unique_ptr<std::shared_ptr<Listener>> listener);
 
   static CGEventRef received(CGEventTapProxy proxy, CGEventType type, CGEventRef event, void* userData);
 
-  CFMachPortRef port_;
-  CFRunLoopSourceRef source_;
+  Port port_;
+  CoreFoundationPointer<CFRunLoopSourceRef> source_;
+  // The tap has the address of the pointer.
   std::unique_ptr<std::shared_ptr<Listener>> listener_;
 };
 

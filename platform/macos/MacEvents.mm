@@ -2,7 +2,6 @@
 
 #import <AppKit/AppKit.h>
 
-#import "platform/macos/CoreFoundationPointer.h"
 #import "platform/macos/MacEvent.h"
 #import "platform/macos/MacEventTap.h"
 #import "platform/macos/MacKeyEvent.h"
@@ -34,8 +33,8 @@ Registration monitorRegistration(id monitor, const SharedHandler<Handler>& handl
 }  // namespace
 
 std::unique_ptr<Event> MacEvents::createEvent() {
-  const CoreFoundationPointer event(CGEventCreate(nullptr));
-  return event ? std::make_unique<MacEvent>(event.get()) : nullptr;
+  auto event = CoreFoundationPointer<CGEventRef>::adopt(CGEventCreate(nullptr));
+  return event ? std::make_unique<MacEvent>(std::move(event)) : nullptr;
 }
 
 void MacEvents::post(const Event& event) {

@@ -4,13 +4,12 @@
 
 #include "platform/WindowServer.h"
 
-#include <optional>
-
 namespace roomlattice::platform::macos {
 
 class MacWindowServer final : public WindowServer {
  public:
-  explicit MacWindowServer(const WindowServerFunctions& server = WindowServerFunctions::load()) : server_(server) {}
+  explicit MacWindowServer(const WindowServerFunctions& functions = WindowServerFunctions::load())
+      : functions_(functions) {}
 
   Value managedDisplaySpaces() override;
   SpaceID activeSpace() override;
@@ -20,11 +19,9 @@ class MacWindowServer final : public WindowServer {
  private:
   using Attachment = decltype(WindowServerFunctions::CGSAddWindowsToSpaces);
 
-  /// Nothing where the window server gives no connection.
-  std::optional<WindowServerFunctions::Connection> connection() const;
   void attach(Attachment change, WindowNumber window, SpaceID space);
 
-  WindowServerFunctions server_;
+  WindowServerFunctions functions_;
 };
 
 }  // namespace roomlattice::platform::macos

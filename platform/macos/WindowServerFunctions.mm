@@ -5,9 +5,14 @@
 namespace roomlattice::platform::macos {
 namespace {
 
+/// Leaves `function` as it is where there is none of that name.
 template <class Function>
-void resolve(Function*& function, WindowServerFunctions::Lookup lookup, const char* name) {
-  function = reinterpret_cast<Function*>(lookup(name));
+bool resolve(Function*& function, WindowServerFunctions::Lookup lookup, const char* name) {
+  void* const found = lookup(name);
+  if (found != nullptr) {
+    function = reinterpret_cast<Function*>(found);
+  }
+  return found != nullptr;
 }
 
 }  // namespace
@@ -17,13 +22,14 @@ WindowServerFunctions WindowServerFunctions::load() {
 }
 
 WindowServerFunctions WindowServerFunctions::load(Lookup lookup) {
-  WindowServerFunctions server;
-  resolve(server.CGSMainConnectionID, lookup, "CGSMainConnectionID");
-  resolve(server.CGSCopyManagedDisplaySpaces, lookup, "CGSCopyManagedDisplaySpaces");
-  resolve(server.CGSGetActiveSpace, lookup, "CGSGetActiveSpace");
-  resolve(server.CGSAddWindowsToSpaces, lookup, "CGSAddWindowsToSpaces");
-  resolve(server.CGSRemoveWindowsFromSpaces, lookup, "CGSRemoveWindowsFromSpaces");
-  return server;
+  WindowServerFunctions functions;
+  if (resolve(functions.CGSMainConnectionID, lookup, "CGSMainConnectionID")) {
+    resolve(functions.CGSCopyManagedDisplaySpaces, lookup, "CGSCopyManagedDisplaySpaces");
+    resolve(functions.CGSGetActiveSpace, lookup, "CGSGetActiveSpace");
+    resolve(functions.CGSAddWindowsToSpaces, lookup, "CGSAddWindowsToSpaces");
+    resolve(functions.CGSRemoveWindowsFromSpaces, lookup, "CGSRemoveWindowsFromSpaces");
+  }
+  return functions;
 }
 
 }  // namespace roomlattice::platform::macos
