@@ -9,7 +9,7 @@ enum class ActivationPolicy {
   Accessory,
 };
 
-/// The process as the desktop sees it, and its event loop. Main thread only.
+/// The process as the desktop sees it, and its event loop.
 class Application {
  public:
   virtual ~Application() = default;
@@ -17,7 +17,7 @@ class Application {
   virtual void setActivationPolicy(ActivationPolicy policy) = 0;
 
   /// Runs the event loop until the application is terminated and returns the process's exit status.
-  /// `didFinishLaunching` is called once, from the loop, before any other callback of any service.
+  /// `didFinishLaunching` is called once, from within the loop, before any other callback of any service.
   virtual int run(std::function<void()> didFinishLaunching) = 0;
 
   /// Brings the application's windows in front of other applications' and gives them the keyboard.

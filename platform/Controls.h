@@ -16,7 +16,7 @@
 namespace roomlattice::platform {
 
 /// The native controls of a page, as data: what they are and show at first, and whom they call when the user changes
-/// them. Actions come on the main thread and never while a control is being made; they are never empty.
+/// them. Actions never come while a control is being made.
 
 /// A text that cannot be edited. With a wrap width it breaks into lines no longer than that; otherwise it is one line.
 struct LabelControl {
@@ -96,8 +96,7 @@ struct ControlReference {
   std::size_t control = 0;
 };
 
-/// The native window made of such a model, centred on the screen and hidden at first. Closing only hides it. Main
-/// thread only.
+/// The native window made of such a model, centred on the screen and hidden at first. Closing only hides it.
 class TabbedWindow {
  public:
   virtual ~TabbedWindow() = default;

@@ -7,7 +7,7 @@
 
 namespace roomlattice::platform {
 
-/// The persistent settings of the program: typed values by key. Main thread only.
+/// The persistent settings of the program: typed values by key.
 class Defaults {
  public:
   virtual ~Defaults() = default;

@@ -11,8 +11,7 @@ using Duration = std::chrono::nanoseconds;
 
 /// The main queue, its timers, and the one background queue.
 ///
-/// Main-queue tasks run on the main thread, one at a time, ordered by due time and, when due at the same time, by the
-/// order of scheduling. No task runs before the call that scheduled it has returned.
+/// Main-queue tasks run one at a time, ordered by due time and, when due at the same time, by the order of scheduling.
 class Dispatcher {
  public:
   using Task = std::function<void()>;

@@ -64,7 +64,7 @@ inline constexpr std::uint16_t keypadEnter = 76;
 
 enum class KeyDisposition { PassOn, Swallow };
 
-/// The session's stream of input events: posting into it and listening to it. All callbacks come on the main thread.
+/// The session's stream of input events: posting into it and listening to it.
 class Events {
  public:
   /// Called for every event of every type while the tap is enabled, and with the two types of tapEvent, whose event

@@ -25,7 +25,7 @@ enum class CommandRole { Other, Quit };
 struct CommandItem {
   std::string title;
   std::string keyEquivalent;
-  std::function<void()> action;
+  std::function<void()> action = [] {};
   CommandRole role = CommandRole::Other;
 };
 
@@ -39,7 +39,7 @@ struct Menu {
 
   /// Called each time just before the menu opens, to bring `items` up to date. The items of the last opening live
   /// until then.
-  std::function<void(Menu&)> needsUpdate;
+  std::function<void(Menu&)> needsUpdate = [](Menu&) {};
 };
 
 }  // namespace roomlattice::platform

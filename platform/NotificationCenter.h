@@ -8,7 +8,7 @@
 
 namespace roomlattice::platform {
 
-/// Notifications have a name and nothing else: no sender, no user info. Main thread only.
+/// Notifications have a name and nothing else: no sender, no user info.
 class NotificationCenter {
  public:
   using Handler = std::function<void()>;

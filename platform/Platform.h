@@ -12,7 +12,15 @@
 
 namespace roomlattice::platform {
 
-/// A system to run on: one of each service, living as long as this object.
+/// A system to run on: one of each service, living as long as this object. What holds for all services, unless one says
+/// otherwise:
+///
+/// - Threads: everything happens on the main thread, the calls as well as the callbacks.
+/// - Callbacks: none comes before the call that registered it has returned. None is empty: what need not be given has a
+///   default that does nothing.
+/// - Registrations, and objects that a service makes, may end at any time, also from within their own callbacks;
+///   registrations even after their service has gone. No callback comes afterwards.
+/// - Failure is silent: what a call gives or leaves undone then, its comment says.
 class Platform {
  public:
   virtual ~Platform() = default;

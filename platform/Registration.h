@@ -6,8 +6,7 @@
 namespace roomlattice::platform {
 
 /// Something that was installed and ends with this value: an observer, a monitor, a timer, a scheduled task, an
-/// activity. Move-only. Ending it is safe at any time on the main thread, also from within its own callback, and also
-/// after the service that gave it has gone; no callback comes afterwards.
+/// activity. Move-only; when it may end, and what comes then, stands with Platform.
 class [[nodiscard]] Registration {
  public:
   Registration() = default;

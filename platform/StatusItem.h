@@ -55,7 +55,7 @@ class StatusButton {
   virtual void setContent(const StatusButtonContent& content) = 0;
 };
 
-/// The program's place in the desktop's status bar; it leaves the bar with this object. Main thread only.
+/// The program's place in the desktop's status bar; it leaves the bar with this object.
 class StatusItem {
  public:
   virtual ~StatusItem() = default;

@@ -35,7 +35,7 @@ class System {
  public:
   virtual ~System() = default;
 
-  /// Writes one line, given without its end, to the system log, which stamps it. Main thread only.
+  /// Writes one line, given without its end, to the system log, which stamps it.
   virtual void log(const std::string& line) = 0;
 
   /// Runs the executable at `path` and blocks until its output has ended and it has exited, in that order. The exit
@@ -47,7 +47,7 @@ class System {
   /// tool is at home.
   virtual LogQuery localized(const LogQuery& query) const { return query; }
 
-  /// Replaces the contents of the general pasteboard by plain text. Main thread only.
+  /// Replaces the contents of the general pasteboard by plain text.
   virtual void setPasteboardString(const std::string& text) = 0;
 
   /// Asks the system to treat the process as `kind` until the registration ends. `reason` is for people.

@@ -22,7 +22,7 @@ struct Screen {
 
 enum class Appearance { Light, Dark };
 
-/// Screens, appearance, text and everything that is shown. Main thread only.
+/// Screens, appearance, text and everything that is shown.
 class UserInterface {
  public:
   virtual ~UserInterface() = default;

@@ -115,7 +115,7 @@ enum class CommandDisposition { NotHandled, Handled };
 enum class HitTarget { None, View, Button, TextField };
 
 /// A view of the program's own: it decides what is where, and a backend draws it and brings it input. Points are in the
-/// view's coordinates. Main thread only.
+/// view's coordinates.
 class View {
  public:
   View() = default;

@@ -40,7 +40,7 @@ struct OverlayWindowOptions {
   double alpha = 0.0;
 };
 
-/// Such a window. It is not ordered in at creation, and it is gone from the screen with this object. Main thread only.
+/// Such a window. It is not ordered in at creation, and it is gone from the screen with this object.
 class Window {
  public:
   virtual ~Window() = default;
@@ -65,9 +65,10 @@ class Window {
   virtual void setAlpha(double alpha) = 0;
 
   /// Moves the opacity from its present value to `alpha` within `duration`, in place of a running animation.
-  /// With a duration of 0 it is set at once, without any implicit animation. `completion` is called after the end,
-  /// never from within this call; it may own this window.
-  virtual void animateAlpha(double alpha, Duration duration, std::function<void()> completion = {}) = 0;
+  /// With a duration of 0 it is set at once, without any implicit animation. `completion` is called after the end; it
+  /// may own this window.
+  virtual void animateAlpha(
+      double alpha, Duration duration, std::function<void()> completion = [] {}) = 0;
 
   /// Shows the window in front of the others of its level without making it key; on the active desktop, unless it is
   /// attached to others.

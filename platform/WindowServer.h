@@ -12,8 +12,8 @@ using SpaceID = std::uint64_t;
 /// The window server's identifier of a window.
 using WindowNumber = std::int64_t;
 
-/// The window server's account of desktops, and which desktops a window is on. Main thread only; no call fails: a
-/// window server that cannot answer gives a null value and 0, and attachments that cannot be made are ignored.
+/// The window server's account of desktops, and which desktops a window is on. A window server that cannot answer gives
+/// a null value and 0; attachments that cannot be made are ignored.
 class WindowServer {
  public:
   virtual ~WindowServer() = default;

@@ -16,7 +16,6 @@ NSColor* toNSColor(const TextColor& color) {
     case SystemColor::SecondaryLabel:
       return [NSColor secondaryLabelColor];
   }
-  return [NSColor labelColor];
 }
 
 Color toColor(NSColor* color) {

@@ -6,12 +6,27 @@
 
 namespace roomlattice::platform::macos {
 
-/// Owns one reference to a Core Foundation object, as a function with Create or Copy in its name gives one.
+/// Owns one reference to a Core Foundation object, if it has one.
 template <class Reference>
 class CoreFoundationPointer {
  public:
   CoreFoundationPointer() = default;
-  explicit CoreFoundationPointer(Reference object) : object_(object) {}
+
+  /// Takes over the caller's reference, as a function with Create or Copy in its name gives one.
+  static CoreFoundationPointer adopt(Reference object) {
+    CoreFoundationPointer pointer;
+    pointer.object_ = object;
+    return pointer;
+  }
+
+  /// Takes a reference of its own beside the caller's.
+  static CoreFoundationPointer share(Reference object) {
+    if (object != nullptr) {
+      CFRetain(object);
+    }
+    return adopt(object);
+  }
+
   CoreFoundationPointer(CoreFoundationPointer&& other) noexcept : object_(std::exchange(other.object_, nullptr)) {}
   CoreFoundationPointer& operator=(CoreFoundationPointer&& other) noexcept {
     std::swap(object_, other.object_);

@@ -19,10 +19,16 @@ class ElementView {
   virtual NSView* get() const = 0;
 
   /// Shows `element`, which is of the kind this was made for.
-  virtual void update(const ViewElement& element) = 0;
+  void update(const ViewElement& element);
 
   /// The text field, for the element that has one.
   virtual MacTextField* textField() { return nullptr; }
+
+ private:
+  virtual void show(const ViewElement& element) = 0;
+
+  /// The frame of the native view, whose margins may differ; asked for when the element is shown in it.
+  virtual NSRect frameFor(const ViewElement& element) const;
 };
 
 /// `view` is the one whose element it is: it hears of clicks and of the editor's commands.

@@ -24,13 +24,6 @@ class ElementViewOf : public ElementView {
   ObjectPointer<Native> native_;
 };
 
-/// A label's cell keeps a margin around its text, whose frame is what the element states.
-NSRect frameAround(NSTextField* label, const TextElement& element, const Rect& frame) {
-  const NSSize cell = [[label cell] cellSize];
-  const Size text = textSize(element.text, element.font);
-  return NSInsetRect(toNSRect(frame), (text.width - cell.width) * 0.5, (text.height - cell.height) * 0.5);
-}
-
 class TextElementView final : public ElementViewOf<NSTextField> {
  public:
   TextElementView() : ElementViewOf([NSTextField labelWithString:@""]) {
@@ -38,14 +31,20 @@ class TextElementView final : public ElementViewOf<NSTextField> {
     [native() setMaximumNumberOfLines:1];
   }
 
-  void update(const ViewElement& element) override {
+  void show(const ViewElement& element) override {
     const auto& text = std::get<TextElement>(element.kind);
     [native() setStringValue:toNSString(text.text)];
     [native() setFont:toNSFont(text.font)];
     [native() setTextColor:toNSColor(text.color)];
     [native() setAlignment:text.alignment == TextAlignment::Center ? NSTextAlignmentCenter : NSTextAlignmentLeft];
-    [native() setFrame:frameAround(native(), text, element.frame)];
-    [native() setHidden:element.hidden];
+  }
+
+  // A label's cell keeps a margin around its text, whose frame is what the element states.
+  NSRect frameFor(const ViewElement& element) const override {
+    const auto& text = std::get<TextElement>(element.kind);
+    const NSSize cell = [[native() cell] cellSize];
+    const Size size = textSize(text.text, text.font);
+    return NSInsetRect(toNSRect(element.frame), (size.width - cell.width) * 0.5, (size.height - cell.height) * 0.5);
   }
 };
 
@@ -53,11 +52,9 @@ class ImageElementView final : public ElementViewOf<NSImageView> {
  public:
   ImageElementView() : ElementViewOf([[[NSImageView alloc] initWithFrame:NSZeroRect] autorelease]) {}
 
-  void update(const ViewElement& element) override {
+  void show(const ViewElement& element) override {
     const auto& image = std::get<ImageElement>(element.kind);
     [native() setImage:toNSImage(image.image)];
-    [native() setFrame:toNSRect(element.frame)];
-    [native() setHidden:element.hidden];
   }
 };
 
@@ -72,10 +69,7 @@ class SpinnerElementView final : public ElementViewOf<NSProgressIndicator> {
   }
   ~SpinnerElementView() override { [native() stopAnimation:nil]; }
 
-  void update(const ViewElement& element) override {
-    [native() setFrame:toNSRect(element.frame)];
-    [native() setHidden:element.hidden];
-  }
+  void show(const ViewElement&) override {}
 };
 
 class ButtonElementView final : public ElementViewOf<NSButton> {
@@ -91,15 +85,13 @@ class ButtonElementView final : public ElementViewOf<NSButton> {
   }
   ~ButtonElementView() override { [native() setTarget:nil]; }
 
-  void update(const ViewElement& element) override {
+  void show(const ViewElement& element) override {
     const auto& button = std::get<ButtonElement>(element.kind);
     if (symbol_ != button.symbol) {
       symbol_ = button.symbol;
       [native() setImage:toNSImage(button.symbol)];
     }
     [native() setToolTip:toNSString(button.toolTip)];
-    [native() setFrame:toNSRect(element.frame)];
-    [native() setHidden:element.hidden];
   }
 
  private:
@@ -114,18 +106,16 @@ class TextFieldElementView final : public ElementView {
   NSView* get() const override { return field_.get(); }
   MacTextField* textField() override { return &field_; }
 
-  void update(const ViewElement& element) override {
+  void show(const ViewElement& element) override {
     const auto& field = std::get<TextFieldElement>(element.kind);
     [field_.get() setFont:toNSFont(field.font)];
-    [field_.get() setFrame:toNSRect(element.frame)];
-    [field_.get() setHidden:element.hidden];
   }
 
  private:
   MacTextField field_;
 };
 
-struct Maker {
+struct ElementViewMaker {
   View& view;
 
   std::unique_ptr<ElementView> operator()(const TextElement&) const { return std::make_unique<TextElementView>(); }
@@ -143,8 +133,18 @@ struct Maker {
 
 }  // namespace
 
+void ElementView::update(const ViewElement& element) {
+  show(element);
+  [get() setFrame:frameFor(element)];
+  [get() setHidden:element.hidden];
+}
+
+NSRect ElementView::frameFor(const ViewElement& element) const {
+  return toNSRect(element.frame);
+}
+
 std::unique_ptr<ElementView> makeElementView(const ViewElement& element, View& view) {
-  std::unique_ptr<ElementView> made = std::visit(Maker{view}, element.kind);
+  std::unique_ptr<ElementView> made = std::visit(ElementViewMaker{view}, element.kind);
   made->update(element);
   return made;
 }

@@ -17,7 +17,6 @@ NSFontWeight toNSFontWeight(FontWeight weight) {
     case FontWeight::Heavy:
       return NSFontWeightHeavy;
   }
-  return NSFontWeightRegular;
 }
 
 }  // namespace

@@ -3,10 +3,24 @@
 #import "platform/macos/Geometry.h"
 #import "platform/macos/Layers.h"
 
+using roomlattice::platform::Point;
+using roomlattice::platform::View;
 using roomlattice::platform::macos::HostedView;
 using roomlattice::platform::macos::toPoint;
 
-/// The NSView of a hosted view. It may outlive its host for a moment, as an object that AppKit still uses.
+namespace {
+
+/// Tells a view what AppKit has to tell, as long as it is hosted.
+template <class News>
+void tell(HostedView* host, News news) {
+  if (host != nullptr) {
+    news(host->view());
+  }
+}
+
+}  // namespace
+
+/// The NSView of a hosted view. It may outlive its host, as a picture that AppKit still shows.
 @interface RoomlatticeView : NSView {
  @public
   HostedView* host_;
@@ -47,21 +61,16 @@ using roomlattice::platform::macos::toPoint;
 
 - (void)mouseUp:(NSEvent*)event {
   [[self retain] autorelease];
-  if (host_ != nullptr) {
-    host_->view().mouseUp(toPoint([self convertPoint:[event locationInWindow] fromView:nil]));
-  }
+  const Point point = toPoint([self convertPoint:[event locationInWindow] fromView:nil]);
+  tell(host_, [point](View& view) { view.mouseUp(point); });
 }
 
 - (void)mouseEntered:(NSEvent*)event {
-  if (host_ != nullptr) {
-    host_->view().mouseEntered();
-  }
+  tell(host_, [](View& view) { view.mouseEntered(); });
 }
 
 - (void)mouseExited:(NSEvent*)event {
-  if (host_ != nullptr) {
-    host_->view().mouseExited();
-  }
+  tell(host_, [](View& view) { view.mouseExited(); });
 }
 
 @end
@@ -78,7 +87,6 @@ HostedView::HostedView(View& view)
 HostedView::~HostedView() {
   view_.setHost(nullptr);
   native_.get()->host_ = nullptr;
-  [native_.get() removeFromSuperview];
 }
 
 NSView* HostedView::get() const {
@@ -122,6 +130,7 @@ TextField* HostedView::textField() {
 }
 
 void HostedView::cancelMenuTracking() {
+  // Ends this object where it succeeds at once.
   [[[native_.get() enclosingMenuItem] menu] cancelTracking];
 }
 
@@ -137,7 +146,6 @@ NSView* HostedView::hitTest(Point point) const {
     case HitTarget::TextField:
       return native(find<TextFieldElement>());
   }
-  return nil;
 }
 
 }  // namespace roomlattice::platform::macos

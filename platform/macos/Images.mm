@@ -15,7 +15,6 @@ NSBezierPath* outline(const Shape& shape) {
     case ShapeKind::Ellipse:
       return [NSBezierPath bezierPathWithOvalInRect:bounds];
   }
-  return [NSBezierPath bezierPath];
 }
 
 void draw(const Shape& shape) {

@@ -25,7 +25,6 @@ NSApplicationActivationPolicy toNSPolicy(ActivationPolicy policy) {
     case ActivationPolicy::Accessory:
       return NSApplicationActivationPolicyAccessory;
   }
-  return NSApplicationActivationPolicyAccessory;
 }
 
 }  // namespace

@@ -2,11 +2,10 @@
 
 #import <AppKit/AppKit.h>
 
-#import "platform/macos/CoreFoundationPointer.h"
+#import "platform/macos/MacEvent.h"
+#import "platform/macos/MacEventTap.h"
 #import "platform/macos/MacKeyEvent.h"
 #import "platform/macos/ObjectPointer.h"
-#import "platform/macos/QuartzEvent.h"
-#import "platform/macos/QuartzEventTap.h"
 
 #include <memory>
 #include <optional>
@@ -34,16 +33,16 @@ Registration monitorRegistration(id monitor, const SharedHandler<Handler>& handl
 }  // namespace
 
 std::unique_ptr<Event> MacEvents::createEvent() {
-  const CoreFoundationPointer event(CGEventCreate(nullptr));
-  return event ? std::make_unique<QuartzEvent>(event.get()) : nullptr;
+  auto event = CoreFoundationPointer<CGEventRef>::adopt(CGEventCreate(nullptr));
+  return event ? std::make_unique<MacEvent>(std::move(event)) : nullptr;
 }
 
 void MacEvents::post(const Event& event) {
-  CGEventPost(kCGSessionEventTap, static_cast<const QuartzEvent&>(event).get());
+  CGEventPost(kCGSessionEventTap, static_cast<const MacEvent&>(event).get());
 }
 
 std::unique_ptr<EventTap> MacEvents::createTap(TapHandler handler) {
-  return QuartzEventTap::create(std::move(handler));
+  return MacEventTap::create(std::move(handler));
 }
 
 Registration MacEvents::monitorGlobalMouseMoved(std::function<void()> handler) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#import "platform/macos/SystemNotificationCenter.h"
+#import "platform/macos/MacNotificationCenter.h"
 
 namespace roomlattice::platform::macos {
 
@@ -13,9 +13,9 @@ class MacNotifications final : public Notifications {
   NotificationCenter& distributedCenter() override { return distributed_; }
 
  private:
-  SystemNotificationCenter default_;
-  SystemNotificationCenter workspace_;
-  SystemNotificationCenter distributed_;
+  MacNotificationCenter default_;
+  MacNotificationCenter workspace_;
+  MacNotificationCenter distributed_;
 };
 
 }  // namespace roomlattice::platform::macos

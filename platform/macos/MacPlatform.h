@@ -4,7 +4,7 @@
 
 namespace roomlattice::platform::macos {
 
-/// macOS as a platform, to be made on the main thread.
+/// macOS as a platform: AppKit, Quartz events and the window server. All of it, the making too, is for the main thread.
 std::unique_ptr<Platform> makePlatform();
 
 }  // namespace roomlattice::platform::macos

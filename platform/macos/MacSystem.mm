@@ -15,7 +15,6 @@ NSActivityOptions activityOptions(ActivityKind kind) {
     case ActivityKind::UserInitiatedAllowingIdleSystemSleep:
       return NSActivityUserInitiatedAllowingIdleSystemSleep;
   }
-  return NSActivityUserInitiatedAllowingIdleSystemSleep;
 }
 
 }  // namespace

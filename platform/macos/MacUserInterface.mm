@@ -7,8 +7,8 @@
 #import "platform/macos/Geometry.h"
 #import "platform/macos/MacStatusItem.h"
 #import "platform/macos/MacTabbedWindow.h"
+#import "platform/macos/MacWindow.h"
 #import "platform/macos/NativeControls.h"
-#import "platform/macos/OverlayWindow.h"
 
 namespace roomlattice::platform::macos {
 
@@ -55,7 +55,7 @@ std::unique_ptr<StatusItem> MacUserInterface::createStatusItem(const StatusItemL
 }
 
 std::unique_ptr<Window> MacUserInterface::createOverlayWindow(const OverlayWindowOptions& options) {
-  return std::make_unique<OverlayWindow>(options);
+  return std::make_unique<MacWindow>(options);
 }
 
 std::unique_ptr<TabbedWindow> MacUserInterface::createTabbedWindow(const TabbedWindowModel& model) {

@@ -1,16 +1,15 @@
 #pragma once
 
-#import "platform/macos/PrivateWindowServer.h"
+#import "platform/macos/WindowServerFunctions.h"
 
 #include "platform/WindowServer.h"
-
-#include <optional>
 
 namespace roomlattice::platform::macos {
 
 class MacWindowServer final : public WindowServer {
  public:
-  explicit MacWindowServer(const PrivateWindowServer& server = PrivateWindowServer::load()) : server_(server) {}
+  explicit MacWindowServer(const WindowServerFunctions& functions = WindowServerFunctions::load())
+      : functions_(functions) {}
 
   Value managedDisplaySpaces() override;
   SpaceID activeSpace() override;
@@ -18,13 +17,11 @@ class MacWindowServer final : public WindowServer {
   void removeWindowFromSpace(WindowNumber window, SpaceID space) override;
 
  private:
-  using Attachment = decltype(PrivateWindowServer::CGSAddWindowsToSpaces);
+  using Attachment = decltype(WindowServerFunctions::CGSAddWindowsToSpaces);
 
-  /// Nothing where the window server gives no connection.
-  std::optional<PrivateWindowServer::Connection> connection() const;
   void attach(Attachment change, WindowNumber window, SpaceID space);
 
-  PrivateWindowServer server_;
+  WindowServerFunctions functions_;
 };
 
 }  // namespace roomlattice::platform::macos

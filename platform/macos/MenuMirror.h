@@ -2,19 +2,18 @@
 
 #import <AppKit/AppKit.h>
 
-#import "platform/macos/HostedView.h"
+#import "platform/macos/MenuSession.h"
 #import "platform/macos/ObjectPointer.h"
 
 #include "platform/Menu.h"
 
-#include <memory>
-#include <vector>
+#include <optional>
 
 @class RoomlatticeMenuDelegate;
 
 namespace roomlattice::platform::macos {
 
-/// An NSMenu that shows the program's menu, brought up to date each time before it opens.
+/// An NSMenu that shows the program's menu, brought up to date each time before it opens. It closes with this object.
 class MenuMirror {
  public:
   /// `menu` must outlive the mirror.
@@ -25,17 +24,15 @@ class MenuMirror {
 
   NSMenu* get() const { return native_.get(); }
 
- private:
-  void needsUpdate();
-  void removeItems();
-  NSMenuItem* makeItem(ViewItem& item);
-  NSMenuItem* makeItem(const CommandItem& item);
-  NSMenuItem* makeItem(const SeparatorItem& item);
+  // For the menu's delegate.
+  void opens();
+  void hasClosed() { session_.reset(); }
 
+ private:
   Menu& menu_;
   ObjectPointer<NSMenu> native_;
   ObjectPointer<RoomlatticeMenuDelegate> delegate_;
-  std::vector<std::unique_ptr<HostedView>> rows_;
+  std::optional<MenuSession> session_;
 };
 
 }  // namespace roomlattice::platform::macos

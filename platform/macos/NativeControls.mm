@@ -39,7 +39,6 @@ NSInteger toState(CheckState state) {
     case CheckState::Mixed:
       return NSControlStateValueMixed;
   }
-  return NSControlStateValueOff;
 }
 
 struct Maker {

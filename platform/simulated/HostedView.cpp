@@ -58,6 +58,7 @@ SimulatedTextField* HostedView::textField() {
 }
 
 void HostedView::cancelMenuTracking() {
+  // Ends this object where it succeeds.
   surroundings_.cancelMenuTracking();
 }
 

@@ -32,9 +32,7 @@ Point inRow(Point point, const Rect& row) {
 }  // namespace
 
 MenuSession::MenuSession(Menu& menu, Point topLeft) : menu_(menu) {
-  if (menu_.needsUpdate) {
-    menu_.needsUpdate(menu_);
-  }
+  menu_.needsUpdate(menu_);
   layOut(topLeft);
 }
 
@@ -153,13 +151,12 @@ void MenuSession::keyDown(const SimulatedKeyEvent& event) {
 void MenuSession::invoke(const CommandItem& command) {
   const std::function<void()> action = command.action;
   cancelMenuTracking();
-  if (action) {
-    action();
-  }
+  action();
 }
 
 void MenuSession::cancelMenuTracking() {
   open_ = false;
+  rows_.clear();
 }
 
 bool MenuSession::moveTo(SimulatedTextField& field) {

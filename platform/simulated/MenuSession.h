@@ -12,16 +12,16 @@
 
 namespace roomlattice::platform::simulated {
 
-/// A menu while it is open. Its rows stand below each other from the top of its frame, as wide as the frame: a view as
-/// high as the view is, a command 22 points, a separator 12 points. The frame is as wide as the widest view, or command
-/// title and 44 points.
+/// One opening of a menu: its views are hosted exactly as long as it is open. Its rows stand below each other from the
+/// top of its frame, as wide as the frame: a view as high as the view is, a command 22 points, a separator 12 points.
+/// The frame is as wide as the widest view, or command title and 44 points.
 class MenuSession final : private ViewSurroundings, private FieldFocus {
  public:
   /// Has the menu brought up to date and opens it with its top left corner at `topLeft`. The menu outlives the session.
   MenuSession(Menu& menu, Point topLeft);
   ~MenuSession() override;
 
-  /// False once tracking has ended; then there is nothing to do with the session but let it go.
+  /// False once tracking has ended; then there are no rows, and nothing to do with the session but let it go.
   bool isOpen() const { return open_; }
 
   Rect frame() const { return frame_; }

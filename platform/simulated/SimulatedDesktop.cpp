@@ -2,6 +2,7 @@
 
 #include "platform/simulated/SimulatedStatusItem.h"
 #include "platform/simulated/SimulatedTabbedWindow.h"
+#include "platform/simulated/SimulatedWindow.h"
 
 #include <algorithm>
 #include <iterator>
@@ -48,7 +49,9 @@ void SimulatedDesktop::changeSpaces(Change change) {
 void SimulatedDesktop::detachWindowsFromRemoved(const std::vector<Space>& before) {
   for (const Space& space : before) {
     if (!spaces_.find(space.id)) {
-      windows_.spaceRemoved(space.id);
+      for (SimulatedWindow* window : windows_.overlays()) {
+        window->detach(space.id);
+      }
     }
   }
 }
@@ -131,6 +134,18 @@ void SimulatedDesktop::setScreens(const std::vector<Rect>& frames) {
 void SimulatedDesktop::setAppearance(std::optional<Appearance> appearance) {
   settings_.appearance = appearance;
   announcements_.post(notification::interfaceThemeChanged);
+}
+
+std::vector<SimulatedWindow*> SimulatedDesktop::windowsOn(SpaceID space) const {
+  std::vector<SimulatedWindow*> windows = windows_.overlays();
+  std::erase_if(windows, [space](const SimulatedWindow* window) { return !window->isOn(space); });
+  return windows;
+}
+
+std::vector<SimulatedWindow*> SimulatedDesktop::visibleWindowsOn(SpaceID space) const {
+  std::vector<SimulatedWindow*> windows = windowsOn(space);
+  std::erase_if(windows, [](const SimulatedWindow* window) { return window->alpha() <= 0.0; });
+  return windows;
 }
 
 SimulatedStatusItem* SimulatedDesktop::statusItem() const {

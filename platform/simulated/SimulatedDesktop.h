@@ -35,7 +35,7 @@ struct NewSpace {
 
 /// A whole desktop in memory: the machine a program runs on, and runs on again. It keeps displays and desktops,
 /// screens, stored settings, the log and the pasteboard from one run of a program to the next (SimulatedPlatform is one
-/// run), and shows what windows the program has.
+/// run), and shows what windows the program has. All of it, background tasks included, runs on one thread.
 ///
 /// Time is virtual: it passes only in advance(), which runs what falls due on the way. The functions that change the
 /// desktop are each one turn of the program's event loop: the change is reported to the program before they return.
@@ -103,6 +103,11 @@ class SimulatedDesktop {
 
   // --- What the program shows
   WindowList& windows() { return windows_; }
+  /// The overlay windows a desktop holds, seen or not: ordered in, and attached to it or on all desktops. A removed
+  /// desktop takes no window along; those that were on it alone are on none.
+  std::vector<SimulatedWindow*> windowsOn(SpaceID space) const;
+  /// Of those, the ones that can be seen while the desktop is in front: with an opacity above 0.
+  std::vector<SimulatedWindow*> visibleWindowsOn(SpaceID space) const;
   StatusBar& statusBar() { return statusBar_; }
   /// The first; null while there is none.
   SimulatedStatusItem* statusItem() const;

@@ -14,13 +14,7 @@ constexpr double distanceFromRight = 200.0;
 
 SimulatedStatusItem::SimulatedStatusItem(const StatusItemLength& length, const DisplaySettings& settings,
                                          const Faults& faults, StatusBar& bar)
-    : settings_(settings), faults_(faults), bar_(bar), length_(length) {
-  bar_.add(*this);
-}
-
-SimulatedStatusItem::~SimulatedStatusItem() {
-  bar_.remove(*this);
-}
+    : settings_(settings), faults_(faults), bar_(bar), length_(length), registration_(bar.add(*this)) {}
 
 StatusButton* SimulatedStatusItem::button() {
   return faults_.statusButtonMissing ? nullptr : this;
@@ -50,6 +44,10 @@ Rect SimulatedStatusItem::frame() const {
   }
   const Rect& screen = settings_.screens.front().frame;
   return {{screen.maxX() - distanceFromRight - width(), screen.maxY() - barHeight}, {width(), barHeight}};
+}
+
+void SimulatedStatusItem::click() {
+  bar_.click(*this, button() == nullptr ? nullptr : menu_, frame().origin);
 }
 
 void SimulatedStatusItem::setContent(const StatusButtonContent& content) {

@@ -12,7 +12,8 @@ class SimulatedStatusItem final : public StatusItem, private StatusButton {
  public:
   SimulatedStatusItem(const StatusItemLength& length, const DisplaySettings& settings, const Faults& faults,
                       StatusBar& bar);
-  ~SimulatedStatusItem() override;
+  SimulatedStatusItem(const SimulatedStatusItem&) = delete;
+  SimulatedStatusItem& operator=(const SimulatedStatusItem&) = delete;
 
   StatusButton* button() override;
   void setLength(const StatusItemLength& length) override { length_ = length; }
@@ -32,6 +33,10 @@ class SimulatedStatusItem final : public StatusItem, private StatusButton {
   /// screen's. Empty while there is no screen.
   Rect frame() const;
 
+  /// A user's click: opens the item's menu below it, or closes it if it is open. Nothing opens without a menu or a
+  /// button to click.
+  void click();
+
  private:
   void setContent(const StatusButtonContent& content) override;
 
@@ -42,6 +47,7 @@ class SimulatedStatusItem final : public StatusItem, private StatusButton {
   StatusButtonContent content_;
   Menu* menu_ = nullptr;
   int contentWrites_ = 0;
+  Registration registration_;
 };
 
 }  // namespace roomlattice::platform::simulated

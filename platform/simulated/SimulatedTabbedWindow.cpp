@@ -25,13 +25,7 @@ bool isLabel(const Control& control, std::string_view text) {
 }  // namespace
 
 SimulatedTabbedWindow::SimulatedTabbedWindow(TabbedWindowModel model, const Rect& frame, WindowList& windows)
-    : windows_(windows), model_(std::move(model)), frame_(frame) {
-  windows_.add(*this);
-}
-
-SimulatedTabbedWindow::~SimulatedTabbedWindow() {
-  windows_.remove(*this);
-}
+    : model_(std::move(model)), frame_(frame), registration_(windows.add(*this)) {}
 
 void SimulatedTabbedWindow::show() {
   visible_ = true;

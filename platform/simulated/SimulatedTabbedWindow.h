@@ -20,7 +20,8 @@ class SimulatedTabbedWindow final : public TabbedWindow {
  public:
   /// `frame` is the window's on the screen, its title bar included.
   SimulatedTabbedWindow(TabbedWindowModel model, const Rect& frame, WindowList& windows);
-  ~SimulatedTabbedWindow() override;
+  SimulatedTabbedWindow(const SimulatedTabbedWindow&) = delete;
+  SimulatedTabbedWindow& operator=(const SimulatedTabbedWindow&) = delete;
 
   void show() override;
   void setText(ControlReference label, const std::string& text) override;
@@ -78,11 +79,11 @@ class SimulatedTabbedWindow final : public TabbedWindow {
     return const_cast<T&>(control<T>(reference));
   }
 
-  WindowList& windows_;
   TabbedWindowModel model_;
   Rect frame_;
   bool visible_ = false;
   std::set<std::pair<std::size_t, std::size_t>> disabled_;
+  Registration registration_;
 };
 
 }  // namespace roomlattice::platform::simulated

@@ -82,7 +82,7 @@ void SimulatedUser::clicks(Point point) {
   const auto item = std::ranges::find_if(
       items, [point](const SimulatedStatusItem* candidate) { return candidate->frame().contains(point); });
   if (item != items.end()) {
-    desktop_.statusBar().click(**item);
+    (*item)->click();
   } else if (const auto session = desktop_.menu()) {
     session->click(point);
   }

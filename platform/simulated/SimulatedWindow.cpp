@@ -11,15 +11,12 @@ SimulatedWindow::SimulatedWindow(const OverlayWindowOptions& options, const Virt
       dispatcher_(dispatcher),
       spaceList_(spaces),
       windows_(windows),
-      number_(windows.add(*this)),
+      number_(windows.makeNumber()),
       level_(options.level),
       collectionBehavior_(options.collectionBehavior),
       frame_(options.frame),
-      alpha_(options.alpha) {}
-
-SimulatedWindow::~SimulatedWindow() {
-  windows_.remove(*this);
-}
+      alpha_(options.alpha),
+      registration_(windows.add(*this, number_, level_)) {}
 
 void SimulatedWindow::setContentView(std::unique_ptr<View> view) {
   hosted_.reset();
@@ -65,23 +62,19 @@ void SimulatedWindow::animateAlpha(double alpha, Duration duration, std::functio
   const auto replaced = std::exchange(animation_, std::nullopt);
   alpha_ = alpha;
   if (duration <= Duration::zero()) {
-    if (completion) {
-      dispatcher_.async(std::move(completion));
-    }
+    dispatcher_.async(std::move(completion));
     return;
   }
   next.end = dispatcher_.schedule(duration, [this, completion = std::move(completion)] {
     const auto done = std::exchange(animation_, std::nullopt);
-    if (completion) {
-      completion();
-    }
+    completion();
   });
   animation_ = std::move(next);
 }
 
 void SimulatedWindow::orderFront() {
   orderedIn_ = true;
-  windows_.bringToFront(*this);
+  windows_.bringToFront(number_);
   const SpaceID active = spaceList_.activeSpace();
   if (attachedTo_.empty() && active != 0 && !contains(collectionBehavior_, CollectionBehavior::CanJoinAllSpaces)) {
     attach(active);

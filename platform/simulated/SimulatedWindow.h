@@ -31,7 +31,8 @@ class SimulatedWindow final : public Window, private ViewSurroundings, private F
  public:
   SimulatedWindow(const OverlayWindowOptions& options, const VirtualTime& time, SimulatedDispatcher& dispatcher,
                   const SpaceList& spaces, WindowList& windows);
-  ~SimulatedWindow() override;
+  SimulatedWindow(const SimulatedWindow&) = delete;
+  SimulatedWindow& operator=(const SimulatedWindow&) = delete;
 
   WindowNumber number() const override { return number_; }
   void setContentView(std::unique_ptr<View> view) override;
@@ -91,6 +92,7 @@ class SimulatedWindow final : public Window, private ViewSurroundings, private F
   std::unique_ptr<View> view_;
   std::optional<HostedView> hosted_;
   std::optional<Animation> animation_;
+  Registration registration_;
 };
 
 }  // namespace roomlattice::platform::simulated

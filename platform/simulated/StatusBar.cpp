@@ -1,7 +1,5 @@
 #include "platform/simulated/StatusBar.h"
 
-#include "platform/simulated/SimulatedStatusItem.h"
-
 namespace roomlattice::platform::simulated {
 
 std::shared_ptr<MenuSession> StatusBar::menu() {
@@ -11,27 +9,36 @@ std::shared_ptr<MenuSession> StatusBar::menu() {
   return session_;
 }
 
-void StatusBar::click(SimulatedStatusItem& item) {
-  const bool wasOpen = menu() != nullptr && menuOwner_ == &item;
-  // Views of the last opening may go when the menu is brought up to date: nothing may show them then.
-  session_.reset();
-  if (wasOpen || item.menu() == nullptr || item.button() == nullptr) {
-    return;
-  }
-  menuOwner_ = &item;
-  session_ = std::make_shared<MenuSession>(*item.menu(), item.frame().origin);
+Registration StatusBar::add(SimulatedStatusItem& item) {
+  items_.push_back(&item);
+  return Registration([this, &item] {
+    closeMenuOf(item);
+    std::erase(items_, &item);
+  });
 }
 
-void StatusBar::remove(SimulatedStatusItem& item) {
-  closeMenuOf(item);
-  std::erase(items_, &item);
+void StatusBar::click(const SimulatedStatusItem& item, Menu* menu, Point topLeft) {
+  const bool wasOpen = this->menu() != nullptr && menuOwner_ == &item;
+  // Views of the last opening may go when the menu is brought up to date: nothing may show them then.
+  closeMenu();
+  if (!wasOpen && menu != nullptr) {
+    menuOwner_ = &item;
+    session_ = std::make_shared<MenuSession>(*menu, topLeft);
+  }
 }
 
 void StatusBar::closeMenuOf(const SimulatedStatusItem& item) {
   if (menuOwner_ == &item) {
-    session_.reset();
-    menuOwner_ = nullptr;
+    closeMenu();
   }
+}
+
+void StatusBar::closeMenu() {
+  if (session_ != nullptr) {
+    session_->cancelMenuTracking();
+  }
+  session_.reset();
+  menuOwner_ = nullptr;
 }
 
 }  // namespace roomlattice::platform::simulated

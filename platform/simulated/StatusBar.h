@@ -17,16 +17,15 @@ class StatusBar {
   /// The open menu, or null. Whoever brings it input holds it meanwhile: it may close itself.
   std::shared_ptr<MenuSession> menu();
 
-  /// Opens the item's menu below it, or closes it if it is the one that is open. Nothing happens without a menu or a
-  /// button to click.
-  void click(SimulatedStatusItem& item);
-
   // For the items themselves.
-  void add(SimulatedStatusItem& item) { items_.push_back(&item); }
-  void remove(SimulatedStatusItem& item);
+  Registration add(SimulatedStatusItem& item);
+  /// Closes the open menu, and unless that is the item's, opens `menu`, where there is one.
+  void click(const SimulatedStatusItem& item, Menu* menu, Point topLeft);
   void closeMenuOf(const SimulatedStatusItem& item);
 
  private:
+  void closeMenu();
+
   std::vector<SimulatedStatusItem*> items_;
   std::shared_ptr<MenuSession> session_;
   const SimulatedStatusItem* menuOwner_ = nullptr;

@@ -1,60 +1,37 @@
 #include "platform/simulated/WindowList.h"
 
-#include "platform/simulated/SimulatedWindow.h"
-
 #include <algorithm>
+#include <iterator>
 
 namespace roomlattice::platform::simulated {
 
 std::vector<SimulatedWindow*> WindowList::overlays() const {
-  std::vector<SimulatedWindow*> windows = overlays_;
-  std::ranges::stable_sort(windows, {}, &SimulatedWindow::level);
-  return windows;
-}
-
-std::vector<SimulatedWindow*> WindowList::on(SpaceID space) const {
-  std::vector<SimulatedWindow*> windows = overlays();
-  std::erase_if(windows, [space](const SimulatedWindow* window) { return !window->isOn(space); });
-  return windows;
-}
-
-std::vector<SimulatedWindow*> WindowList::visibleOn(SpaceID space) const {
-  std::vector<SimulatedWindow*> windows = on(space);
-  std::erase_if(windows, [](const SimulatedWindow* window) { return window->alpha() <= 0.0; });
+  std::vector<Overlay> sorted = overlays_;
+  std::ranges::stable_sort(sorted, {}, &Overlay::level);
+  std::vector<SimulatedWindow*> windows;
+  std::ranges::transform(sorted, std::back_inserter(windows), &Overlay::window);
   return windows;
 }
 
 SimulatedWindow* WindowList::find(WindowNumber number) const {
-  const auto found = std::ranges::find(overlays_, number, &SimulatedWindow::number);
-  return found == overlays_.end() ? nullptr : *found;
+  const auto found = std::ranges::find(overlays_, number, &Overlay::number);
+  return found == overlays_.end() ? nullptr : found->window;
 }
 
-void WindowList::spaceRemoved(SpaceID space) {
-  for (SimulatedWindow* window : overlays_) {
-    window->detach(space);
-  }
+Registration WindowList::add(SimulatedWindow& window, WindowNumber number, WindowLevel level) {
+  overlays_.push_back({.window = &window, .number = number, .level = level});
+  return Registration(
+      [this, number] { std::erase_if(overlays_, [number](const Overlay& one) { return one.number == number; }); });
 }
 
-WindowNumber WindowList::add(SimulatedWindow& window) {
-  overlays_.push_back(&window);
-  return nextNumber_++;
-}
-
-void WindowList::remove(SimulatedWindow& window) {
-  std::erase(overlays_, &window);
-}
-
-void WindowList::bringToFront(SimulatedWindow& window) {
-  remove(window);
-  overlays_.push_back(&window);
-}
-
-void WindowList::add(SimulatedTabbedWindow& window) {
+Registration WindowList::add(SimulatedTabbedWindow& window) {
   tabbed_.push_back(&window);
+  return Registration([this, &window] { std::erase(tabbed_, &window); });
 }
 
-void WindowList::remove(SimulatedTabbedWindow& window) {
-  std::erase(tabbed_, &window);
+void WindowList::bringToFront(WindowNumber number) {
+  const auto found = std::ranges::find(overlays_, number, &Overlay::number);
+  std::rotate(found, found + 1, overlays_.end());
 }
 
 }  // namespace roomlattice::platform::simulated

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/WindowServer.h"
+#include "platform/Window.h"
 
 #include <vector>
 
@@ -15,29 +15,25 @@ class WindowList {
   /// All overlay windows, the backmost first: by level, then by when they were last ordered front.
   std::vector<SimulatedWindow*> overlays() const;
 
-  /// Those a desktop holds, seen or not: ordered in, and attached to it or on all desktops.
-  std::vector<SimulatedWindow*> on(SpaceID space) const;
-
-  /// Of those, the ones that can be seen while the desktop is in front: with an opacity above 0.
-  std::vector<SimulatedWindow*> visibleOn(SpaceID space) const;
-
   /// Null for an unknown number.
   SimulatedWindow* find(WindowNumber number) const;
 
   const std::vector<SimulatedTabbedWindow*>& tabbed() const { return tabbed_; }
 
-  /// A removed desktop takes no window along; those that were on it alone are on none.
-  void spaceRemoved(SpaceID space);
-
   // For the windows themselves.
-  WindowNumber add(SimulatedWindow& window);
-  void remove(SimulatedWindow& window);
-  void bringToFront(SimulatedWindow& window);
-  void add(SimulatedTabbedWindow& window);
-  void remove(SimulatedTabbedWindow& window);
+  WindowNumber makeNumber() { return nextNumber_++; }
+  Registration add(SimulatedWindow& window, WindowNumber number, WindowLevel level);
+  Registration add(SimulatedTabbedWindow& window);
+  void bringToFront(WindowNumber number);
 
  private:
-  std::vector<SimulatedWindow*> overlays_;
+  struct Overlay {
+    SimulatedWindow* window = nullptr;
+    WindowNumber number = 0;
+    WindowLevel level = WindowLevel::Floating;
+  };
+
+  std::vector<Overlay> overlays_;
   std::vector<SimulatedTabbedWindow*> tabbed_;
   WindowNumber nextNumber_ = 1;
 };

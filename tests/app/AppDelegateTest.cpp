@@ -211,7 +211,7 @@ TEST_F(AppDelegateTest, ShowsAllLabelsAtTheCornerBeforeTheTour) {
   user.movesPointerTo(corner);
   desktop.advance(500ms);
   EXPECT_THAT(labelsShown(), ElementsAre("Desktop 1"));
-  EXPECT_EQ(desktop.windows().on(desktop.desktopAt(0)).at(0)->alpha(), 1.0);
+  EXPECT_EQ(desktop.windowsOn(desktop.desktopAt(0)).at(0)->alpha(), 1.0);
 }
 
 TEST_F(AppDelegateTest, GoesOnWithoutPermission) {

@@ -21,6 +21,17 @@ class Backend {
 
   /// Serves the event loop for a while, for what must not happen.
   virtual void runFor(std::chrono::milliseconds duration) = 0;
+
+  /// Opens the menu of the program's one status item, as a click on the item does.
+  virtual void openMenu() = 0;
+
+  /// Closes the open menu, as a click beside it does.
+  virtual void closeMenu() = 0;
+
+  virtual bool isMenuOpen() = 0;
+
+  /// Presses Return while the program has the keyboard.
+  virtual void pressReturn() = 0;
 };
 
 /// Defined once in each test program.

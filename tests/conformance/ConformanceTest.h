@@ -21,6 +21,7 @@ class ConformanceTest : public testing::Test {
     backend_ = makeBackend();
   }
 
+  Backend& backend() { return *backend_; }
   platform::Platform& platform() { return backend_->platform(); }
   bool runUntil(const std::function<bool()>& condition) { return backend_->runUntil(condition); }
   void runFor(std::chrono::milliseconds duration) { backend_->runFor(duration); }

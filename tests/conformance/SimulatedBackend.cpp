@@ -1,4 +1,5 @@
 #include "platform/simulated/SimulatedPlatform.h"
+#include "platform/simulated/SimulatedUser.h"
 #include "tests/conformance/Backend.h"
 
 namespace roomlattice::tests {
@@ -21,8 +22,14 @@ class SimulatedBackend final : public Backend {
 
   void runFor(std::chrono::milliseconds duration) override { desktop_.advance(duration); }
 
+  void openMenu() override { user_.clicksStatusItem(); }
+  void closeMenu() override { user_.clicks({}); }
+  bool isMenuOpen() override { return desktop_.menu() != nullptr; }
+  void pressReturn() override { user_.pressesKey(platform::keyCode::returnKey); }
+
  private:
   platform::simulated::SimulatedDesktop desktop_;
+  platform::simulated::SimulatedUser user_{desktop_};
   platform::simulated::SimulatedPlatform platform_{desktop_};
 };
 

@@ -2,11 +2,20 @@
 #include "tests/conformance/Backend.h"
 #include "tests/x11/session/X11Session.h"
 
+#include <QApplication>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QWidget>
+#include <QWindow>
 #include <array>
+#include <gtest/gtest.h>
 #include <variant>
 
 namespace roomlattice::tests {
 namespace {
+
+/// At the right end of the screen's upper edge.
+constexpr QPoint statusItemPlace(1270, 12);
 
 class X11Backend final : public Backend {
  public:
@@ -19,6 +28,23 @@ class X11Backend final : public Backend {
   bool runUntil(const std::function<bool()>& condition) override { return waitFor(condition); }
   void runFor(std::chrono::milliseconds duration) override {
     static_cast<void>(waitFor([] { return false; }, duration));
+  }
+
+  void openMenu() override {
+    QWidget* item = nullptr;
+    ASSERT_TRUE(waitFor([&] { return (item = QApplication::topLevelAt(statusItemPlace)) != nullptr; }));
+    QMouseEvent press(QEvent::MouseButtonPress, item->mapFromGlobal(statusItemPlace), statusItemPlace, Qt::LeftButton,
+                      Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(item, &press);
+  }
+  void closeMenu() override { QApplication::activePopupWidget()->close(); }
+  bool isMenuOpen() override { return QApplication::activePopupWidget() != nullptr; }
+
+  void pressReturn() override {
+    QWidget* popup = QApplication::activePopupWidget();
+    QWidget* shown = popup != nullptr ? popup : QApplication::topLevelAt(statusItemPlace);
+    QKeyEvent press(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+    QCoreApplication::sendEvent(shown->windowHandle(), &press);
   }
 
  private:

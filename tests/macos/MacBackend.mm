@@ -1,8 +1,11 @@
 #import "platform/macos/MacPlatform.h"
 
+#import <AppKit/AppKit.h>
+
 #include "tests/conformance/Backend.h"
 #include "tests/macos/MainLoop.h"
 #include "tests/macos/supplement/SpaceServer.h"
+#include "tests/macos/supplement/StatusBar.h"
 
 namespace roomlattice::tests {
 namespace {
@@ -21,6 +24,25 @@ class MacBackend final : public Backend {
   platform::Platform& platform() override { return *platform_; }
   bool runUntil(const std::function<bool()>& condition) override { return gnustep::runUntil(condition); }
   void runFor(std::chrono::milliseconds duration) override { gnustep::runFor(duration); }
+
+  void openMenu() override { gnustep::openMenu([gnustep::statusItems() lastObject]); }
+  void closeMenu() override { gnustep::closeMenu(); }
+  bool isMenuOpen() override { return gnustep::menuWindow() != nil; }
+
+  void pressReturn() override {
+    @autoreleasepool {
+      [NSApp sendEvent:[NSEvent keyEventWithType:NSKeyDown
+                                              location:NSZeroPoint
+                                         modifierFlags:0
+                                             timestamp:0
+                                          windowNumber:[gnustep::menuWindow() windowNumber]
+                                               context:nil
+                                            characters:@"\r"
+                           charactersIgnoringModifiers:@"\r"
+                                             isARepeat:NO
+                                               keyCode:platform::keyCode::returnKey]];
+    }
+  }
 
  private:
   std::unique_ptr<platform::Platform> platform_ = platform::macos::makePlatform();

@@ -52,7 +52,7 @@ TEST_F(MacWindowServerTest, AttachesWindowsToSpacesAndDetachesThem) {
 
 template <char const* Missing>
 MacWindowServer without() {
-  return MacWindowServer(PrivateWindowServer::load(
+  return MacWindowServer(WindowServerFunctions::load(
       [](const char* name) { return std::string_view(name) == Missing ? nullptr : dlsym(RTLD_DEFAULT, name); }));
 }
 

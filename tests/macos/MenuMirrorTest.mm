@@ -127,6 +127,31 @@ TEST_F(MenuMirrorTest, SendsACommandToItsAction) {
   EXPECT_EQ(heard_, "preferences ");
 }
 
+TEST_F(MenuMirrorTest, SendsACommandToItsActionAfterTheMenuHasClosed) {
+  open();
+  gnustep::closeMenu();
+  [NSApp sendAction:[item(2) action] to:[item(2) target] from:item(2)];
+  EXPECT_EQ(heard_, "preferences ");
+}
+
+TEST_F(MenuMirrorTest, LeavesTheItemsInAMenuThatFadesOut) {
+  open();
+  gnustep::closeMenu();
+  EXPECT_EQ(row().host(), nullptr);
+  EXPECT_EQ([native() numberOfItems], 4);
+  EXPECT_EQ([[rowView() subviews] count], 3U);
+}
+
+TEST_F(MenuMirrorTest, HandsARowNothingMoreOnceTheMenuHasClosed) {
+  open();
+  NSEvent* release = mouse(NSLeftMouseUp, NSMakePoint(60, 12));
+  gnustep::closeMenu();
+  [rowView() mouseEntered:release];
+  [rowView() mouseUp:release];
+  [[[rowView() subviews] objectAtIndex:2] performClick:nil];
+  EXPECT_EQ(heard_, "");
+}
+
 TEST_F(MenuMirrorTest, LeavesQuittingToTheApplication) {
   open();
   EXPECT_TRUE(sel_isEqual([item(3) action], @selector(terminate:)));

@@ -47,45 +47,5 @@ TEST_F(WindowList, GivesEveryWindowANumberOfItsOwn) {
   EXPECT_EQ(desktop.windows().find(number), nullptr);
 }
 
-TEST_F(WindowList, KnowsTheWindowsOfADesktopAndWhichCanBeSeen) {
-  const auto shown = make();
-  const auto transparent = make();
-  transparent->setAlpha(0.0);
-  const auto out = make();
-  out->orderOut();
-  desktop.switchTo(desktop.desktopAt(1));
-  const auto elsewhere = make();
-  EXPECT_EQ(numbers(desktop.windows().on(desktop.desktopAt(0))),
-            (std::vector<WindowNumber>{shown->number(), transparent->number()}));
-  EXPECT_EQ(numbers(desktop.windows().visibleOn(desktop.desktopAt(0))), std::vector<WindowNumber>{shown->number()});
-  EXPECT_EQ(numbers(desktop.windows().on(desktop.desktopAt(1))), std::vector<WindowNumber>{elsewhere->number()});
-}
-
-TEST_F(WindowList, SeesAWindowOnceItsOpacityRises) {
-  const auto window = make();
-  window->setAlpha(0.0);
-  window->animateAlpha(1.0, 1s);
-  EXPECT_TRUE(desktop.windows().visibleOn(desktop.activeSpace()).empty());
-  desktop.advance(1ms);
-  EXPECT_EQ(desktop.windows().visibleOn(desktop.activeSpace()).size(), 1U);
-}
-
-TEST_F(WindowList, LeavesTheWindowsOfARemovedDesktopOnNone) {
-  const auto window = make();
-  const auto removed = desktop.desktopAt(0);
-  desktop.removeDesktop(removed);
-  EXPECT_TRUE(desktop.windows().on(removed).empty());
-  EXPECT_TRUE(desktop.windows().find(window->number())->spaces().empty());
-}
-
-TEST_F(WindowList, LeavesTheWindowsOfARemovedDisplayOnNone) {
-  const auto display = desktop.addDisplay("Display 2");
-  desktop.giveKeyboardTo(display);
-  const auto window = make();
-  EXPECT_EQ(desktop.windows().find(window->number())->spaces().size(), 1U);
-  desktop.removeDisplay(display);
-  EXPECT_TRUE(desktop.windows().find(window->number())->spaces().empty());
-}
-
 }  // namespace
 }  // namespace roomlattice::tests

@@ -320,9 +320,12 @@ void closeMenu() {
   }
   [openWindow close];
   [openWindow autorelease];
-  [openedMenu autorelease];
+  NSMenu* closed = [openedMenu autorelease];
   openWindow = nil;
   openedMenu = nil;
+  if ([[closed delegate] respondsToSelector:@selector(menuDidClose:)]) {
+    [[closed delegate] menuDidClose:closed];
+  }
 }
 
 NSWindow* menuWindow() {

@@ -1,4 +1,4 @@
-#import "platform/macos/OverlayWindow.h"
+#import "platform/macos/MacWindow.h"
 
 #import <AppKit/AppKit.h>
 #import <QuartzCore/QuartzCore.h>
@@ -51,11 +51,11 @@ NSWindow* native(const Window& window) {
   return [NSApp windowWithWindowNumber:window.number()];
 }
 
-TEST(OverlayWindow, IsBorderlessClearAndClickThrough) {
-  const OverlayWindow window({.frame = windowFrame,
-                              .level = WindowLevel::StatusWindow,
-                              .collectionBehavior = CollectionBehavior::CanJoinAllSpaces |
-                                                    CollectionBehavior::Stationary | CollectionBehavior::IgnoresCycle});
+TEST(MacWindow, IsBorderlessClearAndClickThrough) {
+  const MacWindow window({.frame = windowFrame,
+                          .level = WindowLevel::StatusWindow,
+                          .collectionBehavior = CollectionBehavior::CanJoinAllSpaces | CollectionBehavior::Stationary |
+                                                CollectionBehavior::IgnoresCycle});
   NSWindow* made = native(window);
   ASSERT_NE(made, nil);
   EXPECT_EQ([made styleMask], 0U);
@@ -70,8 +70,8 @@ TEST(OverlayWindow, IsBorderlessClearAndClickThrough) {
   EXPECT_EQ(window.frame(), windowFrame);
 }
 
-TEST(OverlayWindow, ChangesItsBehaviourAndFrame) {
-  OverlayWindow window({.frame = windowFrame});
+TEST(MacWindow, ChangesItsBehaviourAndFrame) {
+  MacWindow window({.frame = windowFrame});
   EXPECT_EQ([native(window) level], 3);
   window.setCollectionBehavior(CollectionBehavior::Transient | CollectionBehavior::IgnoresCycle);
   EXPECT_EQ([native(window) collectionBehavior], 72U);
@@ -79,8 +79,8 @@ TEST(OverlayWindow, ChangesItsBehaviourAndFrame) {
   EXPECT_EQ(window.frame(), (Rect{{10.0, 20.0}, {300.0, 50.0}}));
 }
 
-TEST(OverlayWindow, ShowsWithoutTakingTheKeyboard) {
-  OverlayWindow window({.frame = windowFrame, .alpha = 1.0});
+TEST(MacWindow, ShowsWithoutTakingTheKeyboard) {
+  MacWindow window({.frame = windowFrame, .alpha = 1.0});
   window.orderFront();
   EXPECT_TRUE([native(window) isVisible]);
   EXPECT_FALSE([native(window) isKeyWindow]);
@@ -88,8 +88,8 @@ TEST(OverlayWindow, ShowsWithoutTakingTheKeyboard) {
   EXPECT_FALSE([native(window) isVisible]);
 }
 
-TEST(OverlayWindow, ShowsItsViewOnALayer) {
-  OverlayWindow window({.frame = windowFrame});
+TEST(MacWindow, ShowsItsViewOnALayer) {
+  MacWindow window({.frame = windowFrame});
   window.setContentView(std::make_unique<PlateView>());
   NSView* view = [native(window) contentView];
   ASSERT_TRUE([view wantsLayer]);
@@ -106,8 +106,8 @@ TEST(OverlayWindow, ShowsItsViewOnALayer) {
   EXPECT_TRUE([[label font] isEqual:[NSFont boldSystemFontOfSize:30.0]]);
 }
 
-TEST(OverlayWindow, LeavesTheTextTheRoomItAskedFor) {
-  OverlayWindow window({.frame = windowFrame});
+TEST(MacWindow, LeavesTheTextTheRoomItAskedFor) {
+  MacWindow window({.frame = windowFrame});
   window.setContentView(std::make_unique<PlateView>());
   NSTextField* label = [[[native(window) contentView] subviews] objectAtIndex:0];
   const NSSize cell = [[label cell] cellSize];
@@ -117,8 +117,8 @@ TEST(OverlayWindow, LeavesTheTextTheRoomItAskedFor) {
   EXPECT_NEAR(NSMidY([label frame]), 60.0, 0.001);
 }
 
-TEST(OverlayWindow, TurnsASpinnerForDarkSurroundings) {
-  OverlayWindow window({.frame = windowFrame});
+TEST(MacWindow, TurnsASpinnerForDarkSurroundings) {
+  MacWindow window({.frame = windowFrame});
   window.setContentView(std::make_unique<PlateView>());
   NSProgressIndicator* spinner = [[[native(window) contentView] subviews] objectAtIndex:1];
   EXPECT_EQ([spinner style], NSProgressIndicatorStyleSpinning);
@@ -128,24 +128,24 @@ TEST(OverlayWindow, TurnsASpinnerForDarkSurroundings) {
   EXPECT_EQ(toRect([spinner frame]), (Rect{{10.0, 10.0}, {24.0, 24.0}}));
 }
 
-TEST(OverlayWindow, FollowsItsView) {
-  OverlayWindow window({.frame = windowFrame});
+TEST(MacWindow, FollowsItsView) {
+  MacWindow window({.frame = windowFrame});
   window.setContentView(std::make_unique<PlateView>());
   static_cast<PlateView*>(window.contentView())->setText("Música");
   NSTextField* label = [[[native(window) contentView] subviews] objectAtIndex:0];
   EXPECT_EQ(toString([label stringValue]), "Música");
 }
 
-TEST(OverlayWindow, SetsItsAlphaAtOnce) {
-  OverlayWindow window({.frame = windowFrame});
+TEST(MacWindow, SetsItsAlphaAtOnce) {
+  MacWindow window({.frame = windowFrame});
   window.setAlpha(0.78);
   EXPECT_EQ(window.alpha(), 0.78);
   EXPECT_NEAR([native(window) alphaValue], 0.78, 1e-6);
 }
 
-TEST(OverlayWindow, AnimatesItsAlphaInAGroupOfTheGivenDuration) {
+TEST(MacWindow, AnimatesItsAlphaInAGroupOfTheGivenDuration) {
   gnustep::takeAnimations();
-  OverlayWindow window({.frame = windowFrame, .alpha = 1.0});
+  MacWindow window({.frame = windowFrame, .alpha = 1.0});
   bool completed = false;
   window.animateAlpha(0.0, 350ms, [&] { completed = true; });
   EXPECT_FALSE(completed);
@@ -156,9 +156,9 @@ TEST(OverlayWindow, AnimatesItsAlphaInAGroupOfTheGivenDuration) {
               testing::ElementsAre(AnimationRecord{.duration = 0.35, .allowsImplicitAnimation = true, .alpha = 0.0}));
 }
 
-TEST(OverlayWindow, TakesADurationOfZeroAsAtOnceWithoutImplicitAnimation) {
+TEST(MacWindow, TakesADurationOfZeroAsAtOnceWithoutImplicitAnimation) {
   gnustep::takeAnimations();
-  OverlayWindow window({.frame = windowFrame});
+  MacWindow window({.frame = windowFrame});
   bool completed = false;
   window.animateAlpha(0.78, 0ms, [&] { completed = true; });
   EXPECT_EQ(window.alpha(), 0.78);
@@ -168,8 +168,8 @@ TEST(OverlayWindow, TakesADurationOfZeroAsAtOnceWithoutImplicitAnimation) {
               testing::ElementsAre(AnimationRecord{.duration = 0.0, .allowsImplicitAnimation = false, .alpha = 0.78}));
 }
 
-TEST(OverlayWindow, EndsAnAnimationWhenItsAlphaIsSet) {
-  OverlayWindow window({.frame = windowFrame, .alpha = 1.0});
+TEST(MacWindow, EndsAnAnimationWhenItsAlphaIsSet) {
+  MacWindow window({.frame = windowFrame, .alpha = 1.0});
   bool completed = false;
   window.animateAlpha(0.0, 100ms, [&] { completed = true; });
   window.setAlpha(0.5);
@@ -179,8 +179,8 @@ TEST(OverlayWindow, EndsAnAnimationWhenItsAlphaIsSet) {
   EXPECT_FALSE(completed);
 }
 
-TEST(OverlayWindow, ReplacesARunningAnimation) {
-  OverlayWindow window({.frame = windowFrame, .alpha = 1.0});
+TEST(MacWindow, ReplacesARunningAnimation) {
+  MacWindow window({.frame = windowFrame, .alpha = 1.0});
   std::string ended;
   window.animateAlpha(0.0, 200ms, [&] { ended += "a"; });
   window.animateAlpha(0.6, 50ms, [&] { ended += "b"; });
@@ -190,22 +190,22 @@ TEST(OverlayWindow, ReplacesARunningAnimation) {
   EXPECT_NEAR([native(window) alphaValue], 0.6, 1e-6);
 }
 
-TEST(OverlayWindow, MayBeOwnedByTheCompletionOfItsAnimation) {
-  auto window = std::make_shared<OverlayWindow>(OverlayWindowOptions{.frame = windowFrame, .alpha = 1.0});
-  const std::weak_ptr<OverlayWindow> weak = window;
-  OverlayWindow& fading = *window;
+TEST(MacWindow, MayBeOwnedByTheCompletionOfItsAnimation) {
+  auto window = std::make_shared<MacWindow>(OverlayWindowOptions{.frame = windowFrame, .alpha = 1.0});
+  const std::weak_ptr<MacWindow> weak = window;
+  MacWindow& fading = *window;
   fading.animateAlpha(0.0, 50ms, [window = std::move(window)] { window->orderOut(); });
   EXPECT_FALSE(weak.expired());
   EXPECT_TRUE(runUntil([&] { return weak.expired(); }));
 }
 
-TEST(OverlayWindow, TakesItsWindowWithIt) {
+TEST(MacWindow, TakesItsWindowWithIt) {
   WindowNumber number = 0;
   {
-    OverlayWindow window({.frame = windowFrame, .alpha = 1.0});
+    MacWindow window({.frame = windowFrame, .alpha = 1.0});
     window.setContentView(std::make_unique<PlateView>());
     window.orderFront();
-    window.animateAlpha(0.0, 10s, {});
+    window.animateAlpha(0.0, 10s);
     number = window.number();
   }
   // GNUstep itself may hold on to a window that it has just shown.

@@ -1,4 +1,4 @@
-#import "platform/macos/OverlayWindow.h"
+#import "platform/macos/MacWindow.h"
 
 #import <dispatch/dispatch.h>
 
@@ -19,12 +19,12 @@ NSTimeInterval seconds(Duration duration) {
 
 }  // namespace
 
-OverlayWindow::OverlayWindow(const OverlayWindowOptions& options)
+MacWindow::MacWindow(const OverlayWindowOptions& options)
     : window_(adopt([[NSWindow alloc] initWithContentRect:toNSRect(options.frame)
                                                 styleMask:NSWindowStyleMaskBorderless
                                                   backing:NSBackingStoreBuffered
                                                     defer:NO])),
-      alpha_(options.alpha) {
+      change_(std::make_shared<AlphaChange>(AlphaChange{.alpha = options.alpha})) {
   NSWindow* window = window_.get();
   [window setReleasedWhenClosed:NO];
   [window setOpaque:NO];
@@ -36,9 +36,8 @@ OverlayWindow::OverlayWindow(const OverlayWindowOptions& options)
   [window setAlphaValue:options.alpha];
 }
 
-OverlayWindow::~OverlayWindow() {
-  ++animation_->number;
-  if (animation_->isRunning) {
+MacWindow::~MacWindow() {
+  if (change_->isUnderWay) {
     settle(alpha());
   }
   [window_.get() orderOut:nil];
@@ -46,45 +45,45 @@ OverlayWindow::~OverlayWindow() {
   [window_.get() close];
 }
 
-WindowNumber OverlayWindow::number() const {
+WindowNumber MacWindow::number() const {
   return [window_.get() windowNumber];
 }
 
-void OverlayWindow::setContentView(std::unique_ptr<View> view) {
+void MacWindow::setContentView(std::unique_ptr<View> view) {
   host_.reset();
   view_ = std::move(view);
   if (view_ != nullptr) {
     host_ = std::make_unique<HostedView>(*view_);
-    [window_.get() setContentView:host_->get()];
   }
+  [window_.get() setContentView:host_ == nullptr ? nil : host_->get()];
 }
 
-Rect OverlayWindow::frame() const {
+Rect MacWindow::frame() const {
   return toRect([window_.get() frame]);
 }
 
-void OverlayWindow::setFrame(const Rect& frame) {
+void MacWindow::setFrame(const Rect& frame) {
   [window_.get() setFrame:toNSRect(frame) display:YES];
 }
 
-void OverlayWindow::setCollectionBehavior(CollectionBehavior behavior) {
+void MacWindow::setCollectionBehavior(CollectionBehavior behavior) {
   [window_.get() setCollectionBehavior:bits(behavior)];
 }
 
-double OverlayWindow::alpha() const {
-  return animation_->isRunning ? [window_.get() alphaValue] : alpha_;
+double MacWindow::alpha() const {
+  return change_->isUnderWay ? [window_.get() alphaValue] : change_->alpha;
 }
 
-void OverlayWindow::setAlpha(double alpha) {
-  ++animation_->number;
-  alpha_ = alpha;
-  if (std::exchange(animation_->isRunning, false)) {
+void MacWindow::setAlpha(double alpha) {
+  const auto replaced = std::exchange(change_, std::make_shared<AlphaChange>(AlphaChange{.alpha = alpha}));
+  if (replaced->isUnderWay) {
     settle(alpha);
+  } else {
+    [window_.get() setAlphaValue:alpha];
   }
-  [window_.get() setAlphaValue:alpha];
 }
 
-void OverlayWindow::settle(double alpha) {
+void MacWindow::settle(double alpha) {
   [NSAnimationContext beginGrouping];
   [[NSAnimationContext currentContext] setDuration:0.0];
   [[NSAnimationContext currentContext] setAllowsImplicitAnimation:NO];
@@ -92,30 +91,22 @@ void OverlayWindow::settle(double alpha) {
   [NSAnimationContext endGrouping];
 }
 
-void OverlayWindow::animateAlpha(double alpha, Duration duration, std::function<void()> completion) {
-  const std::uint64_t number = ++animation_->number;
-  const std::shared_ptr<Animation> animation = animation_;
-  alpha_ = alpha;
-  startAnimation(duration, ^{
-    if (animation->number == number) {
-      animation->isRunning = false;
-      if (completion) {
-        completion();
-      }
+void MacWindow::animateAlpha(double alpha, Duration duration, std::function<void()> completion) {
+  const bool isAtOnce = duration <= Duration::zero();
+  change_ = std::make_shared<AlphaChange>(AlphaChange{.alpha = alpha, .isUnderWay = !isAtOnce});
+  const std::weak_ptr<AlphaChange> weak = change_;
+  void (^finish)() = ^{
+    if (const auto change = weak.lock()) {
+      change->isUnderWay = false;
+      completion();
     }
-  });
-}
-
-void OverlayWindow::startAnimation(Duration duration, void (^finish)()) {
-  animation_->isRunning = duration > Duration::zero();
-  if (!animation_->isRunning) {
-    settle(alpha_);
-    [window_.get() setAlphaValue:alpha_];
+  };
+  if (isAtOnce) {
+    settle(alpha);
     dispatch_async(dispatch_get_main_queue(), finish);
     return;
   }
   NSWindow* window = window_.get();
-  const double alpha = alpha_;
   [NSAnimationContext
       runAnimationGroup:^(NSAnimationContext* context) {
         [context setDuration:seconds(duration)];
@@ -124,12 +115,12 @@ void OverlayWindow::startAnimation(Duration duration, void (^finish)()) {
       completionHandler:finish];
 }
 
-void OverlayWindow::orderFront() {
+void MacWindow::orderFront() {
   // An accessory application is hardly ever the active one.
   [window_.get() orderFrontRegardless];
 }
 
-void OverlayWindow::orderOut() {
+void MacWindow::orderOut() {
   [window_.get() orderOut:nil];
 }
 

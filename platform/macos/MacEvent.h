@@ -2,28 +2,29 @@
 
 #import <ApplicationServices/ApplicationServices.h>
 
+#import "platform/macos/CoreFoundationPointer.h"
+
 #include "platform/Events.h"
+
+#include <utility>
 
 namespace roomlattice::platform::macos {
 
-/// A CGEvent. Without one, all fields read as 0.
-class QuartzEvent final : public Event {
+/// A Quartz event.
+class MacEvent final : public Event {
  public:
-  /// Keeps a reference of its own beside the caller's.
-  explicit QuartzEvent(CGEventRef event);
-  ~QuartzEvent() override;
-  QuartzEvent(const QuartzEvent&) = delete;
-  QuartzEvent& operator=(const QuartzEvent&) = delete;
+  /// Not null.
+  explicit MacEvent(CoreFoundationPointer<CGEventRef> event) : event_(std::move(event)) {}
 
   std::int64_t integer(EventField field) const override;
   double real(EventField field) const override;
   void setInteger(EventField field, std::int64_t value) override;
   void setReal(EventField field, double value) override;
 
-  CGEventRef get() const { return event_; }
+  CGEventRef get() const { return event_.get(); }
 
  private:
-  CGEventRef event_;
+  CoreFoundationPointer<CGEventRef> event_;
 };
 
 }  // namespace roomlattice::platform::macos

@@ -12,9 +12,9 @@ namespace roomlattice::platform::macos {
 
 /// One of the system's notification centres. Which of several observers of a name it calls first is not documented, so
 /// it has one observer for each name, which calls the others in order.
-class SystemNotificationCenter final : public NotificationCenter {
+class MacNotificationCenter final : public NotificationCenter {
  public:
-  explicit SystemNotificationCenter(NSNotificationCenter* center) : center_(share(center)) {}
+  explicit MacNotificationCenter(NSNotificationCenter* center) : center_(share(center)) {}
 
   Registration observe(std::string_view name, Handler handler) override;
   void post(std::string_view name) override;

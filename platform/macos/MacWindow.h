@@ -7,18 +7,17 @@
 
 #include "platform/Window.h"
 
-#include <cstdint>
 #include <memory>
 
 namespace roomlattice::platform::macos {
 
 /// A borderless NSWindow. Its opacity is animated by its animator.
-class OverlayWindow final : public Window {
+class MacWindow final : public Window {
  public:
-  explicit OverlayWindow(const OverlayWindowOptions& options);
-  ~OverlayWindow() override;
-  OverlayWindow(const OverlayWindow&) = delete;
-  OverlayWindow& operator=(const OverlayWindow&) = delete;
+  explicit MacWindow(const OverlayWindowOptions& options);
+  ~MacWindow() override;
+  MacWindow(const MacWindow&) = delete;
+  MacWindow& operator=(const MacWindow&) = delete;
 
   WindowNumber number() const override;
   void setContentView(std::unique_ptr<View> view) override;
@@ -33,22 +32,21 @@ class OverlayWindow final : public Window {
   void orderOut() override;
 
  private:
-  /// The animation under way. What AppKit still calls for an earlier one finds another number.
-  struct Animation {
-    std::uint64_t number = 0;
-    bool isRunning = false;
+  /// One change of the opacity. The next takes its place, so that the end of an animation that has been replaced finds
+  /// it gone.
+  struct AlphaChange {
+    // The window may keep it with less precision.
+    double alpha = 0.0;
+    bool isUnderWay = false;
   };
 
   /// Has the animator take the value at once, in place of what it was about.
   void settle(double alpha);
-  void startAnimation(Duration duration, void (^finish)());
 
   ObjectPointer<NSWindow> window_;
   std::unique_ptr<View> view_;
   std::unique_ptr<HostedView> host_;
-  std::shared_ptr<Animation> animation_ = std::make_shared<Animation>();
-  // Where an animation leads. The window may keep it with less precision.
-  double alpha_;
+  std::shared_ptr<AlphaChange> change_;
 };
 
 }  // namespace roomlattice::platform::macos

@@ -1,4 +1,4 @@
-#import "platform/macos/SystemNotificationCenter.h"
+#import "platform/macos/MacNotificationCenter.h"
 
 #import "platform/macos/Action.h"
 #import "platform/macos/NotificationNames.h"
@@ -8,7 +8,7 @@
 namespace roomlattice::platform::macos {
 
 /// The system's observer of one name, for as long as it lives.
-class SystemNotificationCenter::Relay {
+class MacNotificationCenter::Relay {
  public:
   Relay(const ObjectPointer<NSNotificationCenter>& center, std::string_view name) : center_(center) {
     const auto deliver = [observers = observers_, name = std::string(name)](id) { observers->post(name); };
@@ -27,19 +27,19 @@ class SystemNotificationCenter::Relay {
   std::shared_ptr<InProcessNotificationCenter> observers_ = std::make_shared<InProcessNotificationCenter>();
 };
 
-Registration SystemNotificationCenter::observe(std::string_view name, Handler handler) {
+Registration MacNotificationCenter::observe(std::string_view name, Handler handler) {
   const std::shared_ptr<Relay> serving = relay(name);
   auto observation = std::make_shared<Registration>(serving->observe(name, std::move(handler)));
   return Registration([serving, observation] { observation->cancel(); });
 }
 
-void SystemNotificationCenter::post(std::string_view name) {
+void MacNotificationCenter::post(std::string_view name) {
   @autoreleasepool {
     [center_.get() postNotificationName:notificationName(name) object:nil];
   }
 }
 
-std::shared_ptr<SystemNotificationCenter::Relay> SystemNotificationCenter::relay(std::string_view name) {
+std::shared_ptr<MacNotificationCenter::Relay> MacNotificationCenter::relay(std::string_view name) {
   std::weak_ptr<Relay>& known = relays_[std::string(name)];
   std::shared_ptr<Relay> relay = known.lock();
   if (relay == nullptr) {
