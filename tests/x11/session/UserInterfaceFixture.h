@@ -25,7 +25,8 @@ struct UserInterfaceSession {
   platform::x11::X11Screens screens{qt.connection(), center};
   platform::x11::X11Appearance appearance{qt.connection(), bus, center};
   platform::x11::WindowAttachments attachments;
-  platform::x11::X11UserInterface userInterface{qt.connection(), screens, appearance, desktops, attachments};
+  platform::x11::X11UserInterface userInterface{qt.connection(), windowManager, screens,
+                                                appearance,      desktops,      attachments};
 };
 
 }  // namespace roomlattice::tests
