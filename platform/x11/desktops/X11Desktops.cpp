@@ -17,7 +17,7 @@ constexpr std::chrono::milliseconds answerLimitAtStart{500};
 
 }  // namespace
 
-X11Desktops::X11Desktops(X11Connection& connection, MessageBus& sessionBus, WindowManagerWatch& windowManager,
+X11Desktops::X11Desktops(X11Connection& connection, linux::MessageBus& sessionBus, WindowManagerWatch& windowManager,
                          NotificationCenter& workspaceCenter)
     : connection_(connection),
       sessionBus_(sessionBus),

@@ -19,7 +19,7 @@ struct UserInterfaceSession {
   X11Session session;
   QtApplication qt;
   InProcessNotificationCenter center;
-  platform::x11::MessageBus bus{platform::x11::MessageBus::Kind::Session};
+  platform::linux::MessageBus bus{platform::linux::MessageBus::Kind::Session};
   platform::x11::WindowManagerWatch windowManager{qt.connection()};
   platform::x11::X11Desktops desktops{qt.connection(), bus, windowManager, center};
   platform::x11::X11Screens screens{qt.connection(), center};
