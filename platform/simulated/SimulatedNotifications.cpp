@@ -7,10 +7,10 @@ SimulatedNotifications::SimulatedNotifications(SimulatedDesktop& desktop) {
     return desktop.announcements().observe(name, [name, &center] { center.post(name); });
   };
   forwards_ = {
-      forward(notification::activeSpaceDidChange, workspace_),
-      forward(notification::didWake, workspace_),
-      forward(notification::didChangeScreenParameters, default_),
-      forward(notification::interfaceThemeChanged, distributed_),
+      forward(notification::activeSpaceDidChange, workspaceCenter()),
+      forward(notification::didWake, workspaceCenter()),
+      forward(notification::didChangeScreenParameters, defaultCenter()),
+      forward(notification::interfaceThemeChanged, distributedCenter()),
   };
 }
 

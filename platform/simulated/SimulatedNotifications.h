@@ -1,25 +1,18 @@
 #pragma once
 
 #include "platform/simulated/SimulatedDesktop.h"
-#include "support/InProcessNotificationCenter.h"
+#include "support/InProcessNotifications.h"
 
 #include <array>
 
 namespace roomlattice::platform::simulated {
 
 /// One program's three centres; what the machine announces arrives on the centre it belongs to.
-class SimulatedNotifications final : public Notifications {
+class SimulatedNotifications final : public InProcessNotifications {
  public:
   explicit SimulatedNotifications(SimulatedDesktop& desktop);
 
-  NotificationCenter& defaultCenter() override { return default_; }
-  NotificationCenter& workspaceCenter() override { return workspace_; }
-  NotificationCenter& distributedCenter() override { return distributed_; }
-
  private:
-  InProcessNotificationCenter default_;
-  InProcessNotificationCenter workspace_;
-  InProcessNotificationCenter distributed_;
   std::array<Registration, 4> forwards_;
 };
 

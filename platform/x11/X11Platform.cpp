@@ -28,7 +28,7 @@ const char* environment(const char* name) {
 }
 
 ExitStatus refuse(const std::string& reason) {
-  printError(reason);
+  linux::printError(reason);
   return noDesktop;
 }
 
@@ -42,7 +42,7 @@ bool isWaylandSession() {
   return environment("WAYLAND_DISPLAY") != nullptr || (type != nullptr && std::string_view(type) == "wayland");
 }
 
-std::optional<ExitStatus> waitForWindowManager(X11Connection& connection, const TerminationSignals& signals) {
+std::optional<ExitStatus> waitForWindowManager(X11Connection& connection, const linux::TerminationSignals& signals) {
   switch (waitForWindowManager(connection, signals, windowManagerStart)) {
     case WindowManagerWait::Found:
       return std::nullopt;
@@ -61,7 +61,7 @@ std::variant<std::unique_ptr<Platform>, ExitStatus> start(int& argc, char** argv
     return refuse(isWaylandSession() ? "no X11 display: DISPLAY is not set, and pure Wayland sessions are not supported"
                                      : "no X11 display: DISPLAY is not set");
   }
-  static const TerminationSignals signals;
+  static const linux::TerminationSignals signals;
   std::unique_ptr<X11Connection> connection = X11Connection::open();
   if (connection == nullptr) {
     return refuse("cannot connect to the X11 display " + displayName());
@@ -75,7 +75,7 @@ std::variant<std::unique_ptr<Platform>, ExitStatus> start(int& argc, char** argv
   }
   // Also where the environment asks the toolkit for another platform: the windows are X windows.
   setenv("QT_QPA_PLATFORM", "xcb", 1);
-  redirectQtMessages();
+  linux::redirectQtMessages();
   watchToolkitConnection();
   return std::make_unique<X11Platform>(std::move(connection), std::move(lock), signals, argc, argv);
 }
@@ -83,14 +83,14 @@ std::variant<std::unique_ptr<Platform>, ExitStatus> start(int& argc, char** argv
 }  // namespace
 
 X11Platform::X11Platform(std::unique_ptr<X11Connection> connection, std::unique_ptr<InstanceLock> lock,
-                         const TerminationSignals& signals, int& argc, char** argv)
+                         const linux::TerminationSignals& signals, int& argc, char** argv)
     : connection_(std::move(connection)),
       lock_(std::move(lock)),
       application_(*connection_, argc, argv),
-      system_(SystemLog(SystemLog::standardPath(), Journal::open())),
-      defaults_(FileDefaults::standardPath(), [this](const std::string& line) { system_.log(line); }),
-      sessionBus_(MessageBus::Kind::Session),
-      systemBus_(MessageBus::Kind::System),
+      system_(linux::SystemLog(linux::SystemLog::standardPath(), linux::Journal::open())),
+      defaults_(linux::LinuxDefaults::standardPath(), [this](const std::string& line) { system_.log(line); }),
+      sessionBus_(linux::MessageBus::Kind::Session),
+      systemBus_(linux::MessageBus::Kind::System),
       windowManager_(*connection_),
       guard_(*connection_, windowManager_),
       desktops_(*connection_, sessionBus_, windowManager_, notifications_.workspaceCenter()),
@@ -99,7 +99,7 @@ X11Platform::X11Platform(std::unique_ptr<X11Connection> connection, std::unique_
       appearance_(*connection_, sessionBus_, notifications_.distributedCenter()),
       sleep_(systemBus_, notifications_.workspaceCenter()),
       events_(*connection_, desktops_, screens_),
-      userInterface_(*connection_, screens_, appearance_, desktops_, attachments_),
+      userInterface_(*connection_, windowManager_, screens_, appearance_, desktops_, attachments_),
       termination_(signals.observe([this] { application_.terminate(); })) {}
 
 X11Platform::~X11Platform() {
@@ -110,7 +110,7 @@ X11Platform::~X11Platform() {
 }  // namespace x11
 
 std::variant<std::unique_ptr<Platform>, ExitStatus> makeNativePlatform(int& argc, char** argv) {
-  if (const std::optional<ExitStatus> status = x11::answerCommandLine(argc, argv)) {
+  if (const std::optional<ExitStatus> status = linux::answerCommandLine(argc, argv)) {
     return *status;
   }
   return x11::start(argc, argv);

@@ -3,12 +3,11 @@
 #include "platform/Platform.h"
 #include "platform/linux/bus/MessageBus.h"
 #include "platform/linux/bus/SleepWatch.h"
-#include "platform/linux/storage/FileDefaults.h"
+#include "platform/linux/storage/LinuxDefaults.h"
+#include "platform/linux/system/LinuxDispatcher.h"
+#include "platform/linux/system/LinuxSystem.h"
 #include "platform/linux/system/TerminationSignals.h"
-#include "platform/linux/system/X11System.h"
-#include "platform/x11/QtDispatcher.h"
 #include "platform/x11/X11Application.h"
-#include "platform/x11/X11Notifications.h"
 #include "platform/x11/X11UserInterface.h"
 #include "platform/x11/appearance/X11Appearance.h"
 #include "platform/x11/connection/InstanceLock.h"
@@ -19,6 +18,7 @@
 #include "platform/x11/desktops/X11Desktops.h"
 #include "platform/x11/desktops/X11WindowServer.h"
 #include "platform/x11/input/X11Events.h"
+#include "support/InProcessNotifications.h"
 #include "support/JsonText.h"
 
 #include <memory>
@@ -31,7 +31,7 @@ class X11Platform final : public Platform {
   /// Takes over a connection to a display with a window manager, and the claim to it. The others must outlive the
   /// platform.
   X11Platform(std::unique_ptr<X11Connection> connection, std::unique_ptr<InstanceLock> lock,
-              const TerminationSignals& signals, int& argc, char** argv);
+              const linux::TerminationSignals& signals, int& argc, char** argv);
   ~X11Platform() override;
 
   Application& application() override { return application_; }
@@ -48,13 +48,13 @@ class X11Platform final : public Platform {
   std::unique_ptr<X11Connection> connection_;
   std::unique_ptr<InstanceLock> lock_;
   X11Application application_;
-  X11Notifications notifications_;
-  X11System system_;
-  FileDefaults defaults_;
+  InProcessNotifications notifications_;
+  linux::LinuxSystem system_;
+  linux::LinuxDefaults defaults_;
   JsonTextCodec json_;
-  QtDispatcher dispatcher_;
-  MessageBus sessionBus_;
-  MessageBus systemBus_;
+  linux::LinuxDispatcher dispatcher_;
+  linux::MessageBus sessionBus_;
+  linux::MessageBus systemBus_;
   WindowManagerWatch windowManager_;
   SessionGuard guard_;
   X11Desktops desktops_;
@@ -62,7 +62,7 @@ class X11Platform final : public Platform {
   X11WindowServer windowServer_;
   X11Screens screens_;
   X11Appearance appearance_;
-  SleepWatch sleep_;
+  linux::SleepWatch sleep_;
   X11Events events_;
   X11UserInterface userInterface_;
   Registration termination_;

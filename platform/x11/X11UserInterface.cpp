@@ -7,13 +7,14 @@
 
 namespace roomlattice::platform::x11 {
 
-X11UserInterface::X11UserInterface(X11Connection& connection, X11Screens& screens, X11Appearance& appearance,
-                                   X11Desktops& desktops, WindowAttachments& attachments)
+X11UserInterface::X11UserInterface(X11Connection& connection, WindowManagerWatch& windowManager, X11Screens& screens,
+                                   X11Appearance& appearance, X11Desktops& desktops, WindowAttachments& attachments)
     : connection_(connection),
+      windowManager_(windowManager),
       screens_(screens),
       appearance_(appearance),
       compositor_(connection),
-      overlays_{connection, screens, desktops, attachments, compositor_, {}} {}
+      overlays_{connection, windowManager, screens, desktops, attachments, compositor_, {}} {}
 
 double X11UserInterface::systemFontSize() const {
   return x11::systemFontSize();
@@ -28,7 +29,7 @@ Size X11UserInterface::intrinsicSize(const Control& control) const {
 }
 
 std::unique_ptr<StatusItem> X11UserInterface::createStatusItem(const StatusItemLength& length) {
-  return std::make_unique<StatusItemWindow>(connection_, appearance_, compositor_, length);
+  return std::make_unique<StatusItemWindow>(connection_, windowManager_, appearance_, compositor_, length);
 }
 
 std::unique_ptr<Window> X11UserInterface::createOverlayWindow(const OverlayWindowOptions& options) {

@@ -10,8 +10,8 @@ namespace roomlattice::platform::x11 {
 /// before the Qt application.
 class X11UserInterface final : public UserInterface {
  public:
-  X11UserInterface(X11Connection& connection, X11Screens& screens, X11Appearance& appearance, X11Desktops& desktops,
-                   WindowAttachments& attachments);
+  X11UserInterface(X11Connection& connection, WindowManagerWatch& windowManager, X11Screens& screens,
+                   X11Appearance& appearance, X11Desktops& desktops, WindowAttachments& attachments);
 
   std::vector<Screen> screens() const override { return screens_.screens(); }
   std::optional<Screen> mainScreen() const override { return screens_.mainScreen(); }
@@ -26,6 +26,7 @@ class X11UserInterface final : public UserInterface {
 
  private:
   X11Connection& connection_;
+  WindowManagerWatch& windowManager_;
   X11Screens& screens_;
   X11Appearance& appearance_;
   CompositorWatch compositor_;

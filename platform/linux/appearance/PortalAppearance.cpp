@@ -4,7 +4,7 @@
 #include <QDBusVariant>
 #include <utility>
 
-namespace roomlattice::platform::x11 {
+namespace roomlattice::platform::linux {
 namespace {
 
 // The bus may have to start the portal first, and nobody waits for it.
@@ -127,4 +127,4 @@ void PortalAppearance::forget() {
   }
 }
 
-}  // namespace roomlattice::platform::x11
+}  // namespace roomlattice::platform::linux

@@ -8,7 +8,7 @@
 #include <optional>
 #include <vector>
 
-namespace roomlattice::platform::x11 {
+namespace roomlattice::platform::linux {
 
 /// What the desktop portal (org.freedesktop.portal.Settings, namespace org.freedesktop.appearance) tells of the user's
 /// choices. It is asked without waiting, so that everything is unknown at first. Main thread only.
@@ -37,4 +37,4 @@ class PortalAppearance {
   std::vector<Registration> calls_;
 };
 
-}  // namespace roomlattice::platform::x11
+}  // namespace roomlattice::platform::linux

@@ -6,7 +6,7 @@
 #include <memory>
 #include <utility>
 
-namespace roomlattice::platform::x11 {
+namespace roomlattice::platform::linux {
 
 /// Something Qt can deliver a bus signal to: it takes slots of compiled classes only.
 class BusListener final : public QObject {
@@ -35,4 +35,4 @@ class BusListener final : public QObject {
   std::shared_ptr<Handler> handler_;
 };
 
-}  // namespace roomlattice::platform::x11
+}  // namespace roomlattice::platform::linux

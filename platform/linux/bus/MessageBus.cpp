@@ -14,7 +14,7 @@
 #include <unistd.h>
 #include <utility>
 
-namespace roomlattice::platform::x11 {
+namespace roomlattice::platform::linux {
 namespace {
 
 std::optional<QString> variable(const char* name) {
@@ -182,4 +182,4 @@ Registration MessageBus::call(const QDBusMessage& message, std::chrono::millisec
   });
 }
 
-}  // namespace roomlattice::platform::x11
+}  // namespace roomlattice::platform::linux

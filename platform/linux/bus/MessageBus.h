@@ -12,7 +12,7 @@
 #include <memory>
 #include <optional>
 
-namespace roomlattice::platform::x11 {
+namespace roomlattice::platform::linux {
 
 /// A connection to one of the desktop's message buses (D-Bus), which is never waited for longer than the caller wants.
 /// There may be none, and it may break at any time; nothing is heard from it then. Main thread only.
@@ -60,4 +60,4 @@ class MessageBus {
   std::shared_ptr<Attempt> attempt_;
 };
 
-}  // namespace roomlattice::platform::x11
+}  // namespace roomlattice::platform::linux

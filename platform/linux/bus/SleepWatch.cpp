@@ -2,7 +2,7 @@
 
 #include <QVariant>
 
-namespace roomlattice::platform::x11 {
+namespace roomlattice::platform::linux {
 
 SleepWatch::SleepWatch(MessageBus& systemBus, NotificationCenter& workspaceCenter)
     : systemBus_(systemBus), workspaceCenter_(workspaceCenter) {
@@ -24,4 +24,4 @@ void SleepWatch::listen() {
                                      });
 }
 
-}  // namespace roomlattice::platform::x11
+}  // namespace roomlattice::platform::linux

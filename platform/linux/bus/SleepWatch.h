@@ -3,7 +3,7 @@
 #include "platform/NotificationCenter.h"
 #include "platform/linux/bus/MessageBus.h"
 
-namespace roomlattice::platform::x11 {
+namespace roomlattice::platform::linux {
 
 /// Hears from logind (org.freedesktop.login1 on the system bus) that the machine has woken from sleep. Without it,
 /// nothing is heard. Main thread only.
@@ -21,4 +21,4 @@ class SleepWatch {
   Registration signal_;
 };
 
-}  // namespace roomlattice::platform::x11
+}  // namespace roomlattice::platform::linux

@@ -3,7 +3,7 @@
 #include <unistd.h>
 #include <utility>
 
-namespace roomlattice::platform::x11 {
+namespace roomlattice::platform::linux {
 
 /// Owner of an open file.
 class FileDescriptor {
@@ -36,4 +36,4 @@ class FileDescriptor {
   int number_ = -1;
 };
 
-}  // namespace roomlattice::platform::x11
+}  // namespace roomlattice::platform::linux

@@ -2,7 +2,7 @@
 
 #include <chrono>
 
-namespace roomlattice::platform::x11 {
+namespace roomlattice::platform::linux {
 
 FileStamp::FileStamp(const struct stat& status)
     : device(status.st_dev),
@@ -25,4 +25,4 @@ bool FileStamp::operator==(const FileStamp& other) const {
          same(changed, other.changed);
 }
 
-}  // namespace roomlattice::platform::x11
+}  // namespace roomlattice::platform::linux

@@ -2,7 +2,7 @@
 
 #include <sys/stat.h>
 
-namespace roomlattice::platform::x11 {
+namespace roomlattice::platform::linux {
 
 /// What tells one state of a file from another without reading it.
 struct FileStamp {
@@ -20,4 +20,4 @@ struct FileStamp {
   timespec changed;
 };
 
-}  // namespace roomlattice::platform::x11
+}  // namespace roomlattice::platform::linux

@@ -12,7 +12,7 @@
 #include <system_error>
 #include <thread>
 
-namespace roomlattice::platform::x11 {
+namespace roomlattice::platform::linux {
 namespace {
 
 using Path = std::filesystem::path;
@@ -206,4 +206,4 @@ std::filesystem::path SettingsFile::target() const {
   return name;
 }
 
-}  // namespace roomlattice::platform::x11
+}  // namespace roomlattice::platform::linux

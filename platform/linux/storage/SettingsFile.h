@@ -10,7 +10,7 @@
 #include <utility>
 #include <variant>
 
-namespace roomlattice::platform::x11 {
+namespace roomlattice::platform::linux {
 
 /// The file that settings are kept in: reading it whatever may stand in its place, and replacing it as a whole. A
 /// symbolic link in its place is followed and stays. No operation waits for anything but the disk.
@@ -58,4 +58,4 @@ class SettingsFile {
   std::filesystem::path path_;
 };
 
-}  // namespace roomlattice::platform::x11
+}  // namespace roomlattice::platform::linux

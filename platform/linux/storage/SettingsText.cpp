@@ -6,7 +6,7 @@
 #include <span>
 #include <utility>
 
-namespace roomlattice::platform::x11 {
+namespace roomlattice::platform::linux {
 namespace {
 
 constexpr const char* textForm = "$text";
@@ -125,4 +125,4 @@ std::optional<Value::Dictionary> fromSettingsText(std::string_view text) {
   return settings == nullptr ? std::nullopt : std::optional(decodedEntries(*settings));
 }
 
-}  // namespace roomlattice::platform::x11
+}  // namespace roomlattice::platform::linux

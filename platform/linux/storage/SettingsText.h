@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-namespace roomlattice::platform::x11 {
+namespace roomlattice::platform::linux {
 
 /// Settings as indented JSON: one object, whose members are the keys. JSON has no form for data; data stands as
 /// {"$text": "..."} where it is UTF-8, and as {"$data": "base64"} elsewhere. A dictionary whose only key starts with a
@@ -18,4 +18,4 @@ std::optional<std::string> toSettingsText(const Value::Dictionary& settings);
 /// Nothing when `text` is not one JSON object.
 std::optional<Value::Dictionary> fromSettingsText(std::string_view text);
 
-}  // namespace roomlattice::platform::x11
+}  // namespace roomlattice::platform::linux

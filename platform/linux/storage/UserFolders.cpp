@@ -6,7 +6,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-namespace roomlattice::platform::x11 {
+namespace roomlattice::platform::linux {
 namespace {
 
 using Path = std::filesystem::path;
@@ -55,4 +55,4 @@ void makeFolder(const Path& folder) {
   mkdir(folder.c_str(), S_IRWXU);
 }
 
-}  // namespace roomlattice::platform::x11
+}  // namespace roomlattice::platform::linux

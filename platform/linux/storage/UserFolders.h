@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <optional>
 
-namespace roomlattice::platform::x11 {
+namespace roomlattice::platform::linux {
 
 /// The folders that the XDG Base Directory Specification gives the program for a user's files; they need not exist.
 /// Nothing for a user without a home.
@@ -14,4 +14,4 @@ std::optional<std::filesystem::path> stateFolder();
 /// folder is used.
 void makeFolder(const std::filesystem::path& folder);
 
-}  // namespace roomlattice::platform::x11
+}  // namespace roomlattice::platform::linux

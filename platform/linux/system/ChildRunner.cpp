@@ -12,7 +12,7 @@
 #include <system_error>
 #include <unistd.h>
 
-namespace roomlattice::platform::x11 {
+namespace roomlattice::platform::linux {
 namespace {
 
 struct Pipe {
@@ -123,4 +123,4 @@ std::string ChildRunner::collect(int output, pid_t child) const {
   }
 }
 
-}  // namespace roomlattice::platform::x11
+}  // namespace roomlattice::platform::linux

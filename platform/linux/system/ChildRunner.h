@@ -7,7 +7,7 @@
 #include <variant>
 #include <vector>
 
-namespace roomlattice::platform::x11 {
+namespace roomlattice::platform::linux {
 
 /// Runs child processes and collects what they write. Any thread.
 class ChildRunner {
@@ -27,4 +27,4 @@ class ChildRunner {
   FileDescriptor interruption_;
 };
 
-}  // namespace roomlattice::platform::x11
+}  // namespace roomlattice::platform::linux

@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-namespace roomlattice::platform::x11 {
+namespace roomlattice::platform::linux {
 namespace {
 
 constexpr int usageError = 2;
@@ -53,4 +53,4 @@ void printError(const std::string& message) {
   std::fprintf(stderr, "roomlattice: %s\n", message.c_str());
 }
 
-}  // namespace roomlattice::platform::x11
+}  // namespace roomlattice::platform::linux

@@ -5,7 +5,7 @@
 #include <optional>
 #include <string>
 
-namespace roomlattice::platform::x11 {
+namespace roomlattice::platform::linux {
 
 /// Asks for the log lines of the last ten minutes.
 inline constexpr const char* recentLogOption = "--recent-log";
@@ -17,4 +17,4 @@ std::optional<ExitStatus> answerCommandLine(int argc, const char* const* argv);
 /// Writes one line, with the program's name before it, to standard error.
 void printError(const std::string& message);
 
-}  // namespace roomlattice::platform::x11
+}  // namespace roomlattice::platform::linux

@@ -4,7 +4,7 @@
 #include <string_view>
 #include <system_error>
 
-namespace roomlattice::platform::x11 {
+namespace roomlattice::platform::linux {
 
 std::filesystem::path pathOfExecutable(const std::filesystem::path& link) {
   constexpr std::string_view mark = " (deleted)";
@@ -16,4 +16,4 @@ std::filesystem::path pathOfExecutable(const std::filesystem::path& link) {
   return path;
 }
 
-}  // namespace roomlattice::platform::x11
+}  // namespace roomlattice::platform::linux

@@ -2,7 +2,7 @@
 
 #include <filesystem>
 
-namespace roomlattice::platform::x11 {
+namespace roomlattice::platform::linux {
 
 /// A link that leads to the program's own file, also after that was replaced by a newer one (proc(5)).
 inline constexpr const char* ownExecutable = "/proc/self/exe";
@@ -11,4 +11,4 @@ inline constexpr const char* ownExecutable = "/proc/self/exe";
 /// update. Empty when it cannot be told.
 std::filesystem::path pathOfExecutable(const std::filesystem::path& link = ownExecutable);
 
-}  // namespace roomlattice::platform::x11
+}  // namespace roomlattice::platform::linux

@@ -8,7 +8,7 @@
 #include <sys/un.h>
 #include <utility>
 
-namespace roomlattice::platform::x11 {
+namespace roomlattice::platform::linux {
 namespace {
 
 /// A field whose value may hold line feeds: its name, a line feed, the length as 64 bits in little endian, the value.
@@ -51,4 +51,4 @@ bool standardErrorIsJournal() {
          stream == std::to_string(status.st_dev) + ":" + std::to_string(status.st_ino);
 }
 
-}  // namespace roomlattice::platform::x11
+}  // namespace roomlattice::platform::linux

@@ -6,7 +6,7 @@
 #include <optional>
 #include <string>
 
-namespace roomlattice::platform::x11 {
+namespace roomlattice::platform::linux {
 
 /// The journal of systemd, by its native protocol (systemd.io/JOURNAL_NATIVE_PROTOCOL). Entries carry the identifier
 /// "Roomlattice".
@@ -29,4 +29,4 @@ class Journal {
 /// Whether what the process writes to standard error goes to the journal already.
 bool standardErrorIsJournal();
 
-}  // namespace roomlattice::platform::x11
+}  // namespace roomlattice::platform::linux

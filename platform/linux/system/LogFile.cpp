@@ -13,7 +13,7 @@
 #include <thread>
 #include <utility>
 
-namespace roomlattice::platform::x11 {
+namespace roomlattice::platform::linux {
 namespace {
 
 using Path = std::filesystem::path;
@@ -85,4 +85,4 @@ Path LogFile::formerPath() const {
   return path_.string() + ".1";
 }
 
-}  // namespace roomlattice::platform::x11
+}  // namespace roomlattice::platform::linux

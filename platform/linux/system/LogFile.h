@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <string>
 
-namespace roomlattice::platform::x11 {
+namespace roomlattice::platform::linux {
 
 /// A file of log lines that never grows beyond a bound: when it is full it becomes the former file, in place of the
 /// last one, and a new one is begun. Several processes may write to it. What cannot be written is lost: a log is no
@@ -28,4 +28,4 @@ class LogFile {
   std::uintmax_t limit_;
 };
 
-}  // namespace roomlattice::platform::x11
+}  // namespace roomlattice::platform::linux

@@ -8,7 +8,7 @@
 #include <optional>
 #include <unistd.h>
 
-namespace roomlattice::platform::x11 {
+namespace roomlattice::platform::linux {
 namespace {
 
 using std::chrono::milliseconds;
@@ -76,4 +76,4 @@ void writeAll(int file, std::string_view text) {
   }
 }
 
-}  // namespace roomlattice::platform::x11
+}  // namespace roomlattice::platform::linux

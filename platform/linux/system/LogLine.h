@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-namespace roomlattice::platform::x11 {
+namespace roomlattice::platform::linux {
 
 /// "2024-05-01 12:00:00.123+0200 Roomlattice[4711] line", in local time and with its end.
 std::string stampedLogLine(std::chrono::system_clock::time_point time, const std::string& line);
@@ -16,4 +16,4 @@ std::string logSince(std::chrono::system_clock::time_point start, std::string_vi
 /// Writes the whole text, unless the file takes no more.
 void writeAll(int file, std::string_view text);
 
-}  // namespace roomlattice::platform::x11
+}  // namespace roomlattice::platform::linux

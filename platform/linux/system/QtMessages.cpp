@@ -10,7 +10,7 @@
 #include <cstdlib>
 #include <unistd.h>
 
-namespace roomlattice::platform::x11 {
+namespace roomlattice::platform::linux {
 namespace {
 
 void handleMessage(QtMsgType type, const QMessageLogContext&, const QString& message) {
@@ -34,4 +34,4 @@ void redirectQtMessages() {
   qInstallMessageHandler(handleMessage);
 }
 
-}  // namespace roomlattice::platform::x11
+}  // namespace roomlattice::platform::linux

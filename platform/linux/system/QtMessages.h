@@ -1,6 +1,6 @@
 #pragma once
 
-namespace roomlattice::platform::x11 {
+namespace roomlattice::platform::linux {
 
 /// From now on the toolkit's warnings go to standard error, with the time and the program's name, as what the program
 /// logs itself does, on a later turn of the event loop: what it has to say
@@ -8,4 +8,4 @@ namespace roomlattice::platform::x11 {
 /// ends the process with one line. To be called once, before the Qt application is made.
 void redirectQtMessages();
 
-}  // namespace roomlattice::platform::x11
+}  // namespace roomlattice::platform::linux

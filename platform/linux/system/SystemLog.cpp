@@ -9,7 +9,7 @@
 #include <unistd.h>
 #include <utility>
 
-namespace roomlattice::platform::x11 {
+namespace roomlattice::platform::linux {
 namespace {
 
 std::string linesOfJournal(std::chrono::minutes duration, const std::filesystem::path& socket) {
@@ -60,4 +60,4 @@ std::string recentLog(std::chrono::minutes duration, const std::filesystem::path
   return lines;
 }
 
-}  // namespace roomlattice::platform::x11
+}  // namespace roomlattice::platform::linux

@@ -8,7 +8,7 @@
 #include <optional>
 #include <string>
 
-namespace roomlattice::platform::x11 {
+namespace roomlattice::platform::linux {
 
 /// Where the program's log lines go: to standard error, stamped, to the journal where there is one, and to a file of
 /// their own, which is read where there is none.
@@ -33,4 +33,4 @@ class SystemLog {
 /// otherwise from the file. Blocks until the journal has been searched.
 std::string recentLog(std::chrono::minutes duration, const std::filesystem::path& journal = Journal::usualSocket);
 
-}  // namespace roomlattice::platform::x11
+}  // namespace roomlattice::platform::linux

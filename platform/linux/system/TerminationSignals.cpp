@@ -9,7 +9,7 @@
 #include <unistd.h>
 #include <utility>
 
-namespace roomlattice::platform::x11 {
+namespace roomlattice::platform::linux {
 namespace {
 
 // Signal handlers have nothing else to find it by.
@@ -59,4 +59,4 @@ Registration TerminationSignals::observe(std::function<void()> handler) const {
   return Registration([notifier = std::move(notifier)]() mutable { notifier.reset(); });
 }
 
-}  // namespace roomlattice::platform::x11
+}  // namespace roomlattice::platform::linux

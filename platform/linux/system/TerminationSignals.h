@@ -4,7 +4,7 @@
 
 #include <functional>
 
-namespace roomlattice::platform::x11 {
+namespace roomlattice::platform::linux {
 
 /// The signals that ask a process to end (SIGTERM, SIGINT, SIGHUP), as an event of the main thread. A second one of the
 /// same kind ends the process the hard way. One object in a process.
@@ -25,4 +25,4 @@ class TerminationSignals {
   Registration observe(std::function<void()> handler) const;
 };
 
-}  // namespace roomlattice::platform::x11
+}  // namespace roomlattice::platform::linux

@@ -16,7 +16,8 @@ Appearance appearanceOfTheme(const std::string& name) {
 
 }  // namespace
 
-X11Appearance::X11Appearance(X11Connection& connection, MessageBus& sessionBus, NotificationCenter& distributedCenter)
+X11Appearance::X11Appearance(X11Connection& connection, linux::MessageBus& sessionBus,
+                             NotificationCenter& distributedCenter)
     : distributedCenter_(distributedCenter),
       portal_(sessionBus, [this] { update(); }),
       xSettings_(connection, [this] { update(); }),

@@ -19,7 +19,7 @@ namespace roomlattice::platform::x11 {
 class X11Appearance {
  public:
   /// A change between light and dark is posted to `distributedCenter` as interfaceThemeChanged.
-  X11Appearance(X11Connection& connection, MessageBus& sessionBus, NotificationCenter& distributedCenter);
+  X11Appearance(X11Connection& connection, linux::MessageBus& sessionBus, NotificationCenter& distributedCenter);
 
   std::optional<Appearance> current() const { return current_; }
   Color accentColor() const;
@@ -29,7 +29,7 @@ class X11Appearance {
   void update();
 
   NotificationCenter& distributedCenter_;
-  PortalAppearance portal_;
+  linux::PortalAppearance portal_;
   XSettingsWatch xSettings_;
   ApplicationPalette palette_;
   Appearance current_;

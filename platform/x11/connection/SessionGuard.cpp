@@ -21,7 +21,7 @@ constexpr int failure = 1;
 bool guarding = false;
 
 [[noreturn]] void serverHasGone() {
-  printError("the X server has gone");
+  linux::printError("the X server has gone");
   // Nothing can be put in order without it: the toolkit would only stumble over its own broken connection. Settings
   // are on the disk already.
   _exit(failure);
@@ -46,7 +46,7 @@ void watchToolkitConnection() {
   guarding = true;
 }
 
-WindowManagerWait waitForWindowManager(X11Connection& connection, const TerminationSignals& signals,
+WindowManagerWait waitForWindowManager(X11Connection& connection, const linux::TerminationSignals& signals,
                                        std::chrono::milliseconds limit) {
   constexpr std::chrono::milliseconds pause = 50ms;
   const auto deadline = std::chrono::steady_clock::now() + limit;
@@ -69,7 +69,7 @@ SessionGuard::SessionGuard(X11Connection& connection, WindowManagerWatch& window
     : windowManager_(windowManager) {
   patience_.setSingleShot(true);
   patience_.callOnTimeout([] {
-    printError("the window manager has gone, and no other has come");
+    linux::printError("the window manager has gone, and no other has come");
     QCoreApplication::exit(failure);
   });
   loss_ = connection.observeLoss(serverHasGone);

@@ -13,7 +13,7 @@ enum class WindowManagerWait { Found, TimedOut, ServerLost, Terminated };
 
 /// Waits until a window manager runs that supports EWMH, but not beyond `limit`, nor when a signal asks the program to
 /// end. Needs no event loop.
-WindowManagerWait waitForWindowManager(X11Connection& connection, const TerminationSignals& signals,
+WindowManagerWait waitForWindowManager(X11Connection& connection, const linux::TerminationSignals& signals,
                                        std::chrono::milliseconds limit);
 
 /// Lets a broken connection end the program as a SessionGuard does, for the time until there is one; to be called

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "platform/x11/connection/WindowManagerTraits.h"
 #include "platform/x11/connection/X11Connection.h"
 #include "support/Listeners.h"
 
-#include <chrono>
 #include <functional>
 #include <optional>
 #include <string>
@@ -27,6 +27,9 @@ class WindowManagerWatch {
   explicit WindowManagerWatch(X11Connection& connection);
 
   const std::optional<WindowManager>& current() const { return current_; }
+
+  /// Those of an ordinary one while there is none.
+  WindowManagerTraits traits() const { return current_ ? traitsOf(current_->name) : WindowManagerTraits(); }
 
   /// Calls `handler` when another window manager runs, or the same one again, or none.
   Registration observe(std::function<void()> handler);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/x11/connection/WindowManagerTraits.h"
 #include "platform/x11/connection/X11Connection.h"
 #include "platform/x11/desktops/DesktopSource.h"
 
@@ -9,14 +10,6 @@
 #include <vector>
 
 namespace roomlattice::platform::x11 {
-
-/// What makes a desktop the same one as before.
-enum class DesktopIdentity {
-  /// Its place in the row.
-  Position,
-  /// Its name: for window managers that make and drop desktops by name, so that places shift.
-  Name,
-};
 
 /// Desktops by the properties and messages of EWMH.
 class EwmhDesktopSource final : public DesktopSource {

@@ -97,7 +97,7 @@ std::optional<DesktopList> parseAnswer(const QDBusMessage& answer) {
 
 }  // namespace
 
-KWinDesktopSource::KWinDesktopSource(X11Connection& connection, MessageBus& bus, std::function<void()> changed)
+KWinDesktopSource::KWinDesktopSource(X11Connection& connection, linux::MessageBus& bus, std::function<void()> changed)
     : bus_(bus), changed_(std::move(changed)), ewmh_(connection, DesktopIdentity::Position, [this] {
         if (state_ == State::Unheard) {
           changed_();

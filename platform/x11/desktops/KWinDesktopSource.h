@@ -18,7 +18,7 @@ namespace roomlattice::platform::x11 {
 class KWinDesktopSource final : public DesktopSource {
  public:
   /// `changed` is called from the event loop when what is read has changed.
-  KWinDesktopSource(X11Connection& connection, MessageBus& bus, std::function<void()> changed);
+  KWinDesktopSource(X11Connection& connection, linux::MessageBus& bus, std::function<void()> changed);
 
   std::optional<DesktopList> read() override;
   void activate(std::size_t index) override;
@@ -37,7 +37,7 @@ class KWinDesktopSource final : public DesktopSource {
   void loseTouch();
   void giveUpWaiting();
 
-  MessageBus& bus_;
+  linux::MessageBus& bus_;
   std::function<void()> changed_;
   EwmhDesktopSource ewmh_;
   State state_ = State::Waiting;

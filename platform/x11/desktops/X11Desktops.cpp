@@ -15,13 +15,9 @@ constexpr std::chrono::seconds requestLifetime{1};
 // What the start of the program may take longer for the sake of the desktops' identity.
 constexpr std::chrono::milliseconds answerLimitAtStart{500};
 
-DesktopIdentity identityUnder(const WindowManager& windowManager) {
-  return windowManager.name == "i3" ? DesktopIdentity::Name : DesktopIdentity::Position;
-}
-
 }  // namespace
 
-X11Desktops::X11Desktops(X11Connection& connection, MessageBus& sessionBus, WindowManagerWatch& windowManager,
+X11Desktops::X11Desktops(X11Connection& connection, linux::MessageBus& sessionBus, WindowManagerWatch& windowManager,
                          NotificationCenter& workspaceCenter)
     : connection_(connection),
       sessionBus_(sessionBus),
@@ -69,14 +65,14 @@ std::optional<std::size_t> X11Desktops::destination() {
 }
 
 void X11Desktops::selectSource(Moment moment) {
-  const std::optional<WindowManager>& manager = windowManager_.current();
   source_.reset();
-  if (!manager) {
+  if (!windowManager_.current()) {
     return;
   }
+  const WindowManagerTraits traits = windowManager_.traits();
   const auto changed = [this] { sourceChanged(); };
-  if (manager->name != "KWin") {
-    source_ = std::make_unique<EwmhDesktopSource>(connection_, identityUnder(*manager), changed);
+  if (!traits.tellsDesktopsOnTheBus) {
+    source_ = std::make_unique<EwmhDesktopSource>(connection_, traits.desktopIdentity, changed);
     return;
   }
   auto source = std::make_unique<KWinDesktopSource>(connection_, sessionBus_, changed);

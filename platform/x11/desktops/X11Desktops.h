@@ -18,7 +18,7 @@ namespace roomlattice::platform::x11 {
 class X11Desktops {
  public:
   /// Every change of the list or of the current desktop is posted to `workspaceCenter` as activeSpaceDidChange.
-  X11Desktops(X11Connection& connection, MessageBus& sessionBus, WindowManagerWatch& windowManager,
+  X11Desktops(X11Connection& connection, linux::MessageBus& sessionBus, WindowManagerWatch& windowManager,
               NotificationCenter& workspaceCenter);
 
   /// As last heard of; while no window manager runs, as it was. Empty when none ever told.
@@ -45,7 +45,7 @@ class X11Desktops {
   std::optional<std::size_t> destination();
 
   X11Connection& connection_;
-  MessageBus& sessionBus_;
+  linux::MessageBus& sessionBus_;
   WindowManagerWatch& windowManager_;
   NotificationCenter& workspaceCenter_;
   DesktopList list_;

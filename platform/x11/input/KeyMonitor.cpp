@@ -1,6 +1,6 @@
 #include "platform/x11/input/KeyMonitor.h"
 
-#include "platform/x11/input/QtKeyEvent.h"
+#include "platform/x11/input/X11KeyEvent.h"
 
 #include <QCoreApplication>
 #include <QEvent>
@@ -27,7 +27,7 @@ bool KeyMonitor::eventFilter(QObject* receiver, QEvent* event) {
     return false;
   }
   KeyDisposition disposition = KeyDisposition::PassOn;
-  listeners_.notify(QtKeyEvent(static_cast<const QKeyEvent&>(*event)), disposition);
+  listeners_.notify(X11KeyEvent(static_cast<const QKeyEvent&>(*event)), disposition);
   return disposition == KeyDisposition::Swallow;
 }
 

@@ -1,6 +1,5 @@
 #include "platform/x11/statusitem/StatusItemWindow.h"
 
-#include "platform/x11/connection/WindowManagerWatch.h"
 #include "platform/x11/drawing/Text.h"
 #include "platform/x11/statusitem/StatusItemDrawing.h"
 
@@ -31,18 +30,14 @@ StatusBarColors barColors(std::optional<Appearance> appearance, bool blended) {
   return {QColor(246, 246, 247, alpha), QColor(28, 28, 30)};
 }
 
-/// i3 makes docks as wide as the screen, and does not always tell them. Asked for that width, it has nothing to tell.
-bool makesStripsOfDocks(X11Connection& connection) {
-  const std::optional<WindowManager> manager = findWindowManager(connection);
-  return manager && manager->name == "i3";
-}
-
 }  // namespace
 
-StatusItemWindow::StatusItemWindow(X11Connection& connection, X11Appearance& appearance, CompositorWatch& compositor,
+StatusItemWindow::StatusItemWindow(X11Connection& connection, WindowManagerWatch& windowManager,
+                                   X11Appearance& appearance, CompositorWatch& compositor,
                                    const StatusItemLength& length)
     : QWidget(nullptr, itemWindowFlags),
       connection_(connection),
+      windowManager_(windowManager),
       appearance_(appearance),
       compositor_(compositor),
       length_(length),
@@ -128,7 +123,7 @@ void StatusItemWindow::layOut() {
   }
   const QRect area = screen->geometry();
   itemWidth_ = statusItemWidth(content_, length_, area.width());
-  const int width = makesStripsOfDocks(connection_) ? area.width() : static_cast<int>(std::ceil(itemWidth_));
+  const int width = windowManager_.traits().makesStripsOfDocks ? area.width() : static_cast<int>(std::ceil(itemWidth_));
   setGeometry(area.x() + area.width() - width, area.y(), width, static_cast<int>(statusBarHeight));
   // The item may have moved within a window that stays as it is.
   update();

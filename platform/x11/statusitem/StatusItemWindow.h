@@ -4,6 +4,7 @@
 #include "platform/x11/appearance/X11Appearance.h"
 #include "platform/x11/connection/CompositorWatch.h"
 #include "platform/x11/connection/NativeWindow.h"
+#include "platform/x11/connection/WindowManagerWatch.h"
 #include "platform/x11/statusitem/MenuPopup.h"
 
 #include <QTimer>
@@ -19,8 +20,8 @@ namespace roomlattice::platform::x11 {
 /// so that maximised windows start below it; otherwise it lies over them.
 class StatusItemWindow final : public QWidget, public StatusItem, public StatusButton {
  public:
-  StatusItemWindow(X11Connection& connection, X11Appearance& appearance, CompositorWatch& compositor,
-                   const StatusItemLength& length);
+  StatusItemWindow(X11Connection& connection, WindowManagerWatch& windowManager, X11Appearance& appearance,
+                   CompositorWatch& compositor, const StatusItemLength& length);
 
   StatusButton* button() override { return this; }
   void setLength(const StatusItemLength& length) override;
@@ -42,6 +43,7 @@ class StatusItemWindow final : public QWidget, public StatusItem, public StatusB
   QRectF itemRect() const;
 
   X11Connection& connection_;
+  WindowManagerWatch& windowManager_;
   X11Appearance& appearance_;
   CompositorWatch& compositor_;
   StatusButtonContent content_;

@@ -2,7 +2,7 @@
 
 #include "platform/x11/drawing/QtValues.h"
 #include "platform/x11/drawing/Text.h"
-#include "platform/x11/input/QtKeyEvent.h"
+#include "platform/x11/input/X11KeyEvent.h"
 
 #include <QCoreApplication>
 #include <QKeyEvent>
@@ -47,7 +47,7 @@ void ViewTextField::focusAndSelectAll() {
 }
 
 bool ViewTextField::interpret(const KeyEvent& event) {
-  const auto* key = dynamic_cast<const QtKeyEvent*>(&event);
+  const auto* key = dynamic_cast<const X11KeyEvent*>(&event);
   if (key == nullptr || !hasFocus()) {
     return false;
   }

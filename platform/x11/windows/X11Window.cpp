@@ -1,6 +1,5 @@
 #include "platform/x11/windows/X11Window.h"
 
-#include "platform/x11/connection/WindowManagerWatch.h"
 #include "platform/x11/drawing/RoundedShape.h"
 
 #include <chrono>
@@ -20,12 +19,6 @@ constexpr qint64 restBetweenCorrections = 1000;  // milliseconds
 /// One move may be told several times.
 constexpr std::chrono::milliseconds correctionDelay(20);
 
-/// Fluxbox keeps an opacity of its own for its frames, whatever the window in them asks for.
-bool ignoresOpacity(X11Connection& connection) {
-  const std::optional<WindowManager> manager = findWindowManager(connection);
-  return manager && manager->name == "Fluxbox";
-}
-
 QRect pixelRect(const QRectF& frame) {
   return {static_cast<int>(std::lround(frame.x())), static_cast<int>(std::lround(frame.y())),
           std::max(static_cast<int>(std::ceil(frame.width())), 1),
@@ -40,7 +33,7 @@ X11Window::X11Window(OverlayEnvironment& environment, const OverlayWindowOptions
       frame_(options.frame),
       native_(environment.connection, surface_),
       alpha_(options.alpha, [this] { present(); }),
-      paintsOpacity_(ignoresOpacity(environment.connection)) {
+      paintsOpacity_(environment.windowManager.traits().ignoresOpacity) {
   surface_.place(pixelRect(environment_.screens.toQt(frame_)));
   presentSoon_.setSingleShot(true);
   presentSoon_.callOnTimeout(&surface_, [this] { present(); });

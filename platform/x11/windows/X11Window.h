@@ -3,6 +3,7 @@
 #include "platform/Window.h"
 #include "platform/x11/connection/CompositorWatch.h"
 #include "platform/x11/connection/NativeWindow.h"
+#include "platform/x11/connection/WindowManagerWatch.h"
 #include "platform/x11/connection/X11Screens.h"
 #include "platform/x11/desktops/WindowAttachments.h"
 #include "platform/x11/desktops/X11Desktops.h"
@@ -20,6 +21,7 @@ namespace roomlattice::platform::x11 {
 /// What all overlay windows stand on. It outlives them.
 struct OverlayEnvironment {
   X11Connection& connection;
+  WindowManagerWatch& windowManager;
   X11Screens& screens;
   X11Desktops& desktops;
   WindowAttachments& attachments;

@@ -1,8 +1,11 @@
 #include "platform/linux/bus/SleepWatch.h"
 
 #include "support/InProcessNotificationCenter.h"
-#include "tests/x11/session/QtApplication.h"
-#include "tests/x11/session/X11Session.h"
+#include "tests/linux/session/BusDaemon.h"
+#include "tests/linux/session/ToolkitApplication.h"
+#include "tests/linux/session/Wait.h"
+
+#include <QCoreApplication>
 
 #include <gtest/gtest.h>
 
@@ -10,16 +13,17 @@ namespace roomlattice::tests {
 namespace {
 
 TEST(SleepWatch, PostsThatTheMachineHasWokenButNotThatItGoesToSleep) {
-  X11Session session({.windowManager = std::nullopt});
-  const QtApplication qt;
+  const TemporaryFolder folder;
+  const BusDaemon daemon(folder.path());
+  const ToolkitApplication<QCoreApplication> qt;
   InProcessNotificationCenter center;
   int posts = 0;
   const auto observation = center.observe(platform::notification::didWake, [&] { ++posts; });
-  platform::x11::MessageBus bus(platform::x11::MessageBus::Kind::System);
-  const platform::x11::SleepWatch watch(bus, center);
+  platform::linux::MessageBus bus(platform::linux::MessageBus::Kind::System);
+  const platform::linux::SleepWatch watch(bus, center);
   const auto prepareForSleep = [&](const std::string& sleeping) {
-    session.run({"dbus-send", "--system", "--type=signal", "/org/freedesktop/login1",
-                 "org.freedesktop.login1.Manager.PrepareForSleep", "boolean:" + sleeping});
+    outputOf({"dbus-send", "--system", "--type=signal", "/org/freedesktop/login1",
+              "org.freedesktop.login1.Manager.PrepareForSleep", "boolean:" + sleeping});
   };
   // Again and again, as nobody knows when the watch has begun to hear.
   EXPECT_TRUE(waitFor([&] {
@@ -32,7 +36,7 @@ TEST(SleepWatch, PostsThatTheMachineHasWokenButNotThatItGoesToSleep) {
   const auto settled = [&] {
     heard = false;
     return waitFor([&] {
-      session.run({"dbus-send", "--system", "--type=signal", "/test", "test.Test.Done"});
+      outputOf({"dbus-send", "--system", "--type=signal", "/test", "test.Test.Done"});
       return heard;
     });
   };

@@ -1,5 +1,5 @@
-#include "tests/linux/storage/FileDefaultsFixture.h"
-#include "tests/x11/session/Limits.h"
+#include "tests/linux/session/Limits.h"
+#include "tests/linux/storage/LinuxDefaultsFixture.h"
 
 #include <gmock/gmock.h>
 #include <sys/socket.h>
@@ -11,7 +11,7 @@ namespace roomlattice::tests {
 namespace {
 
 using platform::Value;
-using platform::x11::FileDefaults;
+using platform::linux::LinuxDefaults;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::StartsWith;
@@ -24,7 +24,7 @@ struct Damage {
   void (*make)(const Path& path);
 };
 
-class DamagedSettings : public FileDefaultsTest, public ::testing::WithParamInterface<Damage> {
+class DamagedSettings : public LinuxDefaultsTest, public ::testing::WithParamInterface<Damage> {
  protected:
   void SetUp() override {
     std::filesystem::create_directories(path_.parent_path());
@@ -40,7 +40,7 @@ TEST_P(DamagedSettings, AreSetAsideBeforeAWriteAndReportedOnce) {
   struct stat before {};
   struct stat after {};
   ASSERT_EQ(lstat(path_.c_str(), &before), 0);
-  FileDefaults subject = defaults();
+  LinuxDefaults subject = defaults();
   subject.set("key", 1);
   subject.set("key", 2);
   EXPECT_EQ(defaults().object("key"), Value(2));
@@ -63,7 +63,7 @@ TEST_P(DamagedSettings, StayAsTheyAreWhereTheyCannotBeRenamed) {
   writeText(path_.string() + ".lock", "");
   std::filesystem::permissions(path_.parent_path(),
                                std::filesystem::perms::owner_read | std::filesystem::perms::owner_exec);
-  FileDefaults subject = defaults();
+  LinuxDefaults subject = defaults();
   subject.set("key", 1);
   subject.set("key", 2);
   EXPECT_EQ(subject.object("key"), Value(2));

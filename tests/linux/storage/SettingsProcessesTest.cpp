@@ -1,6 +1,6 @@
-#include "tests/linux/storage/FileDefaultsFixture.h"
-#include "tests/x11/session/ChildProcess.h"
-#include "tests/x11/session/Wait.h"
+#include "tests/linux/session/ChildProcess.h"
+#include "tests/linux/session/Wait.h"
+#include "tests/linux/storage/LinuxDefaultsFixture.h"
 
 #include <gmock/gmock.h>
 #include <random>
@@ -9,10 +9,10 @@ namespace roomlattice::tests {
 namespace {
 
 using platform::Value;
-using platform::x11::FileDefaults;
+using platform::linux::LinuxDefaults;
 using ::testing::IsSubsetOf;
 
-class SettingsOfProcesses : public FileDefaultsTest {
+class SettingsOfProcesses : public LinuxDefaultsTest {
  protected:
   std::unique_ptr<ChildProcess> writer(const std::string& key, int count) {
     return std::make_unique<ChildProcess>(

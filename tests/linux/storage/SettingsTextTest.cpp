@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 #include <limits>
 
-namespace roomlattice::platform::x11 {
+namespace roomlattice::platform::linux {
 namespace {
 
 Value::Data data(const std::string& bytes) {
@@ -79,4 +79,4 @@ TEST(SettingsText, IsAnObject) {
 }
 
 }  // namespace
-}  // namespace roomlattice::platform::x11
+}  // namespace roomlattice::platform::linux

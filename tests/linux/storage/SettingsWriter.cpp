@@ -1,13 +1,14 @@
 // Writes numbers to a settings file: SettingsWriter FILE KEY COUNT stores 1 to COUNT under KEY, one after the other.
 
-#include "platform/linux/storage/FileDefaults.h"
+#include "platform/linux/storage/LinuxDefaults.h"
 
 #include <cstdio>
 #include <cstdlib>
 
 int main(int, char** arguments) {
   using namespace roomlattice::platform;
-  x11::FileDefaults defaults(arguments[1], [](const std::string& line) { std::fprintf(stderr, "%s\n", line.c_str()); });
+  linux::LinuxDefaults defaults(arguments[1],
+                              [](const std::string& line) { std::fprintf(stderr, "%s\n", line.c_str()); });
   const std::int64_t count = std::atoll(arguments[3]);
   for (std::int64_t number = 1; number <= count; ++number) {
     // Of changing length, so that a file put together of two versions would not be one.

@@ -1,6 +1,6 @@
 #include "platform/linux/system/Executable.h"
 
-#include "tests/x11/session/Environment.h"
+#include "tests/linux/session/Environment.h"
 
 #include <fstream>
 #include <gtest/gtest.h>
@@ -8,7 +8,7 @@
 namespace roomlattice::tests {
 namespace {
 
-using platform::x11::pathOfExecutable;
+using platform::linux::pathOfExecutable;
 
 class ExecutableTest : public ::testing::Test {
  protected:

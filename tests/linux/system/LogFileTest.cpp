@@ -1,7 +1,7 @@
 #include "platform/linux/system/LogFile.h"
 
 #include "platform/linux/storage/FileDescriptor.h"
-#include "tests/x11/session/Environment.h"
+#include "tests/linux/session/Environment.h"
 
 #include <algorithm>
 #include <fcntl.h>
@@ -15,8 +15,8 @@
 namespace roomlattice::tests {
 namespace {
 
-using platform::x11::FileDescriptor;
-using platform::x11::LogFile;
+using platform::linux::FileDescriptor;
+using platform::linux::LogFile;
 
 class LogFileTest : public ::testing::Test {
  protected:

@@ -1,6 +1,6 @@
 #include "platform/linux/system/LogLine.h"
 
-#include "tests/x11/session/Environment.h"
+#include "tests/linux/session/Environment.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -9,8 +9,8 @@
 namespace roomlattice::tests {
 namespace {
 
-using platform::x11::logSince;
-using platform::x11::stampedLogLine;
+using platform::linux::logSince;
+using platform::linux::stampedLogLine;
 using std::chrono::system_clock;
 using ::testing::MatchesRegex;
 using ::testing::StartsWith;

@@ -1,8 +1,8 @@
 #include "platform/linux/system/SystemLog.h"
 
 #include "platform/linux/system/LogLine.h"
-#include "tests/linux/storage/FileDefaultsFixture.h"
-#include "tests/x11/session/Environment.h"
+#include "tests/linux/session/Environment.h"
+#include "tests/linux/session/TextFile.h"
 
 #include <array>
 #include <gmock/gmock.h>
@@ -15,12 +15,12 @@
 namespace roomlattice::tests {
 namespace {
 
-using platform::x11::FileDescriptor;
-using platform::x11::Journal;
-using platform::x11::LogFile;
-using platform::x11::recentLog;
-using platform::x11::stampedLogLine;
-using platform::x11::SystemLog;
+using platform::linux::FileDescriptor;
+using platform::linux::Journal;
+using platform::linux::LogFile;
+using platform::linux::recentLog;
+using platform::linux::stampedLogLine;
+using platform::linux::SystemLog;
 using std::chrono::minutes;
 using ::testing::EndsWith;
 using ::testing::HasSubstr;

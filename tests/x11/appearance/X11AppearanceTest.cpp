@@ -1,7 +1,7 @@
 #include "platform/x11/appearance/X11Appearance.h"
 
 #include "support/InProcessNotificationCenter.h"
-#include "tests/x11/appearance/FakePortal.h"
+#include "tests/linux/appearance/FakePortal.h"
 #include "tests/x11/appearance/FakeXSettingsManager.h"
 #include "tests/x11/session/QtApplication.h"
 #include "tests/x11/session/X11Session.h"
@@ -38,7 +38,7 @@ const QDBusArgument& operator>>(const QDBusArgument& argument, Components& compo
 namespace {
 
 using platform::Appearance;
-using platform::x11::MessageBus;
+using platform::linux::MessageBus;
 using platform::x11::X11Appearance;
 
 const QString colorScheme = QStringLiteral("color-scheme");

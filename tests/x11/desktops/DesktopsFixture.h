@@ -33,7 +33,7 @@ class FollowedDesktops {
   int posts = 0;
   platform::Registration observation =
       center.observe(platform::notification::activeSpaceDidChange, [this] { ++posts; });
-  platform::x11::MessageBus bus{platform::x11::MessageBus::Kind::Session};
+  platform::linux::MessageBus bus{platform::linux::MessageBus::Kind::Session};
   platform::x11::WindowManagerWatch windowManager{qt.connection()};
   platform::x11::X11Desktops desktops{qt.connection(), bus, windowManager, center};
 };

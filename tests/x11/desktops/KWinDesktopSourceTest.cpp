@@ -87,7 +87,7 @@ TEST(DesktopsOfKWinWithoutABus, AreFollowedByEwmh) {
   environment.set("DBUS_SESSION_BUS_ADDRESS", "unix:path=" + (session.home() / "no-bus").string());
   QtApplication qt;
   InProcessNotificationCenter center;
-  platform::x11::MessageBus bus(platform::x11::MessageBus::Kind::Session);
+  platform::linux::MessageBus bus(platform::linux::MessageBus::Kind::Session);
   platform::x11::WindowManagerWatch windowManager(qt.connection());
   const platform::x11::X11Desktops desktops(qt.connection(), bus, windowManager, center);
   ASSERT_EQ(desktops.list().desktops.size(), 3U);
@@ -99,7 +99,7 @@ TEST(DesktopsOfAKWinThatHangs, AreFollowedByEwmhAndByTheBusOnceItAnswers) {
   session.windowManager()->signal(SIGSTOP);
   QtApplication qt;
   InProcessNotificationCenter center;
-  platform::x11::MessageBus bus(platform::x11::MessageBus::Kind::Session);
+  platform::linux::MessageBus bus(platform::linux::MessageBus::Kind::Session);
   platform::x11::WindowManagerWatch windowManager(qt.connection());
   const platform::x11::X11Desktops desktops(qt.connection(), bus, windowManager, center);
   EXPECT_EQ(desktops.list().desktops.size(), 3U);

@@ -1,4 +1,4 @@
-#include "platform/linux/storage/FileDefaults.h"
+#include "platform/linux/storage/LinuxDefaults.h"
 #include "tests/x11/session/Program.h"
 #include "tests/x11/session/ProgramWindows.h"
 #include "tests/x11/session/X11Session.h"
@@ -137,8 +137,8 @@ TEST(KilledProgram, LeavesItsSettingsWholeAtAnyMoment) {
       session.run({"wmctrl", "-n", std::to_string(count)});  // each new desktop is written down
     }
     program.process().kill();
-    const platform::x11::FileDefaults defaults(Program::settingsFile(),
-                                               [](const std::string& line) { FAIL() << line; });
+    const platform::linux::LinuxDefaults defaults(Program::settingsFile(),
+                                                  [](const std::string& line) { FAIL() << line; });
     const auto names = defaults.object("SpaceNames");
     ASSERT_TRUE(names.has_value());
     EXPECT_EQ(*names, platform::Value(platform::Value::Dictionary{{"desktop-1", "Mail"}}));

@@ -1,4 +1,4 @@
-#include "tests/x11/session/Limits.h"
+#include "tests/linux/session/Limits.h"
 #include "tests/x11/session/Program.h"
 #include "tests/x11/session/X11Session.h"
 

@@ -1,8 +1,8 @@
 #include "tests/x11/session/Program.h"
 
-#include "platform/linux/storage/FileDefaults.h"
+#include "platform/linux/storage/LinuxDefaults.h"
+#include "tests/linux/session/Wait.h"
 #include "tests/x11/session/ProgramWindows.h"
-#include "tests/x11/session/Wait.h"
 
 #include <algorithm>
 #include <regex>
@@ -51,7 +51,7 @@ bool Program::knowsDesktop(const std::string& uuid) const {
 }
 
 std::optional<platform::Value> Program::setting(const std::string& key) {
-  return platform::x11::FileDefaults(settingsFile(), [](const std::string&) {}).object(key);
+  return platform::linux::LinuxDefaults(settingsFile(), [](const std::string&) {}).object(key);
 }
 
 std::vector<std::string> Program::complaints() const {
@@ -66,7 +66,7 @@ std::vector<std::string> Program::complaints() const {
 }
 
 std::filesystem::path Program::settingsFile() {
-  return platform::x11::FileDefaults::standardPath().value();
+  return platform::linux::LinuxDefaults::standardPath().value();
 }
 
 }  // namespace roomlattice::tests

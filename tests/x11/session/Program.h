@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/Value.h"
-#include "tests/x11/session/ChildProcess.h"
+#include "tests/linux/session/ChildProcess.h"
 
 #include <filesystem>
 #include <optional>

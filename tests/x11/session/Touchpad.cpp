@@ -1,6 +1,6 @@
 #include "tests/x11/session/Touchpad.h"
 
-#include "tests/x11/session/Wait.h"
+#include "tests/linux/session/Wait.h"
 
 #include <cstring>
 #include <stdexcept>

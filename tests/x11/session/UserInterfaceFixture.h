@@ -19,13 +19,14 @@ struct UserInterfaceSession {
   X11Session session;
   QtApplication qt;
   InProcessNotificationCenter center;
-  platform::x11::MessageBus bus{platform::x11::MessageBus::Kind::Session};
+  platform::linux::MessageBus bus{platform::linux::MessageBus::Kind::Session};
   platform::x11::WindowManagerWatch windowManager{qt.connection()};
   platform::x11::X11Desktops desktops{qt.connection(), bus, windowManager, center};
   platform::x11::X11Screens screens{qt.connection(), center};
   platform::x11::X11Appearance appearance{qt.connection(), bus, center};
   platform::x11::WindowAttachments attachments;
-  platform::x11::X11UserInterface userInterface{qt.connection(), screens, appearance, desktops, attachments};
+  platform::x11::X11UserInterface userInterface{qt.connection(), windowManager, screens,
+                                                appearance,      desktops,      attachments};
 };
 
 }  // namespace roomlattice::tests

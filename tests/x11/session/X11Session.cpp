@@ -2,13 +2,12 @@
 
 #include "platform/x11/connection/Properties.h"
 #include "platform/x11/connection/WindowManagerWatch.h"
+#include "tests/linux/session/AnnouncementPipe.h"
+#include "tests/linux/session/TextFile.h"
 
-#include <array>
 #include <csignal>
-#include <fcntl.h>
 #include <fstream>
 #include <stdexcept>
-#include <unistd.h>
 
 namespace roomlattice::tests {
 namespace {
@@ -20,56 +19,6 @@ void require(bool condition, const std::string& message) {
     throw std::runtime_error(message);
   }
 }
-
-/// A pipe end that children inherit, for those that announce on it that they are ready.
-class AnnouncementPipe {
- public:
-  AnnouncementPipe() { require(pipe(ends_.data()) == 0, "cannot make a pipe"); }
-  ~AnnouncementPipe() {
-    close(ends_[0]);
-    closeWriter();
-  }
-  AnnouncementPipe(const AnnouncementPipe&) = delete;
-  AnnouncementPipe& operator=(const AnnouncementPipe&) = delete;
-
-  std::string writer() const { return std::to_string(ends_[1]); }
-
-  /// The line that the child writes; empty when it ends without one.
-  std::string readLine() {
-    closeWriter();
-    std::string line;
-    for (char character = 0; read(ends_[0], &character, 1) == 1 && character != '\n';) {
-      line.push_back(character);
-    }
-    return line;
-  }
-
- private:
-  void closeWriter() {
-    if (ends_[1] >= 0) {
-      close(ends_[1]);
-      ends_[1] = -1;
-    }
-  }
-
-  std::array<int, 2> ends_{-1, -1};
-};
-
-/// Starts nothing by itself but what the window managers cannot do without.
-constexpr const char* busConfiguration =
-    R"(<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
- "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
-<busconfig>
-  <type>session</type>
-  <listen>unix:dir=@FOLDER@</listen>
-  <servicedir>@FOLDER@</servicedir>
-  <policy context="default">
-    <allow send_destination="*" eavesdrop="true"/>
-    <allow eavesdrop="true"/>
-    <allow own="*"/>
-  </policy>
-</busconfig>
-)";
 
 /// A screen in memory, and a touchpad and a keyboard that hear from a test.
 constexpr const char* touchpadServerConfiguration = R"(
@@ -121,18 +70,6 @@ Section "ServerLayout"
 EndSection
 )";
 
-std::string replaceAll(std::string text, const std::string& what, const std::string& by) {
-  for (std::size_t at = 0; (at = text.find(what, at)) != std::string::npos; at += by.size()) {
-    text.replace(at, what.size(), by);
-  }
-  return text;
-}
-
-void writeFile(const std::filesystem::path& path, const std::string& text) {
-  std::filesystem::create_directories(path.parent_path());
-  std::ofstream(path) << text;
-}
-
 /// By what a process was started with; one of somebody else cannot be looked into, and does not live there.
 bool anyProcessLivesIn(const std::filesystem::path& folder) {
   std::error_code gone;
@@ -170,7 +107,12 @@ std::ostream& operator<<(std::ostream& stream, WindowManagerKind kind) {
 
 X11Session::X11Session(const SessionOptions& options) : desktops_(options.desktops) {
   prepareFolders();
-  startBus();
+  const std::filesystem::path busFolder = folder_.path() / "bus";
+  std::filesystem::create_directories(busFolder);
+  std::error_code noSuchService;
+  std::filesystem::copy_file("/usr/share/dbus-1/services/org.xfce.Xfconf.service",
+                             busFolder / "org.xfce.Xfconf.service", noSuchService);
+  bus_ = std::make_unique<BusDaemon>(busFolder);
   startServer(options);
   if (options.windowManager) {
     startWindowManager(*options.windowManager);
@@ -180,7 +122,7 @@ X11Session::X11Session(const SessionOptions& options) : desktops_(options.deskto
 X11Session::~X11Session() {
   windowManager_.reset();
   server_.reset();
-  bus_.reset();
+  bus_->stop();
   // What the bus had started notices by itself, and saves its settings before it ends.
   waitFor([this] { return !anyProcessLivesIn(folder_.path()); });
 }
@@ -202,23 +144,6 @@ void X11Session::prepareFolders() {
   }
 }
 
-void X11Session::startBus() {
-  const std::filesystem::path folder = folder_.path() / "bus";
-  const std::filesystem::path configuration = folder / "bus.conf";
-  writeFile(configuration, replaceAll(busConfiguration, "@FOLDER@", folder.string()));
-  std::error_code noSuchService;
-  std::filesystem::copy_file("/usr/share/dbus-1/services/org.xfce.Xfconf.service", folder / "org.xfce.Xfconf.service",
-                             noSuchService);
-  AnnouncementPipe ready;
-  bus_ = std::make_unique<ChildProcess>(std::vector<std::string>{
-      "dbus-daemon", "--config-file=" + configuration.string(), "--nofork", "--print-address=" + ready.writer()});
-  busAddress_ = ready.readLine();
-  require(!busAddress_.empty(), "the message bus did not start: " + bus_->errorOutput());
-  environment_.set("DBUS_SESSION_BUS_ADDRESS", busAddress_);
-  // A bus of the machine would bring its sleep and its settings into the tests.
-  environment_.set("DBUS_SYSTEM_BUS_ADDRESS", busAddress_);
-}
-
 void X11Session::startServer(const SessionOptions& options) {
   AnnouncementPipe ready;
   server_ = std::make_unique<ChildProcess>(serverCommand(options, ready.writer()));
@@ -236,7 +161,7 @@ std::vector<std::string> X11Session::serverCommand(const SessionOptions& options
   std::vector<std::string> command;
   if (options.server == ServerKind::XorgWithTouchpad) {
     const std::filesystem::path configuration = folder_.path() / "xorg.conf";
-    writeFile(configuration, replaceAll(touchpadServerConfiguration, "@FOLDER@", folder_.path().string()));
+    writeText(configuration, replaceAll(touchpadServerConfiguration, "@FOLDER@", folder_.path().string()));
     command = {"/usr/lib/xorg/Xorg", "-config", configuration.string(), "-logfile", (folder_.path() / "log").string(),
                "-novtswitch",        "-keeptty"};
   } else {
@@ -288,7 +213,7 @@ void X11Session::endServer(int signal) {
 }
 
 void X11Session::stopBus() {
-  bus_.reset();
+  bus_->stop();
 }
 
 void X11Session::writeDesktopCount(WindowManagerKind kind) const {
@@ -297,20 +222,13 @@ void X11Session::writeDesktopCount(WindowManagerKind kind) const {
     for (int number = 1; number <= desktops_; ++number) {
       text += "Id_" + std::to_string(number) + "=test-desktop-" + std::to_string(number) + "\n";
     }
-    writeFile(configFolder() / "kwinrc", text);
+    writeText(configFolder() / "kwinrc", text);
   } else if (kind == WindowManagerKind::Fluxbox) {
-    writeFile(home() / ".fluxbox" / "overlay", "background: none\n");
+    writeText(home() / ".fluxbox" / "overlay", "background: none\n");
   } else if (kind == WindowManagerKind::I3) {
     // Without one it would ask the user.
-    writeFile(configFolder() / "i3" / "config", "font pango:DejaVu Sans 8\n");
+    writeText(configFolder() / "i3" / "config", "font pango:DejaVu Sans 8\n");
   }
-}
-
-std::string X11Session::run(const std::vector<std::string>& arguments) {
-  ChildProcess child(arguments);
-  const std::optional<int> status = child.waitForExitStatus();
-  require(status == 0, arguments.front() + " failed: " + child.errorOutput());
-  return child.output();
 }
 
 bool X11Session::managedBySomebody() {

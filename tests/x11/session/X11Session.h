@@ -1,8 +1,9 @@
 #pragma once
 
-#include "tests/x11/session/ChildProcess.h"
-#include "tests/x11/session/Environment.h"
-#include "tests/x11/session/Wait.h"
+#include "tests/linux/session/BusDaemon.h"
+#include "tests/linux/session/ChildProcess.h"
+#include "tests/linux/session/Environment.h"
+#include "tests/linux/session/Wait.h"
 
 #include <filesystem>
 #include <memory>
@@ -69,10 +70,10 @@ class X11Session {
   void setDesktopCount(int count);
 
   /// The session bus, started with the session.
-  const std::string& busAddress() const { return busAddress_; }
+  const std::string& busAddress() const { return bus_->address(); }
 
-  /// Runs a program of the session to its end and returns what it wrote to standard output.
-  std::string run(const std::vector<std::string>& arguments);
+  /// Runs a program of the session to its end and gives what it wrote to standard output.
+  std::string run(const std::vector<std::string>& arguments) { return outputOf(arguments); }
 
   /// The number of desktops and the current one, as the window manager tells.
   std::optional<int> desktopCount();
@@ -80,7 +81,6 @@ class X11Session {
 
  private:
   void prepareFolders();
-  void startBus();
   void startServer(const SessionOptions& options);
   std::vector<std::string> serverCommand(const SessionOptions& options, const std::string& announcement) const;
   void writeDesktopCount(WindowManagerKind kind) const;
@@ -91,9 +91,8 @@ class X11Session {
   Environment environment_;
   TemporaryFolder folder_;
   std::string display_;
-  std::string busAddress_;
   std::unique_ptr<ChildProcess> server_;
-  std::unique_ptr<ChildProcess> bus_;
+  std::unique_ptr<BusDaemon> bus_;
   std::unique_ptr<ChildProcess> windowManager_;
 };
 

@@ -1,6 +1,6 @@
-#include "tests/x11/session/ChildProcess.h"
+#include "tests/linux/session/ChildProcess.h"
 
-#include "tests/x11/session/Wait.h"
+#include "tests/linux/session/Wait.h"
 
 #include <array>
 #include <cerrno>
@@ -108,6 +108,14 @@ std::string ChildProcess::output() const {
 
 std::string ChildProcess::errorOutput() const {
   return contents(errorOutput_);
+}
+
+std::string outputOf(const std::vector<std::string>& arguments) {
+  ChildProcess child(arguments);
+  if (child.waitForExitStatus() != 0) {
+    throw std::runtime_error(arguments.front() + " failed: " + child.errorOutput());
+  }
+  return child.output();
 }
 
 }  // namespace roomlattice::tests

@@ -7,9 +7,9 @@
 namespace roomlattice::platform::x11 {
 
 /// A key press of the toolkit's, on loan for the time it is being handled.
-class QtKeyEvent final : public KeyEvent {
+class X11KeyEvent final : public KeyEvent {
  public:
-  explicit QtKeyEvent(const QKeyEvent& event) : event_(event) {}
+  explicit X11KeyEvent(const QKeyEvent& event) : event_(event) {}
 
   std::uint16_t code() const override;
 

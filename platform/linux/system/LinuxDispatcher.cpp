@@ -1,4 +1,4 @@
-#include "platform/x11/QtDispatcher.h"
+#include "platform/linux/system/LinuxDispatcher.h"
 
 #include "support/TaskQueue.h"
 
@@ -11,7 +11,7 @@
 #include <thread>
 #include <utility>
 
-namespace roomlattice::platform::x11 {
+namespace roomlattice::platform::linux {
 namespace {
 
 Duration now() {
@@ -20,7 +20,7 @@ Duration now() {
 
 }  // namespace
 
-class QtDispatcher::MainQueue : public std::enable_shared_from_this<MainQueue> {
+class LinuxDispatcher::MainQueue : public std::enable_shared_from_this<MainQueue> {
  public:
   MainQueue() {
     timer_.setSingleShot(true);
@@ -128,7 +128,7 @@ class QtDispatcher::MainQueue : public std::enable_shared_from_this<MainQueue> {
   QTimer timer_;
 };
 
-class QtDispatcher::Worker {
+class LinuxDispatcher::Worker {
  public:
   Worker() : thread_([this] { work(); }) {}
 
@@ -173,34 +173,34 @@ class QtDispatcher::Worker {
   std::thread thread_;
 };
 
-QtDispatcher::QtDispatcher() : mainQueue_(std::make_shared<MainQueue>()) {}
+LinuxDispatcher::LinuxDispatcher() : mainQueue_(std::make_shared<MainQueue>()) {}
 
-QtDispatcher::~QtDispatcher() {
+LinuxDispatcher::~LinuxDispatcher() {
   // Before the main queue goes: what runs may still call async.
   worker_.reset();
 }
 
-void QtDispatcher::async(Task task) {
+void LinuxDispatcher::async(Task task) {
   mainQueue_->post(Duration::zero(), std::move(task));
 }
 
-void QtDispatcher::asyncAfter(Duration delay, Task task) {
+void LinuxDispatcher::asyncAfter(Duration delay, Task task) {
   mainQueue_->post(delay, std::move(task));
 }
 
-Registration QtDispatcher::schedule(Duration delay, Task task) {
+Registration LinuxDispatcher::schedule(Duration delay, Task task) {
   return mainQueue_->registrationOf(mainQueue_->post(delay, std::move(task)));
 }
 
-Registration QtDispatcher::repeat(Duration first, Duration period, Task task) {
+Registration LinuxDispatcher::repeat(Duration first, Duration period, Task task) {
   return mainQueue_->repeat(first, period, std::move(task));
 }
 
-void QtDispatcher::background(Task task) {
+void LinuxDispatcher::background(Task task) {
   if (worker_ == nullptr) {
     worker_ = std::make_unique<Worker>();
   }
   worker_->post(std::move(task));
 }
 
-}  // namespace roomlattice::platform::x11
+}  // namespace roomlattice::platform::linux

@@ -1,4 +1,4 @@
-#include "platform/x11/input/QtKeyEvent.h"
+#include "platform/x11/input/X11KeyEvent.h"
 
 namespace roomlattice::platform::x11 {
 namespace {
@@ -8,7 +8,7 @@ constexpr std::uint16_t otherKeys = 0x100;
 
 }  // namespace
 
-std::uint16_t QtKeyEvent::code() const {
+std::uint16_t X11KeyEvent::code() const {
   switch (event_.key()) {
     case Qt::Key_Return:
       return keyCode::returnKey;

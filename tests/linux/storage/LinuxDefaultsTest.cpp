@@ -1,7 +1,7 @@
-#include "platform/linux/storage/FileDefaults.h"
+#include "platform/linux/storage/LinuxDefaults.h"
 
-#include "tests/linux/storage/FileDefaultsFixture.h"
-#include "tests/x11/session/Limits.h"
+#include "tests/linux/session/Limits.h"
+#include "tests/linux/storage/LinuxDefaultsFixture.h"
 
 #include <filesystem>
 #include <gmock/gmock.h>
@@ -12,7 +12,7 @@ namespace roomlattice::tests {
 namespace {
 
 using platform::Value;
-using platform::x11::FileDefaults;
+using platform::linux::LinuxDefaults;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
@@ -20,23 +20,23 @@ using ::testing::SizeIs;
 
 using Path = std::filesystem::path;
 
-TEST_F(FileDefaultsTest, HasNothingBeforeTheFirstWrite) {
+TEST_F(LinuxDefaultsTest, HasNothingBeforeTheFirstWrite) {
   EXPECT_EQ(defaults().object("key"), std::nullopt);
   EXPECT_FALSE(std::filesystem::exists(path_));
   EXPECT_THAT(reports_, IsEmpty());
 }
 
-TEST_F(FileDefaultsTest, KeepsValuesOverARestart) {
+TEST_F(LinuxDefaultsTest, KeepsValuesOverARestart) {
   defaults().set("key", 160.0);
   EXPECT_EQ(defaults().object("key"), Value(160.0));
 }
 
-TEST_F(FileDefaultsTest, WritesAFileForPeople) {
+TEST_F(LinuxDefaultsTest, WritesAFileForPeople) {
   defaults().set("SpaceNames", Value::Dictionary{{"desktop-1", "Mail"}});
   EXPECT_EQ(textOf(path_), "{\n  \"SpaceNames\": {\n    \"desktop-1\": \"Mail\"\n  }\n}\n");
 }
 
-TEST_F(FileDefaultsTest, WritesAFileForItsOwnerOnly) {
+TEST_F(LinuxDefaultsTest, WritesAFileForItsOwnerOnly) {
   writeText(path_, "{}");
   std::filesystem::permissions(path_, std::filesystem::perms::all);
   defaults().set("key", 1);
@@ -45,22 +45,22 @@ TEST_F(FileDefaultsTest, WritesAFileForItsOwnerOnly) {
   EXPECT_EQ(status.st_mode & 07777U, 0600U);
 }
 
-TEST_F(FileDefaultsTest, RemovesAKeySetToNull) {
-  FileDefaults first = defaults();
+TEST_F(LinuxDefaultsTest, RemovesAKeySetToNull) {
+  LinuxDefaults first = defaults();
   first.set("key", 1);
   first.set("key", Value());
   EXPECT_EQ(first.object("key"), std::nullopt);
   EXPECT_EQ(textOf(path_), "{}\n");
 }
 
-TEST_F(FileDefaultsTest, KeepsKeysItDoesNotKnow) {
+TEST_F(LinuxDefaultsTest, KeepsKeysItDoesNotKnow) {
   writeText(path_, R"({"other": [1, 2.5, null, {"a": false}]})");
   defaults().set("key", 1);
   EXPECT_EQ(defaults().object("other"), Value(Value::Array{1, 2.5, Value(), Value::Dictionary{{"a", false}}}));
 }
 
-TEST_F(FileDefaultsTest, SeesWhatOthersWriteWithTheNextRead) {
-  FileDefaults subject = defaults();
+TEST_F(LinuxDefaultsTest, SeesWhatOthersWriteWithTheNextRead) {
+  LinuxDefaults subject = defaults();
   for (int value = 1; value <= 100; ++value) {
     // In place, and of the same length, as an editor may do it.
     writeText(path_, "{\"key\": " + std::to_string(value % 10) + "}");
@@ -68,16 +68,16 @@ TEST_F(FileDefaultsTest, SeesWhatOthersWriteWithTheNextRead) {
   }
 }
 
-TEST_F(FileDefaultsTest, SeesThatTheFileWasRemoved) {
-  FileDefaults subject = defaults();
+TEST_F(LinuxDefaultsTest, SeesThatTheFileWasRemoved) {
+  LinuxDefaults subject = defaults();
   subject.set("key", 1);
   std::filesystem::remove(path_);
   EXPECT_EQ(subject.object("key"), std::nullopt);
 }
 
-TEST_F(FileDefaultsTest, MergesWithTheKeysOfAnotherProcess) {
-  FileDefaults first = defaults();
-  FileDefaults second = defaults();
+TEST_F(LinuxDefaultsTest, MergesWithTheKeysOfAnotherProcess) {
+  LinuxDefaults first = defaults();
+  LinuxDefaults second = defaults();
   first.set("a", 1);
   second.set("b", 2);
   first.set("c", 3);
@@ -86,8 +86,8 @@ TEST_F(FileDefaultsTest, MergesWithTheKeysOfAnotherProcess) {
   EXPECT_EQ(second.object("c"), Value(3));
 }
 
-TEST_F(FileDefaultsTest, LeavesTheFileAloneWhenNothingChanges) {
-  FileDefaults subject = defaults();
+TEST_F(LinuxDefaultsTest, LeavesTheFileAloneWhenNothingChanges) {
+  LinuxDefaults subject = defaults();
   subject.set("key", 1);
   struct stat before {};
   struct stat after {};
@@ -97,7 +97,7 @@ TEST_F(FileDefaultsTest, LeavesTheFileAloneWhenNothingChanges) {
   EXPECT_EQ(before.st_ino, after.st_ino);
 }
 
-TEST_F(FileDefaultsTest, WritesThroughALinkThatStays) {
+TEST_F(LinuxDefaultsTest, WritesThroughALinkThatStays) {
   const Path target = folder_.path() / "elsewhere" / "real.json";
   writeText(target, R"({"a": 1})");
   std::filesystem::create_directories(path_.parent_path());
@@ -107,7 +107,7 @@ TEST_F(FileDefaultsTest, WritesThroughALinkThatStays) {
   EXPECT_EQ(textOf(target), "{\n  \"a\": 1,\n  \"b\": 2\n}\n");
 }
 
-TEST_F(FileDefaultsTest, MakesTheFileThatALinkPromises) {
+TEST_F(LinuxDefaultsTest, MakesTheFileThatALinkPromises) {
   std::filesystem::create_directories(path_.parent_path());
   std::filesystem::create_symlink(folder_.path() / "elsewhere" / "real.json", path_);
   defaults().set("b", 2);
@@ -115,14 +115,14 @@ TEST_F(FileDefaultsTest, MakesTheFileThatALinkPromises) {
   EXPECT_EQ(defaults().object("b"), Value(2));
 }
 
-TEST_F(FileDefaultsTest, LeavesOnlyTheFileAndItsLock) {
+TEST_F(LinuxDefaultsTest, LeavesOnlyTheFileAndItsLock) {
   writeText(path_.string() + ".new", "left by a killed process");
   defaults().set("key", 1);
   EXPECT_THAT(names(), ElementsAre("settings.json", "settings.json.lock"));
 }
 
-TEST_F(FileDefaultsTest, KeepsAValueThatHasNoFormInMemory) {
-  FileDefaults subject = defaults();
+TEST_F(LinuxDefaultsTest, KeepsAValueThatHasNoFormInMemory) {
+  LinuxDefaults subject = defaults();
   subject.set("bad", "\xff");
   subject.set("good", 1);
   EXPECT_EQ(subject.object("bad"), Value("\xff"));
@@ -130,18 +130,18 @@ TEST_F(FileDefaultsTest, KeepsAValueThatHasNoFormInMemory) {
   EXPECT_THAT(reports_, ElementsAre(HasSubstr("bad")));
 }
 
-TEST_F(FileDefaultsTest, WorksInMemoryWithoutAPath) {
-  FileDefaults subject(std::nullopt, [this](const std::string& line) { reports_.push_back(line); });
+TEST_F(LinuxDefaultsTest, WorksInMemoryWithoutAPath) {
+  LinuxDefaults subject(std::nullopt, [this](const std::string& line) { reports_.push_back(line); });
   subject.set("key", 1);
   EXPECT_EQ(subject.object("key"), Value(1));
   EXPECT_THAT(reports_, SizeIs(1));
 }
 
-TEST_F(FileDefaultsTest, WorksInMemoryWhileTheFileCannotBeReadAndNeverReplacesIt) {
+TEST_F(LinuxDefaultsTest, WorksInMemoryWhileTheFileCannotBeReadAndNeverReplacesIt) {
   writeText(path_, R"({"key": 1})");
   const WithoutPrivileges unprivileged(folder_.path());
   std::filesystem::permissions(path_, std::filesystem::perms::none);
-  FileDefaults subject = defaults();
+  LinuxDefaults subject = defaults();
   EXPECT_EQ(subject.object("key"), std::nullopt);
   subject.set("other", 2);
   subject.set("other", 3);
@@ -151,11 +151,11 @@ TEST_F(FileDefaultsTest, WorksInMemoryWhileTheFileCannotBeReadAndNeverReplacesIt
   EXPECT_EQ(textOf(path_), R"({"key": 1})");
 }
 
-TEST_F(FileDefaultsTest, WritesWhatWaitedOnceTheFileCanBeRead) {
+TEST_F(LinuxDefaultsTest, WritesWhatWaitedOnceTheFileCanBeRead) {
   writeText(path_, R"({"key": 1})");
   const WithoutPrivileges unprivileged(folder_.path());
   std::filesystem::permissions(path_, std::filesystem::perms::none);
-  FileDefaults subject = defaults();
+  LinuxDefaults subject = defaults();
   subject.set("other", 2);
   std::filesystem::permissions(path_, std::filesystem::perms::owner_all);
   EXPECT_EQ(subject.object("key"), Value(1));
@@ -163,8 +163,8 @@ TEST_F(FileDefaultsTest, WritesWhatWaitedOnceTheFileCanBeRead) {
   EXPECT_EQ(defaults().object("other"), Value(2));
 }
 
-TEST_F(FileDefaultsTest, KeepsAValueWhoseWriteFailsAndTriesAgainWithTheNext) {
-  FileDefaults subject = defaults();
+TEST_F(LinuxDefaultsTest, KeepsAValueWhoseWriteFailsAndTriesAgainWithTheNext) {
+  LinuxDefaults subject = defaults();
   subject.set("key", 1);
   {
     const FileSizeLimit full(4);
@@ -180,8 +180,8 @@ TEST_F(FileDefaultsTest, KeepsAValueWhoseWriteFailsAndTriesAgainWithTheNext) {
   EXPECT_EQ(defaults().object("second"), Value(3));
 }
 
-TEST_F(FileDefaultsTest, ReportsAFullDiskAgainAfterItHadRoom) {
-  FileDefaults subject = defaults();
+TEST_F(LinuxDefaultsTest, ReportsAFullDiskAgainAfterItHadRoom) {
+  LinuxDefaults subject = defaults();
   for (int round = 1; round <= 2; ++round) {
     {
       const FileSizeLimit full(1);
@@ -192,19 +192,19 @@ TEST_F(FileDefaultsTest, ReportsAFullDiskAgainAfterItHadRoom) {
   EXPECT_THAT(reports_, SizeIs(2));
 }
 
-TEST_F(FileDefaultsTest, FollowsTheBaseDirectorySpecification) {
+TEST_F(LinuxDefaultsTest, FollowsTheBaseDirectorySpecification) {
   Environment environment;
   environment.set("HOME", "/people/somebody");
   environment.set("XDG_CONFIG_HOME", "/etc/elsewhere");
-  EXPECT_EQ(FileDefaults::standardPath(), "/etc/elsewhere/roomlattice/settings.json");
+  EXPECT_EQ(LinuxDefaults::standardPath(), "/etc/elsewhere/roomlattice/settings.json");
   environment.set("XDG_CONFIG_HOME", "relative");
-  EXPECT_EQ(FileDefaults::standardPath(), "/people/somebody/.config/roomlattice/settings.json");
+  EXPECT_EQ(LinuxDefaults::standardPath(), "/people/somebody/.config/roomlattice/settings.json");
   environment.set("XDG_CONFIG_HOME", std::nullopt);
-  EXPECT_EQ(FileDefaults::standardPath(), "/people/somebody/.config/roomlattice/settings.json");
+  EXPECT_EQ(LinuxDefaults::standardPath(), "/people/somebody/.config/roomlattice/settings.json");
 }
 
-TEST_F(FileDefaultsTest, KeepsTheLastGoodValuesWhenTheFileIsDamagedMeanwhile) {
-  FileDefaults subject = defaults();
+TEST_F(LinuxDefaultsTest, KeepsTheLastGoodValuesWhenTheFileIsDamagedMeanwhile) {
+  LinuxDefaults subject = defaults();
   subject.set("key", 1);
   writeText(path_, "{");
   EXPECT_EQ(subject.object("key"), Value(1));
@@ -213,8 +213,8 @@ TEST_F(FileDefaultsTest, KeepsTheLastGoodValuesWhenTheFileIsDamagedMeanwhile) {
   EXPECT_EQ(textOf(path_.string() + ".damaged-1"), "{");
 }
 
-TEST_F(FileDefaultsTest, ReplacesADamagedFileEvenByTheSameValues) {
-  FileDefaults subject = defaults();
+TEST_F(LinuxDefaultsTest, ReplacesADamagedFileEvenByTheSameValues) {
+  LinuxDefaults subject = defaults();
   subject.set("key", 1);
   writeText(path_, "{");
   subject.set("key", 1);

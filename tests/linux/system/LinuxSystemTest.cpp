@@ -1,8 +1,8 @@
-#include "platform/linux/system/X11System.h"
+#include "platform/linux/system/LinuxSystem.h"
 
-#include "tests/x11/session/Environment.h"
-#include "tests/x11/session/QtApplication.h"
-#include "tests/x11/session/X11Session.h"
+#include "tests/linux/session/Environment.h"
+#include "tests/linux/session/ToolkitApplication.h"
+#include "tests/linux/session/Wait.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -20,48 +20,48 @@ namespace {
 
 using platform::LaunchError;
 using platform::ProcessOutput;
-using platform::x11::X11System;
+using platform::linux::LinuxSystem;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 
-std::string outputOf(X11System& system, const std::string& script) {
+std::string outputOf(LinuxSystem& system, const std::string& script) {
   const auto result = system.run("/bin/sh", {"-c", script});
   const auto* output = std::get_if<ProcessOutput>(&result);
   return output == nullptr ? "(not launched)" : output->bytes;
 }
 
-TEST(X11System, GivesBothOutputsOfAChildInTheOrderWritten) {
-  X11System system;
+TEST(LinuxSystem, GivesBothOutputsOfAChildInTheOrderWritten) {
+  LinuxSystem system;
   EXPECT_EQ(outputOf(system, "echo one; echo two >&2; echo three"), "one\ntwo\nthree\n");
 }
 
-TEST(X11System, HandsArgumentsOverAsTheyAre) {
-  X11System system;
+TEST(LinuxSystem, HandsArgumentsOverAsTheyAre) {
+  LinuxSystem system;
   const auto result = system.run("/usr/bin/printf", {"[%s]", "a b", "\"c\"", "", "*"});
   EXPECT_EQ(std::get<ProcessOutput>(result).bytes, "[a b][\"c\"][][*]");
 }
 
-TEST(X11System, GivesEveryByteOfALargeOutput) {
-  X11System system;
+TEST(LinuxSystem, GivesEveryByteOfALargeOutput) {
+  LinuxSystem system;
   EXPECT_EQ(outputOf(system, "head -c 3000000 /dev/zero").size(), 3000000U);
 }
 
-TEST(X11System, HandsItsEnvironmentAndItsFolderDown) {
+TEST(LinuxSystem, HandsItsEnvironmentAndItsFolderDown) {
   Environment environment;
   environment.set("ROOMLATTICE_TEST", "inherited");
-  X11System system;
+  LinuxSystem system;
   EXPECT_EQ(outputOf(system, "echo $ROOMLATTICE_TEST; pwd -P"),
             "inherited\n" + std::filesystem::current_path().string() + "\n");
 }
 
-TEST(X11System, DoesNotLookAtTheExitStatus) {
-  X11System system;
+TEST(LinuxSystem, DoesNotLookAtTheExitStatus) {
+  LinuxSystem system;
   EXPECT_EQ(outputOf(system, "echo out; exit 3"), "out\n");
   EXPECT_EQ(outputOf(system, "echo out; kill -9 $$"), "out\n");
 }
 
-TEST(X11System, WaitsForAllWhoHoldTheOutput) {
-  X11System system;
+TEST(LinuxSystem, WaitsForAllWhoHoldTheOutput) {
+  LinuxSystem system;
   EXPECT_EQ(outputOf(system, "(sleep 0.2; echo late) & echo early"), "early\nlate\n");
 }
 
@@ -77,24 +77,24 @@ std::string inheritedFiles() {
   return numbers;
 }
 
-TEST(X11System, GivesAChildNoInputAndNoFilesOfItsOwn) {
-  X11System system;
+TEST(LinuxSystem, GivesAChildNoInputAndNoFilesOfItsOwn) {
+  LinuxSystem system;
   const std::string script =
       "cat; for file in $(seq 3 1023); do if [ -e /proc/$$/fd/$file ]; then echo $file; fi; done";
   EXPECT_EQ(outputOf(system, script), inheritedFiles());
 }
 
-TEST(X11System, ResetsSignalsForAChild) {
+TEST(LinuxSystem, ResetsSignalsForAChild) {
   const auto former = std::signal(SIGPIPE, SIG_IGN);
-  X11System system;
+  LinuxSystem system;
   const std::string line = outputOf(system, "grep SigIgn /proc/self/status");
   std::signal(SIGPIPE, former);
   const std::uint64_t ignored = std::stoull(line.substr(line.find('\t') + 1), nullptr, 16);
   EXPECT_EQ(ignored >> (SIGPIPE - 1U) & 1U, 0U) << line;
 }
 
-TEST(X11System, LeavesNoZombieAndNoOpenFile) {
-  X11System system;
+TEST(LinuxSystem, LeavesNoZombieAndNoOpenFile) {
+  LinuxSystem system;
   const auto openFiles = [] {
     return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), std::filesystem::directory_iterator());
   };
@@ -111,7 +111,7 @@ TEST(X11System, LeavesNoZombieAndNoOpenFile) {
 class CannotBeLaunched : public ::testing::TestWithParam<std::pair<const char*, const char*>> {};
 
 TEST_P(CannotBeLaunched, AndSaysWhyInOneLine) {
-  X11System system;
+  LinuxSystem system;
   const auto result = system.run(GetParam().first, {"argument"});
   const auto* error = std::get_if<LaunchError>(&result);
   ASSERT_NE(error, nullptr);
@@ -119,14 +119,14 @@ TEST_P(CannotBeLaunched, AndSaysWhyInOneLine) {
   EXPECT_THAT(error->localizedDescription, ::testing::Not(HasSubstr("\n")));
 }
 
-INSTANTIATE_TEST_SUITE_P(X11System, CannotBeLaunched,
+INSTANTIATE_TEST_SUITE_P(LinuxSystem, CannotBeLaunched,
                          ::testing::Values(std::pair("/nonexistent", "No such file or directory"),
                                            std::pair("/usr/bin", "Permission denied"),
                                            std::pair("/etc/passwd", "Permission denied"),
                                            std::pair("", "No such file or directory")));
 
-TEST(X11System, LetsNoChildKeepTheProgramFromEnding) {
-  X11System system;
+TEST(LinuxSystem, LetsNoChildKeepTheProgramFromEnding) {
+  LinuxSystem system;
   std::atomic<bool> ended = false;
   std::thread background([&] {
     outputOf(system, "sleep 1000 & sleep 1000");
@@ -137,33 +137,34 @@ TEST(X11System, LetsNoChildKeepTheProgramFromEnding) {
   background.join();
 }
 
-TEST(X11System, PutsTextOnTheClipboard) {
-  X11Session session({.windowManager = std::nullopt});
-  const QtApplication qt;
-  X11System system;
+TEST(LinuxSystem, PutsTextOnTheClipboard) {
+  Environment environment;
+  environment.set("QT_QPA_PLATFORM", "offscreen");
+  const ToolkitApplication<QGuiApplication> qt;
+  LinuxSystem system;
   system.setPasteboardString("Büro\n");
   system.setPasteboardString("Werkstatt\n");
   EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("Werkstatt\n"));
 }
 
-TEST(X11System, StandsInForALogToolThatIsMissing) {
-  const X11System system;
+TEST(LinuxSystem, StandsInForALogToolThatIsMissing) {
+  const LinuxSystem system;
   const auto query = system.localized({.executable = "/nonexistent/log", .arguments = {"show"}, .command = "log show"});
   EXPECT_EQ(std::filesystem::canonical(query.executable), std::filesystem::canonical("/proc/self/exe"));
   EXPECT_THAT(query.arguments, ::testing::ElementsAre("--recent-log"));
   EXPECT_EQ(query.command, "'" + std::filesystem::canonical("/proc/self/exe").string() + "' --recent-log");
 }
 
-TEST(X11System, NamesItselfShortlyWhereAShellFindsIt) {
+TEST(LinuxSystem, NamesItselfShortlyWhereAShellFindsIt) {
   const TemporaryFolder folder;
   std::filesystem::create_symlink(std::filesystem::canonical("/proc/self/exe"), folder.path() / "roomlattice");
   Environment environment;
   environment.set("PATH", folder.path().string());
-  EXPECT_EQ(X11System().localized({.executable = "/nonexistent/log"}).command, "roomlattice --recent-log");
+  EXPECT_EQ(LinuxSystem().localized({.executable = "/nonexistent/log"}).command, "roomlattice --recent-log");
 }
 
-TEST(X11System, LeavesALogToolThatIsThereAlone) {
-  const auto query = X11System().localized({.executable = "/bin/sh", .arguments = {"-c"}, .command = "sh"});
+TEST(LinuxSystem, LeavesALogToolThatIsThereAlone) {
+  const auto query = LinuxSystem().localized({.executable = "/bin/sh", .arguments = {"-c"}, .command = "sh"});
   EXPECT_EQ(query.executable, "/bin/sh");
   EXPECT_THAT(query.arguments, ::testing::ElementsAre("-c"));
   EXPECT_EQ(query.command, "sh");

@@ -1,4 +1,4 @@
-#include "platform/linux/system/X11System.h"
+#include "platform/linux/system/LinuxSystem.h"
 
 #include "platform/linux/system/CommandLine.h"
 #include "platform/linux/system/Executable.h"
@@ -10,7 +10,7 @@
 #include <sys/prctl.h>
 #include <utility>
 
-namespace roomlattice::platform::x11 {
+namespace roomlattice::platform::linux {
 namespace {
 
 // In nanoseconds; the kernel takes the least it knows for 1.
@@ -38,21 +38,21 @@ std::string typedProgram() {
 
 }  // namespace
 
-X11System::X11System(SystemLog log) : log_(std::move(log)) {
+LinuxSystem::LinuxSystem(SystemLog log) : log_(std::move(log)) {
   // Timers come as exactly as the kernel can: the steps of gestures are timed by them.
   prctl(PR_SET_TIMERSLACK, leastTimerSlack, 0, 0, 0);
 }
 
-void X11System::log(const std::string& line) {
+void LinuxSystem::log(const std::string& line) {
   log_.write(line);
 }
 
-std::variant<ProcessOutput, LaunchError> X11System::run(const std::string& path,
-                                                        const std::vector<std::string>& arguments) {
+std::variant<ProcessOutput, LaunchError> LinuxSystem::run(const std::string& path,
+                                                          const std::vector<std::string>& arguments) {
   return children_.run(path, arguments);
 }
 
-LogQuery X11System::localized(const LogQuery& query) const {
+LogQuery LinuxSystem::localized(const LogQuery& query) const {
   std::error_code error;
   if (std::filesystem::exists(query.executable, error)) {
     return query;
@@ -61,13 +61,13 @@ LogQuery X11System::localized(const LogQuery& query) const {
       .executable = ownExecutable, .arguments = {recentLogOption}, .command = typedProgram() + " " + recentLogOption};
 }
 
-void X11System::setPasteboardString(const std::string& text) {
+void LinuxSystem::setPasteboardString(const std::string& text) {
   QGuiApplication::clipboard()->setText(QString::fromStdString(text));
 }
 
-Registration X11System::beginActivity(ActivityKind, const std::string&) {
+Registration LinuxSystem::beginActivity(ActivityKind, const std::string&) {
   // A Linux desktop throttles no process that has no windows in sight, so there is nothing to ask for.
   return Registration([] {});
 }
 
-}  // namespace roomlattice::platform::x11
+}  // namespace roomlattice::platform::linux

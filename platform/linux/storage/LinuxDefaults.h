@@ -9,18 +9,18 @@
 #include <optional>
 #include <string>
 
-namespace roomlattice::platform::x11 {
+namespace roomlattice::platform::linux {
 
 /// Settings in a file that people can read and edit, and that several processes may write. What is changed in the file
 /// by any means is seen by the next read. A file that cannot be read or written is never replaced: the values last
 /// known hold, and new ones are kept in memory and tried again with the next write. A damaged file is set aside under
 /// another name before the next write.
-class FileDefaults final : public Defaults {
+class LinuxDefaults final : public Defaults {
  public:
   using Report = std::function<void(const std::string& line)>;
 
   /// Each trouble with the file is reported once, when it begins. Without a path everything stays in memory.
-  FileDefaults(std::optional<std::filesystem::path> path, Report report);
+  LinuxDefaults(std::optional<std::filesystem::path> path, Report report);
 
   /// Where the XDG base directory rules have it; nothing for a user without a home.
   static std::optional<std::filesystem::path> standardPath();
@@ -50,4 +50,4 @@ class FileDefaults final : public Defaults {
   std::string writeTrouble_;
 };
 
-}  // namespace roomlattice::platform::x11
+}  // namespace roomlattice::platform::linux

@@ -4,15 +4,15 @@
 
 #include <memory>
 
-namespace roomlattice::platform::x11 {
+namespace roomlattice::platform::linux {
 
 /// The main queue on the Qt application's event loop, and one worker thread. Tasks that post tasks never keep events
 /// from being handled. The Qt application must outlive it; it ends on the main thread, once the background task that
 /// runs has ended, and without running what is still queued.
-class QtDispatcher final : public Dispatcher {
+class LinuxDispatcher final : public Dispatcher {
  public:
-  QtDispatcher();
-  ~QtDispatcher() override;
+  LinuxDispatcher();
+  ~LinuxDispatcher() override;
 
   void async(Task task) override;
   void asyncAfter(Duration delay, Task task) override;
@@ -28,4 +28,4 @@ class QtDispatcher final : public Dispatcher {
   std::unique_ptr<Worker> worker_;
 };
 
-}  // namespace roomlattice::platform::x11
+}  // namespace roomlattice::platform::linux

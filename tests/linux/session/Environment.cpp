@@ -1,4 +1,4 @@
-#include "tests/x11/session/Environment.h"
+#include "tests/linux/session/Environment.h"
 
 #include <cstdlib>
 #include <stdexcept>

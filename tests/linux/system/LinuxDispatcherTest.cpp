@@ -1,6 +1,7 @@
-#include "platform/x11/QtDispatcher.h"
+#include "platform/linux/system/LinuxDispatcher.h"
 
-#include "tests/x11/session/Wait.h"
+#include "tests/linux/session/ToolkitApplication.h"
+#include "tests/linux/session/Wait.h"
 
 #include <QCoreApplication>
 #include <QEventLoop>
@@ -17,16 +18,13 @@ namespace {
 
 using namespace std::chrono_literals;
 using platform::Registration;
-using platform::x11::QtDispatcher;
+using platform::linux::LinuxDispatcher;
 using ::testing::ElementsAre;
 
 class Dispatching : public ::testing::Test {
  protected:
-  std::string name_ = "test";
-  char* arguments_[2] = {name_.data(), nullptr};
-  int count_ = 1;
-  QCoreApplication application_{count_, arguments_};
-  std::optional<QtDispatcher> dispatcher_{std::in_place};
+  ToolkitApplication<QCoreApplication> qt_;
+  std::optional<LinuxDispatcher> dispatcher_{std::in_place};
 };
 
 TEST_F(Dispatching, RunsTasksByDueTimeAndThenInOrder) {
@@ -55,7 +53,7 @@ TEST_F(Dispatching, TakesTasksFromAnyThread) {
     threads.emplace_back([&] {
       for (int task = 0; task < 1000; ++task) {
         dispatcher_->async([&, poster = QThread::currentThread()] {
-          ran += QThread::currentThread() == application_.thread() && poster != application_.thread() ? 1 : 0;
+          ran += QThread::currentThread() == qt_.get().thread() && poster != qt_.get().thread() ? 1 : 0;
         });
       }
     });
@@ -129,7 +127,7 @@ TEST_F(Dispatching, LeavesEventsTheirTurnWhenATaskPostsItselfForEver) {
   bool event = false;
   QTimer::singleShot(5, [&] { timer = true; });
   QMetaObject::invokeMethod(
-      &application_, [&] { event = true; }, Qt::QueuedConnection);
+      &qt_.get(), [&] { event = true; }, Qt::QueuedConnection);
   EXPECT_TRUE(waitFor([&] { return timer && event; }));
   go = false;
 }
@@ -157,7 +155,7 @@ TEST_F(Dispatching, RunsBackgroundTasksOneAfterAnotherOffTheMainThread) {
   for (int i = 1; i <= 3; ++i) {
     dispatcher_->background([&, i] {
       order.push_back(i);
-      offMain = offMain && QThread::currentThread() != application_.thread();
+      offMain = offMain && QThread::currentThread() != qt_.get().thread();
     });
   }
   dispatcher_->background([&] { dispatcher_->async([&] { done = true; }); });

@@ -1,11 +1,11 @@
-#include "platform/linux/storage/FileDefaults.h"
+#include "platform/linux/storage/LinuxDefaults.h"
 
 #include "platform/linux/storage/SettingsText.h"
 #include "platform/linux/storage/UserFolders.h"
 
 #include <utility>
 
-namespace roomlattice::platform::x11 {
+namespace roomlattice::platform::linux {
 namespace {
 
 bool canBeWritten(const std::string& key, const Value& value) {
@@ -22,7 +22,7 @@ void apply(Value::Dictionary& settings, const std::string& key, const Value& val
 
 }  // namespace
 
-FileDefaults::FileDefaults(std::optional<std::filesystem::path> path, Report report) : report_(std::move(report)) {
+LinuxDefaults::LinuxDefaults(std::optional<std::filesystem::path> path, Report report) : report_(std::move(report)) {
   if (path) {
     file_.emplace(std::move(*path));
   } else {
@@ -30,12 +30,12 @@ FileDefaults::FileDefaults(std::optional<std::filesystem::path> path, Report rep
   }
 }
 
-std::optional<std::filesystem::path> FileDefaults::standardPath() {
+std::optional<std::filesystem::path> LinuxDefaults::standardPath() {
   const auto folder = configurationFolder();
   return folder ? std::optional(*folder / "settings.json") : std::nullopt;
 }
 
-std::optional<Value> FileDefaults::object(const std::string& key) const {
+std::optional<Value> LinuxDefaults::object(const std::string& key) const {
   refresh();
   const Value* value = nullptr;
   if (const auto pending = pending_.find(key); pending != pending_.end()) {
@@ -46,7 +46,7 @@ std::optional<Value> FileDefaults::object(const std::string& key) const {
   return value == nullptr || value->isNull() ? std::nullopt : std::optional(*value);
 }
 
-void FileDefaults::set(const std::string& key, const Value& value) {
+void LinuxDefaults::set(const std::string& key, const Value& value) {
   const bool unchanged = object(key).value_or(Value()) == value;
   const bool stored = pending_.empty() && !std::holds_alternative<SettingsFile::Damaged>(state_);
   if (unchanged && stored) {
@@ -56,13 +56,13 @@ void FileDefaults::set(const std::string& key, const Value& value) {
   writePending();
 }
 
-void FileDefaults::refresh() const {
+void LinuxDefaults::refresh() const {
   if (file_ && !(stampCounts_ && file_->stamp() == stamp_)) {
     load();
   }
 }
 
-void FileDefaults::load() const {
+void LinuxDefaults::load() const {
   state_ = file_->read();
   std::string trouble;
   if (auto* contents = std::get_if<SettingsFile::Contents>(&state_)) {
@@ -83,7 +83,7 @@ void FileDefaults::load() const {
   }
 }
 
-void FileDefaults::writePending() {
+void LinuxDefaults::writePending() {
   if (!file_) {
     return;
   }
@@ -96,7 +96,7 @@ void FileDefaults::writePending() {
   }
 }
 
-std::optional<std::string> FileDefaults::tryToWrite() {
+std::optional<std::string> LinuxDefaults::tryToWrite() {
   std::string reason;
   const FileDescriptor lock = file_->lock(reason);
   if (!lock) {
@@ -126,7 +126,7 @@ std::optional<std::string> FileDefaults::tryToWrite() {
   return reason.empty() ? std::nullopt : std::optional(reason);
 }
 
-std::optional<std::string> FileDefaults::replaceFile(const Value::Dictionary& settings) {
+std::optional<std::string> LinuxDefaults::replaceFile(const Value::Dictionary& settings) {
   if (std::holds_alternative<SettingsFile::Contents>(state_) && settings == settings_) {
     return std::nullopt;
   }
@@ -134,7 +134,7 @@ std::optional<std::string> FileDefaults::replaceFile(const Value::Dictionary& se
   return text ? file_->write(*text) : std::optional<std::string>("it has no form in JSON");
 }
 
-std::optional<std::string> FileDefaults::setAside() {
+std::optional<std::string> LinuxDefaults::setAside() {
   const auto* damage = std::get_if<SettingsFile::Damaged>(&state_);
   if (damage == nullptr) {
     return std::nullopt;
@@ -149,4 +149,4 @@ std::optional<std::string> FileDefaults::setAside() {
   return std::nullopt;
 }
 
-}  // namespace roomlattice::platform::x11
+}  // namespace roomlattice::platform::linux

@@ -1,4 +1,4 @@
-#include "tests/x11/session/Wait.h"
+#include "tests/linux/session/Wait.h"
 
 #include <QCoreApplication>
 #include <QEventLoop>

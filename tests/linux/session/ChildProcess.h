@@ -42,4 +42,7 @@ class ChildProcess {
   std::optional<int> status_;
 };
 
+/// Runs a program to its end and gives what it wrote to standard output. Throws when it fails.
+std::string outputOf(const std::vector<std::string>& arguments);
+
 }  // namespace roomlattice::tests

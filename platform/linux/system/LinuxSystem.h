@@ -4,12 +4,12 @@
 #include "platform/linux/system/ChildRunner.h"
 #include "platform/linux/system/SystemLog.h"
 
-namespace roomlattice::platform::x11 {
+namespace roomlattice::platform::linux {
 
 /// The pasteboard is the clipboard.
-class X11System final : public System {
+class LinuxSystem final : public System {
  public:
-  explicit X11System(SystemLog log = {});
+  explicit LinuxSystem(SystemLog log = {});
 
   void log(const std::string& line) override;
   std::variant<ProcessOutput, LaunchError> run(const std::string& path,
@@ -27,4 +27,4 @@ class X11System final : public System {
   ChildRunner children_;
 };
 
-}  // namespace roomlattice::platform::x11
+}  // namespace roomlattice::platform::linux

@@ -1,0 +1,25 @@
+#include "platform/x11/connection/WindowManagerTraits.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace roomlattice::platform::x11 {
+namespace {
+
+using Entry = std::pair<std::string_view, WindowManagerTraits>;
+
+constexpr std::array table = {
+    Entry{"KWin", {.tellsDesktopsOnTheBus = true}},
+    Entry{"i3", {.desktopIdentity = DesktopIdentity::Name, .makesStripsOfDocks = true}},
+    Entry{"Fluxbox", {.ignoresOpacity = true}},
+};
+
+}  // namespace
+
+WindowManagerTraits traitsOf(std::string_view name) {
+  const auto* const found = std::ranges::find(table, name, &Entry::first);
+  return found == table.end() ? WindowManagerTraits() : found->second;
+}
+
+}  // namespace roomlattice::platform::x11

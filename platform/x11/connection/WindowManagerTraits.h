@@ -1,0 +1,30 @@
+#pragma once
+
+#include <string_view>
+
+namespace roomlattice::platform::x11 {
+
+/// What makes a desktop the same one as before.
+enum class DesktopIdentity {
+  /// Its place in the row.
+  Position,
+  /// Its name: for window managers that make and drop desktops by name, so that places shift.
+  Name,
+};
+
+/// In what a window manager differs from the others. The defaults are what most do.
+struct WindowManagerTraits {
+  DesktopIdentity desktopIdentity = DesktopIdentity::Position;
+  /// It tells its desktops, with identifiers that it keeps, on the session bus as well.
+  bool tellsDesktopsOnTheBus = false;
+  /// It keeps an opacity of its own for its frames, whatever the window in them asks for.
+  bool ignoresOpacity = false;
+  /// It makes docks as wide as the screen, and does not always tell them so. Asked for that width, it has nothing to
+  /// tell.
+  bool makesStripsOfDocks = false;
+};
+
+/// `name` is what the window manager calls itself. The only place that knows any by name.
+WindowManagerTraits traitsOf(std::string_view name);
+
+}  // namespace roomlattice::platform::x11
