@@ -65,7 +65,7 @@ void X11Window::setContentView(std::unique_ptr<View> view) {
   canvas_.reset();
   view_ = std::move(view);
   if (view_ != nullptr) {
-    canvas_ = std::make_unique<ViewCanvas>(*view_, &surface_);
+    canvas_ = std::make_unique<HostedView>(*view_, &surface_);
     canvas_->show();
   }
   applyBlending();

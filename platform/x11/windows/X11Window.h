@@ -7,9 +7,9 @@
 #include "platform/x11/desktops/WindowAttachments.h"
 #include "platform/x11/desktops/X11Desktops.h"
 #include "platform/x11/windows/AlphaAnimation.h"
+#include "platform/x11/windows/HostedView.h"
 #include "platform/x11/windows/OverlayStack.h"
 #include "platform/x11/windows/OverlaySurface.h"
-#include "platform/x11/windows/ViewCanvas.h"
 
 #include <QElapsedTimer>
 #include <QTimer>
@@ -73,7 +73,7 @@ class X11Window final : public Window {
   std::unique_ptr<View> view_;
   OverlaySurface surface_;
   NativeWindow native_;
-  std::unique_ptr<ViewCanvas> canvas_;
+  std::unique_ptr<HostedView> canvas_;
   AlphaAnimation alpha_;
   std::optional<double> writtenOpacity_;
   std::vector<xcb_rectangle_t> writtenShape_;

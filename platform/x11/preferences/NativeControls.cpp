@@ -1,4 +1,4 @@
-#include "platform/x11/preferences/ControlWidgets.h"
+#include "platform/x11/preferences/NativeControls.h"
 
 #include "platform/x11/drawing/QtValues.h"
 #include "platform/x11/drawing/Text.h"
@@ -97,12 +97,12 @@ WidgetPointer make(const SelectableTextControl& control) {
 
 }  // namespace
 
-WidgetPointer makeWidget(const Control& control) {
+WidgetPointer makeControl(const Control& control) {
   return std::visit([](const auto& one) { return make(one); }, control);
 }
 
-Size intrinsicSizeOf(const Control& control) {
-  const WidgetPointer widget = makeWidget(control);
+Size intrinsicSize(const Control& control) {
+  const WidgetPointer widget = makeControl(control);
   widget->ensurePolished();
   QSize size = widget->sizeHint();
   if (std::holds_alternative<PushButtonControl>(control)) {

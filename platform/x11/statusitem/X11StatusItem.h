@@ -4,7 +4,7 @@
 #include "platform/x11/appearance/X11Appearance.h"
 #include "platform/x11/connection/CompositorWatch.h"
 #include "platform/x11/connection/NativeWindow.h"
-#include "platform/x11/statusitem/MenuPopup.h"
+#include "platform/x11/statusitem/MenuSession.h"
 
 #include <QTimer>
 #include <QWidget>
@@ -17,10 +17,10 @@ namespace roomlattice::platform::x11 {
 ///
 /// With ROOMLATTICE_RESERVE_SCREEN_EDGE=1 in the environment it reserves its height along the top edge of the screen,
 /// so that maximised windows start below it; otherwise it lies over them.
-class StatusItemWindow final : public QWidget, public StatusItem, public StatusButton {
+class X11StatusItem final : public QWidget, public StatusItem, public StatusButton {
  public:
-  StatusItemWindow(X11Connection& connection, X11Appearance& appearance, CompositorWatch& compositor,
-                   const StatusItemLength& length);
+  X11StatusItem(X11Connection& connection, X11Appearance& appearance, CompositorWatch& compositor,
+                const StatusItemLength& length);
 
   StatusButton* button() override { return this; }
   void setLength(const StatusItemLength& length) override;
@@ -48,7 +48,7 @@ class StatusItemWindow final : public QWidget, public StatusItem, public StatusB
   StatusItemLength length_;
   Menu* menu_ = nullptr;
   // The last opening of the menu.
-  std::unique_ptr<MenuPopup> popup_;
+  std::unique_ptr<MenuSession> popup_;
   double itemWidth_ = 0.0;
   NativeWindow native_;
   QTimer layOutSoon_;

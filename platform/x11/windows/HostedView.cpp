@@ -1,4 +1,4 @@
-#include "platform/x11/windows/ViewCanvas.h"
+#include "platform/x11/windows/HostedView.h"
 
 #include "platform/x11/drawing/Drawing.h"
 #include "platform/x11/drawing/QtValues.h"
@@ -35,7 +35,7 @@ QString visibleText(const ViewContent& content) {
 
 }  // namespace
 
-ViewCanvas::ViewCanvas(View& view, QWidget* parent) : QWidget(parent), view_(view), content_(view.content()) {
+HostedView::HostedView(View& view, QWidget* parent) : QWidget(parent), view_(view), content_(view.content()) {
   setMouseTracking(true);
   resize(pixelSize(view.frame().size));
   spinning_.callOnTimeout(this, [this] {
@@ -47,22 +47,22 @@ ViewCanvas::ViewCanvas(View& view, QWidget* parent) : QWidget(parent), view_(vie
   view_.setHost(this);
 }
 
-ViewCanvas::~ViewCanvas() {
+HostedView::~HostedView() {
   view_.setHost(nullptr);
 }
 
-QSize ViewCanvas::sizeHint() const {
+QSize HostedView::sizeHint() const {
   return pixelSize(view_.frame().size);
 }
 
-void ViewCanvas::setBlending(const CanvasBlending& blending) {
+void HostedView::setBlending(const Blending& blending) {
   if (blending != blending_) {
     blending_ = blending;
     update();
   }
 }
 
-void ViewCanvas::viewChanged() {
+void HostedView::viewChanged() {
   ViewContent now = view_.content();
   const QSize size = pixelSize(view_.frame().size);
   if (now == content_ && size == this->size()) {
@@ -75,25 +75,25 @@ void ViewCanvas::viewChanged() {
   update();
 }
 
-void ViewCanvas::cancelMenuTracking() {
+void HostedView::cancelMenuTracking() {
   if (onCancelMenuTracking) {
     onCancelMenuTracking();
   }
 }
 
-void ViewCanvas::makeControls() {
+void HostedView::makeControls() {
   for (const ViewElement& element : content_.elements) {
     QWidget* control = nullptr;
     if (std::holds_alternative<ButtonElement>(element.kind)) {
       control = new SymbolButton(view_, this);
     } else if (std::holds_alternative<TextFieldElement>(element.kind)) {
-      control = field_ = new ViewTextField(view_, this);
+      control = field_ = new X11TextField(view_, this);
     }
     controls_.push_back(control);
   }
 }
 
-void ViewCanvas::updateControls() {
+void HostedView::updateControls() {
   setAccessibleName(visibleText(content_));
   const double height = view_.frame().size.height;
   for (std::size_t i = 0; i < controls_.size() && i < content_.elements.size(); ++i) {
@@ -104,12 +104,12 @@ void ViewCanvas::updateControls() {
       controls_[i]->setVisible(!element.hidden);
     } else if (const auto* field = std::get_if<TextFieldElement>(&element.kind)) {
       controls_[i]->setGeometry(toQt(element.frame, height).toAlignedRect());
-      static_cast<ViewTextField*>(controls_[i])->show(*field, element.hidden);
+      static_cast<X11TextField*>(controls_[i])->show(*field, element.hidden);
     }
   }
 }
 
-void ViewCanvas::updateSpinning() {
+void HostedView::updateSpinning() {
   const bool turning = isVisible() && std::any_of(content_.elements.begin(), content_.elements.end(), spins);
   if (turning && !spinning_.isActive()) {
     spinning_.start(spinnerTurn / spinnerSteps);
@@ -118,7 +118,7 @@ void ViewCanvas::updateSpinning() {
   }
 }
 
-void ViewCanvas::paintEvent(QPaintEvent*) {
+void HostedView::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
   if (content_.background) {
@@ -140,7 +140,7 @@ void ViewCanvas::paintEvent(QPaintEvent*) {
   }
 }
 
-void ViewCanvas::paint(QPainter& painter, const ViewElement& element) const {
+void HostedView::paint(QPainter& painter, const ViewElement& element) const {
   const double height = view_.frame().size.height;
   if (element.hidden) {
     return;
@@ -154,7 +154,7 @@ void ViewCanvas::paint(QPainter& painter, const ViewElement& element) const {
   }
 }
 
-QColor ViewCanvas::colorOf(const TextColor& color) const {
+QColor HostedView::colorOf(const TextColor& color) const {
   if (const auto* given = std::get_if<Color>(&color)) {
     return toQt(*given);
   }
@@ -165,37 +165,37 @@ QColor ViewCanvas::colorOf(const TextColor& color) const {
   return label;
 }
 
-void ViewCanvas::changeEvent(QEvent* event) {
+void HostedView::changeEvent(QEvent* event) {
   if (event->type() == QEvent::PaletteChange) {
     update();
   }
   QWidget::changeEvent(event);
 }
 
-void ViewCanvas::showEvent(QShowEvent* event) {
+void HostedView::showEvent(QShowEvent* event) {
   updateSpinning();
   QWidget::showEvent(event);
 }
 
-void ViewCanvas::hideEvent(QHideEvent* event) {
+void HostedView::hideEvent(QHideEvent* event) {
   updateSpinning();
   QWidget::hideEvent(event);
 }
 
-void ViewCanvas::enterEvent(QEnterEvent*) {
+void HostedView::enterEvent(QEnterEvent*) {
   onHover ? onHover(true) : view_.mouseEntered();
 }
 
-void ViewCanvas::leaveEvent(QEvent*) {
+void HostedView::leaveEvent(QEvent*) {
   onHover ? onHover(false) : view_.mouseExited();
 }
 
-void ViewCanvas::mousePressEvent(QMouseEvent* event) {
+void HostedView::mousePressEvent(QMouseEvent* event) {
   // The release is wanted here, and a menu around the view is not to take the press for its own.
   event->accept();
 }
 
-void ViewCanvas::mouseReleaseEvent(QMouseEvent* event) {
+void HostedView::mouseReleaseEvent(QMouseEvent* event) {
   event->accept();
   const Point point = fromQt(event->position(), view_.frame().size.height);
   if (event->button() == Qt::LeftButton && view_.hitTest(point) == HitTarget::View) {

@@ -1,4 +1,4 @@
-#include "platform/x11/statusitem/StatusItemWindow.h"
+#include "platform/x11/statusitem/X11StatusItem.h"
 
 #include "platform/x11/connection/WindowManagerWatch.h"
 #include "platform/x11/drawing/Text.h"
@@ -39,8 +39,8 @@ bool makesStripsOfDocks(X11Connection& connection) {
 
 }  // namespace
 
-StatusItemWindow::StatusItemWindow(X11Connection& connection, X11Appearance& appearance, CompositorWatch& compositor,
-                                   const StatusItemLength& length)
+X11StatusItem::X11StatusItem(X11Connection& connection, X11Appearance& appearance, CompositorWatch& compositor,
+                             const StatusItemLength& length)
     : QWidget(nullptr, itemWindowFlags),
       connection_(connection),
       appearance_(appearance),
@@ -56,33 +56,33 @@ StatusItemWindow::StatusItemWindow(X11Connection& connection, X11Appearance& app
   layOutSoon_.start(0);
 }
 
-void StatusItemWindow::setLength(const StatusItemLength& length) {
+void X11StatusItem::setLength(const StatusItemLength& length) {
   if (length != length_) {
     length_ = length;
     layOutSoon_.start(0);
   }
 }
 
-void StatusItemWindow::setMenu(Menu* menu) {
+void X11StatusItem::setMenu(Menu* menu) {
   popup_.reset();
   menu_ = menu;
 }
 
-void StatusItemWindow::mousePressEvent(QMouseEvent* event) {
+void X11StatusItem::mousePressEvent(QMouseEvent* event) {
   event->accept();
   if (menu_ == nullptr || !itemRect().contains(event->position()) || (popup_ != nullptr && popup_->isOpen())) {
     return;
   }
   // The rows of the last opening go when the menu is brought up to date: nothing may show them then.
   popup_.reset();
-  popup_ = std::make_unique<MenuPopup>(*menu_);
+  popup_ = std::make_unique<MenuSession>(*menu_);
   // Where the window is, by the X server's account: the toolkit's own may be out of date while a window manager moves
   // it.
   const QPointF origin = event->globalPosition() - event->position();
   popup_->open((origin + itemRect().bottomRight()).toPoint());
 }
 
-void StatusItemWindow::setContent(const StatusButtonContent& content) {
+void X11StatusItem::setContent(const StatusButtonContent& content) {
   if (content != content_) {
     content_ = content;
     setAccessibleName(singleLine(content.title.text).trimmed());
@@ -91,7 +91,7 @@ void StatusItemWindow::setContent(const StatusButtonContent& content) {
   }
 }
 
-void StatusItemWindow::paintEvent(QPaintEvent*) {
+void X11StatusItem::paintEvent(QPaintEvent*) {
   const StatusBarColors colors = barColors(appearance_.current(), compositor_.isCompositing());
   QPainter painter(this);
   painter.setCompositionMode(QPainter::CompositionMode_Source);
@@ -99,7 +99,7 @@ void StatusItemWindow::paintEvent(QPaintEvent*) {
   drawStatusItem(painter, itemRect(), content_, colors);
 }
 
-void StatusItemWindow::changeEvent(QEvent* event) {
+void X11StatusItem::changeEvent(QEvent* event) {
   if (event->type() == QEvent::PaletteChange) {
     update();
   } else if (event->type() == QEvent::FontChange) {
@@ -109,7 +109,7 @@ void StatusItemWindow::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
 }
 
-void StatusItemWindow::followScreens() {
+void X11StatusItem::followScreens() {
   const auto moved = [this] { layOutSoon_.start(0); };
   const auto follow = [this, moved](QScreen* screen) {
     QObject::connect(screen, &QScreen::geometryChanged, this, moved);
@@ -121,7 +121,7 @@ void StatusItemWindow::followScreens() {
   QObject::connect(qGuiApp, &QGuiApplication::primaryScreenChanged, this, moved);
 }
 
-void StatusItemWindow::layOut() {
+void X11StatusItem::layOut() {
   const QScreen* screen = QGuiApplication::primaryScreen();
   if (screen == nullptr || screen->geometry().isEmpty()) {
     return;
@@ -139,7 +139,7 @@ void StatusItemWindow::layOut() {
   native_.flush();
 }
 
-void StatusItemWindow::appear() {
+void X11StatusItem::appear() {
   const xcb_ewmh_connection_t& atoms = *connection_.ewmh();
   native_.writeHints({.types = {atoms._NET_WM_WINDOW_TYPE_DOCK},
                       .states = {atoms._NET_WM_STATE_SKIP_TASKBAR, atoms._NET_WM_STATE_SKIP_PAGER,
@@ -148,7 +148,7 @@ void StatusItemWindow::appear() {
   show();
 }
 
-void StatusItemWindow::reserveScreenEdge() {
+void X11StatusItem::reserveScreenEdge() {
   if (qEnvironmentVariableIntValue("ROOMLATTICE_RESERVE_SCREEN_EDGE") != 1) {
     return;
   }
@@ -160,7 +160,7 @@ void StatusItemWindow::reserveScreenEdge() {
   native_.setStrut(height, startX, startX + static_cast<std::uint32_t>(std::lround(area.width() * scale)) - 1);
 }
 
-QRectF StatusItemWindow::itemRect() const {
+QRectF X11StatusItem::itemRect() const {
   return {width() - itemWidth_, 0.0, itemWidth_, static_cast<double>(height())};
 }
 

@@ -2,7 +2,7 @@
 
 #include "platform/View.h"
 #include "platform/x11/windows/SymbolButton.h"
-#include "platform/x11/windows/ViewTextField.h"
+#include "platform/x11/windows/X11TextField.h"
 
 #include <QTimer>
 #include <QWidget>
@@ -12,29 +12,29 @@
 namespace roomlattice::platform::x11 {
 
 /// How far what is drawn shows of what is below it.
-struct CanvasBlending {
+struct Blending {
   /// Nothing is blended with what is below: the background is drawn without its transparency.
   bool solid = false;
   /// The opacity of all that is drawn.
   double opacity = 1.0;
 
-  bool operator==(const CanvasBlending&) const = default;
+  bool operator==(const Blending&) const = default;
 };
 
 /// Shows a view of the program's own and brings it input. It is as large as the view's frame, and repainted only when
 /// what the view shows has changed. Main thread only.
-class ViewCanvas final : public QWidget, public ViewHost {
+class HostedView final : public QWidget, public ViewHost {
  public:
   /// The view must outlive it.
-  ViewCanvas(View& view, QWidget* parent);
-  ~ViewCanvas() override;
+  HostedView(View& view, QWidget* parent);
+  ~HostedView() override;
 
   View& view() { return view_; }
 
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override { return sizeHint(); }
 
-  void setBlending(const CanvasBlending& blending);
+  void setBlending(const Blending& blending);
 
   /// Called when the pointer enters or leaves the view; without it the view itself is told.
   std::function<void(bool inside)> onHover;
@@ -65,10 +65,10 @@ class ViewCanvas final : public QWidget, public ViewHost {
 
   View& view_;
   ViewContent content_;
-  CanvasBlending blending_;
+  Blending blending_;
   // One place for each element of the content; null for what is drawn.
   std::vector<QWidget*> controls_;
-  ViewTextField* field_ = nullptr;
+  X11TextField* field_ = nullptr;
   QTimer spinning_;
   int spinnerStep_ = 0;
 };

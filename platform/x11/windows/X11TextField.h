@@ -8,10 +8,10 @@ namespace roomlattice::platform::x11 {
 
 /// The text field of a view. What ends an edit is asked of the view first, and keys that would leave the field, or work
 /// the menu around it, stay in it.
-class ViewTextField final : public QLineEdit, public TextField {
+class X11TextField final : public QLineEdit, public TextField {
  public:
   /// The view must outlive it.
-  ViewTextField(View& view, QWidget* parent);
+  X11TextField(View& view, QWidget* parent);
 
   void show(const TextFieldElement& element, bool hidden);
 

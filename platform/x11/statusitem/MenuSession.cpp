@@ -1,4 +1,4 @@
-#include "platform/x11/statusitem/MenuPopup.h"
+#include "platform/x11/statusitem/MenuSession.h"
 
 #include "platform/x11/drawing/QtValues.h"
 
@@ -19,7 +19,7 @@ QString title(QString text) {
 
 }  // namespace
 
-MenuPopup::MenuPopup(Menu& menu) : menu_(menu) {
+MenuSession::MenuSession(Menu& menu) : menu_(menu) {
   // The click that closes the menu is not to open it again.
   popup_.setAttribute(Qt::WA_NoMouseReplay);
   if (menu_.needsUpdate) {
@@ -44,10 +44,10 @@ MenuPopup::MenuPopup(Menu& menu) : menu_(menu) {
   popup_.installEventFilter(this);
 }
 
-MenuPopup::~MenuPopup() = default;
+MenuSession::~MenuSession() = default;
 
-void MenuPopup::addRow(View& view) {
-  auto* canvas = new ViewCanvas(view, &popup_);
+void MenuSession::addRow(View& view) {
+  auto* canvas = new HostedView(view, &popup_);
   auto* action = new QWidgetAction(&popup_);
   action->setDefaultWidget(canvas);
   action->setText(title(canvas->accessibleName()));
@@ -64,7 +64,7 @@ void MenuPopup::addRow(View& view) {
   rows_.push_back({action, canvas});
 }
 
-void MenuPopup::addCommand(const CommandItem& command) {
+void MenuSession::addCommand(const CommandItem& command) {
   QAction* action = popup_.addAction(title(toQt(command.title)));
   if (!command.keyEquivalent.empty()) {
     action->setShortcut(QKeySequence(QStringLiteral("Ctrl+") + toQt(command.keyEquivalent)));
@@ -75,7 +75,7 @@ void MenuPopup::addCommand(const CommandItem& command) {
       action, &QAction::triggered, this, [run = command.action] { run(); }, Qt::QueuedConnection);
 }
 
-void MenuPopup::open(QPoint corner) {
+void MenuSession::open(QPoint corner) {
   popup_.popup(corner - QPoint(popup_.sizeHint().width(), 0));
   // The widest item decides how wide the menu is, and all rows are as wide as it.
   for (const Row& row : rows_) {
@@ -84,12 +84,12 @@ void MenuPopup::open(QPoint corner) {
   }
 }
 
-ViewCanvas* MenuPopup::canvasOf(const QAction* action) const {
+HostedView* MenuSession::canvasOf(const QAction* action) const {
   const auto row = std::ranges::find(rows_, action, &Row::action);
   return row == rows_.end() ? nullptr : row->canvas;
 }
 
-void MenuPopup::highlight(ViewCanvas* canvas) {
+void MenuSession::highlight(HostedView* canvas) {
   if (canvas == highlighted_) {
     return;
   }
@@ -103,14 +103,14 @@ void MenuPopup::highlight(ViewCanvas* canvas) {
 }
 
 /// The rows live until the menu opens again, but are in no window any more: an edit that was under way is over.
-void MenuPopup::leaveRows() {
+void MenuSession::leaveRows() {
   highlight(nullptr);
   for (const Row& row : rows_) {
     row.canvas->view().setHost(nullptr);
   }
 }
 
-bool MenuPopup::eventFilter(QObject* watched, QEvent* event) {
+bool MenuSession::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::KeyPress && runShortcut(static_cast<const QKeyEvent&>(*event))) {
     return true;
   }
@@ -118,7 +118,7 @@ bool MenuPopup::eventFilter(QObject* watched, QEvent* event) {
 }
 
 /// Shortcuts of a popup that belongs to no window are shown but not heard by the toolkit.
-bool MenuPopup::runShortcut(const QKeyEvent& key) {
+bool MenuSession::runShortcut(const QKeyEvent& key) {
   const QKeySequence pressed(key.keyCombination());
   const QList<QAction*> actions = popup_.actions();
   const auto found = std::ranges::find_if(

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/Menu.h"
-#include "platform/x11/windows/ViewCanvas.h"
+#include "platform/x11/windows/HostedView.h"
 
 #include <QMenu>
 #include <QPoint>
@@ -11,11 +11,11 @@ namespace roomlattice::platform::x11 {
 
 /// One opening of a menu: a native popup with the menu's items, its rows worked by mouse and keyboard. It is made up to
 /// date, and keeps nothing of the items after it has closed. Main thread only.
-class MenuPopup final : private QObject {
+class MenuSession final : private QObject {
  public:
   /// The menu must outlive it.
-  explicit MenuPopup(Menu& menu);
-  ~MenuPopup() override;
+  explicit MenuSession(Menu& menu);
+  ~MenuSession() override;
 
   /// Opens the popup with its top right corner at `corner`, or where it fits on the screen; in Qt's coordinates.
   void open(QPoint corner);
@@ -25,15 +25,15 @@ class MenuPopup final : private QObject {
  private:
   struct Row {
     QAction* action;
-    ViewCanvas* canvas;
+    HostedView* canvas;
   };
 
   void addRow(View& view);
   void addCommand(const CommandItem& command);
-  ViewCanvas* canvasOf(const QAction* action) const;
+  HostedView* canvasOf(const QAction* action) const;
 
   /// The row that the pointer or the keyboard is on, or none.
-  void highlight(ViewCanvas* canvas);
+  void highlight(HostedView* canvas);
   void leaveRows();
 
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -42,7 +42,7 @@ class MenuPopup final : private QObject {
   Menu& menu_;
   QMenu popup_;
   std::vector<Row> rows_;
-  ViewCanvas* highlighted_ = nullptr;
+  HostedView* highlighted_ = nullptr;
 };
 
 }  // namespace roomlattice::platform::x11
