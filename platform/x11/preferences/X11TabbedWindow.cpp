@@ -104,7 +104,7 @@ void X11TabbedWindow::addPage(QTabWidget& tabs, const TabPage& page) {
   // Let the colour of the tabs through, which differs from that of windows in some styles.
   scrolling->viewport()->setAutoFillBackground(false);
   content->setAutoFillBackground(false);
-  tabs.addTab(scrolling, x11::toQt(page.label).replace(u'&', QStringLiteral("&&")));
+  tabs.addTab(scrolling, withoutShortcuts(x11::toQt(page.label)));
 }
 
 void X11TabbedWindow::followKeys(QTabWidget& tabs) {
