@@ -7,106 +7,106 @@
 #include <QWidgetAction>
 #include <algorithm>
 #include <type_traits>
+#include <utility>
 #include <variant>
 
 namespace roomlattice::platform::x11 {
-namespace {
 
-/// The toolkit takes a single ampersand for the mark of a mnemonic.
-QString title(QString text) {
-  return text.replace(u'&', QStringLiteral("&&"));
+MenuSession::MenuSession(Menu& menu, QPoint corner, QObject& owner, std::function<void()> closed)
+    : closed_(std::move(closed)), popup_(std::make_unique<QMenu>()) {
+  // The click that closes the menu is not to open it again.
+  popup_->setAttribute(Qt::WA_NoMouseReplay);
+  if (menu.needsUpdate) {
+    menu.needsUpdate(menu);
+  }
+  addItems(menu, owner);
+  connect(popup_.get(), &QMenu::hovered, this, [this](QAction* action) { highlight(hostOf(action)); });
+  connect(popup_.get(), &QMenu::aboutToHide, this, [this] { close(); });
+  popup_->installEventFilter(this);
+  open(corner);
 }
 
-}  // namespace
+MenuSession::~MenuSession() {
+  highlight(nullptr);
+}
 
-MenuSession::MenuSession(Menu& menu) : menu_(menu) {
-  // The click that closes the menu is not to open it again.
-  popup_.setAttribute(Qt::WA_NoMouseReplay);
-  if (menu_.needsUpdate) {
-    menu_.needsUpdate(menu_);
-  }
-  for (const MenuItem& item : menu_.items) {
+void MenuSession::addItems(Menu& menu, QObject& owner) {
+  for (const MenuItem& item : menu.items) {
     std::visit(
-        [this](const auto& one) {
+        [&](const auto& one) {
           using Item = std::decay_t<decltype(one)>;
           if constexpr (std::is_same_v<Item, ViewItem>) {
             addRow(*one.view);
           } else if constexpr (std::is_same_v<Item, CommandItem>) {
-            addCommand(one);
+            addCommand(one, owner);
           } else {
-            popup_.addSeparator();
+            popup_->addSeparator();
           }
         },
         item);
   }
-  connect(&popup_, &QMenu::hovered, this, [this](QAction* action) { highlight(canvasOf(action)); });
-  connect(&popup_, &QMenu::aboutToHide, this, [this] { leaveRows(); });
-  popup_.installEventFilter(this);
 }
-
-MenuSession::~MenuSession() = default;
 
 void MenuSession::addRow(View& view) {
-  auto* canvas = new HostedView(view, &popup_);
-  auto* action = new QWidgetAction(&popup_);
-  action->setDefaultWidget(canvas);
-  action->setText(title(canvas->accessibleName()));
-  canvas->onCancelMenuTracking = [this] { popup_.close(); };
-  canvas->onHover = [this, canvas, action](bool inside) {
-    if (inside) {
-      popup_.setActiveAction(action);
+  auto host = std::make_unique<HostedView>(view, *popup_);
+  auto* action = new QWidgetAction(popup_.get());
+  action->setDefaultWidget(&host->widget());
+  action->setText(withoutShortcuts(host->widget().accessibleName()));
+  host->onCancelMenuTracking = [popup = popup_.get()] { popup->close(); };
+  host->onHover = [this, row = host.get(), action](Hover hover) {
+    if (hover == Hover::Entered) {
+      popup_->setActiveAction(action);
     }
-    highlight(inside ? canvas : nullptr);
+    highlight(hover == Hover::Entered ? row : nullptr);
   };
-  // By keyboard; a click goes to the canvas itself.
-  connect(action, &QAction::triggered, this, [&view] { view.mouseUp({}); });
-  popup_.addAction(action);
-  rows_.push_back({action, canvas});
+  // This is the keyboard's way, and comes when the menu has closed; a click goes to the row itself.
+  connect(action, &QAction::triggered, action, [&view] { view.mouseUp({}); });
+  popup_->addAction(action);
+  rows_.push_back({action, std::move(host)});
 }
 
-void MenuSession::addCommand(const CommandItem& command) {
-  QAction* action = popup_.addAction(title(toQt(command.title)));
+void MenuSession::addCommand(const CommandItem& command, QObject& owner) {
+  QAction* action = popup_->addAction(withoutShortcuts(toQt(command.title)));
   if (!command.keyEquivalent.empty()) {
     action->setShortcut(QKeySequence(QStringLiteral("Ctrl+") + toQt(command.keyEquivalent)));
     action->setShortcutVisibleInContextMenu(true);
   }
-  // Once the menu has gone: the command may take long, or end the program.
+  // The command may take long, or end the program.
   connect(
-      action, &QAction::triggered, this, [run = command.action] { run(); }, Qt::QueuedConnection);
+      action, &QAction::triggered, &owner, [run = command.action] { run(); }, Qt::QueuedConnection);
 }
 
 void MenuSession::open(QPoint corner) {
-  popup_.popup(corner - QPoint(popup_.sizeHint().width(), 0));
+  popup_->popup(corner - QPoint(popup_->sizeHint().width(), 0));
   // The widest item decides how wide the menu is, and all rows are as wide as it.
   for (const Row& row : rows_) {
-    View& view = row.canvas->view();
-    view.setFrame({{}, {static_cast<double>(popup_.actionGeometry(row.action).width()), view.frame().size.height}});
+    View& view = row.host->view();
+    view.setFrame({{}, {static_cast<double>(popup_->actionGeometry(row.action).width()), view.frame().size.height}});
   }
 }
 
-HostedView* MenuSession::canvasOf(const QAction* action) const {
-  const auto row = std::ranges::find(rows_, action, &Row::action);
-  return row == rows_.end() ? nullptr : row->canvas;
+void MenuSession::close() {
+  // The toolkit is still at work in the popup.
+  popup_.release()->deleteLater();
+  const std::function<void()> closed = std::move(closed_);
+  closed();
 }
 
-void MenuSession::highlight(HostedView* canvas) {
-  if (canvas == highlighted_) {
+HostedView* MenuSession::hostOf(const QAction* action) const {
+  const auto row = std::ranges::find(rows_, action, &Row::action);
+  return row == rows_.end() ? nullptr : row->host.get();
+}
+
+void MenuSession::highlight(HostedView* row) {
+  if (row == highlighted_) {
     return;
   }
   if (highlighted_ != nullptr) {
     highlighted_->view().mouseExited();
   }
-  highlighted_ = canvas;
-  if (canvas != nullptr) {
-    canvas->view().mouseEntered();
-  }
-}
-
-/// The rows live until the menu opens again, but are in no window any more: an edit that was under way is over.
-void MenuSession::leaveRows() {
-  highlight(nullptr);
-  for (const Row& row : rows_) {
-    row.canvas->view().setHost(nullptr);
+  highlighted_ = row;
+  if (row != nullptr) {
+    row->view().mouseEntered();
   }
 }
 
@@ -120,13 +120,14 @@ bool MenuSession::eventFilter(QObject* watched, QEvent* event) {
 /// Shortcuts of a popup that belongs to no window are shown but not heard by the toolkit.
 bool MenuSession::runShortcut(const QKeyEvent& key) {
   const QKeySequence pressed(key.keyCombination());
-  const QList<QAction*> actions = popup_.actions();
+  const QList<QAction*> actions = popup_->actions();
   const auto found = std::ranges::find_if(
       actions, [&](const QAction* action) { return !action->shortcut().isEmpty() && action->shortcut() == pressed; });
   if (found == actions.end()) {
     return false;
   }
-  popup_.close();
+  // Closing the popup ends this session.
+  popup_->close();
   (*found)->trigger();
   return true;
 }

@@ -17,7 +17,7 @@ namespace {
 constexpr Qt::WindowFlags itemWindowFlags = Qt::Window | Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus |
                                             Qt::WindowStaysOnTopHint | Qt::NoDropShadowWindowHint;
 
-/// The X window has to be made for it.
+/// A widget has to be made translucent before it gets its X window.
 QWidget& translucent(QWidget& widget) {
   widget.setAttribute(Qt::WA_TranslucentBackground);
   return widget;
@@ -64,22 +64,20 @@ void X11StatusItem::setLength(const StatusItemLength& length) {
 }
 
 void X11StatusItem::setMenu(Menu* menu) {
-  popup_.reset();
+  session_.reset();
   menu_ = menu;
 }
 
 void X11StatusItem::mousePressEvent(QMouseEvent* event) {
   event->accept();
-  if (menu_ == nullptr || !itemRect().contains(event->position()) || (popup_ != nullptr && popup_->isOpen())) {
+  if (menu_ == nullptr || session_ != nullptr || !itemRect().contains(event->position())) {
     return;
   }
-  // The rows of the last opening go when the menu is brought up to date: nothing may show them then.
-  popup_.reset();
-  popup_ = std::make_unique<MenuSession>(*menu_);
-  // Where the window is, by the X server's account: the toolkit's own may be out of date while a window manager moves
-  // it.
+  // The event knows where the window is. The toolkit's own account of it may be out of date while a window manager
+  // moves the window.
   const QPointF origin = event->globalPosition() - event->position();
-  popup_->open((origin + itemRect().bottomRight()).toPoint());
+  const QPoint corner = (origin + itemRect().bottomRight()).toPoint();
+  session_ = std::make_unique<MenuSession>(*menu_, corner, *this, [this] { session_.reset(); });
 }
 
 void X11StatusItem::setContent(const StatusButtonContent& content) {

@@ -47,8 +47,8 @@ class X11StatusItem final : public QWidget, public StatusItem, public StatusButt
   StatusButtonContent content_;
   StatusItemLength length_;
   Menu* menu_ = nullptr;
-  // The last opening of the menu.
-  std::unique_ptr<MenuSession> popup_;
+  // Exists while the menu is open.
+  std::unique_ptr<MenuSession> session_;
   double itemWidth_ = 0.0;
   NativeWindow native_;
   QTimer layOutSoon_;

@@ -1,13 +1,16 @@
 #pragma once
 
 #include "platform/View.h"
-#include "platform/x11/windows/SymbolButton.h"
-#include "platform/x11/windows/X11TextField.h"
+#include "platform/x11/windows/ElementViews.h"
 
-#include <QTimer>
-#include <QWidget>
+#include <QPointer>
+#include <QSize>
 #include <functional>
+#include <memory>
 #include <vector>
+
+class QPainter;
+class QWidget;
 
 namespace roomlattice::platform::x11 {
 
@@ -21,56 +24,49 @@ struct Blending {
   bool operator==(const Blending&) const = default;
 };
 
-/// Shows a view of the program's own and brings it input. It is as large as the view's frame, and repainted only when
-/// what the view shows has changed. Main thread only.
-class HostedView final : public QWidget, public ViewHost {
+enum class Hover { Entered, Left };
+
+/// Shows one of the program's views in a widget, as long as it lives, and brings the view its input; the view must live
+/// as long. The widget is as large as the view's frame, and repainted only when what the view shows has changed. Main
+/// thread only.
+class HostedView final : public ViewHost {
  public:
-  /// The view must outlive it.
-  HostedView(View& view, QWidget* parent);
+  /// The widget is a child of `parent`, and not shown yet.
+  HostedView(View& view, QWidget& parent);
+
+  /// The widget goes later, as it may be in use; by then it shows nothing and tells nobody.
   ~HostedView() override;
 
-  View& view() { return view_; }
+  HostedView(const HostedView&) = delete;
+  HostedView& operator=(const HostedView&) = delete;
 
-  QSize sizeHint() const override;
-  QSize minimumSizeHint() const override { return sizeHint(); }
+  View& view() const { return view_; }
+  QWidget& widget() const;
 
   void setBlending(const Blending& blending);
 
-  /// Called when the pointer enters or leaves the view; without it the view itself is told.
-  std::function<void(bool inside)> onHover;
+  /// Called when the pointer enters or leaves the widget, in place of telling the view. Never empty.
+  std::function<void(Hover hover)> onHover;
 
-  /// What closes the menu the view is in.
-  std::function<void()> onCancelMenuTracking;
+  /// What closes the menu the view is in; it may end this object. Never empty.
+  std::function<void()> onCancelMenuTracking = [] {};
 
   void viewChanged() override;
-  TextField* textField() override { return field_; }
+  X11TextField* textField() override;
   void cancelMenuTracking() override;
 
- protected:
-  void paintEvent(QPaintEvent* event) override;
-  void changeEvent(QEvent* event) override;
-  void showEvent(QShowEvent* event) override;
-  void hideEvent(QHideEvent* event) override;
-  void enterEvent(QEnterEvent* event) override;
-  void leaveEvent(QEvent* event) override;
-  void mousePressEvent(QMouseEvent* event) override;
-  void mouseReleaseEvent(QMouseEvent* event) override;
-
  private:
-  void makeControls();
-  void updateControls();
-  void updateSpinning();
-  void paint(QPainter& painter, const ViewElement& element) const;
-  QColor colorOf(const TextColor& color) const;
+  class Widget;
+
+  QSize size() const;
+  void paint(QPainter& painter) const;
+  void mouseReleased(const QMouseEvent& event);
 
   View& view_;
   ViewContent content_;
   Blending blending_;
-  // One place for each element of the content; null for what is drawn.
-  std::vector<QWidget*> controls_;
-  X11TextField* field_ = nullptr;
-  QTimer spinning_;
-  int spinnerStep_ = 0;
+  QPointer<Widget> widget_;
+  std::vector<std::unique_ptr<ElementView>> elements_;
 };
 
 }  // namespace roomlattice::platform::x11

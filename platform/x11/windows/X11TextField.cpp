@@ -1,7 +1,6 @@
 #include "platform/x11/windows/X11TextField.h"
 
 #include "platform/x11/drawing/QtValues.h"
-#include "platform/x11/drawing/Text.h"
 #include "platform/x11/input/QtKeyEvent.h"
 
 #include <QCoreApplication>
@@ -18,17 +17,8 @@ bool leavesField(int key) {
 
 }  // namespace
 
-X11TextField::X11TextField(View& view, QWidget* parent) : QLineEdit(parent), view_(view) {
+X11TextField::X11TextField(QWidget* parent) : QLineEdit(parent) {
   setContextMenuPolicy(Qt::NoContextMenu);
-}
-
-void X11TextField::show(const TextFieldElement& element, bool hidden) {
-  setFont(toQt(element.font));
-  if (hidden && hasFocus()) {
-    // Or else the menu around it would take the focus to its next row.
-    window()->setFocus(Qt::OtherFocusReason);
-  }
-  setVisible(!hidden);
 }
 
 std::string X11TextField::text() const {
@@ -73,7 +63,7 @@ void X11TextField::keyPressEvent(QKeyEvent* event) {
   const bool ends = key == Qt::Key_Return || key == Qt::Key_Enter;
   if (ends || key == Qt::Key_Escape) {
     event->accept();
-    view_.doCommand(ends ? EditCommand::InsertNewline : EditCommand::Cancel);
+    onCommand(ends ? EditCommand::InsertNewline : EditCommand::Cancel);
     return;
   }
   QLineEdit::keyPressEvent(event);

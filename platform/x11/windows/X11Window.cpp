@@ -62,11 +62,11 @@ X11Window::~X11Window() {
 }
 
 void X11Window::setContentView(std::unique_ptr<View> view) {
-  canvas_.reset();
+  hosted_.reset();
   view_ = std::move(view);
   if (view_ != nullptr) {
-    canvas_ = std::make_unique<HostedView>(*view_, &surface_);
-    canvas_->show();
+    hosted_ = std::make_unique<HostedView>(*view_, surface_);
+    hosted_->widget().show();
   }
   applyBlending();
 }
@@ -159,9 +159,9 @@ void X11Window::map() {
 }
 
 void X11Window::applyBlending() {
-  if (canvas_ != nullptr) {
+  if (hosted_ != nullptr) {
     const bool blends = environment_.compositor.isCompositing();
-    canvas_->setBlending({.solid = !blends, .opacity = blends && paintsOpacity_ ? alpha_.value() : 1.0});
+    hosted_->setBlending({.solid = !blends, .opacity = blends && paintsOpacity_ ? alpha_.value() : 1.0});
   }
   applyShape();
 }

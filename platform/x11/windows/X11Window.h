@@ -73,7 +73,7 @@ class X11Window final : public Window {
   std::unique_ptr<View> view_;
   OverlaySurface surface_;
   NativeWindow native_;
-  std::unique_ptr<HostedView> canvas_;
+  std::unique_ptr<HostedView> hosted_;
   AlphaAnimation alpha_;
   std::optional<double> writtenOpacity_;
   std::vector<xcb_rectangle_t> writtenShape_;
