@@ -55,6 +55,35 @@ QSize toQt(const Size& size) {
   return {static_cast<int>(std::ceil(size.width)), static_cast<int>(std::ceil(size.height))};
 }
 
+/// The widget of a control at its place, in a page of that height.
+QWidget* addControl(QWidget& page, const PlacedControl& placed, double pageHeight) {
+  QWidget* widget = makeControl(placed.control).release();
+  widget->setParent(&page);
+  widget->setAccessibleName(x11::toQt(placed.accessibilityLabel));
+  widget->setGeometry(x11::toQt(placed.frame, pageHeight).toAlignedRect());
+  return widget;
+}
+
+void putAfter(QWidget& previous, QWidget& widget) {
+  QWidget::setTabOrder(&previous, &widget);
+  // Screen readers get the name of a pop-up from its label alone.
+  if (auto* label = dynamic_cast<QLabel*>(&previous);
+      label != nullptr && dynamic_cast<QComboBox*>(&widget) != nullptr) {
+    label->setBuddy(&widget);
+  }
+}
+
+QScrollArea* makeScrolling(QWidget* content) {
+  auto* scrolling = new QScrollArea;
+  scrolling->setFrameShape(QFrame::NoFrame);
+  scrolling->setFocusPolicy(Qt::NoFocus);
+  scrolling->setWidget(content);
+  // Let the colour of the tabs through, which differs from that of windows in some styles.
+  scrolling->viewport()->setAutoFillBackground(false);
+  content->setAutoFillBackground(false);
+  return scrolling;
+}
+
 }  // namespace
 
 X11TabbedWindow::X11TabbedWindow(const TabbedWindowModel& model, X11Connection& connection, const X11Desktops& desktops)
@@ -76,34 +105,18 @@ X11TabbedWindow::X11TabbedWindow(const TabbedWindowModel& model, X11Connection& 
 void X11TabbedWindow::addPage(QTabWidget& tabs, const TabPage& page) {
   auto* content = new QWidget;
   auto* wheelToPage = new WheelToPage(content);
-  QWidget* previous = nullptr;
   std::vector<QWidget*>& controls = controls_.emplace_back();
   for (const PlacedControl& placed : page.controls) {
-    QWidget* widget = makeControl(placed.control).release();
-    widget->setParent(content);
-    widget->setAccessibleName(x11::toQt(placed.accessibilityLabel));
-    widget->setGeometry(x11::toQt(placed.frame, page.size.height).toAlignedRect());
+    QWidget* widget = addControl(*content, placed, page.size.height);
     widget->installEventFilter(wheelToPage);
-    if (previous != nullptr) {
-      QWidget::setTabOrder(previous, widget);
+    if (!controls.empty()) {
+      putAfter(*controls.back(), *widget);
     }
-    // Screen readers get the name of a pop-up from its label alone.
-    if (auto* label = dynamic_cast<QLabel*>(previous);
-        label != nullptr && dynamic_cast<QComboBox*>(widget) != nullptr) {
-      label->setBuddy(widget);
-    }
-    previous = widget;
     controls.push_back(widget);
   }
   content->setFixedSize(toQt(neededSize(page)));
-  auto* scrolling = new QScrollArea;
-  scrolling->setFrameShape(QFrame::NoFrame);
-  scrolling->setFocusPolicy(Qt::NoFocus);
-  scrolling->setWidget(content);
+  QScrollArea* scrolling = makeScrolling(content);
   scrolling->setObjectName(x11::toQt(page.identifier));
-  // Let the colour of the tabs through, which differs from that of windows in some styles.
-  scrolling->viewport()->setAutoFillBackground(false);
-  content->setAutoFillBackground(false);
   tabs.addTab(scrolling, withoutShortcuts(x11::toQt(page.label)));
 }
 
