@@ -1,9 +1,9 @@
 #include "platform/x11/X11UserInterface.h"
 
 #include "platform/x11/drawing/Text.h"
-#include "platform/x11/preferences/ControlWidgets.h"
-#include "platform/x11/preferences/TabbedPanel.h"
-#include "platform/x11/statusitem/StatusItemWindow.h"
+#include "platform/x11/preferences/NativeControls.h"
+#include "platform/x11/preferences/X11TabbedWindow.h"
+#include "platform/x11/statusitem/X11StatusItem.h"
 
 namespace roomlattice::platform::x11 {
 
@@ -25,11 +25,11 @@ Size X11UserInterface::measure(const std::string& text, const Font& font) const 
 }
 
 Size X11UserInterface::intrinsicSize(const Control& control) const {
-  return intrinsicSizeOf(control);
+  return x11::intrinsicSize(control);
 }
 
 std::unique_ptr<StatusItem> X11UserInterface::createStatusItem(const StatusItemLength& length) {
-  return std::make_unique<StatusItemWindow>(connection_, windowManager_, appearance_, compositor_, length);
+  return std::make_unique<X11StatusItem>(connection_, windowManager_, appearance_, compositor_, length);
 }
 
 std::unique_ptr<Window> X11UserInterface::createOverlayWindow(const OverlayWindowOptions& options) {
@@ -37,7 +37,7 @@ std::unique_ptr<Window> X11UserInterface::createOverlayWindow(const OverlayWindo
 }
 
 std::unique_ptr<TabbedWindow> X11UserInterface::createTabbedWindow(const TabbedWindowModel& model) {
-  return std::make_unique<TabbedPanel>(model, connection_, overlays_.desktops);
+  return std::make_unique<X11TabbedWindow>(model, connection_, overlays_.desktops);
 }
 
 }  // namespace roomlattice::platform::x11

@@ -1,9 +1,13 @@
 #include "platform/x11/drawing/QtValues.h"
 
 #include <algorithm>
+#include <variant>
 
 namespace roomlattice::platform::x11 {
 namespace {
+
+/// How much of the strength of ordinary text secondary text has.
+constexpr float secondaryOpacity = 0.7F;
 
 float component(double value) {
   return static_cast<float>(std::clamp(value, 0.0, 1.0));
@@ -19,6 +23,21 @@ Color fromQt(const QColor& color) {
   const QColor rgb = color.toRgb();
   return {static_cast<double>(rgb.redF()), static_cast<double>(rgb.greenF()), static_cast<double>(rgb.blueF()),
           static_cast<double>(rgb.alphaF())};
+}
+
+QColor toQt(const TextColor& color, const QPalette& palette) {
+  if (const auto* given = std::get_if<Color>(&color)) {
+    return toQt(*given);
+  }
+  QColor label = palette.color(QPalette::WindowText);
+  if (std::get<SystemColor>(color) == SystemColor::SecondaryLabel) {
+    label.setAlphaF(label.alphaF() * secondaryOpacity);
+  }
+  return label;
+}
+
+QString withoutShortcuts(QString text) {
+  return text.replace(u'&', QStringLiteral("&&"));
 }
 
 QRectF toQt(const Rect& rect, double height) {

@@ -2,8 +2,10 @@
 
 #include "platform/Color.h"
 #include "platform/Geometry.h"
+#include "platform/View.h"
 
 #include <QColor>
+#include <QPalette>
 #include <QRectF>
 #include <QString>
 #include <string>
@@ -14,9 +16,15 @@ namespace roomlattice::platform::x11 {
 QColor toQt(const Color& color);
 Color fromQt(const QColor& color);
 
+/// The colour itself, or what the theme has for it.
+QColor toQt(const TextColor& color, const QPalette& palette);
+
 inline QString toQt(const std::string& text) {
   return QString::fromStdString(text);
 }
+
+/// The text for a title of the toolkit's, which takes a single ampersand for the mark of a keyboard shortcut.
+QString withoutShortcuts(QString text);
 
 /// A rectangle of y-up coordinates in Qt's y-down ones; `height` is that of the surface both lie on.
 QRectF toQt(const Rect& rect, double height);

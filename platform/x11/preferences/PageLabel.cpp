@@ -13,8 +13,6 @@
 namespace roomlattice::platform::x11 {
 namespace {
 
-constexpr double secondaryOpacity = 0.7;
-
 /// The size of `text` broken into lines no wider than `width`.
 QSizeF wrappedSize(const QString& text, const QFont& font, const QTextOption& option, double width) {
   QTextLayout layout(text, font);
@@ -55,11 +53,7 @@ QSize PageLabel::sizeHint() const {
 
 void PageLabel::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  QColor ink = palette().color(QPalette::WindowText);
-  if (color_ == SystemColor::SecondaryLabel) {
-    ink.setAlphaF(ink.alphaF() * static_cast<float>(secondaryOpacity));
-  }
-  painter.setPen(ink);
+  painter.setPen(toQt(color_, palette()));
   painter.drawText(QRectF(rect()), text(), textOption());
 }
 

@@ -10,6 +10,9 @@ constexpr Qt::WindowFlags surfaceHints = Qt::FramelessWindowHint | Qt::WindowDoe
                                          Qt::WindowStaysOnTopHint;
 constexpr Qt::WindowFlags surfaceFlags = Qt::Window | surfaceHints;
 
+// A window manager that insists on another place gets its way after so many corrections.
+constexpr int maximumCorrections = 3;
+
 }  // namespace
 
 OverlaySurface::OverlaySurface() : QWidget(nullptr, surfaceFlags) {
@@ -30,8 +33,9 @@ bool OverlaySurface::place(const QRect& frame) {
 }
 
 void OverlaySurface::appear() {
-  // When an ordinary window appears, the toolkit closes all menus; it does not for what it takes for a tool. This is
-  // between the two of them: the window system is not told.
+  corrections_ = maximumCorrections;
+  // The toolkit closes all menus when an ordinary window appears, but not when a tool does. So it takes the widget for
+  // a tool for the moment; the window system is not told.
   overrideWindowFlags(Qt::Tool | surfaceHints);
   show();
   overrideWindowFlags(surfaceFlags);

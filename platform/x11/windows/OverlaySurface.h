@@ -5,31 +5,27 @@
 
 namespace roomlattice::platform::x11 {
 
-/// The widget of an overlay window: without a frame, translucent, never focused, transparent for clicks. It insists on
-/// its place, which some window managers take as a suggestion when a window appears.
+/// The widget of an overlay window: translucent, without a frame, never focused. Clicks pass through it. Some window
+/// managers choose a place of their own for a window that appears; the widget then moves back to its place.
 class OverlaySurface final : public QWidget {
  public:
   OverlaySurface();
 
-  /// Where it is to be, in Qt's coordinates; false when it was to be there already.
+  /// Gives the widget its place, in Qt's coordinates; false when it had that place already.
   bool place(const QRect& frame);
 
-  /// Shows it beside a menu that may be open.
+  /// Shows the widget. A menu that is open stays open.
   void appear();
-
-  /// To be called before it appears, when window managers have their ideas.
-  void allowCorrections() { corrections_ = maximumCorrections; }
 
  protected:
   void moveEvent(QMoveEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
 
  private:
-  static constexpr int maximumCorrections = 3;
-
   void verify();
 
   QRect wanted_;
+  // How many more times the widget moves back.
   int corrections_ = 0;
   bool verifying_ = false;
 };

@@ -7,10 +7,9 @@
 
 namespace roomlattice::platform::x11 {
 
-SymbolButton::SymbolButton(View& view, QWidget* parent) : QAbstractButton(parent) {
+SymbolButton::SymbolButton(QWidget* parent) : QAbstractButton(parent) {
   // The view around it keeps the keyboard.
   setFocusPolicy(Qt::NoFocus);
-  QObject::connect(this, &QAbstractButton::clicked, this, [&view] { view.buttonClicked(); });
 }
 
 void SymbolButton::show(const ButtonElement& element) {
@@ -23,7 +22,7 @@ void SymbolButton::show(const ButtonElement& element) {
 }
 
 void SymbolButton::paintEvent(QPaintEvent*) {
-  QColor color = palette().color(QPalette::WindowText);
+  QColor color = toQt(SystemColor::Label, palette());
   if (isDown()) {
     color.setAlphaF(color.alphaF() * 0.5F);
   }

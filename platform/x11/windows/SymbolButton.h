@@ -9,8 +9,7 @@ namespace roomlattice::platform::x11 {
 /// A borderless button that shows a symbol.
 class SymbolButton final : public QAbstractButton {
  public:
-  /// The view must outlive it.
-  SymbolButton(View& view, QWidget* parent);
+  explicit SymbolButton(QWidget* parent);
 
   void show(const ButtonElement& element);
 

@@ -2,7 +2,7 @@
 
 #include "platform/x11/drawing/RoundedShape.h"
 
-#include <chrono>
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -12,12 +12,6 @@ namespace {
 /// Without blending, a window of no more than this alpha is not on the screen at all.
 constexpr double traceOfAlpha = 0.05;
 
-// One that insists on another desktop is left alone; one that moves the window now and then is not.
-constexpr int maximumCorrections = 3;
-constexpr qint64 restBetweenCorrections = 1000;  // milliseconds
-
-/// One move may be told several times.
-constexpr std::chrono::milliseconds correctionDelay(20);
 
 QRect pixelRect(const QRectF& frame) {
   return {static_cast<int>(std::lround(frame.x())), static_cast<int>(std::lround(frame.y())),
@@ -29,21 +23,19 @@ QRect pixelRect(const QRectF& frame) {
 
 X11Window::X11Window(OverlayEnvironment& environment, const OverlayWindowOptions& options)
     : environment_(environment),
-      options_(options),
       frame_(options.frame),
       native_(environment.connection, surface_),
+      desktop_(environment, surface_, native_, options.collectionBehavior),
       alpha_(options.alpha, [this] { present(); }),
       paintsOpacity_(environment.windowManager.traits().ignoresOpacity) {
   surface_.place(pixelRect(environment_.screens.toQt(frame_)));
   presentSoon_.setSingleShot(true);
   presentSoon_.callOnTimeout(&surface_, [this] { present(); });
-  correctSoon_.setSingleShot(true);
-  correctSoon_.callOnTimeout(&surface_, [this] { correctDesktop(); });
   compositorChanges_ = environment_.compositor.observe([this] {
     applyBlending();
     present();
   });
-  environment_.stack.add(surface_, options_.level);
+  environment_.stack.add(surface_, options.level);
   listen();
   applyBlending();
   applyOpacity();
@@ -51,15 +43,14 @@ X11Window::X11Window(OverlayEnvironment& environment, const OverlayWindowOptions
 
 X11Window::~X11Window() {
   environment_.stack.remove(surface_);
-  environment_.attachments.forget(number());
 }
 
 void X11Window::setContentView(std::unique_ptr<View> view) {
-  canvas_.reset();
+  hosted_.reset();
   view_ = std::move(view);
   if (view_ != nullptr) {
-    canvas_ = std::make_unique<ViewCanvas>(*view_, &surface_);
-    canvas_->show();
+    hosted_ = std::make_unique<HostedView>(*view_, surface_);
+    hosted_->widget().show();
   }
   applyBlending();
 }
@@ -73,14 +64,6 @@ void X11Window::setFrame(const Rect& frame) {
   }
 }
 
-void X11Window::setCollectionBehavior(CollectionBehavior behavior) {
-  const bool before = joinsAllDesktops();
-  options_.collectionBehavior = behavior;
-  if (surface_.isVisible() && joinsAllDesktops() != before) {
-    native_.requestDesktop(wantedDesktop());
-  }
-}
-
 void X11Window::animateAlpha(double alpha, Duration duration, std::function<void()> completion) {
   alpha_.moveTo(alpha, duration, std::move(completion));
 }
@@ -91,8 +74,8 @@ void X11Window::orderFront() {
     environment_.stack.raise(surface_);
     native_.flush();
   } else {
-    // The desktop it belongs to is told after this call, in the same turn; mapped by then, it would flash on the
-    // active one.
+    // The caller tells the desktop of the window after this call, in the same turn. A window that was on the screen
+    // before that would flash on the active desktop.
     presentSoon_.start(0);
   }
 }
@@ -100,22 +83,6 @@ void X11Window::orderFront() {
 void X11Window::orderOut() {
   orderedIn_ = false;
   present();
-}
-
-bool X11Window::joinsAllDesktops() const {
-  return contains(options_.collectionBehavior, CollectionBehavior::CanJoinAllSpaces);
-}
-
-std::uint32_t X11Window::wantedDesktop() const {
-  if (joinsAllDesktops()) {
-    return allDesktops;
-  }
-  if (const std::optional<SpaceID> space = environment_.attachments.desktopOf(number())) {
-    if (const std::optional<std::size_t> index = environment_.desktops.indexOf(*space)) {
-      return static_cast<std::uint32_t>(*index);
-    }
-  }
-  return static_cast<std::uint32_t>(environment_.desktops.list().current.value_or(0));
 }
 
 bool X11Window::isWantedOnScreen() const {
@@ -138,23 +105,22 @@ void X11Window::map() {
   WindowHints hints{
       .types = {atoms._NET_WM_WINDOW_TYPE_NOTIFICATION, atoms._NET_WM_WINDOW_TYPE_UTILITY},
       .states = {atoms._NET_WM_STATE_SKIP_TASKBAR, atoms._NET_WM_STATE_SKIP_PAGER, atoms._NET_WM_STATE_ABOVE},
-      .desktop = wantedDesktop()};
-  if (joinsAllDesktops()) {
+      .desktop = desktop_.wantedDesktop()};
+  if (desktop_.joinsAllDesktops()) {
     hints.states.push_back(atoms._NET_WM_STATE_STICKY);
   }
   applyShape();
   native_.writeHints(hints);
   native_.leaveGroup();
-  desktopCorrections_ = maximumCorrections;
-  surface_.allowCorrections();
+  desktop_.windowWillAppear();
   surface_.appear();
   environment_.stack.raise(surface_);
 }
 
 void X11Window::applyBlending() {
-  if (canvas_ != nullptr) {
+  if (hosted_ != nullptr) {
     const bool blends = environment_.compositor.isCompositing();
-    canvas_->setBlending({.solid = !blends, .opacity = blends && paintsOpacity_ ? alpha_.value() : 1.0});
+    hosted_->setBlending({.solid = !blends, .opacity = blends && paintsOpacity_ ? alpha_.value() : 1.0});
   }
   applyShape();
 }
@@ -203,32 +169,11 @@ void X11Window::reparented(const xcb_generic_event_t& event) {
 
 void X11Window::propertyChanged(const xcb_generic_event_t& event) {
   const auto& property = reinterpret_cast<const xcb_property_notify_event_t&>(event);
-  if (property.window != native_.id()) {
-    return;
-  }
-  const xcb_ewmh_connection_t& atoms = *environment_.connection.ewmh();
-  if (property.atom == atoms._NET_WM_DESKTOP) {
-    correctSoon_.start(correctionDelay);
-  } else if (property.atom == atoms._NET_WM_STATE && native_.hasState(atoms._NET_WM_STATE_DEMANDS_ATTENTION)) {
-    // Some window managers mark what appears without the focus.
-    native_.requestNoState(atoms._NET_WM_STATE_DEMANDS_ATTENTION);
-  }
-}
-
-void X11Window::correctDesktop() {
-  // A window manager that is still busy with the hiding before may clear the property after it was written anew.
-  const bool attached = joinsAllDesktops() || environment_.attachments.desktopOf(number()).has_value();
-  if (!attached || !surface_.isVisible()) {
-    return;
-  }
-  if (sinceCorrection_.hasExpired(restBetweenCorrections)) {
-    desktopCorrections_ = maximumCorrections;
-  }
-  const std::optional<std::uint32_t> now = native_.desktop();
-  if (now && *now != wantedDesktop() && desktopCorrections_ > 0) {
-    sinceCorrection_.start();
-    --desktopCorrections_;
-    native_.requestDesktop(wantedDesktop());
+  const xcb_atom_t state = environment_.connection.ewmh()->_NET_WM_STATE;
+  const xcb_atom_t attention = environment_.connection.ewmh()->_NET_WM_STATE_DEMANDS_ATTENTION;
+  // Some window managers mark what appears without the focus.
+  if (property.window == native_.id() && property.atom == state && native_.hasState(attention)) {
+    native_.requestNoState(attention);
   }
 }
 

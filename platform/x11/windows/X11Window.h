@@ -1,36 +1,21 @@
 #pragma once
 
 #include "platform/Window.h"
-#include "platform/x11/connection/CompositorWatch.h"
 #include "platform/x11/connection/NativeWindow.h"
-#include "platform/x11/connection/WindowManagerWatch.h"
-#include "platform/x11/connection/X11Screens.h"
-#include "platform/x11/desktops/WindowAttachments.h"
-#include "platform/x11/desktops/X11Desktops.h"
 #include "platform/x11/windows/AlphaAnimation.h"
-#include "platform/x11/windows/OverlayStack.h"
+#include "platform/x11/windows/DesktopKeeper.h"
+#include "platform/x11/windows/HostedView.h"
+#include "platform/x11/windows/OverlayEnvironment.h"
 #include "platform/x11/windows/OverlaySurface.h"
-#include "platform/x11/windows/ViewCanvas.h"
 
-#include <QElapsedTimer>
 #include <QTimer>
 #include <optional>
+#include <vector>
 
 namespace roomlattice::platform::x11 {
 
-/// What all overlay windows stand on. It outlives them.
-struct OverlayEnvironment {
-  X11Connection& connection;
-  WindowManagerWatch& windowManager;
-  X11Screens& screens;
-  X11Desktops& desktops;
-  WindowAttachments& attachments;
-  CompositorWatch& compositor;
-  OverlayStack stack;
-};
-
-/// An overlay window: above other windows, out of taskbars and pagers, on one desktop or on all. Whether windows of its
-/// types have a shadow is for the compositor to say.
+/// An overlay window: above other windows, out of taskbars and pagers, on one desktop or on all. The compositor decides
+/// whether windows of its types have a shadow.
 ///
 /// Where windows are blended, the alpha is the window's opacity. Elsewhere the window is drawn without any
 /// transparency, cut to the shape of its background, and it is on the screen only while its alpha is more than a trace.
@@ -44,7 +29,7 @@ class X11Window final : public Window {
   View* contentView() const override { return view_.get(); }
   Rect frame() const override { return frame_; }
   void setFrame(const Rect& frame) override;
-  void setCollectionBehavior(CollectionBehavior behavior) override;
+  void setCollectionBehavior(CollectionBehavior behavior) override { desktop_.setCollectionBehavior(behavior); }
   double alpha() const override { return alpha_.value(); }
   void setAlpha(double alpha) override { alpha_.set(alpha); }
   void animateAlpha(double alpha, Duration duration, std::function<void()> completion) override;
@@ -52,8 +37,6 @@ class X11Window final : public Window {
   void orderOut() override;
 
  private:
-  bool joinsAllDesktops() const;
-  std::uint32_t wantedDesktop() const;
   bool isWantedOnScreen() const;
 
   /// Brings what is on the screen in line with what was asked for.
@@ -66,23 +49,18 @@ class X11Window final : public Window {
   void listen();
   void reparented(const xcb_generic_event_t& event);
   void propertyChanged(const xcb_generic_event_t& event);
-  void correctDesktop();
 
   OverlayEnvironment& environment_;
-  OverlayWindowOptions options_;
   Rect frame_;
   bool orderedIn_ = false;
   std::unique_ptr<View> view_;
   OverlaySurface surface_;
   NativeWindow native_;
-  std::unique_ptr<ViewCanvas> canvas_;
+  DesktopKeeper desktop_;
+  std::unique_ptr<HostedView> hosted_;
   AlphaAnimation alpha_;
   std::optional<double> writtenOpacity_;
   std::vector<xcb_rectangle_t> writtenShape_;
-  // How often in a row the window manager may still be asked to put the window back on its desktop.
-  int desktopCorrections_ = 0;
-  QElapsedTimer sinceCorrection_;
-  QTimer correctSoon_;
   bool paintsOpacity_ = false;
   QTimer presentSoon_;
   Registration compositorChanges_;

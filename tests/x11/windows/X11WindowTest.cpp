@@ -1,7 +1,7 @@
 #include "platform/x11/windows/X11Window.h"
 
 #include "tests/x11/session/PlainWindow.h"
-#include "tests/x11/windows/OverlayWindowFixture.h"
+#include "tests/x11/windows/X11WindowFixture.h"
 
 #include <QApplication>
 #include <QMenu>
@@ -15,18 +15,18 @@ using platform::CollectionBehavior;
 using platform::Rect;
 using platform::WindowLevel;
 
-class OverlayWindowUnder : public OverlayWindowTest, public ::testing::WithParamInterface<WindowManagerKind> {
+class X11WindowUnder : public X11WindowTest, public ::testing::WithParamInterface<WindowManagerKind> {
  protected:
-  OverlayWindowUnder() : OverlayWindowTest({.windowManager = GetParam()}) {}
+  X11WindowUnder() : X11WindowTest({.windowManager = GetParam()}) {}
 };
 
-TEST_P(OverlayWindowUnder, StandsWhereItsFrameIs) {
+TEST_P(X11WindowUnder, StandsWhereItsFrameIs) {
   const auto window = makeOn(0);
   ASSERT_TRUE(appears(*window));
   EXPECT_TRUE(waitFor([&] { return probe(*window).geometry() == labelPixels; }));
 }
 
-TEST_P(OverlayWindowUnder, IsOutOfTaskbarsAndPagers) {
+TEST_P(X11WindowUnder, IsOutOfTaskbarsAndPagers) {
   const auto window = makeOn(0);
   ASSERT_TRUE(appears(*window));
   EXPECT_TRUE(waitFor([&] {
@@ -36,7 +36,7 @@ TEST_P(OverlayWindowUnder, IsOutOfTaskbarsAndPagers) {
   EXPECT_TRUE(waitFor([&] { return !probe(*window).hasState("DEMANDS_ATTENTION"); }));
 }
 
-TEST_P(OverlayWindowUnder, StaysInFrontOfAnApplicationThatComesLater) {
+TEST_P(X11WindowUnder, StaysInFrontOfAnApplicationThatComesLater) {
   const auto window = makeOn(0);
   ASSERT_TRUE(centerBecomes(Qt::red));
   PlainWindow other({500, 350, 300, 150}, Qt::green);
@@ -44,7 +44,7 @@ TEST_P(OverlayWindowUnder, StaysInFrontOfAnApplicationThatComesLater) {
   EXPECT_TRUE(centerBecomes(Qt::red));
 }
 
-TEST_P(OverlayWindowUnder, LeavesTheKeyboardToTheApplicationThatHasIt) {
+TEST_P(X11WindowUnder, LeavesTheKeyboardToTheApplicationThatHasIt) {
   PlainWindow other({500, 350, 300, 150}, Qt::green);
   const auto window = makeOn(0);
   ASSERT_TRUE(appears(*window));
@@ -52,7 +52,7 @@ TEST_P(OverlayWindowUnder, LeavesTheKeyboardToTheApplicationThatHasIt) {
   EXPECT_TRUE(other.hasFocus());
 }
 
-TEST_P(OverlayWindowUnder, LetsClicksThrough) {
+TEST_P(X11WindowUnder, LetsClicksThrough) {
   PlainWindow other({500, 350, 300, 150}, Qt::green);
   const auto window = makeOn(0);
   ASSERT_TRUE(appears(*window));
@@ -61,7 +61,7 @@ TEST_P(OverlayWindowUnder, LetsClicksThrough) {
   EXPECT_TRUE(waitFor([&] { return other.clicks() == 1; }));
 }
 
-TEST_P(OverlayWindowUnder, StillLetsClicksThroughAfterItChangedItsSize) {
+TEST_P(X11WindowUnder, StillLetsClicksThroughAfterItChangedItsSize) {
   PlainWindow other({500, 350, 300, 150}, Qt::green);
   const auto window = makeOn(0);
   ASSERT_TRUE(appears(*window));
@@ -72,7 +72,7 @@ TEST_P(OverlayWindowUnder, StillLetsClicksThroughAfterItChangedItsSize) {
   EXPECT_TRUE(waitFor([&] { return other.clicks() == 1; }));
 }
 
-TEST_P(OverlayWindowUnder, IsOnTheDesktopItWasPutOnAndNowhereElse) {
+TEST_P(X11WindowUnder, IsOnTheDesktopItWasPutOnAndNowhereElse) {
   const auto window = makeOn(2);
   ASSERT_TRUE(waitFor([&] { return probe(*window).desktop() == 2U && probe(*window).number("WM_STATE") != 0U; }));
   settle();
@@ -83,7 +83,7 @@ TEST_P(OverlayWindowUnder, IsOnTheDesktopItWasPutOnAndNowhereElse) {
   EXPECT_TRUE(waitFor([&] { return !similar(centerColor(), Qt::red); }));
 }
 
-TEST_P(OverlayWindowUnder, LeavesAMenuOpenWhenItAppears) {
+TEST_P(X11WindowUnder, LeavesAMenuOpenWhenItAppears) {
   QMenu menu;
   menu.addAction(QStringLiteral("Item"));
   menu.popup({10, 10});
@@ -94,14 +94,14 @@ TEST_P(OverlayWindowUnder, LeavesAMenuOpenWhenItAppears) {
   EXPECT_EQ(probe(*window).types().front(), "_NET_WM_WINDOW_TYPE_NOTIFICATION");
 }
 
-TEST_P(OverlayWindowUnder, MovesToAnotherDesktop) {
+TEST_P(X11WindowUnder, MovesToAnotherDesktop) {
   const auto window = makeOn(0);
   ASSERT_TRUE(appears(*window));
   server_.addWindowToSpace(window->number(), spaceAt(3));
   EXPECT_TRUE(waitFor([&] { return probe(*window).desktop() == 3U && !similar(centerColor(), Qt::red); }));
 }
 
-TEST_P(OverlayWindowUnder, GoesBackHoweverOftenItIsTakenAwayInTheCourseOfTime) {
+TEST_P(X11WindowUnder, GoesBackHoweverOftenItIsTakenAwayInTheCourseOfTime) {
   const auto window = makeOn(2);
   ASSERT_TRUE(waitFor([&] { return probe(*window).desktop() == 2U && probe(*window).number("WM_STATE") != 0U; }));
   const std::string id = std::to_string(window->number());
@@ -112,7 +112,7 @@ TEST_P(OverlayWindowUnder, GoesBackHoweverOftenItIsTakenAwayInTheCourseOfTime) {
   }
 }
 
-TEST_P(OverlayWindowUnder, StaysWhereItIsWhenAnotherWindowOfTheProgramIsActivated) {
+TEST_P(X11WindowUnder, StaysWhereItIsWhenAnotherWindowOfTheProgramIsActivated) {
   const auto window = makeOn(2);
   ASSERT_TRUE(waitFor([&] { return probe(*window).desktop() == 2U && probe(*window).number("WM_STATE") != 0U; }));
   settle();
@@ -136,7 +136,7 @@ TEST_P(OverlayWindowUnder, StaysWhereItIsWhenAnotherWindowOfTheProgramIsActivate
   EXPECT_EQ(probe(*window).desktop(), 2U);
 }
 
-TEST_P(OverlayWindowUnder, ComesBackOnItsOwnDesktopAfterItWasHidden) {
+TEST_P(X11WindowUnder, ComesBackOnItsOwnDesktopAfterItWasHidden) {
   const auto window = makeOn(2);
   ASSERT_TRUE(waitFor([&] { return probe(*window).desktop() == 2U; }));
   for (int time = 0; time < 5; ++time) {
@@ -152,7 +152,7 @@ TEST_P(OverlayWindowUnder, ComesBackOnItsOwnDesktopAfterItWasHidden) {
   EXPECT_TRUE(waitFor([&] { return probe(*window).geometry() == labelPixels; }));
 }
 
-TEST_P(OverlayWindowUnder, IsOnEveryDesktopWhenItJoinsAll) {
+TEST_P(X11WindowUnder, IsOnEveryDesktopWhenItJoinsAll) {
   const auto window = make({.level = WindowLevel::StatusWindow,
                             .collectionBehavior = CollectionBehavior::CanJoinAllSpaces | CollectionBehavior::Stationary,
                             .alpha = 1.0});
@@ -165,7 +165,7 @@ TEST_P(OverlayWindowUnder, IsOnEveryDesktopWhenItJoinsAll) {
   EXPECT_EQ(probe(*window).desktop(), platform::x11::allDesktops);
 }
 
-TEST_P(OverlayWindowUnder, OfAHigherLevelStaysInFrontOfALaterOneOfALowerLevel) {
+TEST_P(X11WindowUnder, OfAHigherLevelStaysInFrontOfALaterOneOfALowerLevel) {
   const auto high = make({.level = WindowLevel::StatusWindow, .alpha = 1.0});
   high->orderFront();
   ASSERT_TRUE(appears(*high));
@@ -176,14 +176,14 @@ TEST_P(OverlayWindowUnder, OfAHigherLevelStaysInFrontOfALaterOneOfALowerLevel) {
   EXPECT_TRUE(centerBecomes(Qt::red));
 }
 
-TEST_P(OverlayWindowUnder, LeavesTheScreenWithItsObject) {
+TEST_P(X11WindowUnder, LeavesTheScreenWithItsObject) {
   auto window = makeOn(0);
   ASSERT_TRUE(centerBecomes(Qt::red));
   window.reset();
   EXPECT_TRUE(waitFor([&] { return !similar(centerColor(), Qt::red); }));
 }
 
-TEST_P(OverlayWindowUnder, ShowsNothingAtAlphaZero) {
+TEST_P(X11WindowUnder, ShowsNothingAtAlphaZero) {
   const auto window = makeOn(0, 0.0);
   settle();
   EXPECT_FALSE(similar(centerColor(), Qt::red, 40));
@@ -193,9 +193,9 @@ TEST_P(OverlayWindowUnder, ShowsNothingAtAlphaZero) {
   EXPECT_TRUE(waitFor([&] { return !similar(centerColor(), Qt::red, 40); }));
 }
 
-INSTANTIATE_TEST_SUITE_P(OnEvery, OverlayWindowUnder, everyWindowManager(), ::testing::PrintToStringParamName());
+INSTANTIATE_TEST_SUITE_P(OnEvery, X11WindowUnder, everyWindowManager(), ::testing::PrintToStringParamName());
 
-TEST_F(OverlayWindowTest, MovesWithThePrimaryScreenWhenItIsPlacedAnew) {
+TEST_F(X11WindowTest, MovesWithThePrimaryScreenWhenItIsPlacedAnew) {
   ui_.session.run({"xrandr", "--setmonitor", "one", "800/200x600/150+0+0", "screen"});
   ASSERT_TRUE(waitFor([this] { return ui_.screens.toQt(platform::Point{0, 0}) == QPointF(0, 600); }));
   const auto window = makeOn(0);
@@ -206,7 +206,7 @@ TEST_F(OverlayWindowTest, MovesWithThePrimaryScreenWhenItIsPlacedAnew) {
   EXPECT_TRUE(waitFor([&] { return probe(*window).geometry() == labelPixels.translated(480, 0); }));
 }
 
-TEST_F(OverlayWindowTest, KeepsTheFrameItWasGiven) {
+TEST_F(X11WindowTest, KeepsTheFrameItWasGiven) {
   const auto window = makeOn(0);
   const Rect frame{{10.25, 20.5}, {300.75, 100.125}};
   window->setFrame(frame);

@@ -1,4 +1,4 @@
-#include "platform/x11/preferences/TabbedPanel.h"
+#include "platform/x11/preferences/X11TabbedWindow.h"
 
 #include "tests/x11/session/UserInterfaceFixture.h"
 
@@ -24,7 +24,7 @@ using platform::TabbedWindowModel;
 using platform::TabPage;
 using ::testing::ElementsAre;
 
-class TabbedPanelTest : public ::testing::Test {
+class X11TabbedWindowTest : public ::testing::Test {
  protected:
   struct NamedControl {
     NamedControl(Control what, std::string name = {}) : control(std::move(what)), accessibilityLabel(std::move(name)) {}
@@ -89,7 +89,7 @@ PushButtonControl button(const std::string& title) {
   return {.title = title, .action = [] {}};
 }
 
-TEST_F(TabbedPanelTest, IsReachedByTheKeyboardFromControlToControl) {
+TEST_F(X11TabbedWindowTest, IsReachedByTheKeyboardFromControlToControl) {
   showPage({CheckBoxControl{.title = "Check", .action = [](platform::CheckState) {}},
             button("Push"),
             {SelectableTextControl{.text = "text"}, "Text"}});
@@ -103,7 +103,7 @@ TEST_F(TabbedPanelTest, IsReachedByTheKeyboardFromControlToControl) {
   EXPECT_THAT(visited, ElementsAre("Check", "Push", "Text"));
 }
 
-TEST_F(TabbedPanelTest, TurnsItsPagesByTheKeyboardWhateverControlHasIt) {
+TEST_F(X11TabbedWindowTest, TurnsItsPagesByTheKeyboardWhateverControlHasIt) {
   showPages({{"First", {PopUpControl{.items = {"One", "Two"}, .action = [](int) {}}}}, {"Second", {button("Push")}}});
   auto* tabs = window()->findChild<QTabWidget*>();
   const auto page = [tabs](int index) { return [tabs, index] { return tabs->currentIndex() == index; }; };
@@ -117,7 +117,7 @@ TEST_F(TabbedPanelTest, TurnsItsPagesByTheKeyboardWhateverControlHasIt) {
   EXPECT_TRUE(waitFor(page(1)));
 }
 
-TEST_F(TabbedPanelTest, TellsScreenReadersNamesAndRoles) {
+TEST_F(X11TabbedWindowTest, TellsScreenReadersNamesAndRoles) {
   showPage({{SliderControl{}, "Size"}, {platform::ColorWellControl{}, "Shade"}, button("Push")});
   std::map<std::string, QAccessible::Role> roles;
   for (QWidget* widget : window()->findChildren<QWidget*>()) {
@@ -128,7 +128,7 @@ TEST_F(TabbedPanelTest, TellsScreenReadersNamesAndRoles) {
   EXPECT_EQ(roles["Push"], QAccessible::Button);
 }
 
-TEST_F(TabbedPanelTest, TellsScreenReadersTheLabelOfAPopUp) {
+TEST_F(X11TabbedWindowTest, TellsScreenReadersTheLabelOfAPopUp) {
   showPage({platform::LabelControl{.text = "Choice:"}, PopUpControl{.items = {"One"}, .action = [](int) {}}});
   QAccessibleInterface* popUp = QAccessible::queryAccessibleInterface(window()->findChild<QComboBox*>());
   ASSERT_NE(popUp, nullptr);
@@ -138,7 +138,7 @@ TEST_F(TabbedPanelTest, TellsScreenReadersTheLabelOfAPopUp) {
   EXPECT_EQ(labels.first().first->text(QAccessible::Name), QStringLiteral("Choice:"));
 }
 
-TEST_F(TabbedPanelTest, GivesTheKeyboardBackToAButtonThatWasDisabledForAWhile) {
+TEST_F(X11TabbedWindowTest, GivesTheKeyboardBackToAButtonThatWasDisabledForAWhile) {
   showPage({button("Gather"), {SelectableTextControl{.text = "text"}, "Text"}});
   press("Tab");
   ASSERT_TRUE(waitFor([] { return nameOf(window()->focusWidget()) == "Gather"; }));
@@ -148,7 +148,7 @@ TEST_F(TabbedPanelTest, GivesTheKeyboardBackToAButtonThatWasDisabledForAWhile) {
   EXPECT_EQ(nameOf(window()->focusWidget()), "Gather");
 }
 
-TEST_F(TabbedPanelTest, LeavesTheKeyboardWhereTheUserHasTakenItMeanwhile) {
+TEST_F(X11TabbedWindowTest, LeavesTheKeyboardWhereTheUserHasTakenItMeanwhile) {
   showPage({button("Gather"), {SelectableTextControl{.text = "text"}, "Text"}});
   press("Tab");
   ASSERT_TRUE(waitFor([] { return nameOf(window()->focusWidget()) == "Gather"; }));
@@ -162,7 +162,7 @@ TEST_F(TabbedPanelTest, LeavesTheKeyboardWhereTheUserHasTakenItMeanwhile) {
   EXPECT_EQ(nameOf(window()->focusWidget()), "Text");
 }
 
-TEST_F(TabbedPanelTest, OffersNeitherToMinimizeNorToMaximizeIt) {
+TEST_F(X11TabbedWindowTest, OffersNeitherToMinimizeNorToMaximizeIt) {
   // The second number of these hints: 2 is to resize, 4 to move, 8 to minimize, 16 to maximize, 32 to close a window.
   showPage({button("Push")});
   const std::string hints = ui_.session.run({"xprop", "-notype", "-id", std::to_string(window()->winId()), "-f",
@@ -170,13 +170,13 @@ TEST_F(TabbedPanelTest, OffersNeitherToMinimizeNorToMaximizeIt) {
   EXPECT_THAT(hints, ::testing::HasSubstr(", 0x26, "));
 }
 
-TEST_F(TabbedPanelTest, StandsInTheMiddleOfTheScreen) {
+TEST_F(X11TabbedWindowTest, StandsInTheMiddleOfTheScreen) {
   showPage({button("Push")});
   const QPoint middle = window()->screen()->availableGeometry().center();
   EXPECT_TRUE(waitFor([&] { return (window()->frameGeometry().center() - middle).manhattanLength() < 40; }));
 }
 
-TEST_F(TabbedPanelTest, MovesASliderByTheKeyboardInHundredths) {
+TEST_F(X11TabbedWindowTest, MovesASliderByTheKeyboardInHundredths) {
   std::vector<double> values;
   showPage({SliderControl{.value = 0.78, .action = [&values](double value) { values.push_back(value); }}});
   press("Tab");
@@ -188,7 +188,7 @@ TEST_F(TabbedPanelTest, MovesASliderByTheKeyboardInHundredths) {
   EXPECT_THAT(values, ElementsAre(0.79, 0.80, 0.79, 1.0));
 }
 
-TEST_F(TabbedPanelTest, ComesBackAfterItWasClosed) {
+TEST_F(X11TabbedWindowTest, ComesBackAfterItWasClosed) {
   showPage({button("Push")});
   press("ctrl+w");
   ASSERT_TRUE(waitFor([] { return !window()->isVisible(); }));

@@ -1,4 +1,4 @@
-#include "platform/x11/statusitem/StatusItemWindow.h"
+#include "platform/x11/statusitem/X11StatusItem.h"
 
 #include "platform/x11/statusitem/StatusItemDrawing.h"
 #include "tests/x11/session/PlainWindow.h"
@@ -39,9 +39,9 @@ Image squareIcon() {
   return image;
 }
 
-class StatusItemTest : public ::testing::Test {
+class X11StatusItemTest : public ::testing::Test {
  protected:
-  explicit StatusItemTest(const SessionOptions& options = {}) : ui_(options) {}
+  explicit X11StatusItemTest(const SessionOptions& options = {}) : ui_(options) {}
 
   StatusItem& show(const StatusButtonContent& content, const StatusItemLength& length = VariableLength{}) {
     item_ = ui_.userInterface.createStatusItem(length);
@@ -85,24 +85,24 @@ void misinform(platform::x11::X11Connection& connection, xcb_window_t window, co
   xcb_flush(connection.raw());
 }
 
-class StatusItemUnder : public StatusItemTest, public ::testing::WithParamInterface<WindowManagerKind> {
+class X11StatusItemUnder : public X11StatusItemTest, public ::testing::WithParamInterface<WindowManagerKind> {
  protected:
-  StatusItemUnder() : StatusItemTest({.windowManager = GetParam()}) {}
+  X11StatusItemUnder() : X11StatusItemTest({.windowManager = GetParam()}) {}
 };
 
-TEST_P(StatusItemUnder, StandsAtTheTopRightAsWideAsItsTitle) {
+TEST_P(X11StatusItemUnder, StandsAtTheTopRightAsWideAsItsTitle) {
   show(redTitle(" Mail "));
   EXPECT_TRUE(standsRightWithWidth(titleWidth(" Mail ")));
 }
 
-TEST_P(StatusItemUnder, KeepsToTheRightEdgeWhenItsTitleChanges) {
+TEST_P(X11StatusItemUnder, KeepsToTheRightEdgeWhenItsTitleChanges) {
   StatusItem& item = show(redTitle(" Mail "));
   ASSERT_TRUE(standsRightWithWidth(titleWidth(" Mail ")));
   item.button()->setContent(redTitle(" Letters and parcels "));
   EXPECT_TRUE(standsRightWithWidth(titleWidth(" Letters and parcels ")));
 }
 
-TEST_P(StatusItemUnder, IsADockOnAllDesktopsOutsideOfTaskbarsAndPagers) {
+TEST_P(X11StatusItemUnder, IsADockOnAllDesktopsOutsideOfTaskbarsAndPagers) {
   show(redTitle(" Mail "));
   ASSERT_TRUE(waitFor([this] { return probe().isViewable(); }));
   EXPECT_EQ(probe().types(), std::vector<std::string>{"_NET_WM_WINDOW_TYPE_DOCK"});
@@ -111,7 +111,7 @@ TEST_P(StatusItemUnder, IsADockOnAllDesktopsOutsideOfTaskbarsAndPagers) {
   EXPECT_TRUE(waitFor([this] { return probe().hasState("SKIP_TASKBAR") && probe().hasState("SKIP_PAGER"); }));
 }
 
-TEST_P(StatusItemUnder, LeavesTheKeyboardToTheApplicationThatHasIt) {
+TEST_P(X11StatusItemUnder, LeavesTheKeyboardToTheApplicationThatHasIt) {
   PlainWindow other({200, 200, 300, 200}, Qt::blue);
   show(redTitle(" Mail "));
   ASSERT_TRUE(standsRightWithWidth(titleWidth(" Mail ")));
@@ -119,7 +119,7 @@ TEST_P(StatusItemUnder, LeavesTheKeyboardToTheApplicationThatHasIt) {
   EXPECT_TRUE(other.hasFocus());
 }
 
-TEST_P(StatusItemUnder, LiesOverAMaximizedWindow) {
+TEST_P(X11StatusItemUnder, LiesOverAMaximizedWindow) {
   show(redTitle(" Mail "));
   ASSERT_TRUE(standsRightWithWidth(titleWidth(" Mail ")));
   PlainWindow other({200, 200, 300, 200}, Qt::blue);
@@ -128,7 +128,7 @@ TEST_P(StatusItemUnder, LiesOverAMaximizedWindow) {
   EXPECT_TRUE(waitFor([this] { return similar(pixel(screenWidth - 4, 12), red); }));
 }
 
-TEST_P(StatusItemUnder, StaysOnTheScreenWhenTheDesktopChanges) {
+TEST_P(X11StatusItemUnder, StaysOnTheScreenWhenTheDesktopChanges) {
   show(redTitle(" Mail "));
   ASSERT_TRUE(waitFor([this] { return similar(pixel(screenWidth - 4, 12), red); }));
   ui_.session.run({"wmctrl", "-s", "2"});
@@ -136,7 +136,7 @@ TEST_P(StatusItemUnder, StaysOnTheScreenWhenTheDesktopChanges) {
   EXPECT_TRUE(waitFor([this] { return probe().isViewable() && similar(pixel(screenWidth - 4, 12), red); }));
 }
 
-TEST_P(StatusItemUnder, OpensItsMenuBelowItWhereverTheToolkitBelievesItToBe) {
+TEST_P(X11StatusItemUnder, OpensItsMenuBelowItWhereverTheToolkitBelievesItToBe) {
   platform::Menu menu;
   menu.items.push_back(platform::CommandItem{.title = "Quit", .action = [] {}});
   show(redTitle(" Mail ")).setMenu(&menu);
@@ -154,14 +154,14 @@ TEST_P(StatusItemUnder, OpensItsMenuBelowItWhereverTheToolkitBelievesItToBe) {
   EXPECT_EQ(opened.left() + opened.width(), screenWidth);
 }
 
-INSTANTIATE_TEST_SUITE_P(OnEvery, StatusItemUnder, everyWindowManager(), ::testing::PrintToStringParamName());
+INSTANTIATE_TEST_SUITE_P(OnEvery, X11StatusItemUnder, everyWindowManager(), ::testing::PrintToStringParamName());
 
-class StatusItemUnderI3 : public StatusItemTest {
+class X11StatusItemUnderI3 : public X11StatusItemTest {
  protected:
-  StatusItemUnderI3() : StatusItemTest({.windowManager = WindowManagerKind::I3}) {}
+  X11StatusItemUnderI3() : X11StatusItemTest({.windowManager = WindowManagerKind::I3}) {}
 };
 
-TEST_F(StatusItemUnderI3, IsDrawnAtTheRightEndOfAStripWhateverItsTitle) {
+TEST_F(X11StatusItemUnderI3, IsDrawnAtTheRightEndOfAStripWhateverItsTitle) {
   StatusItem& item = show(redTitle(" Mail "));
   EXPECT_TRUE(waitFor([this] { return probe().geometry() == QRect(0, 0, screenWidth, height); }));
   for (const char* title : {" Letters and parcels ", " Mail ", " Play "}) {
@@ -174,7 +174,7 @@ TEST_F(StatusItemUnderI3, IsDrawnAtTheRightEndOfAStripWhateverItsTitle) {
   EXPECT_FALSE(similar(pixel(3, 12), red));
 }
 
-TEST_F(StatusItemUnderI3, OpensItsMenuBelowItAndNotFromTheRestOfTheStrip) {
+TEST_F(X11StatusItemUnderI3, OpensItsMenuBelowItAndNotFromTheRestOfTheStrip) {
   platform::Menu menu;
   menu.items.emplace_back(platform::CommandItem{"Command", "", [] {}});
   show(redTitle(" Mail ")).setMenu(&menu);
@@ -185,12 +185,12 @@ TEST_F(StatusItemUnderI3, OpensItsMenuBelowItAndNotFromTheRestOfTheStrip) {
   EXPECT_EQ(QApplication::activePopupWidget()->geometry().right(), screenWidth - 1);
 }
 
-TEST_F(StatusItemTest, IsAsWideAsHighInSquareLength) {
+TEST_F(X11StatusItemTest, IsAsWideAsHighInSquareLength) {
   show({.image = squareIcon()}, SquareLength{});
   EXPECT_TRUE(standsRightWithWidth(height));
 }
 
-TEST_F(StatusItemTest, HasExactlyTheFixedWidthWhateverItsTitle) {
+TEST_F(X11StatusItemTest, HasExactlyTheFixedWidthWhateverItsTitle) {
   StatusItem& item = show(redTitle(" M "), FixedLength{140.0});
   EXPECT_TRUE(standsRightWithWidth(140));
   item.button()->setContent(redTitle(" A title that is a good deal longer than it has room for "));
@@ -198,12 +198,12 @@ TEST_F(StatusItemTest, HasExactlyTheFixedWidthWhateverItsTitle) {
   EXPECT_TRUE(standsRightWithWidth(141));
 }
 
-TEST_F(StatusItemTest, IsNeverWiderThanTheScreen) {
+TEST_F(X11StatusItemTest, IsNeverWiderThanTheScreen) {
   show(redTitle(std::string(1000, 'W')));
   EXPECT_TRUE(standsRightWithWidth(screenWidth));
 }
 
-TEST_F(StatusItemTest, GoesToTheCornerOfAResizedScreen) {
+TEST_F(X11StatusItemTest, GoesToTheCornerOfAResizedScreen) {
   show(redTitle(" Mail "));
   ASSERT_TRUE(standsRightWithWidth(titleWidth(" Mail ")));
   ui_.session.run({"xrandr", "--newmode", "smaller", "36", "800", "824", "896", "1024", "600", "601", "603", "625"});
@@ -213,7 +213,7 @@ TEST_F(StatusItemTest, GoesToTheCornerOfAResizedScreen) {
   EXPECT_TRUE(comesToStandAt({800 - width, 0, width, height}));
 }
 
-TEST_F(StatusItemTest, DrawsTheBackgroundWithinTheBarAndTheTitleInItsColor) {
+TEST_F(X11StatusItemTest, DrawsTheBackgroundWithinTheBarAndTheTitleInItsColor) {
   show({.title = {.text = " Mail ", .color = Color{0.0, 0.0, 1.0}}, .background = Color{1.0, 0.0, 0.0}});
   const int width = titleWidth(" Mail ");
   ASSERT_TRUE(waitFor([this] { return similar(pixel(screenWidth - 4, 12), red); }));
@@ -224,7 +224,7 @@ TEST_F(StatusItemTest, DrawsTheBackgroundWithinTheBarAndTheTitleInItsColor) {
   EXPECT_GT(countPixels(image, Qt::blue, 40), 10);
 }
 
-TEST_F(StatusItemTest, DrawsATemplateImageInTheBarsTextColor) {
+TEST_F(X11StatusItemTest, DrawsATemplateImageInTheBarsTextColor) {
   show({.title = {}, .image = squareIcon()}, SquareLength{});
   ASSERT_TRUE(standsRightWithWidth(height));
   // Light without any setting: dark text. The icon has its whole 16 points, with sharp edges.
@@ -234,14 +234,14 @@ TEST_F(StatusItemTest, DrawsATemplateImageInTheBarsTextColor) {
   EXPECT_TRUE(waitFor([&] { return darkPixels() == 16 * 16; })) << darkPixels();
 }
 
-TEST_F(StatusItemTest, LeavesTheScreenWithItsObject) {
+TEST_F(X11StatusItemTest, LeavesTheScreenWithItsObject) {
   show(redTitle(" Mail "));
   ASSERT_TRUE(waitFor([this] { return similar(pixel(screenWidth - 4, 12), red); }));
   item_.reset();
   EXPECT_TRUE(waitFor([this] { return !similar(pixel(screenWidth - 4, 12), red); }));
 }
 
-TEST_F(StatusItemTest, ReservesItsEdgeOfTheScreenOnlyWhenAskedTo) {
+TEST_F(X11StatusItemTest, ReservesItsEdgeOfTheScreenOnlyWhenAskedTo) {
   show(redTitle(" Mail "));
   ASSERT_TRUE(waitFor([this] { return probe().isViewable(); }));
   EXPECT_EQ(probe().number("_NET_WM_STRUT"), std::nullopt);
@@ -264,9 +264,9 @@ struct DoubleScale {
   Environment environment;
 };
 
-class ScaledStatusItemTest : DoubleScale, public StatusItemTest {};
+class ScaledX11StatusItemTest : DoubleScale, public X11StatusItemTest {};
 
-TEST_F(ScaledStatusItemTest, TakesTwoPixelsForAPoint) {
+TEST_F(ScaledX11StatusItemTest, TakesTwoPixelsForAPoint) {
   show({.title = {}, .image = squareIcon()}, SquareLength{});
   ASSERT_TRUE(comesToStandAt({screenWidth - 2 * height, 0, 2 * height, 2 * height}));
   const auto darkPixels = [this] {

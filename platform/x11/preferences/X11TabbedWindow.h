@@ -14,10 +14,10 @@ namespace roomlattice::platform::x11 {
 
 /// The preferences window: a window of fixed size with native tabs and controls, at the places the model gives. A page
 /// whose controls need more room than it has can be scrolled.
-class TabbedPanel final : public TabbedWindow {
+class X11TabbedWindow final : public TabbedWindow {
  public:
   /// The others must outlive the panel.
-  TabbedPanel(const TabbedWindowModel& model, X11Connection& connection, const X11Desktops& desktops);
+  X11TabbedWindow(const TabbedWindowModel& model, X11Connection& connection, const X11Desktops& desktops);
 
   void show() override;
   void setText(ControlReference label, const std::string& text) override;

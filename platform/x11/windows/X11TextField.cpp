@@ -1,7 +1,6 @@
-#include "platform/x11/windows/ViewTextField.h"
+#include "platform/x11/windows/X11TextField.h"
 
 #include "platform/x11/drawing/QtValues.h"
-#include "platform/x11/drawing/Text.h"
 #include "platform/x11/input/X11KeyEvent.h"
 
 #include <QCoreApplication>
@@ -18,35 +17,26 @@ bool leavesField(int key) {
 
 }  // namespace
 
-ViewTextField::ViewTextField(View& view, QWidget* parent) : QLineEdit(parent), view_(view) {
+X11TextField::X11TextField(QWidget* parent) : QLineEdit(parent) {
   setContextMenuPolicy(Qt::NoContextMenu);
 }
 
-void ViewTextField::show(const TextFieldElement& element, bool hidden) {
-  setFont(toQt(element.font));
-  if (hidden && hasFocus()) {
-    // Or else the menu around it would take the focus to its next row.
-    window()->setFocus(Qt::OtherFocusReason);
-  }
-  setVisible(!hidden);
-}
-
-std::string ViewTextField::text() const {
+std::string X11TextField::text() const {
   return QLineEdit::text().toStdString();
 }
 
-void ViewTextField::setText(const std::string& text) {
+void X11TextField::setText(const std::string& text) {
   QLineEdit::setText(toQt(text));
 }
 
-void ViewTextField::focusAndSelectAll() {
+void X11TextField::focusAndSelectAll() {
   if (isVisible()) {
     setFocus(Qt::OtherFocusReason);
     selectAll();
   }
 }
 
-bool ViewTextField::interpret(const KeyEvent& event) {
+bool X11TextField::interpret(const KeyEvent& event) {
   const auto* key = dynamic_cast<const X11KeyEvent*>(&event);
   if (key == nullptr || !hasFocus()) {
     return false;
@@ -56,7 +46,7 @@ bool ViewTextField::interpret(const KeyEvent& event) {
   return true;
 }
 
-bool ViewTextField::event(QEvent* event) {
+bool X11TextField::event(QEvent* event) {
   if (event->type() == QEvent::ShortcutOverride) {
     event->accept();
     return true;
@@ -68,12 +58,12 @@ bool ViewTextField::event(QEvent* event) {
   return QLineEdit::event(event);
 }
 
-void ViewTextField::keyPressEvent(QKeyEvent* event) {
+void X11TextField::keyPressEvent(QKeyEvent* event) {
   const int key = event->key();
   const bool ends = key == Qt::Key_Return || key == Qt::Key_Enter;
   if (ends || key == Qt::Key_Escape) {
     event->accept();
-    view_.doCommand(ends ? EditCommand::InsertNewline : EditCommand::Cancel);
+    onCommand(ends ? EditCommand::InsertNewline : EditCommand::Cancel);
     return;
   }
   QLineEdit::keyPressEvent(event);

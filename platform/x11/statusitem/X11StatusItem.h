@@ -5,7 +5,7 @@
 #include "platform/x11/connection/CompositorWatch.h"
 #include "platform/x11/connection/NativeWindow.h"
 #include "platform/x11/connection/WindowManagerWatch.h"
-#include "platform/x11/statusitem/MenuPopup.h"
+#include "platform/x11/statusitem/MenuSession.h"
 
 #include <QTimer>
 #include <QWidget>
@@ -18,9 +18,9 @@ namespace roomlattice::platform::x11 {
 ///
 /// With ROOMLATTICE_RESERVE_SCREEN_EDGE=1 in the environment it reserves its height along the top edge of the screen,
 /// so that maximised windows start below it; otherwise it lies over them.
-class StatusItemWindow final : public QWidget, public StatusItem, public StatusButton {
+class X11StatusItem final : public QWidget, public StatusItem, public StatusButton {
  public:
-  StatusItemWindow(X11Connection& connection, WindowManagerWatch& windowManager, X11Appearance& appearance,
+  X11StatusItem(X11Connection& connection, WindowManagerWatch& windowManager, X11Appearance& appearance,
                    CompositorWatch& compositor, const StatusItemLength& length);
 
   StatusButton* button() override { return this; }
@@ -49,8 +49,8 @@ class StatusItemWindow final : public QWidget, public StatusItem, public StatusB
   StatusButtonContent content_;
   StatusItemLength length_;
   Menu* menu_ = nullptr;
-  // The last opening of the menu.
-  std::unique_ptr<MenuPopup> popup_;
+  // Exists while the menu is open.
+  std::unique_ptr<MenuSession> session_;
   double itemWidth_ = 0.0;
   NativeWindow native_;
   QTimer layOutSoon_;

@@ -3,17 +3,17 @@
 #include "platform/View.h"
 
 #include <QLineEdit>
+#include <functional>
 
 namespace roomlattice::platform::x11 {
 
-/// The text field of a view. What ends an edit is asked of the view first, and keys that would leave the field, or work
-/// the menu around it, stay in it.
-class ViewTextField final : public QLineEdit, public TextField {
+/// The text field of a view. Keys that would leave the field, or work the menu around it, stay in it.
+class X11TextField final : public QLineEdit, public TextField {
  public:
-  /// The view must outlive it.
-  ViewTextField(View& view, QWidget* parent);
+  explicit X11TextField(QWidget* parent);
 
-  void show(const TextFieldElement& element, bool hidden);
+  /// Called for the keys that end an edit; the field itself does nothing about them. Never empty.
+  std::function<void(EditCommand command)> onCommand = [](EditCommand) {};
 
   std::string text() const override;
   void setText(const std::string& text) override;
@@ -23,9 +23,6 @@ class ViewTextField final : public QLineEdit, public TextField {
  protected:
   bool event(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
-
- private:
-  View& view_;
 };
 
 }  // namespace roomlattice::platform::x11

@@ -1,8 +1,8 @@
-#include "platform/x11/preferences/TabbedPanel.h"
+#include "platform/x11/preferences/X11TabbedWindow.h"
 
 #include "platform/x11/drawing/QtValues.h"
 #include "platform/x11/drawing/Text.h"
-#include "platform/x11/preferences/ControlWidgets.h"
+#include "platform/x11/preferences/NativeControls.h"
 
 #include <QComboBox>
 #include <QEvent>
@@ -55,9 +55,38 @@ QSize toQt(const Size& size) {
   return {static_cast<int>(std::ceil(size.width)), static_cast<int>(std::ceil(size.height))};
 }
 
+/// The widget of a control at its place, in a page of that height.
+QWidget* addControl(QWidget& page, const PlacedControl& placed, double pageHeight) {
+  QWidget* widget = makeControl(placed.control).release();
+  widget->setParent(&page);
+  widget->setAccessibleName(x11::toQt(placed.accessibilityLabel));
+  widget->setGeometry(x11::toQt(placed.frame, pageHeight).toAlignedRect());
+  return widget;
+}
+
+void putAfter(QWidget& previous, QWidget& widget) {
+  QWidget::setTabOrder(&previous, &widget);
+  // Screen readers get the name of a pop-up from its label alone.
+  if (auto* label = dynamic_cast<QLabel*>(&previous);
+      label != nullptr && dynamic_cast<QComboBox*>(&widget) != nullptr) {
+    label->setBuddy(&widget);
+  }
+}
+
+QScrollArea* makeScrolling(QWidget* content) {
+  auto* scrolling = new QScrollArea;
+  scrolling->setFrameShape(QFrame::NoFrame);
+  scrolling->setFocusPolicy(Qt::NoFocus);
+  scrolling->setWidget(content);
+  // Let the colour of the tabs through, which differs from that of windows in some styles.
+  scrolling->viewport()->setAutoFillBackground(false);
+  content->setAutoFillBackground(false);
+  return scrolling;
+}
+
 }  // namespace
 
-TabbedPanel::TabbedPanel(const TabbedWindowModel& model, X11Connection& connection, const X11Desktops& desktops)
+X11TabbedWindow::X11TabbedWindow(const TabbedWindowModel& model, X11Connection& connection, const X11Desktops& desktops)
     : connection_(connection), desktops_(desktops) {
   window_.setWindowFlags(titledAndClosable);
   window_.setWindowTitle(x11::toQt(model.title));
@@ -73,41 +102,25 @@ TabbedPanel::TabbedPanel(const TabbedWindowModel& model, X11Connection& connecti
   center();
 }
 
-void TabbedPanel::addPage(QTabWidget& tabs, const TabPage& page) {
+void X11TabbedWindow::addPage(QTabWidget& tabs, const TabPage& page) {
   auto* content = new QWidget;
   auto* wheelToPage = new WheelToPage(content);
-  QWidget* previous = nullptr;
   std::vector<QWidget*>& controls = controls_.emplace_back();
   for (const PlacedControl& placed : page.controls) {
-    QWidget* widget = makeWidget(placed.control).release();
-    widget->setParent(content);
-    widget->setAccessibleName(x11::toQt(placed.accessibilityLabel));
-    widget->setGeometry(x11::toQt(placed.frame, page.size.height).toAlignedRect());
+    QWidget* widget = addControl(*content, placed, page.size.height);
     widget->installEventFilter(wheelToPage);
-    if (previous != nullptr) {
-      QWidget::setTabOrder(previous, widget);
+    if (!controls.empty()) {
+      putAfter(*controls.back(), *widget);
     }
-    // Screen readers get the name of a pop-up from its label alone.
-    if (auto* label = dynamic_cast<QLabel*>(previous);
-        label != nullptr && dynamic_cast<QComboBox*>(widget) != nullptr) {
-      label->setBuddy(widget);
-    }
-    previous = widget;
     controls.push_back(widget);
   }
   content->setFixedSize(toQt(neededSize(page)));
-  auto* scrolling = new QScrollArea;
-  scrolling->setFrameShape(QFrame::NoFrame);
-  scrolling->setFocusPolicy(Qt::NoFocus);
-  scrolling->setWidget(content);
+  QScrollArea* scrolling = makeScrolling(content);
   scrolling->setObjectName(x11::toQt(page.identifier));
-  // Let the colour of the tabs through, which differs from that of windows in some styles.
-  scrolling->viewport()->setAutoFillBackground(false);
-  content->setAutoFillBackground(false);
-  tabs.addTab(scrolling, x11::toQt(page.label).replace(u'&', QStringLiteral("&&")));
+  tabs.addTab(scrolling, withoutShortcuts(x11::toQt(page.label)));
 }
 
-void TabbedPanel::followKeys(QTabWidget& tabs) {
+void X11TabbedWindow::followKeys(QTabWidget& tabs) {
   // Pop-ups keep these keys from the tabs, which would know them.
   const auto turnPages = [this, &tabs](QKeySequence::StandardKey key, int pages) {
     auto* shortcut = new QShortcut(key, &window_);
@@ -119,13 +132,13 @@ void TabbedPanel::followKeys(QTabWidget& tabs) {
   turnPages(QKeySequence::PreviousChild, -1);
 }
 
-void TabbedPanel::center() {
+void X11TabbedWindow::center() {
   if (const QScreen* screen = QGuiApplication::primaryScreen()) {
     window_.move(screen->availableGeometry().center() - window_.rect().center());
   }
 }
 
-void TabbedPanel::bringToCurrentDesktop() {
+void X11TabbedWindow::bringToCurrentDesktop() {
   const std::optional<std::size_t> current = desktops_.list().current;
   if (!window_.isVisible() || !current) {
     return;
@@ -135,7 +148,7 @@ void TabbedPanel::bringToCurrentDesktop() {
   connection_.waitForServer();
 }
 
-void TabbedPanel::show() {
+void X11TabbedWindow::show() {
   // Before it is activated: many window managers would rather take the user to where it is.
   bringToCurrentDesktop();
   window_.show();
@@ -144,13 +157,13 @@ void TabbedPanel::show() {
   window_.activateWindow();
 }
 
-void TabbedPanel::setText(ControlReference label, const std::string& text) {
+void X11TabbedWindow::setText(ControlReference label, const std::string& text) {
   if (auto* widget = dynamic_cast<QLabel*>(controls_.at(label.page).at(label.control))) {
     widget->setText(singleLine(text));
   }
 }
 
-void TabbedPanel::setEnabled(ControlReference button, bool enabled) {
+void X11TabbedWindow::setEnabled(ControlReference button, bool enabled) {
   QWidget* widget = controls_.at(button.page).at(button.control);
   if (!enabled && window_.focusWidget() == widget) {
     // Otherwise the toolkit passes the keyboard on to the next control for good.

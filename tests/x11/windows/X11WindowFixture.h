@@ -13,7 +13,7 @@
 namespace roomlattice::tests {
 
 /// A window as a label is one, 480 by 200 points in the middle of a blue screen of 1280 by 800.
-class OverlayWindowTest : public ::testing::Test {
+class X11WindowTest : public ::testing::Test {
  protected:
   static constexpr platform::Rect labelFrame{{400.0, 300.0}, {480.0, 200.0}};
   static constexpr QRect labelPixels{400, 300, 480, 200};  // the same seen from the top
@@ -29,7 +29,7 @@ class OverlayWindowTest : public ::testing::Test {
     platform::Color color_;
   };
 
-  explicit OverlayWindowTest(const SessionOptions& options = {}) : ui_(options) {
+  explicit X11WindowTest(const SessionOptions& options = {}) : ui_(options) {
     ui_.session.run({"hsetroot", "-solid", "#0000ff"});
   }
 

@@ -1,4 +1,4 @@
-#include "platform/x11/statusitem/StatusItemWindow.h"
+#include "platform/x11/statusitem/X11StatusItem.h"
 
 #include "platform/x11/drawing/Text.h"
 #include "platform/x11/statusitem/StatusItemDrawing.h"
@@ -16,7 +16,7 @@ namespace {
 constexpr Qt::WindowFlags itemWindowFlags = Qt::Window | Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus |
                                             Qt::WindowStaysOnTopHint | Qt::NoDropShadowWindowHint;
 
-/// The X window has to be made for it.
+/// A widget has to be made translucent before it gets its X window.
 QWidget& translucent(QWidget& widget) {
   widget.setAttribute(Qt::WA_TranslucentBackground);
   return widget;
@@ -32,7 +32,7 @@ StatusBarColors barColors(std::optional<Appearance> appearance, bool blended) {
 
 }  // namespace
 
-StatusItemWindow::StatusItemWindow(X11Connection& connection, WindowManagerWatch& windowManager,
+X11StatusItem::X11StatusItem(X11Connection& connection, WindowManagerWatch& windowManager,
                                    X11Appearance& appearance, CompositorWatch& compositor,
                                    const StatusItemLength& length)
     : QWidget(nullptr, itemWindowFlags),
@@ -51,33 +51,31 @@ StatusItemWindow::StatusItemWindow(X11Connection& connection, WindowManagerWatch
   layOutSoon_.start(0);
 }
 
-void StatusItemWindow::setLength(const StatusItemLength& length) {
+void X11StatusItem::setLength(const StatusItemLength& length) {
   if (length != length_) {
     length_ = length;
     layOutSoon_.start(0);
   }
 }
 
-void StatusItemWindow::setMenu(Menu* menu) {
-  popup_.reset();
+void X11StatusItem::setMenu(Menu* menu) {
+  session_.reset();
   menu_ = menu;
 }
 
-void StatusItemWindow::mousePressEvent(QMouseEvent* event) {
+void X11StatusItem::mousePressEvent(QMouseEvent* event) {
   event->accept();
-  if (menu_ == nullptr || !itemRect().contains(event->position()) || (popup_ != nullptr && popup_->isOpen())) {
+  if (menu_ == nullptr || session_ != nullptr || !itemRect().contains(event->position())) {
     return;
   }
-  // The rows of the last opening go when the menu is brought up to date: nothing may show them then.
-  popup_.reset();
-  popup_ = std::make_unique<MenuPopup>(*menu_);
-  // Where the window is, by the X server's account: the toolkit's own may be out of date while a window manager moves
-  // it.
+  // The event knows where the window is. The toolkit's own account of it may be out of date while a window manager
+  // moves the window.
   const QPointF origin = event->globalPosition() - event->position();
-  popup_->open((origin + itemRect().bottomRight()).toPoint());
+  const QPoint corner = (origin + itemRect().bottomRight()).toPoint();
+  session_ = std::make_unique<MenuSession>(*menu_, corner, *this, [this] { session_.reset(); });
 }
 
-void StatusItemWindow::setContent(const StatusButtonContent& content) {
+void X11StatusItem::setContent(const StatusButtonContent& content) {
   if (content != content_) {
     content_ = content;
     setAccessibleName(singleLine(content.title.text).trimmed());
@@ -86,7 +84,7 @@ void StatusItemWindow::setContent(const StatusButtonContent& content) {
   }
 }
 
-void StatusItemWindow::paintEvent(QPaintEvent*) {
+void X11StatusItem::paintEvent(QPaintEvent*) {
   const StatusBarColors colors = barColors(appearance_.current(), compositor_.isCompositing());
   QPainter painter(this);
   painter.setCompositionMode(QPainter::CompositionMode_Source);
@@ -94,7 +92,7 @@ void StatusItemWindow::paintEvent(QPaintEvent*) {
   drawStatusItem(painter, itemRect(), content_, colors);
 }
 
-void StatusItemWindow::changeEvent(QEvent* event) {
+void X11StatusItem::changeEvent(QEvent* event) {
   if (event->type() == QEvent::PaletteChange) {
     update();
   } else if (event->type() == QEvent::FontChange) {
@@ -104,7 +102,7 @@ void StatusItemWindow::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
 }
 
-void StatusItemWindow::followScreens() {
+void X11StatusItem::followScreens() {
   const auto moved = [this] { layOutSoon_.start(0); };
   const auto follow = [this, moved](QScreen* screen) {
     QObject::connect(screen, &QScreen::geometryChanged, this, moved);
@@ -116,7 +114,7 @@ void StatusItemWindow::followScreens() {
   QObject::connect(qGuiApp, &QGuiApplication::primaryScreenChanged, this, moved);
 }
 
-void StatusItemWindow::layOut() {
+void X11StatusItem::layOut() {
   const QScreen* screen = QGuiApplication::primaryScreen();
   if (screen == nullptr || screen->geometry().isEmpty()) {
     return;
@@ -134,7 +132,7 @@ void StatusItemWindow::layOut() {
   native_.flush();
 }
 
-void StatusItemWindow::appear() {
+void X11StatusItem::appear() {
   const xcb_ewmh_connection_t& atoms = *connection_.ewmh();
   native_.writeHints({.types = {atoms._NET_WM_WINDOW_TYPE_DOCK},
                       .states = {atoms._NET_WM_STATE_SKIP_TASKBAR, atoms._NET_WM_STATE_SKIP_PAGER,
@@ -143,7 +141,7 @@ void StatusItemWindow::appear() {
   show();
 }
 
-void StatusItemWindow::reserveScreenEdge() {
+void X11StatusItem::reserveScreenEdge() {
   if (qEnvironmentVariableIntValue("ROOMLATTICE_RESERVE_SCREEN_EDGE") != 1) {
     return;
   }
@@ -155,7 +153,7 @@ void StatusItemWindow::reserveScreenEdge() {
   native_.setStrut(height, startX, startX + static_cast<std::uint32_t>(std::lround(area.width() * scale)) - 1);
 }
 
-QRectF StatusItemWindow::itemRect() const {
+QRectF X11StatusItem::itemRect() const {
   return {width() - itemWidth_, 0.0, itemWidth_, static_cast<double>(height())};
 }
 

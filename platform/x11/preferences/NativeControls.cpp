@@ -1,4 +1,4 @@
-#include "platform/x11/preferences/ControlWidgets.h"
+#include "platform/x11/preferences/NativeControls.h"
 
 #include "platform/x11/drawing/QtValues.h"
 #include "platform/x11/drawing/Text.h"
@@ -17,11 +17,6 @@ namespace roomlattice::platform::x11 {
 namespace {
 
 using WidgetPointer = std::unique_ptr<QWidget>;
-
-/// Titles name no keyboard shortcuts: an ampersand in one is an ampersand.
-QString title(const std::string& text) {
-  return toQt(text).replace(u'&', QStringLiteral("&&"));
-}
 
 WidgetPointer make(const LabelControl& label) {
   return std::make_unique<PageLabel>(label);
@@ -57,7 +52,7 @@ CheckState fromQt(int state) {
 }
 
 WidgetPointer make(const CheckBoxControl& control) {
-  auto box = std::make_unique<QCheckBox>(title(control.title));
+  auto box = std::make_unique<QCheckBox>(withoutShortcuts(x11::toQt(control.title)));
   box->setCheckState(toQt(control.state));
   // From the mixed state a click leads to one of the others.
   box->setTristate(false);
@@ -82,7 +77,7 @@ WidgetPointer make(const ColorWellControl& control) {
 }
 
 WidgetPointer make(const PushButtonControl& control) {
-  auto button = std::make_unique<QPushButton>(title(control.title));
+  auto button = std::make_unique<QPushButton>(withoutShortcuts(x11::toQt(control.title)));
   QObject::connect(button.get(), &QPushButton::clicked, button.get(), [action = control.action] { action(); });
   return button;
 }
@@ -97,12 +92,12 @@ WidgetPointer make(const SelectableTextControl& control) {
 
 }  // namespace
 
-WidgetPointer makeWidget(const Control& control) {
+WidgetPointer makeControl(const Control& control) {
   return std::visit([](const auto& one) { return make(one); }, control);
 }
 
-Size intrinsicSizeOf(const Control& control) {
-  const WidgetPointer widget = makeWidget(control);
+Size intrinsicSize(const Control& control) {
+  const WidgetPointer widget = makeControl(control);
   widget->ensurePolished();
   QSize size = widget->sizeHint();
   if (std::holds_alternative<PushButtonControl>(control)) {

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "platform/Window.h"
+#include "platform/x11/connection/NativeWindow.h"
+#include "platform/x11/windows/OverlayEnvironment.h"
+
+#include <QElapsedTimer>
+#include <QTimer>
+#include <QWidget>
+#include <cstdint>
+
+namespace roomlattice::platform::x11 {
+
+/// Keeps an overlay window on its desktop, or on all desktops: some window managers move windows to the desktop of
+/// another window. Main thread only.
+class DesktopKeeper {
+ public:
+  /// `widget` and `window` are the two sides of the overlay window and must outlive the keeper. The window's property
+  /// events have to be selected.
+  DesktopKeeper(OverlayEnvironment& environment, const QWidget& widget, NativeWindow& window,
+                CollectionBehavior behavior);
+
+  /// The window is on no desktop in particular from then on.
+  ~DesktopKeeper();
+
+  DesktopKeeper(const DesktopKeeper&) = delete;
+  DesktopKeeper& operator=(const DesktopKeeper&) = delete;
+
+  /// Moves the window when it is shown and has to be elsewhere now.
+  void setCollectionBehavior(CollectionBehavior behavior);
+
+  bool joinsAllDesktops() const;
+
+  /// Where the window has to be, as window managers count desktops.
+  std::uint32_t wantedDesktop() const;
+
+  /// To be called before the window is mapped: the window manager may be corrected again.
+  void windowWillAppear();
+
+ private:
+  void propertyChanged(const xcb_generic_event_t& event);
+  void correct();
+
+  OverlayEnvironment& environment_;
+  const QWidget& widget_;
+  NativeWindow& window_;
+  CollectionBehavior behavior_;
+  // How many more times in a row the window manager is asked to put the window back.
+  int corrections_ = 0;
+  QElapsedTimer sinceCorrection_;
+  QTimer correctSoon_;
+  Registration propertyEvents_;
+};
+
+}  // namespace roomlattice::platform::x11

@@ -1,0 +1,72 @@
+#pragma once
+
+#include "platform/View.h"
+#include "platform/x11/windows/ElementViews.h"
+
+#include <QPointer>
+#include <QSize>
+#include <functional>
+#include <memory>
+#include <vector>
+
+class QPainter;
+class QWidget;
+
+namespace roomlattice::platform::x11 {
+
+/// How far what is drawn shows of what is below it.
+struct Blending {
+  /// Nothing is blended with what is below: the background is drawn without its transparency.
+  bool solid = false;
+  /// The opacity of all that is drawn.
+  double opacity = 1.0;
+
+  bool operator==(const Blending&) const = default;
+};
+
+enum class Hover { Entered, Left };
+
+/// Shows one of the program's views in a widget, as long as it lives, and brings the view its input; the view must live
+/// as long. The widget is as large as the view's frame, and repainted only when what the view shows has changed. Main
+/// thread only.
+class HostedView final : public ViewHost {
+ public:
+  /// The widget is a child of `parent`, and not shown yet.
+  HostedView(View& view, QWidget& parent);
+
+  /// The widget goes later, as it may be in use; by then it shows nothing and tells nobody.
+  ~HostedView() override;
+
+  HostedView(const HostedView&) = delete;
+  HostedView& operator=(const HostedView&) = delete;
+
+  View& view() const { return view_; }
+  QWidget& widget() const;
+
+  void setBlending(const Blending& blending);
+
+  /// Called when the pointer enters or leaves the widget, in place of telling the view. Never empty.
+  std::function<void(Hover hover)> onHover;
+
+  /// What closes the menu the view is in; it may end this object. Never empty.
+  std::function<void()> onCancelMenuTracking = [] {};
+
+  void viewChanged() override;
+  X11TextField* textField() override;
+  void cancelMenuTracking() override;
+
+ private:
+  class Widget;
+
+  QSize size() const;
+  void paint(QPainter& painter) const;
+  void mouseReleased(const QMouseEvent& event);
+
+  View& view_;
+  ViewContent content_;
+  Blending blending_;
+  QPointer<Widget> widget_;
+  std::vector<std::unique_ptr<ElementView>> elements_;
+};
+
+}  // namespace roomlattice::platform::x11

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "platform/x11/connection/CompositorWatch.h"
+#include "platform/x11/connection/WindowManagerWatch.h"
+#include "platform/x11/connection/X11Connection.h"
+#include "platform/x11/connection/X11Screens.h"
+#include "platform/x11/desktops/WindowAttachments.h"
+#include "platform/x11/desktops/X11Desktops.h"
+#include "platform/x11/windows/OverlayStack.h"
+
+namespace roomlattice::platform::x11 {
+
+/// What all overlay windows stand on. It outlives them.
+struct OverlayEnvironment {
+  X11Connection& connection;
+  WindowManagerWatch& windowManager;
+  X11Screens& screens;
+  X11Desktops& desktops;
+  WindowAttachments& attachments;
+  CompositorWatch& compositor;
+  OverlayStack stack;
+};
+
+}  // namespace roomlattice::platform::x11
