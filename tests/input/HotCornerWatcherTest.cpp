@@ -181,5 +181,18 @@ TEST_F(HotCornerWatcherTest, FiresNoMoreOnceItHasGone) {
   EXPECT_EQ(approaches, 0);
 }
 
+TEST_F(HotCornerWatcherTest, FiresAgainAfterThePointerHasBeenOnAnotherScreen) {
+  desktop.setScreens({ordinaryScreen, screenToTheLeft});
+  startWatcher();
+  int entries = 0;
+  for (const Point onTheLeft : {Point{-960.0, 840.0}, {-1918.0, 1378.0}, {-1.0, 898.0}}) {
+    pointsAt(corner);
+    EXPECT_EQ(approaches, ++entries);
+    pointsAt(onTheLeft);
+  }
+  pointsAt(corner);
+  EXPECT_EQ(approaches, ++entries);
+}
+
 }  // namespace
 }  // namespace roomlattice::tests

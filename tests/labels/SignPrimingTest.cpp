@@ -228,5 +228,16 @@ TEST_F(SignPriming, LeavesDismissedLabelsAlone) {
   EXPECT_EQ(alpha(1), 0.78);
 }
 
+TEST_F(SignPriming, DoesNotTickBeforeHalfASecondIsOver) {
+  desktop.advance(130ms);
+  startLabels();
+  desktop.switchTo(desktop.desktopAt(1));
+  preferences().setSignSwipeAlpha(0.3);
+  desktop.advance(500ms - 1ns);
+  EXPECT_EQ(alpha(0), 0.78);
+  desktop.advance(1ns);
+  EXPECT_EQ(alpha(0), 0.3);
+}
+
 }  // namespace
 }  // namespace roomlattice::tests

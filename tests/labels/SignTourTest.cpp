@@ -191,5 +191,21 @@ TEST_F(SignTour, TakesTheOverlayAlongWhenTheControllerGoes) {
   EXPECT_THAT(overlays(), IsEmpty());
 }
 
+// --- The showing of all labels
+
+TEST_F(SignTour, LeavesAllShownLabelsToTheirOwnCourseWhenATourStarts) {
+  startBetweenTicks();
+  signs->showAll();
+  desktop.advance(100ms);
+  startTour();
+  EXPECT_EQ(behaviorOf(label(0)), 72U);
+  desktop.advance(400ms);
+  EXPECT_THAT(alphas(), ElementsAre(0.0, 1.0, 1.0));
+  endTour();
+  desktop.advance(14500ms);
+  EXPECT_THAT(alphas(), ElementsAre(0.0, 1.0, 1.0));
+  EXPECT_TRUE(label(1).isAnimating());
+}
+
 }  // namespace
 }  // namespace roomlattice::tests

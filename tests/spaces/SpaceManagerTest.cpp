@@ -2,9 +2,11 @@
 
 #include "tests/support/SimulatedFixture.h"
 
+#include <cstdint>
 #include <set>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace roomlattice {
@@ -137,6 +139,42 @@ TEST_F(SpaceManagerModel, RemembersBeforeItPosts) {
       platform().notifications().defaultCenter().observe(SpaceManager::didChange, [&] { seen = known(); });
   manager.update({first}, 1);
   EXPECT_EQ(seen, std::set<std::string>{"A"});
+}
+
+TEST_F(SpaceManagerModel, RemembersNoSpaceOfAnotherTypeWhicheverThatIs) {
+  std::vector<SpaceInfo> spaces{first};
+  for (const std::int64_t type : {-1, 1, 2, 3, 4, 5}) {
+    spaces.push_back({.spaceID = 20, .uuid = "of type " + std::to_string(type), .displayUUID = "Main", .type = type});
+  }
+  manager.update(spaces, 1);
+  EXPECT_EQ(manager.spaces(), spaces);
+  EXPECT_EQ(known(), std::set<std::string>{"A"});
+}
+
+// An observer of the list may bring another snapshot before the first one has been announced to the end.
+TEST_F(SpaceManagerModel, PostsByTheActiveDesktopItWasGivenWhateverIsActiveByThen) {
+  struct Row {
+    platform::SpaceID given;
+    platform::SpaceID meanwhile;
+    std::vector<std::string> posts;
+  };
+  const std::vector<Row> rows = {
+      {.given = 2, .meanwhile = 1, .posts = {change[0], activation[0], activation[0]}},
+      {.given = 1, .meanwhile = 2, .posts = {change[0], activation[0]}},
+  };
+  for (const Row& row : rows) {
+    manager.update({first}, 1);
+    takePosts();
+    bool answered = false;
+    const auto observer = platform().notifications().defaultCenter().observe(SpaceManager::didChange, [&] {
+      if (!std::exchange(answered, true)) {
+        manager.update({first, second}, row.meanwhile);
+      }
+    });
+    manager.update({first, second}, row.given);
+    EXPECT_EQ(takePosts(), row.posts) << row.given;
+    EXPECT_EQ(manager.activeSpaceID(), row.meanwhile);
+  }
 }
 
 }  // namespace

@@ -154,5 +154,30 @@ TEST_F(SpaceObserverDeathTest, StopsTheProgramAtANegativeIdentifier) {
   EXPECT_DEATH(readSpaces(Value::Array{Value::Dictionary{{"id64", -7}}}), "negative space identifier");
 }
 
+TEST_F(SpaceObserverTest, TakesNoBooleanForANumber) {
+  const auto& spaces =
+      readSpaces(Value::Array{Value::Dictionary{{"ManagedSpaceID", true}}, Value::Dictionary{{"id64", false}},
+                              Value::Dictionary{{"ManagedSpaceID", true}, {"id64", 7}, {"type", true}}});
+  ASSERT_EQ(spaces.size(), 1U);
+  EXPECT_EQ(spaces[0].spaceID, 7U);
+  EXPECT_EQ(spaces[0].type, 0);
+}
+
+TEST_F(SpaceObserverTest, TakesZeroForAnIdentifierLikeAnyOther) {
+  const auto& spaces =
+      readSpaces(Value::Array{Value::Dictionary{{"ManagedSpaceID", 0}, {"id64", 9}}, Value::Dictionary{{"id64", 0}}});
+  ASSERT_EQ(spaces.size(), 2U);
+  for (const SpaceInfo& space : spaces) {
+    EXPECT_EQ(space.spaceID, 0U);
+    EXPECT_EQ(space.uuid, "space-0");
+  }
+}
+
+TEST_F(SpaceObserverTest, LeavesTheOtherIdentifierAloneWhereTheFirstServes) {
+  const auto& spaces = readSpaces(Value::Array{Value::Dictionary{{"ManagedSpaceID", 8}, {"id64", -9}}});
+  ASSERT_EQ(spaces.size(), 1U);
+  EXPECT_EQ(spaces[0].spaceID, 8U);
+}
+
 }  // namespace
 }  // namespace roomlattice
