@@ -205,7 +205,7 @@ TEST(MacWindow, TakesItsWindowWithIt) {
     MacWindow window({.frame = windowFrame, .alpha = 1.0});
     window.setContentView(std::make_unique<PlateView>());
     window.orderFront();
-    window.animateAlpha(0.0, 10s);
+    window.animateAlpha(0.0, 10s, [] {});
     number = window.number();
   }
   // GNUstep itself may hold on to a window that it has just shown.
