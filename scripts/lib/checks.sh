@@ -34,6 +34,26 @@ check_paths() {
   fi
 }
 
+# The tests of FooTest.cpp are called FooTest.Something; where fixtures or parameters differ, FooVariantTest.Something.
+check_suites() {
+  cd "$root"
+  project_files 'tests/*.cpp' 'tests/*.mm' | xargs -d '\n' awk '
+    /^(TEST|TEST_F|TEST_P|TYPED_TEST)\(/ {
+      file = FILENAME
+      gsub(/.*\/|\.[a-z]+$/, "", file)
+      kind = file ~ /Conformance$/ ? "Conformance" : "Test"
+      tested = file
+      sub(kind "$", "", tested)
+      suite = $0
+      gsub(/^[A-Z_]+\(|,.*/, "", suite)
+      if ((file !~ kind "$" || suite !~ "^" tested "([A-Z0-9].*)?" kind "$") && !found[suite]++) {
+        print FILENAME ":" FNR ": " suite " is not named after its file"
+        status = 1
+      }
+    }
+    END { exit status }'
+}
+
 # What is sourced is checked with the scripts that source it.
 check_scripts() {
   cd "$root"

@@ -7,7 +7,7 @@ namespace {
 
 constexpr Rect rect{{-10.0, 20.0}, {30.0, 40.0}};
 
-TEST(Rect, KnowsItsEdgesAndItsMiddle) {
+TEST(GeometryTest, KnowsItsEdgesAndItsMiddle) {
   EXPECT_EQ(rect.minX(), -10.0);
   EXPECT_EQ(rect.midX(), 5.0);
   EXPECT_EQ(rect.maxX(), 20.0);
@@ -16,7 +16,7 @@ TEST(Rect, KnowsItsEdgesAndItsMiddle) {
   EXPECT_EQ(rect.maxY(), 60.0);
 }
 
-TEST(Rect, ContainsItsLeftAndBottomEdgesOnly) {
+TEST(GeometryTest, ContainsItsLeftAndBottomEdgesOnly) {
   EXPECT_TRUE(rect.contains({-10.0, 20.0}));
   EXPECT_TRUE(rect.contains({19.9, 59.9}));
   EXPECT_FALSE(rect.contains({20.0, 30.0}));
@@ -25,7 +25,7 @@ TEST(Rect, ContainsItsLeftAndBottomEdgesOnly) {
   EXPECT_FALSE(rect.contains({0.0, 19.9}));
 }
 
-TEST(Rect, ContainsNothingWhenEmpty) {
+TEST(GeometryTest, ContainsNothingWhenEmpty) {
   EXPECT_FALSE(Rect().contains({0.0, 0.0}));
 }
 

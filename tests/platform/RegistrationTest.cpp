@@ -12,7 +12,7 @@ Registration counting(int& ends) {
   return Registration([&ends] { ++ends; });
 }
 
-TEST(Registration, EndsWithItsScope) {
+TEST(RegistrationTest, EndsWithItsScope) {
   int ends = 0;
   {
     const Registration registration = counting(ends);
@@ -22,7 +22,7 @@ TEST(Registration, EndsWithItsScope) {
   EXPECT_EQ(ends, 1);
 }
 
-TEST(Registration, EndsOnceHoweverOftenItIsCancelled) {
+TEST(RegistrationTest, EndsOnceHoweverOftenItIsCancelled) {
   int ends = 0;
   {
     Registration registration = counting(ends);
@@ -33,13 +33,13 @@ TEST(Registration, EndsOnceHoweverOftenItIsCancelled) {
   EXPECT_EQ(ends, 1);
 }
 
-TEST(Registration, StandsForNothingWhenEmpty) {
+TEST(RegistrationTest, StandsForNothingWhenEmpty) {
   Registration registration;
   EXPECT_FALSE(registration);
   registration.cancel();
 }
 
-TEST(Registration, MovesWithoutEnding) {
+TEST(RegistrationTest, MovesWithoutEnding) {
   int ends = 0;
   Registration first = counting(ends);
   std::vector<Registration> registrations;
@@ -50,7 +50,7 @@ TEST(Registration, MovesWithoutEnding) {
   EXPECT_EQ(ends, 1);
 }
 
-TEST(Registration, EndsWhatItStoodForWhenAnotherTakesItsPlace) {
+TEST(RegistrationTest, EndsWhatItStoodForWhenAnotherTakesItsPlace) {
   int firstEnds = 0;
   int secondEnds = 0;
   Registration registration = counting(firstEnds);
@@ -59,7 +59,7 @@ TEST(Registration, EndsWhatItStoodForWhenAnotherTakesItsPlace) {
   EXPECT_EQ(secondEnds, 0);
 }
 
-TEST(Registration, SurvivesBeingAssignedToItself) {
+TEST(RegistrationTest, SurvivesBeingAssignedToItself) {
   int ends = 0;
   Registration registration = counting(ends);
   Registration& same = registration;
@@ -68,7 +68,7 @@ TEST(Registration, SurvivesBeingAssignedToItself) {
   EXPECT_EQ(ends, 0);
 }
 
-TEST(Registration, MayBeCancelledByItsOwnEnd) {
+TEST(RegistrationTest, MayBeCancelledByItsOwnEnd) {
   int ends = 0;
   Registration registration;
   registration = Registration([&] {

@@ -7,13 +7,13 @@
 namespace roomlattice::platform {
 namespace {
 
-TEST(Value, IsNullUntilGivenSomething) {
+TEST(ValueTest, IsNullUntilGivenSomething) {
   EXPECT_TRUE(Value().isNull());
   EXPECT_FALSE(Value(false).isNull());
   EXPECT_FALSE(Value("").isNull());
 }
 
-TEST(Value, ReadsAsTheTypeItWasMadeOfAndNoOther) {
+TEST(ValueTest, ReadsAsTheTypeItWasMadeOfAndNoOther) {
   const Value values[] = {
       true, 7, 0.5, "text", Value::Data{std::byte{1}}, Value::Array{1}, Value::Dictionary{{"a", 1}}};
   for (std::size_t index = 0; index < std::size(values); ++index) {
@@ -28,19 +28,19 @@ TEST(Value, ReadsAsTheTypeItWasMadeOfAndNoOther) {
   }
 }
 
-TEST(Value, KeepsWhatItWasGiven) {
+TEST(ValueTest, KeepsWhatItWasGiven) {
   EXPECT_EQ(*Value(std::numeric_limits<std::int64_t>::min()).asInteger(), std::numeric_limits<std::int64_t>::min());
   EXPECT_EQ(*Value("Größe").asString(), "Größe");
   EXPECT_EQ(*Value(0.1).asDouble(), 0.1);
 }
 
-TEST(Value, TellsEqualNumbersOfDifferentTypesApart) {
+TEST(ValueTest, TellsEqualNumbersOfDifferentTypesApart) {
   EXPECT_EQ(Value(1), Value(std::int64_t{1}));
   EXPECT_NE(Value(1), Value(1.0));
   EXPECT_NE(Value(1), Value(true));
 }
 
-TEST(Value, ConvertsNumbersButNoBooleansToDoubles) {
+TEST(ValueTest, ConvertsNumbersButNoBooleansToDoubles) {
   EXPECT_EQ(Value(3).toDouble(), 3.0);
   EXPECT_EQ(Value(3.5).toDouble(), 3.5);
   EXPECT_EQ(Value(true).toDouble(), std::nullopt);
@@ -53,7 +53,7 @@ struct BooleanReading {
   std::optional<bool> expected;
 };
 
-TEST(Value, TakesBooleansAndNumbersThatAreZeroOrOneForBooleans) {
+TEST(ValueTest, TakesBooleansAndNumbersThatAreZeroOrOneForBooleans) {
   const BooleanReading readings[] = {
       {true, true},
       {false, false},
@@ -74,21 +74,21 @@ TEST(Value, TakesBooleansAndNumbersThatAreZeroOrOneForBooleans) {
   }
 }
 
-TEST(Value, ReadsAnArrayOfStringsAsAWholeOrNotAtAll) {
+TEST(ValueTest, ReadsAnArrayOfStringsAsAWholeOrNotAtAll) {
   EXPECT_EQ(Value(Value::Array{"a", "b"}).toStrings(), (std::vector<std::string>{"a", "b"}));
   EXPECT_EQ(Value(Value::Array{}).toStrings(), std::vector<std::string>());
   EXPECT_EQ(Value(Value::Array{"a", 1}).toStrings(), std::nullopt);
   EXPECT_EQ(Value("a").toStrings(), std::nullopt);
 }
 
-TEST(Value, ReadsADictionaryOfStringsAsAWholeOrNotAtAll) {
+TEST(ValueTest, ReadsADictionaryOfStringsAsAWholeOrNotAtAll) {
   EXPECT_EQ(Value(Value::Dictionary{{"a", "x"}}).toStringDictionary(),
             (std::map<std::string, std::string>{{"a", "x"}}));
   EXPECT_EQ(Value(Value::Dictionary{{"a", "x"}, {"b", {}}}).toStringDictionary(), std::nullopt);
   EXPECT_EQ(Value(Value::Array{}).toStringDictionary(), std::nullopt);
 }
 
-TEST(Value, ReadsAnArrayOfDictionariesAsAWholeOrNotAtAll) {
+TEST(ValueTest, ReadsAnArrayOfDictionariesAsAWholeOrNotAtAll) {
   const Value displays = Value::Array{Value::Dictionary{{"a", 1}}, Value::Dictionary{}};
   const auto dictionaries = displays.toDictionaries();
   ASSERT_TRUE(dictionaries.has_value());
@@ -98,7 +98,7 @@ TEST(Value, ReadsAnArrayOfDictionariesAsAWholeOrNotAtAll) {
   EXPECT_EQ(Value(Value::Dictionary{}).toDictionaries(), std::nullopt);
 }
 
-TEST(Value, FindsEntriesOfADictionaryByKey) {
+TEST(ValueTest, FindsEntriesOfADictionaryByKey) {
   const Value::Dictionary dictionary{{"key", "value"}, {"null", {}}};
   ASSERT_NE(find(dictionary, "key"), nullptr);
   EXPECT_EQ(*find(dictionary, "key"), Value("value"));

@@ -19,7 +19,7 @@ class CountingHost : public ViewHost {
   int changes = 0;
 };
 
-TEST(View, TellsItsHostOfANewFrame) {
+TEST(ViewTest, TellsItsHostOfANewFrame) {
   Plate plate;
   CountingHost host;
   plate.setHost(&host);
@@ -28,7 +28,7 @@ TEST(View, TellsItsHostOfANewFrame) {
   EXPECT_EQ(plate.frame(), (Rect{{0.0, 0.0}, {10.0, 20.0}}));
 }
 
-TEST(View, DoesNotMentionAFrameItHasAlready) {
+TEST(ViewTest, DoesNotMentionAFrameItHasAlready) {
   Plate plate;
   plate.setFrame({{0.0, 0.0}, {10.0, 20.0}});
   CountingHost host;
@@ -37,13 +37,13 @@ TEST(View, DoesNotMentionAFrameItHasAlready) {
   EXPECT_EQ(host.changes, 0);
 }
 
-TEST(View, NeedsNoHost) {
+TEST(ViewTest, NeedsNoHost) {
   Plate plate;
   plate.setFrame({{0.0, 0.0}, {10.0, 20.0}});
   EXPECT_EQ(plate.host(), nullptr);
 }
 
-TEST(View, TakesClicksWithinItsBoundsWhereverItStands) {
+TEST(ViewTest, TakesClicksWithinItsBoundsWhereverItStands) {
   Plate plate;
   plate.setFrame({{100.0, 100.0}, {10.0, 20.0}});
   EXPECT_EQ(plate.hitTest({0.0, 0.0}), HitTarget::View);
@@ -53,7 +53,7 @@ TEST(View, TakesClicksWithinItsBoundsWhereverItStands) {
   EXPECT_EQ(plate.hitTest({105.0, 105.0}), HitTarget::None);
 }
 
-TEST(View, LeavesTheEditorsCommandsAlone) {
+TEST(ViewTest, LeavesTheEditorsCommandsAlone) {
   Plate plate;
   EXPECT_EQ(plate.doCommand(EditCommand::InsertNewline), CommandDisposition::NotHandled);
   EXPECT_EQ(plate.doCommand(EditCommand::Cancel), CommandDisposition::NotHandled);

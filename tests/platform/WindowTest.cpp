@@ -5,14 +5,14 @@
 namespace roomlattice::platform {
 namespace {
 
-TEST(CollectionBehavior, JoinsUpToTheWindowServersNumbers) {
+TEST(WindowTest, JoinsUpToTheWindowServersNumbers) {
   using enum CollectionBehavior;
   EXPECT_EQ(static_cast<unsigned>(Managed | IgnoresCycle | FullScreenAuxiliary), 324U);
   EXPECT_EQ(static_cast<unsigned>(Transient | IgnoresCycle), 72U);
   EXPECT_EQ(static_cast<unsigned>(CanJoinAllSpaces | Stationary | IgnoresCycle), 81U);
 }
 
-TEST(CollectionBehavior, ContainsItsMembersAlone) {
+TEST(WindowTest, ContainsItsMembersAlone) {
   using enum CollectionBehavior;
   EXPECT_TRUE(contains(Managed | IgnoresCycle, Managed));
   EXPECT_FALSE(contains(Managed | IgnoresCycle, CanJoinAllSpaces));
