@@ -33,14 +33,13 @@ void AppDelegate::applicationDidFinishLaunching() {
 
 void AppDelegate::startHotCornerWatcher() {
   hot_.emplace(platform_);
-  hot_->onApproach = lifetime_.guard([this] { signs_->showAll(); });
+  hot_->onApproach = [this] { signs_->showAll(); };
   hot_->start();
 }
 
 void AppDelegate::startSwipeWatcher() {
   swipes_.emplace(platform_);
-  swipes_->onSwipeBegan =
-      lifetime_.guard([this](platform::Direction direction) { signs_->handleSwipeBegan(direction); });
+  swipes_->onSwipeBegan = [this](platform::Direction direction) { signs_->handleSwipeBegan(direction); };
   swipes_->start();
 }
 

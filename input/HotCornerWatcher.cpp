@@ -11,7 +11,7 @@ constexpr double triggerZoneSize = 5.0;
 }  // namespace
 
 void HotCornerWatcher::start() {
-  monitor_ = platform_.events().monitorGlobalMouseMoved(lifetime_.guard([this] { handleMouseMoved(); }));
+  monitor_ = platform_.events().monitorGlobalMouseMoved([this] { handleMouseMoved(); });
 }
 
 void HotCornerWatcher::handleMouseMoved() {

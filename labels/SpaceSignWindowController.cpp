@@ -81,7 +81,7 @@ void SpaceSignWindowController::showAll() {
       setInactiveAlpha(active, 1.0);
     }
   }));
-  hideWorkItem_ = platform_.dispatcher().schedule(showPeriod, lifetime_.guard([this] { hideAll(); }));
+  hideWorkItem_ = platform_.dispatcher().schedule(showPeriod, [this] { hideAll(); });
 }
 
 void SpaceSignWindowController::hideAll() {
@@ -158,12 +158,11 @@ void SpaceSignWindowController::flashActiveSign() {
   if (manager_.activeSpace() == nullptr || label == nullptr) {
     return;
   }
-  flashWorkItem_ =
-      platform_.dispatcher().schedule(0s, lifetime_.guard([label] { label->animateAlpha(0.0, flashDuration); }));
+  flashWorkItem_ = platform_.dispatcher().schedule(0s, [label] { label->animateAlpha(0.0, flashDuration); });
 }
 
 void SpaceSignWindowController::startMouseMonitor() {
-  mouseMonitor_ = platform_.events().monitorGlobalMouseMoved(lifetime_.guard([this] { mouseMoved(); }));
+  mouseMonitor_ = platform_.events().monitorGlobalMouseMoved([this] { mouseMoved(); });
 }
 
 void SpaceSignWindowController::mouseMoved() {
@@ -199,8 +198,7 @@ void SpaceSignWindowController::setAllAlpha(double alpha) {
 }
 
 void SpaceSignWindowController::startPrimeTimer() {
-  primeTimer_ =
-      platform_.dispatcher().repeat(primePeriod, primePeriod, lifetime_.guard([this] { primeNonActiveSigns(); }));
+  primeTimer_ = platform_.dispatcher().repeat(primePeriod, primePeriod, [this] { primeNonActiveSigns(); });
 }
 
 void SpaceSignWindowController::primeNonActiveSigns() {
