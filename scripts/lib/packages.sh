@@ -5,7 +5,7 @@
 packages_for() {
   case $1 in
     build)
-      printf '%s\n' build-essential cmake ninja-build pkg-config nlohmann-json3-dev qt6-base-dev \
+      printf '%s\n' build-essential cmake ninja-build pkg-config nlohmann-json3-dev qt6-base-dev libsystemd-dev \
         libx11-dev libxcb1-dev libxcb-composite0-dev libxcb-ewmh-dev libxcb-shape0-dev libxcb-xfixes0-dev \
         libxcb-xinput-dev
       ;;

@@ -1,7 +1,6 @@
 #include "platform/linux/appearance/PortalAppearance.h"
 
-#include <QDBusArgument>
-#include <QDBusVariant>
+#include <tuple>
 #include <utility>
 
 namespace roomlattice::platform::linux {
@@ -10,35 +9,20 @@ namespace {
 // The bus may have to start the portal first, and nobody waits for it.
 constexpr std::chrono::seconds answerLimit{25};
 
-const QString service = QStringLiteral("org.freedesktop.portal.Desktop");
-const QString path = QStringLiteral("/org/freedesktop/portal/desktop");
-const QString interface = QStringLiteral("org.freedesktop.portal.Settings");
-const QString appearance = QStringLiteral("org.freedesktop.appearance");
-const QString colorScheme = QStringLiteral("color-scheme");
-const QString accentColorKey = QStringLiteral("accent-color");
+constexpr const char* service = "org.freedesktop.portal.Desktop";
+constexpr const char* path = "/org/freedesktop/portal/desktop";
+constexpr const char* interface = "org.freedesktop.portal.Settings";
+constexpr const char* appearance = "org.freedesktop.appearance";
+constexpr const char* colorScheme = "color-scheme";
+constexpr const char* accentColorKey = "accent-color";
 
-/// The portal's Read puts a variant into the variant of the answer.
-QVariant unwrapped(QVariant value) {
-  while (value.canConvert<QDBusVariant>() && value.metaType() == QMetaType::fromType<QDBusVariant>()) {
-    value = value.value<QDBusVariant>().variant();
+std::optional<Appearance> preferenceOf(std::optional<std::uint32_t> number) {
+  constexpr std::uint32_t prefersDark = 1;
+  constexpr std::uint32_t prefersLight = 2;
+  if (number == prefersDark) {
+    return Appearance::Dark;
   }
-  return value;
-}
-
-std::optional<Appearance> parsePreference(const QVariant& value) {
-  constexpr uint prefersDark = 1;
-  constexpr uint prefersLight = 2;
-  if (value.metaType() != QMetaType::fromType<uint>()) {
-    return std::nullopt;
-  }
-  switch (value.toUInt()) {
-    case prefersDark:
-      return Appearance::Dark;
-    case prefersLight:
-      return Appearance::Light;
-    default:
-      return std::nullopt;
-  }
+  return number == prefersLight ? std::optional(Appearance::Light) : std::nullopt;
 }
 
 bool isComponent(double value) {
@@ -46,45 +30,23 @@ bool isComponent(double value) {
 }
 
 /// Three sRGB components; values beyond 0 to 1 mean that no colour is set.
-std::optional<Color> parseColor(const QVariant& value) {
-  const auto argument = value.value<QDBusArgument>();
-  if (argument.currentSignature() != QStringLiteral("(ddd)")) {
+std::optional<Color> colorOf(const std::optional<std::tuple<double, double, double>>& components) {
+  if (!components) {
     return std::nullopt;
   }
-  Color color;
-  argument.beginStructure();
-  argument >> color.red >> color.green >> color.blue;
-  argument.endStructure();
-  return isComponent(color.red) && isComponent(color.green) && isComponent(color.blue) ? std::optional(color)
-                                                                                       : std::nullopt;
+  const auto [red, green, blue] = *components;
+  return isComponent(red) && isComponent(green) && isComponent(blue) ? std::optional(Color{red, green, blue})
+                                                                     : std::nullopt;
 }
 
 }  // namespace
 
 PortalAppearance::PortalAppearance(MessageBus& bus, std::function<void()> changed)
-    : bus_(bus), changed_(std::move(changed)) {
-  connected_ = bus.observeConnected([this] { connected(); });
-  connected();
-}
-
-void PortalAppearance::connected() {
-  if (!signals_.empty() || !bus_.connection()) {
-    return;
-  }
-  signals_.push_back(bus_.observeSignal(
-      path, interface, QStringLiteral("SettingChanged"),
-      [this](const QDBusMessage& message) {
-        take(message.arguments().value(1).toString(), message.arguments().value(2));
-      },
-      appearance));
-  signals_.push_back(bus_.observeOwner(service, [this](bool hasOwner) {
-    if (hasOwner) {
-      ask();
-    } else {
-      forget();
-    }
-  }));
-  signals_.push_back(bus_.observeLoss([this] { forget(); }));
+    : changed_(std::move(changed)), service_(bus, service, [this](bool hasOwner) { hasOwner ? ask() : forget(); }) {
+  signal_ = service_.observeSignal(
+      {.path = path, .interface = interface, .name = "SettingChanged", .firstArgument = appearance},
+      [this](const BusMessage& message) { take(message.argument<std::string>(1).value_or(""), message, 2); });
+  loss_ = bus.observeLoss([this] { forget(); });
   ask();
 }
 
@@ -94,24 +56,23 @@ void PortalAppearance::ask() {
   ask(accentColorKey);
 }
 
-void PortalAppearance::ask(const QString& key) {
-  QDBusMessage message = QDBusMessage::createMethodCall(service, path, interface, QStringLiteral("Read"));
-  message << appearance << key;
-  calls_.push_back(bus_.call(message, answerLimit, [this, key](const QDBusMessage& answer) {
-    if (answer.type() == QDBusMessage::ReplyMessage) {
-      take(key, answer.arguments().value(0));
+void PortalAppearance::ask(const std::string& key) {
+  const BusCall read{.path = path, .interface = interface, .method = "Read", .arguments = {appearance, key}};
+  calls_.push_back(service_.call(read, answerLimit, [this, key](const BusMessage& answer) {
+    if (!answer.isError()) {
+      take(key, answer, 0);
     }
   }));
 }
 
-void PortalAppearance::take(const QString& key, const QVariant& value) {
+void PortalAppearance::take(const std::string& key, const BusMessage& message, std::size_t argument) {
   if (key == colorScheme) {
-    const std::optional<Appearance> preference = parsePreference(unwrapped(value));
+    const std::optional<Appearance> preference = preferenceOf(message.argument<std::uint32_t>(argument));
     if (std::exchange(preference_, preference) != preference) {
       changed_();
     }
   } else if (key == accentColorKey) {
-    const std::optional<Color> color = parseColor(unwrapped(value));
+    const std::optional<Color> color = colorOf(message.argument<std::tuple<double, double, double>>(argument));
     if (std::exchange(accentColor_, color) != color) {
       changed_();
     }

@@ -2,10 +2,11 @@
 
 #include "platform/Color.h"
 #include "platform/UserInterface.h"
-#include "platform/linux/bus/MessageBus.h"
+#include "platform/linux/bus/BusService.h"
 
 #include <functional>
 #include <optional>
+#include <string>
 #include <vector>
 
 namespace roomlattice::platform::linux {
@@ -22,18 +23,17 @@ class PortalAppearance {
   std::optional<Color> accentColor() const { return accentColor_; }
 
  private:
-  void connected();
   void ask();
-  void ask(const QString& key);
-  void take(const QString& key, const QVariant& value);
+  void ask(const std::string& key);
+  void take(const std::string& key, const BusMessage& message, std::size_t argument);
   void forget();
 
-  MessageBus& bus_;
   std::function<void()> changed_;
   std::optional<Appearance> preference_;
   std::optional<Color> accentColor_;
-  Registration connected_;
-  std::vector<Registration> signals_;
+  BusService service_;
+  Registration signal_;
+  Registration loss_;
   std::vector<Registration> calls_;
 };
 

@@ -1,185 +1,235 @@
 #include "platform/linux/bus/MessageBus.h"
 
-#include "platform/linux/bus/BusListener.h"
+#include "platform/linux/system/EnvironmentVariable.h"
 
-#include <QDBusPendingCall>
-#include <QDBusPendingCallWatcher>
-#include <QPointer>
-#include <atomic>
-#include <condition_variable>
-#include <cstdio>
-#include <cstdlib>
-#include <mutex>
-#include <thread>
-#include <unistd.h>
+#include <algorithm>
+#include <poll.h>
 #include <utility>
 
 namespace roomlattice::platform::linux {
 namespace {
 
-std::optional<QString> variable(const char* name) {
-  const char* value = std::getenv(name);
-  return value == nullptr || *value == '\0' ? std::nullopt : std::optional(QString::fromLocal8Bit(value));
-}
+using std::chrono::microseconds;
+using std::chrono::milliseconds;
+using Clock = std::chrono::steady_clock;
 
-/// Where the rules of D-Bus have the bus. Left to itself the library would, when in doubt, start a session bus of
-/// its own, which nobody else is on.
-std::optional<QString> addressOf(MessageBus::Kind kind) {
+// As many messages are delivered together before others have their turn in the event loop.
+constexpr int messagesPerTurn = 100;
+
+/// Where the rules of D-Bus have the bus.
+std::optional<std::string> addressOf(MessageBus::Kind kind) {
   if (kind == MessageBus::Kind::System) {
-    return variable("DBUS_SYSTEM_BUS_ADDRESS").value_or(QStringLiteral("unix:path=/var/run/dbus/system_bus_socket"));
+    return environmentVariable("DBUS_SYSTEM_BUS_ADDRESS").value_or("unix:path=/var/run/dbus/system_bus_socket");
   }
-  if (auto address = variable("DBUS_SESSION_BUS_ADDRESS")) {
+  if (auto address = environmentVariable("DBUS_SESSION_BUS_ADDRESS")) {
     return address;
   }
-  const auto folder = variable("XDG_RUNTIME_DIR");
-  return folder ? std::optional(QStringLiteral("unix:path=%1/bus").arg(*folder)) : std::nullopt;
+  const auto folder = environmentVariable("XDG_RUNTIME_DIR");
+  return folder ? std::optional("unix:path=" + *folder + "/bus") : std::nullopt;
 }
 
-QString uniqueConnectionName() {
-  static std::atomic<int> count = 0;
-  return QStringLiteral("roomlattice-%1").arg(++count);
+sd_bus* open(const std::string& address) {
+  sd_bus* bus = nullptr;
+  if (sd_bus_new(&bus) < 0) {
+    return nullptr;
+  }
+  if (sd_bus_set_address(bus, address.c_str()) < 0 || sd_bus_set_bus_client(bus, 1) < 0 || sd_bus_start(bus) < 0) {
+    return sd_bus_unref(bus);
+  }
+  return bus;
+}
+
+struct Unref {
+  void operator()(sd_bus_message* message) const { sd_bus_message_unref(message); }
+};
+using MessagePointer = std::unique_ptr<sd_bus_message, Unref>;
+
+MessagePointer messageOf(sd_bus* bus, const BusCall& call) {
+  sd_bus_message* message = nullptr;
+  if (bus == nullptr || sd_bus_message_new_method_call(bus, &message, call.service.c_str(), call.path.c_str(),
+                                                       call.interface.c_str(), call.method.c_str()) < 0) {
+    return nullptr;
+  }
+  for (const std::string& argument : call.arguments) {
+    sd_bus_message_append(message, "s", argument.c_str());
+  }
+  if (call.variant) {
+    sd_bus_message_append(message, "v", "s", call.variant->c_str());
+  }
+  sd_bus_message_set_auto_start(message, call.activation == BusCall::Activation::Allowed ? 1 : 0);
+  return MessagePointer(message);
+}
+
+std::uint64_t microsecondsOf(Clock::duration duration) {
+  return static_cast<std::uint64_t>(std::max<microseconds::rep>(std::chrono::ceil<microseconds>(duration).count(), 1));
+}
+
+int deliver(sd_bus_message* message, void* handler, sd_bus_error*) {
+  // It may end its own registration, and so itself.
+  const auto called = *static_cast<std::shared_ptr<MessageBus::Handler>*>(handler);
+  (*called)(BusMessage(message));
+  return 0;
+}
+
+int ignore(sd_bus_message*, void*, sd_bus_error*) {
+  return 0;
+}
+
+/// What the library calls back for as long as it may.
+class Subscription {
+ public:
+  explicit Subscription(MessageBus::Handler handler)
+      : handler_(std::make_shared<MessageBus::Handler>(std::move(handler))) {}
+  ~Subscription() { sd_bus_slot_unref(slot_); }
+  Subscription(const Subscription&) = delete;
+  Subscription& operator=(const Subscription&) = delete;
+
+  sd_bus_slot** slot() { return &slot_; }
+  void* handler() { return &handler_; }
+
+ private:
+  std::shared_ptr<MessageBus::Handler> handler_;
+  sd_bus_slot* slot_ = nullptr;
+};
+
+Registration registrationOf(std::shared_ptr<Subscription> subscription) {
+  return Registration([subscription = std::move(subscription)]() mutable { subscription.reset(); });
+}
+
+std::string ruleOf(const BusSignal& signal) {
+  std::string rule = "type='signal',sender='" + signal.sender + "',path='" + signal.path + "',interface='" +
+                     signal.interface + "',member='" + signal.name + "'";
+  return signal.firstArgument.empty() ? rule : rule + ",arg0='" + signal.firstArgument + "'";
 }
 
 }  // namespace
 
-/// Connecting, which blocks for as long as a bus that hangs pleases, in a thread of its own.
-class MessageBus::Attempt : public std::enable_shared_from_this<Attempt> {
- public:
-  Attempt(QObject& context, std::function<void()> connected) : context_(&context), connected_(std::move(connected)) {}
-
-  void start(const QString& address) {
-    std::thread([self = shared_from_this(), address] { self->connect(address); }).detach();
+MessageBus::MessageBus(Kind kind) {
+  if (const std::optional<std::string> address = addressOf(kind)) {
+    bus_.reset(open(*address));
   }
-
-  void decideThatThereIsNone() {
-    const std::scoped_lock lock(mutex_);
-    decided_ = true;
-  }
-
-  void abandon() {
-    const std::scoped_lock lock(mutex_);
-    context_ = nullptr;
-    if (connection_) {
-      QDBusConnection::disconnectFromBus(name_);
-    } else if (!decided_) {
-      // At its own end the library would wait for this connection.
-      on_exit(
-          [](int status, void*) {
-            std::fflush(nullptr);
-            _exit(status);
-          },
-          nullptr);
+  if (bus_ != nullptr) {
+    readable_.setSocket(sd_bus_get_fd(bus_.get()));
+    writable_.setSocket(sd_bus_get_fd(bus_.get()));
+    for (QSocketNotifier* notifier : {&readable_, &writable_}) {
+      QObject::connect(notifier, &QSocketNotifier::activated, notifier, [this] { process(); });
     }
   }
+  listen();
+}
 
-  void wait(std::chrono::milliseconds limit) {
-    std::unique_lock lock(mutex_);
-    changed_.wait_for(lock, limit, [this] { return decided_; });
-  }
-
-  std::optional<QDBusConnection> connection() {
-    const std::scoped_lock lock(mutex_);
-    return connection_ && connection_->isConnected() ? connection_ : std::nullopt;
-  }
-
- private:
-  void connect(const QString& address) {
-    const QDBusConnection connection = QDBusConnection::connectToBus(address, name_);
-    const std::scoped_lock lock(mutex_);
-    decided_ = true;
-    changed_.notify_all();
-    if (context_ == nullptr || !connection.isConnected()) {
-      QDBusConnection::disconnectFromBus(name_);
-      return;
+bool MessageBus::waitUntilConnected(milliseconds limit) {
+  const auto end = Clock::now() + limit;
+  while (bus_ != nullptr && !isConnected() && sd_bus_is_open(bus_.get()) > 0) {
+    const auto left = end - Clock::now();
+    if (left <= Clock::duration::zero()) {
+      break;
     }
-    connection_ = connection;
-    QMetaObject::invokeMethod(context_, connected_, Qt::QueuedConnection);
+    if (!processOne()) {
+      sd_bus_wait(bus_.get(), microsecondsOf(left));
+    }
   }
-
-  const QString name_ = uniqueConnectionName();
-  std::mutex mutex_;
-  std::condition_variable changed_;
-  QObject* context_;
-  std::function<void()> connected_;
-  bool decided_ = false;
-  std::optional<QDBusConnection> connection_;
-};
-
-MessageBus::MessageBus(Kind kind)
-    : attempt_(std::make_shared<Attempt>(context_, [this] { connectedListeners_.notify(); })) {
-  if (const std::optional<QString> address = addressOf(kind)) {
-    attempt_->start(*address);
-  } else {
-    attempt_->decideThatThereIsNone();
-  }
+  listen();
+  return isConnected();
 }
 
-MessageBus::~MessageBus() {
-  attempt_->abandon();
+bool MessageBus::isConnected() const {
+  return bus_ != nullptr && sd_bus_is_ready(bus_.get()) > 0;
 }
 
-void MessageBus::waitUntilDecided(std::chrono::milliseconds limit) {
-  attempt_->wait(limit);
-}
-
-std::optional<QDBusConnection> MessageBus::connection() const {
-  return attempt_->connection();
-}
-
-Registration MessageBus::observeConnected(std::function<void()> handler) {
-  return connectedListeners_.add(std::move(handler));
-}
-
-Registration MessageBus::observeSignal(const QString& path, const QString& interface, const QString& signal,
-                                       std::function<void(const QDBusMessage&)> handler, const QString& firstArgument) {
-  std::optional<QDBusConnection> bus = connection();
-  if (!bus) {
+Registration MessageBus::observeSignal(const BusSignal& signal, Handler handler) {
+  if (bus_ == nullptr) {
     return {};
   }
-  auto* listener = new BusListener(std::move(handler), &context_);
-  // No sender is named: Qt would look up its owner first, and wait for the answer.
-  const QStringList arguments = firstArgument.isEmpty() ? QStringList() : QStringList(firstArgument);
-  bus->connect({}, path, interface, signal, arguments, {}, listener, SLOT(receive(QDBusMessage)));
-  return Registration([pointer = QPointer(listener)] {
-    if (pointer != nullptr) {
-      pointer->end();
-    }
-  });
-}
-
-Registration MessageBus::observeOwner(const QString& service, std::function<void(bool hasOwner)> handler) {
-  return observeSignal(
-      QStringLiteral("/org/freedesktop/DBus"), QStringLiteral("org.freedesktop.DBus"),
-      QStringLiteral("NameOwnerChanged"),
-      [handler = std::move(handler)](const QDBusMessage& message) {
-        handler(!message.arguments().value(2).toString().isEmpty());
-      },
-      service);
+  auto subscription = std::make_shared<Subscription>(std::move(handler));
+  sd_bus_add_match_async(bus_.get(), subscription->slot(), ruleOf(signal).c_str(), deliver, ignore,
+                         subscription->handler());
+  listen();
+  return registrationOf(std::move(subscription));
 }
 
 Registration MessageBus::observeLoss(std::function<void()> handler) {
-  return observeSignal(QStringLiteral("/org/freedesktop/DBus/Local"), QStringLiteral("org.freedesktop.DBus.Local"),
-                       QStringLiteral("Disconnected"),
-                       [handler = std::move(handler)](const QDBusMessage&) { handler(); });
+  return lossListeners_.add(std::move(handler));
 }
 
-Registration MessageBus::call(const QDBusMessage& message, std::chrono::milliseconds limit,
-                              std::function<void(const QDBusMessage& answer)> handler) {
-  const std::optional<QDBusConnection> bus = connection();
-  if (!bus) {
+Registration MessageBus::call(const BusCall& call, milliseconds limit, Handler handler) {
+  const MessagePointer message = messageOf(bus_.get(), call);
+  if (message == nullptr) {
     return {};
   }
-  auto* listener = new BusListener(std::move(handler), &context_);
-  auto* watcher = new QDBusPendingCallWatcher(bus->asyncCall(message, static_cast<int>(limit.count())), listener);
-  QObject::connect(watcher, &QDBusPendingCallWatcher::finished, listener, [listener, watcher] {
-    listener->receive(watcher->reply());
-    listener->end();
-  });
-  return Registration([pointer = QPointer(listener)] {
-    if (pointer != nullptr) {
-      pointer->end();
-    }
-  });
+  auto subscription = std::make_shared<Subscription>(std::move(handler));
+  if (sd_bus_call_async(bus_.get(), subscription->slot(), message.get(), deliver, subscription->handler(),
+                        microsecondsOf(limit)) < 0) {
+    return {};
+  }
+  listen();
+  return registrationOf(std::move(subscription));
+}
+
+std::optional<BusMessage> MessageBus::callAndWait(const BusCall& call, milliseconds limit) {
+  const auto end = Clock::now() + limit;
+  const MessagePointer message = waitUntilConnected(limit) ? messageOf(bus_.get(), call) : nullptr;
+  sd_bus_message* answer = nullptr;
+  if (message == nullptr ||
+      sd_bus_call(bus_.get(), message.get(), microsecondsOf(end - Clock::now()), nullptr, &answer) < 0) {
+    return std::nullopt;
+  }
+  const MessagePointer owner(answer);
+  listen();
+  return BusMessage(answer);
+}
+
+void MessageBus::send(const BusCall& call) {
+  if (const MessagePointer message = messageOf(bus_.get(), call)) {
+    sd_bus_message_set_expect_reply(message.get(), 0);
+    sd_bus_send(bus_.get(), message.get(), nullptr);
+    listen();
+  }
+}
+
+void MessageBus::process() {
+  // An event loop that a handler opens cannot hear of the bus, and need not be woken up for it.
+  readable_.setEnabled(false);
+  writable_.setEnabled(false);
+  for (int count = 0; count < messagesPerTurn && processOne(); ++count) {
+  }
+  if (sd_bus_is_open(bus_.get()) <= 0 && !std::exchange(lossReported_, true)) {
+    lossListeners_.notify();
+  }
+  listen();
+}
+
+bool MessageBus::processOne() {
+  const int result = sd_bus_process(bus_.get(), nullptr);
+  if (result < 0) {
+    // What the bus sends makes no sense, or it has not let anyone in for too long.
+    sd_bus_close(bus_.get());
+  }
+  return result > 0;
+}
+
+void MessageBus::listen() {
+  if (bus_ == nullptr) {
+    return;
+  }
+  const int file = sd_bus_get_fd(bus_.get());
+  const int events = file < 0 ? 0 : sd_bus_get_events(bus_.get());
+  readable_.setEnabled(false);
+  writable_.setEnabled(false);
+  if (events > 0) {
+    // Where the bus has several addresses, the file of one may follow that of another.
+    readable_.setSocket(file);
+    writable_.setSocket(file);
+    readable_.setEnabled((events & POLLIN) != 0);
+    writable_.setEnabled((events & POLLOUT) != 0);
+  }
+  std::uint64_t due = 0;
+  if (sd_bus_get_timeout(bus_.get(), &due) > 0) {
+    const auto left = microseconds(due) - Clock::now().time_since_epoch();
+    due_.start(std::chrono::ceil<milliseconds>(std::max<Clock::duration>(left, Clock::duration::zero())));
+  } else {
+    due_.stop();
+  }
 }
 
 }  // namespace roomlattice::platform::linux

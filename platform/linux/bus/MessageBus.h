@@ -1,63 +1,96 @@
 #pragma once
 
 #include "platform/Registration.h"
+#include "platform/linux/bus/BusMessage.h"
+#include "platform/linux/system/OneShotTimer.h"
 #include "support/Listeners.h"
 
-#include <QDBusConnection>
-#include <QDBusMessage>
-#include <QObject>
-#include <QString>
+#include <QSocketNotifier>
 #include <chrono>
 #include <functional>
 #include <memory>
 #include <optional>
+#include <string>
+#include <vector>
 
 namespace roomlattice::platform::linux {
 
+/// A method to call, with its arguments.
+struct BusCall {
+  enum class Activation {
+    /// The bus starts the service where nobody offers it yet.
+    Allowed,
+    Never,
+  };
+
+  std::string service;
+  std::string path;
+  std::string interface;
+  std::string method;
+  std::vector<std::string> arguments;
+  /// A text that follows them in a variant.
+  std::optional<std::string> variant;
+  Activation activation = Activation::Allowed;
+};
+
+/// Which signals to hear.
+struct BusSignal {
+  std::string sender;
+  std::string path;
+  std::string interface;
+  std::string name;
+  /// What the first argument has to be; any, where it is empty.
+  std::string firstArgument;
+};
+
 /// A connection to one of the desktop's message buses (D-Bus), which is never waited for longer than the caller wants.
-/// There may be none, and it may break at any time; nothing is heard from it then. Main thread only.
+/// There may be none, and it may break at any time; nothing is heard from it then. What is asked for while it is still
+/// being made waits for it. Main thread only.
 class MessageBus {
  public:
   enum class Kind { Session, System };
+  using Handler = std::function<void(const BusMessage&)>;
 
-  /// Begins to connect, off the main thread. Needs the Qt application, and must end before it.
+  /// Begins to connect. Needs the Qt application, and must end before it.
   explicit MessageBus(Kind kind);
-  ~MessageBus();
-  MessageBus(const MessageBus&) = delete;
-  MessageBus& operator=(const MessageBus&) = delete;
 
-  /// Waits until it is known whether there is a bus, but not beyond `limit`.
-  void waitUntilDecided(std::chrono::milliseconds limit);
+  /// Waits until the connection stands or there is none, but not beyond `limit`. Gives whether it stands.
+  bool waitUntilConnected(std::chrono::milliseconds limit);
 
-  /// The connection; nothing before it stands, or when there is no bus or it has broken.
-  std::optional<QDBusConnection> connection() const;
+  bool isConnected() const;
 
-  /// Calls `handler` from the event loop once the connection stands. Never when it stands already.
-  Registration observeConnected(std::function<void()> handler);
-
-  /// Calls `handler` from the event loop whenever anybody sends that signal from `path`; with `firstArgument` given,
-  /// only where the first argument is that text. Nothing comes without a connection.
-  Registration observeSignal(const QString& path, const QString& interface, const QString& signal,
-                             std::function<void(const QDBusMessage&)> handler, const QString& firstArgument = {});
-
-  /// Calls `handler` from the event loop when `service` gets an owner, another one or none.
-  Registration observeOwner(const QString& service, std::function<void(bool hasOwner)> handler);
+  /// Calls `handler` from the event loop whenever the signal comes.
+  Registration observeSignal(const BusSignal& signal, Handler handler);
 
   /// Calls `handler` from the event loop when the connection breaks.
   Registration observeLoss(std::function<void()> handler);
 
   /// Calls a method and hands the answer, an error where there was none within `limit`, to `handler` from the event
-  /// loop. Without a connection nothing happens.
-  Registration call(const QDBusMessage& message, std::chrono::milliseconds limit,
-                    std::function<void(const QDBusMessage& answer)> handler);
+  /// loop. Without a bus nothing happens.
+  Registration call(const BusCall& call, std::chrono::milliseconds limit, Handler handler);
+
+  /// Calls a method and waits for the answer, but not beyond `limit`. Nothing where there was none, or an error.
+  std::optional<BusMessage> callAndWait(const BusCall& call, std::chrono::milliseconds limit);
+
+  /// Calls a method whose answer is of no interest.
+  void send(const BusCall& call);
 
  private:
-  class Attempt;
+  struct Close {
+    void operator()(sd_bus* bus) const { sd_bus_close_unref(bus); }
+  };
 
-  // Owns what listens; ends on the main thread.
-  QObject context_;
-  Listeners<> connectedListeners_;
-  std::shared_ptr<Attempt> attempt_;
+  void process();
+  bool processOne();
+  void listen();
+
+  std::unique_ptr<sd_bus, Close> bus_;
+  Listeners<> lossListeners_;
+  bool lossReported_ = false;
+  QSocketNotifier readable_{QSocketNotifier::Read};
+  QSocketNotifier writable_{QSocketNotifier::Write};
+  // For what is due without anything coming: answers that did not come, and messages that were taken in already.
+  OneShotTimer due_{[this] { process(); }};
 };
 
 }  // namespace roomlattice::platform::linux

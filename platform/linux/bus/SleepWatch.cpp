@@ -1,27 +1,17 @@
 #include "platform/linux/bus/SleepWatch.h"
 
-#include <QVariant>
-
 namespace roomlattice::platform::linux {
 
 SleepWatch::SleepWatch(MessageBus& systemBus, NotificationCenter& workspaceCenter)
-    : systemBus_(systemBus), workspaceCenter_(workspaceCenter) {
-  connected_ = systemBus.observeConnected([this] { listen(); });
-  listen();
-}
-
-void SleepWatch::listen() {
-  if (signal_) {
-    return;
-  }
-  signal_ = systemBus_.observeSignal(QStringLiteral("/org/freedesktop/login1"),
-                                     QStringLiteral("org.freedesktop.login1.Manager"),
-                                     QStringLiteral("PrepareForSleep"), [this](const QDBusMessage& message) {
-                                       // True before the machine sleeps, false after.
-                                       if (message.arguments().value(0) == QVariant(false)) {
-                                         workspaceCenter_.post(notification::didWake);
-                                       }
-                                     });
+    : service_(systemBus, "org.freedesktop.login1") {
+  signal_ = service_.observeSignal(
+      {.path = "/org/freedesktop/login1", .interface = "org.freedesktop.login1.Manager", .name = "PrepareForSleep"},
+      [&workspaceCenter](const BusMessage& message) {
+        // True before the machine sleeps, false after.
+        if (message.argument<bool>(0) == false) {
+          workspaceCenter.post(notification::didWake);
+        }
+      });
 }
 
 }  // namespace roomlattice::platform::linux

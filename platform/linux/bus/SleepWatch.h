@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/NotificationCenter.h"
-#include "platform/linux/bus/MessageBus.h"
+#include "platform/linux/bus/BusService.h"
 
 namespace roomlattice::platform::linux {
 
@@ -13,11 +13,7 @@ class SleepWatch {
   SleepWatch(MessageBus& systemBus, NotificationCenter& workspaceCenter);
 
  private:
-  void listen();
-
-  MessageBus& systemBus_;
-  NotificationCenter& workspaceCenter_;
-  Registration connected_;
+  BusService service_;
   Registration signal_;
 };
 

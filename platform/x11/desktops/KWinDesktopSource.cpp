@@ -2,116 +2,99 @@
 
 #include "platform/x11/desktops/StableHash.h"
 
-#include <QDBusArgument>
-#include <QDBusVariant>
-#include <QVariantMap>
 #include <algorithm>
 #include <thread>
+#include <tuple>
 #include <utility>
 
 namespace roomlattice::platform::x11 {
 namespace {
 
 using namespace std::chrono_literals;
+using linux::BusCall;
+using linux::BusMessage;
 
 constexpr std::chrono::milliseconds answerLimit = 2s;
 // A window manager that replaces another one, or itself, is on the bus again within less.
 constexpr std::chrono::milliseconds patience = 3s;
 constexpr std::size_t maximumCount = 1000;
 
-const QString service = QStringLiteral("org.kde.KWin");
-const QString path = QStringLiteral("/VirtualDesktopManager");
-const QString interface = QStringLiteral("org.kde.KWin.VirtualDesktopManager");
+constexpr const char* service = "org.kde.KWin";
+constexpr const char* path = "/VirtualDesktopManager";
+constexpr const char* interface = "org.kde.KWin.VirtualDesktopManager";
 
-QDBusMessage propertiesMethod(const QString& method) {
-  QDBusMessage message =
-      QDBusMessage::createMethodCall(service, path, QStringLiteral("org.freedesktop.DBus.Properties"), method);
-  message.setAutoStartService(false);
-  return message;
+/// Position, identifier and name.
+using DesktopEntry = std::tuple<std::uint32_t, std::string, std::string>;
+
+BusCall propertiesMethod(const std::string& method) {
+  return {.path = path,
+          .interface = "org.freedesktop.DBus.Properties",
+          .method = method,
+          .arguments = {interface},
+          .activation = BusCall::Activation::Never};
 }
 
-QDBusMessage getAllMessage() {
-  QDBusMessage message = propertiesMethod(QStringLiteral("GetAll"));
-  message << interface;
-  return message;
+BusCall setCurrent(const std::string& identifier) {
+  BusCall call = propertiesMethod("Set");
+  call.arguments.emplace_back("current");
+  call.variant = identifier;
+  return call;
 }
 
-QDBusMessage setCurrentMessage(const std::string& identifier) {
-  QDBusMessage message = propertiesMethod(QStringLiteral("Set"));
-  message << interface << QStringLiteral("current")
-          << QVariant::fromValue(QDBusVariant(QString::fromStdString(identifier)));
-  return message;
-}
-
-Desktop desktopWithIdentifier(const QString& identifier) {
-  std::string uuid = identifier.toStdString();
-  const SpaceID id = stableHash(uuid);
-  return {id, std::move(uuid)};
-}
-
-/// An array of structures of position, identifier and name.
-std::vector<Desktop> parseDesktops(const QVariant& value) {
-  const auto argument = value.value<QDBusArgument>();
-  if (argument.currentSignature() != QStringLiteral("a(uss)")) {
-    return {};
-  }
-  std::vector<std::pair<uint, Desktop>> placed;
-  argument.beginArray();
-  while (!argument.atEnd() && placed.size() < maximumCount) {
-    uint position = 0;
-    QString identifier;
-    QString name;
-    argument.beginStructure();
-    argument >> position >> identifier >> name;
-    argument.endStructure();
-    if (!identifier.isEmpty()) {
-      placed.emplace_back(position, desktopWithIdentifier(identifier));
-    }
-  }
-  argument.endArray();
-  std::ranges::stable_sort(placed, {}, &std::pair<uint, Desktop>::first);
+std::vector<Desktop> desktopsOf(std::vector<DesktopEntry> entries) {
+  std::erase_if(entries, [](const DesktopEntry& entry) { return std::get<1>(entry).empty(); });
+  entries.resize(std::min(entries.size(), maximumCount));
+  const auto position = [](const DesktopEntry& entry) { return std::get<0>(entry); };
+  std::ranges::stable_sort(entries, {}, position);
   std::vector<Desktop> desktops;
-  desktops.reserve(placed.size());
-  for (auto& [position, desktop] : placed) {
-    desktops.push_back(std::move(desktop));
+  desktops.reserve(entries.size());
+  for (auto& [place, identifier, name] : entries) {
+    const SpaceID id = stableHash(identifier);
+    desktops.push_back({id, std::move(identifier)});
   }
   return desktops;
 }
 
-std::optional<std::size_t> placeOf(const std::vector<Desktop>& desktops, const QString& identifier) {
-  const auto found = std::ranges::find(desktops, identifier.toStdString(), &Desktop::uuid);
+std::optional<std::size_t> placeOf(const std::vector<Desktop>& desktops, const std::string& identifier) {
+  const auto found = std::ranges::find(desktops, identifier, &Desktop::uuid);
   return found == desktops.end() ? std::nullopt
                                  : std::optional(static_cast<std::size_t>(std::distance(desktops.begin(), found)));
 }
 
 /// Nothing when the answer is an error or tells of no desktops.
-std::optional<DesktopList> parseAnswer(const QDBusMessage& answer) {
-  if (answer.type() != QDBusMessage::ReplyMessage) {
+std::optional<DesktopList> parseAnswer(const BusMessage& answer) {
+  auto entries = answer.isError() ? std::nullopt : answer.property<std::vector<DesktopEntry>>("desktops");
+  if (!entries) {
     return std::nullopt;
   }
-  const QVariantMap properties = qdbus_cast<QVariantMap>(answer.arguments().value(0));
-  DesktopList list{.desktops = parseDesktops(properties.value(QStringLiteral("desktops")))};
-  list.current = placeOf(list.desktops, properties.value(QStringLiteral("current")).toString());
+  DesktopList list{.desktops = desktopsOf(std::move(*entries))};
+  list.current = placeOf(list.desktops, answer.property<std::string>("current").value_or(""));
   return list.desktops.empty() ? std::nullopt : std::optional(std::move(list));
 }
 
 }  // namespace
 
 KWinDesktopSource::KWinDesktopSource(X11Connection& connection, linux::MessageBus& bus, std::function<void()> changed)
-    : bus_(bus), changed_(std::move(changed)), ewmh_(connection, DesktopIdentity::Position, [this] {
-        if (state_ == State::Unheard) {
-          changed_();
-        }
-      }) {
-  patience_.setSingleShot(true);
-  patience_.setInterval(patience);
-  QObject::connect(&patience_, &QTimer::timeout, &patience_, [this] { giveUpWaiting(); });
-  patience_.start();
-  connected_ = bus.observeConnected([this] {
-    listen();
-    request();
-  });
-  listen();
+    : bus_(bus),
+      changed_(std::move(changed)),
+      ewmh_(connection, DesktopIdentity::Position,
+            [this] {
+              if (state_ == State::Unheard) {
+                changed_();
+              }
+            }),
+      patience_([this] { giveUpWaiting(); }),
+      service_(bus, service, [this](bool hasOwner) { ownerChanged(hasOwner); }) {
+  patience_.start(patience);
+  for (const char* signal :
+       {"desktopCreated", "desktopRemoved", "desktopDataChanged", "desktopMoved", "countChanged"}) {
+    signals_.push_back(service_.observeSignal({.path = path, .interface = interface, .name = signal},
+                                              [this](const BusMessage&) { request(); }));
+  }
+  signals_.push_back(service_.observeSignal(
+      {.path = path, .interface = interface, .name = "currentChanged"},
+      [this](const BusMessage& message) { currentChanged(message.argument<std::string>(0).value_or("")); }));
+  loss_ = bus.observeLoss([this] { loseTouch(); });
   request();
 }
 
@@ -128,9 +111,8 @@ std::optional<DesktopList> KWinDesktopSource::read() {
 }
 
 void KWinDesktopSource::activate(std::size_t index) {
-  const std::optional<QDBusConnection> bus = bus_.connection();
-  if (state_ == State::Heard && bus && index < list_.desktops.size()) {
-    bus->send(setCurrentMessage(list_.desktops[index].uuid));
+  if (state_ == State::Heard && bus_.isConnected() && index < list_.desktops.size()) {
+    service_.send(setCurrent(list_.desktops[index].uuid));
   } else {
     ewmh_.activate(index);
   }
@@ -141,14 +123,13 @@ void KWinDesktopSource::waitForAnswer(std::chrono::milliseconds limit) {
   const auto left = [end] {
     return std::chrono::duration_cast<std::chrono::milliseconds>(end - std::chrono::steady_clock::now());
   };
-  bus_.waitUntilDecided(limit);
-  listen();
   while (state_ == State::Waiting && left() > 0ms) {
-    const std::optional<QDBusConnection> bus = bus_.connection();
-    if (!bus) {
+    if (const auto answer = service_.callAndWait(propertiesMethod("GetAll"), left())) {
+      answered(*answer);
+    }
+    if (!bus_.isConnected()) {
       break;
     }
-    answered(bus->call(getAllMessage(), QDBus::Block, static_cast<int>(left().count())));
     if (state_ == State::Waiting) {
       // It manages windows already and is about to come to the bus.
       std::this_thread::sleep_for(10ms);
@@ -157,42 +138,23 @@ void KWinDesktopSource::waitForAnswer(std::chrono::milliseconds limit) {
   giveUpWaiting();
 }
 
-void KWinDesktopSource::listen() {
-  if (!signals_.empty() || !bus_.connection()) {
-    return;
-  }
-  for (const char* signal :
-       {"desktopCreated", "desktopRemoved", "desktopDataChanged", "desktopMoved", "countChanged"}) {
-    signals_.push_back(
-        bus_.observeSignal(path, interface, QString::fromLatin1(signal), [this](const QDBusMessage&) { request(); }));
-  }
-  signals_.push_back(bus_.observeSignal(
-      path, interface, QStringLiteral("currentChanged"),
-      [this](const QDBusMessage& message) { currentChanged(message.arguments().value(0).toString()); }));
-  signals_.push_back(bus_.observeOwner(service, [this](bool hasOwner) { ownerChanged(hasOwner); }));
-  signals_.push_back(bus_.observeLoss([this] { loseTouch(); }));
-}
-
 void KWinDesktopSource::request() {
-  if (!bus_.connection()) {
-    return;
-  }
   if (requesting_) {
     // The answer under way may be older than what this request is about.
     requestAgain_ = true;
     return;
   }
-  requesting_ = true;
-  pendingCall_ = bus_.call(getAllMessage(), answerLimit, [this](const QDBusMessage& answer) {
+  pendingCall_ = service_.call(propertiesMethod("GetAll"), answerLimit, [this](const BusMessage& answer) {
     requesting_ = false;
     if (std::exchange(requestAgain_, false)) {
       request();
     }
     answered(answer);
   });
+  requesting_ = static_cast<bool>(pendingCall_);
 }
 
-void KWinDesktopSource::answered(const QDBusMessage& answer) {
+void KWinDesktopSource::answered(const BusMessage& answer) {
   if (std::optional<DesktopList> list = parseAnswer(answer)) {
     list_ = std::move(*list);
     state_ = State::Heard;
@@ -201,7 +163,7 @@ void KWinDesktopSource::answered(const QDBusMessage& answer) {
   }
 }
 
-void KWinDesktopSource::currentChanged(const QString& identifier) {
+void KWinDesktopSource::currentChanged(const std::string& identifier) {
   const std::optional<std::size_t> place = placeOf(list_.desktops, identifier);
   if (state_ != State::Heard || !place) {
     request();
@@ -216,7 +178,7 @@ void KWinDesktopSource::ownerChanged(bool hasOwner) {
     request();
   } else if (state_ == State::Heard) {
     state_ = State::Waiting;
-    patience_.start();
+    patience_.start(patience);
   }
 }
 

@@ -1,13 +1,14 @@
 #pragma once
 
-#include "platform/linux/bus/MessageBus.h"
+#include "platform/linux/bus/BusService.h"
+#include "platform/linux/system/OneShotTimer.h"
 #include "platform/x11/connection/X11Connection.h"
 #include "platform/x11/desktops/DesktopSource.h"
 #include "platform/x11/desktops/EwmhDesktopSource.h"
 
-#include <QTimer>
 #include <functional>
 #include <optional>
+#include <string>
 #include <vector>
 
 namespace roomlattice::platform::x11 {
@@ -29,10 +30,9 @@ class KWinDesktopSource final : public DesktopSource {
  private:
   enum class State { Waiting, Heard, Unheard };
 
-  void listen();
   void request();
-  void answered(const QDBusMessage& answer);
-  void currentChanged(const QString& identifier);
+  void answered(const linux::BusMessage& answer);
+  void currentChanged(const std::string& identifier);
   void ownerChanged(bool hasOwner);
   void loseTouch();
   void giveUpWaiting();
@@ -44,8 +44,9 @@ class KWinDesktopSource final : public DesktopSource {
   DesktopList list_;
   bool requestAgain_ = false;
   bool requesting_ = false;
-  QTimer patience_;
-  Registration connected_;
+  linux::OneShotTimer patience_;
+  linux::BusService service_;
+  Registration loss_;
   Registration pendingCall_;
   std::vector<Registration> signals_;
 };

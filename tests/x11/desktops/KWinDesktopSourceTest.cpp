@@ -1,3 +1,6 @@
+#include "platform/x11/desktops/KWinDesktopSource.h"
+
+#include "tests/linux/session/FakeService.h"
 #include "tests/x11/desktops/DesktopsFixture.h"
 
 #include <csignal>
@@ -106,6 +109,75 @@ TEST(DesktopsOfAKWinThatHangs, AreFollowedByEwmhAndByTheBusOnceItAnswers) {
   session.windowManager()->signal(SIGCONT);
   EXPECT_TRUE(waitFor([&] { return desktops.list().desktops[0].uuid == "test-desktop-1"; }));
 }
+
+struct OddAnswer {
+  const char* name;
+  WriteArguments write;
+};
+
+class AKWinWithOddAnswers : public ::testing::TestWithParam<OddAnswer> {
+ protected:
+  static void tellTwoDesktops(sd_bus_message* answer) {
+    sd_bus_message_append(answer, "a{sv}", 2, "current", "s", "b", "desktops", "a(uss)", 2, 1U, "b", "Two", 0U, "a",
+                          "One");
+  }
+
+  X11Session session_{{.windowManager = std::nullopt}};
+  QtApplication qt_;
+  platform::linux::MessageBus bus_{platform::linux::MessageBus::Kind::Session};
+  FakeService kwin_{session_.busAddress(), "org.kde.KWin"};
+};
+
+TEST_P(AKWinWithOddAnswers, IsNotHeardUntilItMakesSense) {
+  kwin_.answerWith(GetParam().write);
+  platform::x11::KWinDesktopSource source(qt_.connection(), bus_, [] {});
+  EXPECT_EQ(source.read(), std::nullopt);
+  source.waitForAnswer(std::chrono::milliseconds(30));
+  EXPECT_EQ(source.read(), std::nullopt);
+  kwin_.answerWith(tellTwoDesktops);
+  EXPECT_TRUE(waitFor([&] {
+    kwin_.emit("/VirtualDesktopManager", "org.kde.KWin.VirtualDesktopManager", "countChanged", GetParam().write);
+    return source.read().has_value();
+  }));
+  EXPECT_EQ(source.read()->desktops.at(0).uuid, "a");
+  EXPECT_EQ(source.read()->current, 1U);
+}
+
+TEST_P(AKWinWithOddAnswers, KeepsTheDesktopsItHasTold) {
+  kwin_.answerWith(tellTwoDesktops);
+  platform::x11::KWinDesktopSource source(qt_.connection(), bus_, [] {});
+  source.waitForAnswer(std::chrono::seconds(30));
+  ASSERT_EQ(source.read()->desktops.size(), 2U);
+  kwin_.answerWith(GetParam().write);
+  for (const char* signal : {"currentChanged", "desktopCreated"}) {
+    kwin_.emit("/VirtualDesktopManager", "org.kde.KWin.VirtualDesktopManager", signal, GetParam().write);
+  }
+  kwin_.emit("/VirtualDesktopManager", "org.kde.KWin.VirtualDesktopManager", "currentChanged",
+             [](sd_bus_message* signal) { sd_bus_message_append(signal, "s", "a"); });
+  EXPECT_TRUE(waitFor([&] { return source.read()->current == 0U; }));
+  EXPECT_EQ(source.read()->desktops.size(), 2U);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    OfEachKind, AKWinWithOddAnswers,
+    ::testing::Values(
+        OddAnswer{"Nothing", [](sd_bus_message*) {}},
+        OddAnswer{"DictionaryOfTexts",
+                  [](sd_bus_message* m) { sd_bus_message_append(m, "a{ss}", 1, "desktops", "x"); }},
+        OddAnswer{"DictionaryOfNumbers",
+                  [](sd_bus_message* m) { sd_bus_message_append(m, "a{su}", 1, "desktops", 5U); }},
+        OddAnswer{"Structure", [](sd_bus_message* m) { sd_bus_message_append(m, "(sv)", "desktops", "s", "x"); }},
+        OddAnswer{"ArrayOfVariants", [](sd_bus_message* m) { sd_bus_message_append(m, "av", 1, "s", "desktops"); }},
+        OddAnswer{"ArrayOfArrays", [](sd_bus_message* m) { sd_bus_message_append(m, "aas", 1, 1, "desktops"); }},
+        OddAnswer{
+            "DesktopsOfAnotherType",
+            [](sd_bus_message* m) { sd_bus_message_append(m, "a{sv}", 1, "desktops", "a(iss)", 1, 0, "x", "X"); }},
+        OddAnswer{"NoDesktops",
+                  [](sd_bus_message* m) { sd_bus_message_append(m, "a{sv}", 1, "desktops", "a(uss)", 0); }},
+        OddAnswer{
+            "DesktopsWithoutIdentifiers",
+            [](sd_bus_message* m) { sd_bus_message_append(m, "a{sv}", 1, "desktops", "a(uss)", 1, 0U, "", "X"); }}),
+    [](const auto& test) { return std::string(test.param.name); });
 
 }  // namespace
 }  // namespace roomlattice::tests

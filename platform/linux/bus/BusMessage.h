@@ -1,0 +1,98 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <systemd/sd-bus.h>
+#include <tuple>
+#include <vector>
+
+namespace roomlattice::platform::linux {
+
+/// A message that came over D-Bus. Anybody may send anything: whatever is read is checked for its type here, and counts
+/// as absent when it is of another one. Texts are UTF-8.
+class BusMessage {
+ public:
+  /// Keeps the message; nothing is read from an absent one.
+  explicit BusMessage(sd_bus_message* message) : message_(sd_bus_message_ref(message)) {}
+
+  bool isError() const { return sd_bus_message_is_method_error(message_.get(), nullptr) > 0; }
+
+  /// The unique name of the connection that sent it, as the bus has it.
+  std::string sender() const;
+
+  /// The argument at `index`, from 0, also out of variants. A T is a bool, uint32_t, double or string, a tuple of these
+  /// for a structure, or a vector for an array.
+  template <class T>
+  std::optional<T> argument(std::size_t index) const {
+    return rewindTo(index) ? readNext<T>() : std::nullopt;
+  }
+
+  /// What the first argument, a dictionary of variants, has for `key`.
+  template <class T>
+  std::optional<T> property(const std::string& key) const {
+    return rewindToProperty(key) ? readNext<T>() : std::nullopt;
+  }
+
+ private:
+  struct Unref {
+    void operator()(sd_bus_message* message) const { sd_bus_message_unref(message); }
+  };
+
+  bool rewindTo(std::size_t index) const;
+  bool rewindToProperty(const std::string& key) const;
+  std::string typeOfNext() const;
+  void enterVariants() const;
+
+  template <class T>
+  std::optional<T> readNext() const {
+    enterVariants();
+    T value{};
+    return typeOfNext() == typeOf(value) && read(value) ? std::optional(std::move(value)) : std::nullopt;
+  }
+
+  // The types as D-Bus writes them; the values only tell which.
+  static std::string typeOf(bool) { return "b"; }
+  static std::string typeOf(std::uint32_t) { return "u"; }
+  static std::string typeOf(double) { return "d"; }
+  static std::string typeOf(const std::string&) { return "s"; }
+  template <class... T>
+  static std::string typeOf(const std::tuple<T...>&) {
+    return "(" + (typeOf(T{}) + ...) + ")";
+  }
+  template <class T>
+  static std::string typeOf(const std::vector<T>&) {
+    return "a" + typeOf(T{});
+  }
+
+  bool read(bool& value) const;
+  bool read(std::uint32_t& value) const;
+  bool read(double& value) const;
+  bool read(std::string& value) const;
+
+  template <class... T>
+  bool read(std::tuple<T...>& value) const {
+    return enter('r') && std::apply([this](T&... parts) { return (read(parts) && ...); }, value) && leave();
+  }
+  template <class T>
+  bool read(std::vector<T>& value) const {
+    if (!enter('a')) {
+      return false;
+    }
+    while (!atEnd()) {
+      if (!read(value.emplace_back())) {
+        return false;
+      }
+    }
+    return leave();
+  }
+
+  bool enter(char container) const;
+  bool leave() const;
+  bool atEnd() const;
+
+  std::unique_ptr<sd_bus_message, Unref> message_;
+};
+
+}  // namespace roomlattice::platform::linux
