@@ -99,10 +99,14 @@ void DesktopTour::gaveUp() {
 }
 
 void DesktopTour::end() {
-  const std::function<void()> completion = std::move(run_->completion);
+  std::function<void()> completion = std::move(run_->completion);
   run_.reset();
   system_.log("[Roomlattice] tour end");
   onEnd();
+  if (run_) {
+    // Another tour has begun meanwhile, and its completion has taken the place of this one's, as with any replaced tour.
+    completion = std::exchange(run_->completion, nullptr);
+  }
   if (completion) {
     completion();
   }

@@ -28,7 +28,8 @@ class DesktopTour {
   /// Called from within start, before the first swipe.
   std::function<void()> onStart = [] {};
 
-  /// Called when a tour has ended, whichever way; another one may be started from it.
+  /// Called when a tour has ended, whichever way. Another one may be started from it, whose completion is then called
+  /// in place of the ended one's, right after.
   std::function<void()> onEnd = [] {};
 
   /// Swipes in these directions, the first one before this returns. `completion`, which may be empty, is called once,
