@@ -18,7 +18,7 @@ struct LaunchError {
   std::string localizedDescription;
 };
 
-/// How to get at the process's recent log lines: a tool with its arguments, and the same as a user would type it.
+/// How to get at log lines: a tool with its arguments, and the same as a user would type it.
 struct LogQuery {
   std::string executable;
   std::vector<std::string> arguments;
@@ -43,9 +43,8 @@ class System {
   virtual std::variant<ProcessOutput, LaunchError> run(const std::string& path,
                                                        const std::vector<std::string>& arguments) = 0;
 
-  /// `query` is written for the log tool of macOS. Gives what asks the same of this system: the query itself where that
-  /// tool is at home.
-  virtual LogQuery localized(const LogQuery& query) const { return query; }
+  /// How to get at what the program has logged in the last ten minutes, in this run and in earlier ones.
+  virtual LogQuery recentLog() const = 0;
 
   /// Replaces the contents of the general pasteboard by plain text.
   virtual void setPasteboardString(const std::string& text) = 0;

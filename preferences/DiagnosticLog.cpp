@@ -13,10 +13,7 @@ constexpr const char* emptyOutputText = "(no log output \u2014 make sure you rep
 }  // namespace
 
 platform::LogQuery diagnosticLogQuery(const platform::System& system) {
-  return system.localized(
-      {.executable = "/usr/bin/log",
-       .arguments = {"show", "--predicate", "process == \"Roomlattice\"", "--last", "10m", "--style", "compact"},
-       .command = "log show --predicate 'process == \"Roomlattice\"' --last 10m --style compact"});
+  return system.recentLog();
 }
 
 std::string gatherDiagnosticLog(platform::System& system, const platform::LogQuery& query) {

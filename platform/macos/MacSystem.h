@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/System.h"
+#include "support/LogTool.h"
 
 namespace roomlattice::platform::macos {
 
@@ -9,6 +10,7 @@ class MacSystem final : public System {
   void log(const std::string& line) override;
   std::variant<ProcessOutput, LaunchError> run(const std::string& path,
                                                const std::vector<std::string>& arguments) override;
+  LogQuery recentLog() const override { return recentLogByTool(); }
   void setPasteboardString(const std::string& text) override;
   Registration beginActivity(ActivityKind kind, const std::string& reason) override;
 };

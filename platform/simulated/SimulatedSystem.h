@@ -3,6 +3,7 @@
 #include "platform/System.h"
 #include "platform/simulated/SimulatedDesktop.h"
 #include "platform/simulated/SimulatedDispatcher.h"
+#include "support/LogTool.h"
 #include "support/RegistrationList.h"
 
 #include <string>
@@ -27,6 +28,7 @@ class SimulatedSystem final : public System {
   /// Blocks its caller for as long as the executable runs; see SimulatedDispatcher.
   std::variant<ProcessOutput, LaunchError> run(const std::string& path,
                                                const std::vector<std::string>& arguments) override;
+  LogQuery recentLog() const override { return recentLogByTool(); }
   void setPasteboardString(const std::string& text) override;
   Registration beginActivity(ActivityKind kind, const std::string& reason) override;
 

@@ -6,9 +6,6 @@
 namespace roomlattice::platform::x11 {
 namespace {
 
-// EWMH: a request that comes straight from the user, which no focus stealing prevention holds back.
-constexpr std::uint32_t sourceIsPager = 2;
-
 bool takesKeyboard(const QWidget& window) {
   return window.isVisible() && window.windowType() == Qt::Window && !window.testAttribute(Qt::WA_ShowWithoutActivating);
 }
@@ -39,6 +36,7 @@ void X11Application::activateIgnoringOtherApps() {
   for (QWidget* window : QApplication::topLevelWidgets()) {
     if (takesKeyboard(*window)) {
       window->raise();
+      // No prevention of focus stealing holds this back.
       connection_.sendToRoot(static_cast<xcb_window_t>(window->winId()), connection_.ewmh()->_NET_ACTIVE_WINDOW,
                              {sourceIsPager, XCB_CURRENT_TIME, 0, 0, 0});
     }

@@ -2,13 +2,13 @@
 
 #include "platform/NativePlatform.h"
 #include "platform/linux/system/CommandLine.h"
+#include "platform/linux/system/EnvironmentVariable.h"
 #include "platform/linux/system/QtMessages.h"
 
 #include <chrono>
 #include <cstdlib>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <utility>
 
 namespace roomlattice::platform {
@@ -16,16 +16,12 @@ namespace x11 {
 namespace {
 
 using namespace std::chrono_literals;
+using linux::environmentVariable;
 
 // At the start of a session programs may be started before the window manager is there.
 constexpr std::chrono::milliseconds windowManagerStart = 5s;
 
 constexpr ExitStatus noDesktop{1};
-
-const char* environment(const char* name) {
-  const char* value = std::getenv(name);
-  return value == nullptr || *value == '\0' ? nullptr : value;
-}
 
 ExitStatus refuse(const std::string& reason) {
   linux::printError(reason);
@@ -33,13 +29,11 @@ ExitStatus refuse(const std::string& reason) {
 }
 
 std::string displayName() {
-  const char* name = environment("DISPLAY");
-  return name == nullptr ? "''" : "'" + std::string(name) + "'";
+  return "'" + environmentVariable("DISPLAY").value_or("") + "'";
 }
 
 bool isWaylandSession() {
-  const char* type = environment("XDG_SESSION_TYPE");
-  return environment("WAYLAND_DISPLAY") != nullptr || (type != nullptr && std::string_view(type) == "wayland");
+  return environmentVariable("WAYLAND_DISPLAY") || environmentVariable("XDG_SESSION_TYPE") == "wayland";
 }
 
 std::optional<ExitStatus> waitForWindowManager(X11Connection& connection, const linux::TerminationSignals& signals) {
@@ -57,7 +51,7 @@ std::optional<ExitStatus> waitForWindowManager(X11Connection& connection, const 
 }
 
 std::variant<std::unique_ptr<Platform>, ExitStatus> start(int& argc, char** argv) {
-  if (environment("DISPLAY") == nullptr) {
+  if (!environmentVariable("DISPLAY")) {
     return refuse(isWaylandSession() ? "no X11 display: DISPLAY is not set, and pure Wayland sessions are not supported"
                                      : "no X11 display: DISPLAY is not set");
   }

@@ -40,11 +40,10 @@ TEST(MacSystem, TellsWhyAChildDidNotStart) {
   EXPECT_NE(error->localizedDescription, "");
 }
 
-TEST(MacSystem, GivesTheLogQueryAsItIs) {
-  const LogQuery query{.executable = "/usr/bin/log", .arguments = {"show"}, .command = "log show"};
-  const LogQuery localized = MacSystem().localized(query);
-  EXPECT_EQ(localized.executable, "/usr/bin/log");
-  EXPECT_EQ(localized.command, "log show");
+TEST(MacSystem, AsksTheLogToolForTheRecentLog) {
+  const LogQuery query = MacSystem().recentLog();
+  EXPECT_EQ(query.executable, "/usr/bin/log");
+  EXPECT_EQ(query.command, "log show --predicate 'process == \"Roomlattice\"' --last 10m --style compact");
 }
 
 TEST(MacSystem, PutsPlainTextOnTheGeneralPasteboard) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <filesystem>
+#include <string_view>
 #include <unistd.h>
 #include <utility>
 
@@ -35,5 +37,11 @@ class FileDescriptor {
  private:
   int number_ = -1;
 };
+
+/// Writes the whole text, unless the file takes no more: then it gives false, and errno tells why.
+bool writeAll(int file, std::string_view text);
+
+/// Whether an open file is the one that has the name now; another process may have moved or replaced it.
+bool hasName(const FileDescriptor& file, const std::filesystem::path& name);
 
 }  // namespace roomlattice::platform::linux

@@ -51,17 +51,6 @@ std::optional<std::string> readAll(int file) {
   return text;
 }
 
-bool writeAll(int file, const std::string& text) {
-  for (std::size_t written = 0; written < text.size();) {
-    const ssize_t count = ::write(file, text.data() + written, text.size() - written);
-    if (count < 0 && errno != EINTR) {
-      return false;
-    }
-    written += count < 0 ? 0 : static_cast<std::size_t>(count);
-  }
-  return true;
-}
-
 std::optional<std::string> unsuitable(const struct stat& status) {
   if (!S_ISREG(status.st_mode)) {
     return "it is not an ordinary file";
@@ -86,13 +75,6 @@ bool renameToFreeName(const Path& from, const Path& to) {
   }
   // A file system without that. A second link does not replace anything either, though folders cannot have one.
   return link(from.c_str(), to.c_str()) == 0 && unlink(from.c_str()) == 0;
-}
-
-bool isSameFile(int file, const Path& name) {
-  struct stat opened {};
-  struct stat named {};
-  return fstat(file, &opened) == 0 && ::stat(name.c_str(), &named) == 0 && opened.st_dev == named.st_dev &&
-         opened.st_ino == named.st_ino;
 }
 
 /// A rename lasts over a power failure once the folder is on the disk.
@@ -183,7 +165,7 @@ FileDescriptor SettingsFile::lock(std::string& reason) const {
       return {};
     }
     // Where somebody has removed the file meanwhile, others lock another one.
-    if (flock(file.get(), LOCK_EX | LOCK_NB) == 0 && isSameFile(file.get(), name)) {
+    if (flock(file.get(), LOCK_EX | LOCK_NB) == 0 && hasName(file, name)) {
       return file;
     }
     std::this_thread::sleep_for(2ms);

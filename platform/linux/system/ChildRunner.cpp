@@ -1,10 +1,12 @@
 #include "platform/linux/system/ChildRunner.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <csignal>
 #include <cstdint>
 #include <fcntl.h>
+#include <limits>
 #include <poll.h>
 #include <spawn.h>
 #include <sys/eventfd.h>
@@ -14,6 +16,8 @@
 
 namespace roomlattice::platform::linux {
 namespace {
+
+using Clock = std::chrono::steady_clock;
 
 struct Pipe {
   FileDescriptor reader;
@@ -29,14 +33,18 @@ Pipe makePipe() {
   return {FileDescriptor(ends[0]), FileDescriptor(ends[1])};
 }
 
-/// How the child starts: both outputs to the pipe, no input, and signals as a program expects them.
+/// How the child starts: its output to the pipe, no input, and signals as a program expects them.
 class SpawnSettings {
  public:
-  explicit SpawnSettings(int output) {
+  SpawnSettings(int output, ChildRunner::ErrorOutput errorOutput) {
     posix_spawn_file_actions_init(&actions_);
     posix_spawn_file_actions_addopen(&actions_, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
     posix_spawn_file_actions_adddup2(&actions_, output, STDOUT_FILENO);
-    posix_spawn_file_actions_adddup2(&actions_, output, STDERR_FILENO);
+    if (errorOutput == ChildRunner::ErrorOutput::WithOutput) {
+      posix_spawn_file_actions_adddup2(&actions_, output, STDERR_FILENO);
+    } else {
+      posix_spawn_file_actions_addopen(&actions_, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
+    }
     posix_spawnattr_init(&attributes_);
     sigset_t signals;
     sigfillset(&signals);
@@ -69,6 +77,12 @@ std::vector<char*> argumentPointers(const std::string& path, const std::vector<s
   return pointers;
 }
 
+/// For poll: in milliseconds, 0 once it is too late.
+int timeLeft(Clock::time_point end) {
+  const auto left = std::chrono::ceil<std::chrono::milliseconds>(end - Clock::now());
+  return static_cast<int>(std::clamp<std::chrono::milliseconds::rep>(left.count(), 0, std::numeric_limits<int>::max()));
+}
+
 LaunchError launchError(const std::string& path, int number) {
   return {path + ": " + std::generic_category().message(number)};
 }
@@ -77,13 +91,14 @@ LaunchError launchError(const std::string& path, int number) {
 
 ChildRunner::ChildRunner() : interruption_(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {}
 
-std::variant<ProcessOutput, LaunchError> ChildRunner::run(const std::string& path,
-                                                          const std::vector<std::string>& arguments) {
+std::variant<ChildResult, LaunchError> ChildRunner::run(const std::string& path,
+                                                        const std::vector<std::string>& arguments,
+                                                        const Options& options) const {
   Pipe pipe = makePipe();
   if (!pipe.writer) {
     return launchError(path, errno);
   }
-  const SpawnSettings settings(pipe.writer.get());
+  const SpawnSettings settings(pipe.writer.get(), options.errorOutput);
   pid_t child = -1;
   const int failure = posix_spawn(&child, path.c_str(), settings.actions(), settings.attributes(),
                                   argumentPointers(path, arguments).data(), environ);
@@ -92,10 +107,11 @@ std::variant<ProcessOutput, LaunchError> ChildRunner::run(const std::string& pat
   }
   // The output ends when the last process that holds this end is gone, and that must not be this one.
   pipe.writer.close();
-  std::string bytes = collect(pipe.reader.get(), child);
-  while (waitpid(child, nullptr, 0) < 0 && errno == EINTR) {
+  std::string bytes = collect(pipe.reader.get(), child, options.limit);
+  int status = -1;
+  while (waitpid(child, &status, 0) < 0 && errno == EINTR) {
   }
-  return ProcessOutput{std::move(bytes)};
+  return ChildResult{std::move(bytes), status == 0};
 }
 
 void ChildRunner::interrupt() {
@@ -103,15 +119,17 @@ void ChildRunner::interrupt() {
   [[maybe_unused]] const ssize_t written = write(interruption_.get(), &one, sizeof(one));
 }
 
-std::string ChildRunner::collect(int output, pid_t child) const {
+std::string ChildRunner::collect(int output, pid_t child, std::optional<std::chrono::milliseconds> limit) const {
+  const auto end = Clock::now() + limit.value_or(std::chrono::milliseconds::zero());
   std::string bytes;
   std::array<char, 65536> buffer{};
   std::array<pollfd, 2> waiting{{{output, POLLIN, 0}, {interruption_.get(), POLLIN, 0}}};
   for (;;) {
-    if (poll(waiting.data(), waiting.size(), -1) < 0) {
+    const int ready = poll(waiting.data(), waiting.size(), limit ? timeLeft(end) : -1);
+    if (ready < 0) {
       continue;
     }
-    if (waiting[1].revents != 0) {
+    if (ready == 0 || waiting[1].revents != 0) {
       kill(child, SIGKILL);
       return bytes;
     }

@@ -3,25 +3,43 @@
 #include "platform/System.h"
 #include "platform/linux/storage/FileDescriptor.h"
 
+#include <chrono>
+#include <optional>
 #include <string>
 #include <variant>
 #include <vector>
 
 namespace roomlattice::platform::linux {
 
+/// What a child process has written, and whether it ended by itself with status 0.
+struct ChildResult {
+  std::string bytes;
+  bool succeeded = false;
+};
+
 /// Runs child processes and collects what they write. Any thread.
 class ChildRunner {
  public:
+  enum class ErrorOutput { WithOutput, Discarded };
+
+  struct Options {
+    ErrorOutput errorOutput = ErrorOutput::WithOutput;
+    /// How long it may take; a child that takes longer is killed.
+    std::optional<std::chrono::milliseconds> limit;
+  };
+
   ChildRunner();
 
-  /// System::run. Gives what there is so far once interrupt was called.
-  std::variant<ProcessOutput, LaunchError> run(const std::string& path, const std::vector<std::string>& arguments);
+  /// Runs the executable at `path` and waits until its output has ended and it has exited, in that order. Gives what
+  /// there is so far once the limit has passed or interrupt was called.
+  std::variant<ChildResult, LaunchError> run(const std::string& path, const std::vector<std::string>& arguments,
+                                             const Options& options) const;
 
   /// Ends the runs under way and all later ones: their children are killed.
   void interrupt();
 
  private:
-  std::string collect(int output, pid_t child) const;
+  std::string collect(int output, pid_t child, std::optional<std::chrono::milliseconds> limit) const;
 
   // Readable from interrupt on.
   FileDescriptor interruption_;

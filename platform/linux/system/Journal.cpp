@@ -1,8 +1,9 @@
 #include "platform/linux/system/Journal.h"
 
+#include "platform/linux/system/EnvironmentVariable.h"
+
 #include <algorithm>
 #include <cstdint>
-#include <cstdlib>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>
@@ -45,10 +46,9 @@ bool Journal::write(const std::string& line) const {
 }
 
 bool standardErrorIsJournal() {
-  const char* stream = std::getenv("JOURNAL_STREAM");
   struct stat status {};
-  return stream != nullptr && fstat(STDERR_FILENO, &status) == 0 &&
-         stream == std::to_string(status.st_dev) + ":" + std::to_string(status.st_ino);
+  return fstat(STDERR_FILENO, &status) == 0 &&
+         environmentVariable("JOURNAL_STREAM") == std::to_string(status.st_dev) + ":" + std::to_string(status.st_ino);
 }
 
 }  // namespace roomlattice::platform::linux

@@ -5,10 +5,7 @@
 #include <QThread>
 #include <QTimer>
 #include <algorithm>
-#include <condition_variable>
-#include <deque>
 #include <mutex>
-#include <thread>
 #include <utility>
 
 namespace roomlattice::platform::linux {
@@ -128,56 +125,15 @@ class LinuxDispatcher::MainQueue : public std::enable_shared_from_this<MainQueue
   QTimer timer_;
 };
 
-class LinuxDispatcher::Worker {
- public:
-  Worker() : thread_([this] { work(); }) {}
-
-  ~Worker() {
-    {
-      const std::scoped_lock lock(mutex_);
-      ending_ = true;
-    }
-    changed_.notify_one();
-    thread_.join();
-  }
-
-  void post(Task task) {
-    {
-      const std::scoped_lock lock(mutex_);
-      tasks_.push_back(std::move(task));
-    }
-    changed_.notify_one();
-  }
-
- private:
-  void work() {
-    for (std::unique_lock lock(mutex_);;) {
-      changed_.wait(lock, [this] { return ending_ || !tasks_.empty(); });
-      if (ending_) {
-        return;
-      }
-      {
-        const Task task = std::move(tasks_.front());
-        tasks_.pop_front();
-        lock.unlock();
-        task();
-      }
-      lock.lock();
-    }
-  }
-
-  std::mutex mutex_;
-  std::condition_variable changed_;
-  std::deque<Task> tasks_;
-  bool ending_ = false;
-  std::thread thread_;
-};
-
-LinuxDispatcher::LinuxDispatcher() : mainQueue_(std::make_shared<MainQueue>()) {}
+LinuxDispatcher::LinuxDispatcher() : mainQueue_(std::make_shared<MainQueue>()) {
+  // One after the other.
+  worker_.setMaxThreadCount(1);
+}
 
 LinuxDispatcher::~LinuxDispatcher() {
+  worker_.clear();
   // Before the main queue goes: what runs may still call async.
-  worker_.reset();
+  worker_.waitForDone();
 }
 
 void LinuxDispatcher::async(Task task) {
@@ -197,10 +153,7 @@ Registration LinuxDispatcher::repeat(Duration first, Duration period, Task task)
 }
 
 void LinuxDispatcher::background(Task task) {
-  if (worker_ == nullptr) {
-    worker_ = std::make_unique<Worker>();
-  }
-  worker_->post(std::move(task));
+  worker_.start(std::move(task));
 }
 
 }  // namespace roomlattice::platform::linux

@@ -2,6 +2,7 @@
 
 #include "platform/Dispatcher.h"
 
+#include <QThreadPool>
 #include <memory>
 
 namespace roomlattice::platform::linux {
@@ -22,10 +23,9 @@ class LinuxDispatcher final : public Dispatcher {
 
  private:
   class MainQueue;
-  class Worker;
 
   std::shared_ptr<MainQueue> mainQueue_;
-  std::unique_ptr<Worker> worker_;
+  QThreadPool worker_;
 };
 
 }  // namespace roomlattice::platform::linux

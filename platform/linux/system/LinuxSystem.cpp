@@ -2,6 +2,7 @@
 
 #include "platform/linux/system/CommandLine.h"
 #include "platform/linux/system/Executable.h"
+#include "support/LogTool.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -38,6 +39,15 @@ std::string typedProgram() {
 
 }  // namespace
 
+LogQuery orOwnLog(LogQuery tool) {
+  std::error_code error;
+  if (std::filesystem::exists(tool.executable, error)) {
+    return tool;
+  }
+  return {
+      .executable = ownExecutable, .arguments = {recentLogOption}, .command = typedProgram() + " " + recentLogOption};
+}
+
 LinuxSystem::LinuxSystem(SystemLog log) : log_(std::move(log)) {
   // Timers come as exactly as the kernel can: the steps of gestures are timed by them.
   prctl(PR_SET_TIMERSLACK, leastTimerSlack, 0, 0, 0);
@@ -49,16 +59,15 @@ void LinuxSystem::log(const std::string& line) {
 
 std::variant<ProcessOutput, LaunchError> LinuxSystem::run(const std::string& path,
                                                           const std::vector<std::string>& arguments) {
-  return children_.run(path, arguments);
+  auto result = children_.run(path, arguments, {});
+  if (auto* ended = std::get_if<ChildResult>(&result)) {
+    return ProcessOutput{std::move(ended->bytes)};
+  }
+  return std::get<LaunchError>(result);
 }
 
-LogQuery LinuxSystem::localized(const LogQuery& query) const {
-  std::error_code error;
-  if (std::filesystem::exists(query.executable, error)) {
-    return query;
-  }
-  return {
-      .executable = ownExecutable, .arguments = {recentLogOption}, .command = typedProgram() + " " + recentLogOption};
+LogQuery LinuxSystem::recentLog() const {
+  return orOwnLog(recentLogByTool());
 }
 
 void LinuxSystem::setPasteboardString(const std::string& text) {

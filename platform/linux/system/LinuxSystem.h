@@ -6,6 +6,9 @@
 
 namespace roomlattice::platform::linux {
 
+/// The query itself where its tool is installed; elsewhere the program asks itself.
+LogQuery orOwnLog(LogQuery tool);
+
 /// The pasteboard is the clipboard.
 class LinuxSystem final : public System {
  public:
@@ -14,8 +17,7 @@ class LinuxSystem final : public System {
   void log(const std::string& line) override;
   std::variant<ProcessOutput, LaunchError> run(const std::string& path,
                                                const std::vector<std::string>& arguments) override;
-  /// Where the tool is not there, the program itself stands in for it.
-  LogQuery localized(const LogQuery& query) const override;
+  LogQuery recentLog() const override;
   void setPasteboardString(const std::string& text) override;
   Registration beginActivity(ActivityKind kind, const std::string& reason) override;
 

@@ -2,7 +2,6 @@
 
 #include "platform/linux/storage/FileDescriptor.h"
 #include "platform/linux/storage/UserFolders.h"
-#include "platform/linux/system/LogLine.h"
 
 #include <chrono>
 #include <fcntl.h>
@@ -22,14 +21,6 @@ FileDescriptor openForAppending(const Path& path) {
   // What else than a file may stand there is not waited for.
   const int flags = O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK;
   return FileDescriptor(open(path.c_str(), flags, S_IRUSR | S_IWUSR));
-}
-
-/// Whether `file` is the one that now has the name; another process may have moved it away.
-bool hasName(const FileDescriptor& file, const Path& path) {
-  struct stat opened {};
-  struct stat named {};
-  return fstat(file.get(), &opened) == 0 && stat(path.c_str(), &named) == 0 && opened.st_dev == named.st_dev &&
-         opened.st_ino == named.st_ino;
 }
 
 bool hasRoom(const FileDescriptor& file, std::uintmax_t size, std::uintmax_t limit) {

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cerrno>
 #include <cstdio>
 #include <ctime>
 #include <optional>
@@ -64,16 +63,6 @@ std::string logSince(system_clock::time_point start, std::string_view log) {
     }
   }
   return recent;
-}
-
-void writeAll(int file, std::string_view text) {
-  while (!text.empty()) {
-    const ssize_t count = write(file, text.data(), text.size());
-    if (count < 0 && errno != EINTR) {
-      return;
-    }
-    text.remove_prefix(count < 0 ? 0 : static_cast<std::size_t>(count));
-  }
 }
 
 }  // namespace roomlattice::platform::linux

@@ -13,7 +13,4 @@ std::string stampedLogLine(std::chrono::system_clock::time_point time, const std
 /// it.
 std::string logSince(std::chrono::system_clock::time_point start, std::string_view log);
 
-/// Writes the whole text, unless the file takes no more.
-void writeAll(int file, std::string_view text);
-
 }  // namespace roomlattice::platform::linux

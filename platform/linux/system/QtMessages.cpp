@@ -1,5 +1,6 @@
 #include "platform/linux/system/QtMessages.h"
 
+#include "platform/linux/storage/FileDescriptor.h"
 #include "platform/linux/system/CommandLine.h"
 #include "platform/linux/system/LogLine.h"
 

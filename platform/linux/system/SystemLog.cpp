@@ -1,30 +1,30 @@
 #include "platform/linux/system/SystemLog.h"
 
 #include "platform/linux/storage/UserFolders.h"
+#include "platform/linux/system/ChildRunner.h"
 #include "platform/linux/system/LogLine.h"
 
-#include <QProcess>
 #include <QStandardPaths>
 #include <chrono>
 #include <unistd.h>
 #include <utility>
+#include <variant>
 
 namespace roomlattice::platform::linux {
 namespace {
 
 std::string linesOfJournal(std::chrono::minutes duration, const std::filesystem::path& socket) {
-  const QString tool = QStandardPaths::findExecutable(QStringLiteral("journalctl"));
-  if (tool.isEmpty() || !Journal::open(socket)) {
+  const std::string tool = QStandardPaths::findExecutable(QStringLiteral("journalctl")).toStdString();
+  if (tool.empty() || !Journal::open(socket)) {
     return {};
   }
-  QProcess process;
-  process.start(tool,
-                {QStringLiteral("--quiet"), QStringLiteral("--no-pager"), QStringLiteral("--all"),
-                 QStringLiteral("--output=short-iso-precise"), QStringLiteral("--since=-%1min").arg(duration.count()),
-                 QStringLiteral("SYSLOG_IDENTIFIER=Roomlattice"), QStringLiteral("_UID=%1").arg(getuid())});
-  constexpr int noLimit = -1;
-  const bool ended = process.waitForFinished(noLimit);
-  return ended && process.exitCode() == 0 ? process.readAllStandardOutput().toStdString() : std::string();
+  const auto result = ChildRunner().run(tool,
+                                        {"--quiet", "--no-pager", "--all", "--output=short-iso-precise",
+                                         "--since=-" + std::to_string(duration.count()) + "min",
+                                         "SYSLOG_IDENTIFIER=Roomlattice", "_UID=" + std::to_string(getuid())},
+                                        {.errorOutput = ChildRunner::ErrorOutput::Discarded});
+  const auto* ended = std::get_if<ChildResult>(&result);
+  return ended != nullptr && ended->succeeded ? ended->bytes : std::string();
 }
 
 }  // namespace

@@ -35,8 +35,7 @@ bool startComposite(X11Connection& connection) {
     return false;
   }
   const auto cookie = xcb_composite_query_version(connection.raw(), 0, 2);
-  const XcbPointer<xcb_composite_query_version_reply_t> reply(
-      xcb_composite_query_version_reply(connection.raw(), cookie, nullptr));
+  const auto reply = replyTo(connection.raw(), cookie, xcb_composite_query_version_reply);
   return reply != nullptr && (reply->major_version > 0 || reply->minor_version >= 2);
 }
 
@@ -45,17 +44,13 @@ bool startFixes(X11Connection& connection) {
     return false;
   }
   const auto cookie = xcb_xfixes_query_version(connection.raw(), 2, 0);
-  const XcbPointer<xcb_xfixes_query_version_reply_t> reply(
-      xcb_xfixes_query_version_reply(connection.raw(), cookie, nullptr));
-  return reply != nullptr;
+  return replyTo(connection.raw(), cookie, xcb_xfixes_query_version_reply) != nullptr;
 }
 
 }  // namespace
 
 CompositorWatch::CompositorWatch(X11Connection& connection)
     : connection_(connection), canRedirect_(startComposite(connection)) {
-  retry_.setSingleShot(true);
-  QObject::connect(&retry_, &QTimer::timeout, &retry_, [this] { update(); });
   if (startFixes(connection)) {
     xcb_xfixes_select_selection_input(connection.raw(), connection.root(), managerSelection(connection), ownerEvents);
     const auto event = static_cast<std::uint8_t>(xcb_get_extension_data(connection.raw(), &xcb_xfixes_id)->first_event +
@@ -76,7 +71,7 @@ void CompositorWatch::ownerChanged() {
 
 void CompositorWatch::update() {
   retry_.stop();
-  const bool owned = canRedirect_ && hasOwner();
+  const bool owned = canRedirect_ && connection_.selectionOwner(managerSelection(connection_)) != XCB_WINDOW_NONE;
   const bool now = owned && redirectsWindows();
   if (owned && !now && retries_ < retryDelays.size()) {
     retry_.start(retryDelays[retries_++]);
@@ -84,13 +79,6 @@ void CompositorWatch::update() {
   if (std::exchange(compositing_, now) != now) {
     listeners_.notify();
   }
-}
-
-bool CompositorWatch::hasOwner() const {
-  const auto cookie = xcb_get_selection_owner(connection_.raw(), managerSelection(connection_));
-  const XcbPointer<xcb_get_selection_owner_reply_t> reply(
-      xcb_get_selection_owner_reply(connection_.raw(), cookie, nullptr));
-  return reply != nullptr && reply->owner != XCB_WINDOW_NONE;
 }
 
 bool CompositorWatch::redirectsWindows() const {

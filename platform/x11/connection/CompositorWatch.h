@@ -1,9 +1,9 @@
 #pragma once
 
+#include "platform/linux/system/OneShotTimer.h"
 #include "platform/x11/connection/X11Connection.h"
 #include "support/Listeners.h"
 
-#include <QTimer>
 #include <cstddef>
 #include <functional>
 
@@ -25,14 +25,13 @@ class CompositorWatch {
  private:
   void ownerChanged();
   void update();
-  bool hasOwner() const;
   bool redirectsWindows() const;
 
   X11Connection& connection_;
   bool canRedirect_ = false;
   bool compositing_ = false;
   std::size_t retries_ = 0;
-  QTimer retry_;
+  linux::OneShotTimer retry_{[this] { update(); }};
   Listeners<> listeners_;
   Registration selectionEvents_;
 };

@@ -3,22 +3,13 @@
 #include <string>
 
 namespace roomlattice::platform::x11 {
-namespace {
-
-xcb_window_t selectionOwner(xcb_connection_t* connection, xcb_atom_t selection) {
-  const XcbPointer<xcb_get_selection_owner_reply_t> reply(
-      xcb_get_selection_owner_reply(connection, xcb_get_selection_owner(connection, selection), nullptr));
-  return reply == nullptr ? xcb_window_t{XCB_WINDOW_NONE} : reply->owner;
-}
-
-}  // namespace
 
 std::unique_ptr<InstanceLock> InstanceLock::acquire(X11Connection& connection) {
   const xcb_atom_t selection = connection.atom("_ROOMLATTICE_S" + std::to_string(connection.screenNumber()));
   // Two that start at once must not both find the selection free.
   xcb_grab_server(connection.raw());
   std::unique_ptr<InstanceLock> lock;
-  if (selectionOwner(connection.raw(), selection) == XCB_WINDOW_NONE) {
+  if (connection.selectionOwner(selection) == XCB_WINDOW_NONE) {
     lock.reset(new InstanceLock(connection));
     xcb_set_selection_owner(connection.raw(), lock->owner_, selection, XCB_CURRENT_TIME);
   }

@@ -14,9 +14,8 @@
 namespace roomlattice::platform::x11 {
 namespace {
 
-// EWMH: the actions of a _NET_WM_STATE message, and where a request comes from.
+// EWMH: an action of a _NET_WM_STATE message.
 constexpr std::uint32_t removeState = 0;
-constexpr std::uint32_t sourceIsApplication = 1;
 
 // ICCCM: which of the values of WM_HINTS are given, and what they are.
 constexpr std::uint32_t inputHint = 1U << 0U;
@@ -90,7 +89,7 @@ void NativeWindow::passClicksThrough() {
   while (window != connection_.root()) {
     xcb_shape_rectangles(raw_, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_INPUT, XCB_CLIP_ORDERING_UNSORTED, window, 0, 0, 0,
                          nullptr);
-    const XcbPointer<xcb_query_tree_reply_t> tree(xcb_query_tree_reply(raw_, xcb_query_tree(raw_, window), nullptr));
+    const auto tree = replyTo(raw_, xcb_query_tree(raw_, window), xcb_query_tree_reply);
     window = tree == nullptr ? connection_.root() : tree->parent;
   }
   flush();
@@ -115,14 +114,7 @@ void NativeWindow::writeAtoms(xcb_atom_t property, const std::vector<xcb_atom_t>
 
 void NativeWindow::send(xcb_atom_t type, const std::array<std::uint32_t, 5>& data) {
   // In order with the toolkit's requests, so not through the program's own connection.
-  xcb_client_message_event_t message{};
-  message.response_type = XCB_CLIENT_MESSAGE;
-  message.format = 32;
-  message.window = id_;
-  message.type = type;
-  std::copy(data.begin(), data.end(), message.data.data32);
-  xcb_send_event(raw_, 0, connection_.root(), XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
-                 reinterpret_cast<const char*>(&message));
+  sendToRoot(raw_, connection_.root(), id_, type, data);
   flush();
 }
 

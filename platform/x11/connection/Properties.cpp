@@ -12,7 +12,7 @@ constexpr std::uint32_t maximumLength = 1U << 16;
 XcbPointer<xcb_get_property_reply_t> read(X11Connection& connection, xcb_window_t window, xcb_atom_t property,
                                           xcb_atom_t type, std::uint8_t format) {
   const auto cookie = xcb_get_property(connection.raw(), 0, window, property, type, 0, maximumLength);
-  XcbPointer<xcb_get_property_reply_t> reply(xcb_get_property_reply(connection.raw(), cookie, nullptr));
+  auto reply = replyTo(connection.raw(), cookie, xcb_get_property_reply);
   if (reply == nullptr || reply->type != type || reply->format != format) {
     return nullptr;
   }

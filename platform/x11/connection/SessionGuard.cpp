@@ -22,12 +22,12 @@ bool guarding = false;
 
 [[noreturn]] void serverHasGone() {
   linux::printError("the X server has gone");
-  // Nothing can be put in order without it: the toolkit would only stumble over its own broken connection. Settings
-  // are on the disk already.
+  // There is nothing left to do: without the server the toolkit's own way out would only meet its broken connection.
+  // The settings are on the disk already.
   _exit(failure);
 }
 
-/// The toolkit, too, ends the process when it finds its connection broken, from wherever it is.
+/// The toolkit calls exit, from wherever it is, when it finds its connection broken.
 void exitCalled() {
   if (guarding) {
     serverHasGone();
@@ -66,18 +66,17 @@ WindowManagerWait waitForWindowManager(X11Connection& connection, const linux::T
 }
 
 SessionGuard::SessionGuard(X11Connection& connection, WindowManagerWatch& windowManager)
-    : windowManager_(windowManager) {
-  patience_.setSingleShot(true);
-  patience_.callOnTimeout([] {
-    linux::printError("the window manager has gone, and no other has come");
-    QCoreApplication::exit(failure);
-  });
+    : windowManager_(windowManager), patience_([] {
+        linux::printError("the window manager has gone, and no other has come");
+        QCoreApplication::exit(failure);
+      }) {
   loss_ = connection.observeLoss(serverHasGone);
   windowManagerChanges_ = windowManager.observe([this] { windowManagerChanged(); });
-  // Again, now that the toolkit is there: it has put in a handler of its own, and of what is to be called at the exit
-  // the last to be registered comes first, before anything of the toolkit is taken down.
+  // This is the second call. The toolkit has installed an error handler of its own since the first, and ours has to
+  // take its place. What is registered last runs first at the exit: so ours runs before the toolkit takes anything
+  // down.
   watchToolkitConnection();
-  // It may have gone before anyone watched.
+  // The window manager may have gone before anyone watched.
   windowManagerChanged();
 }
 
@@ -88,7 +87,7 @@ SessionGuard::~SessionGuard() {
 void SessionGuard::windowManagerChanged() {
   if (windowManager_.current()) {
     patience_.stop();
-  } else if (!patience_.isActive()) {
+  } else if (!patience_.isRunning()) {
     patience_.start(withoutWindowManager);
   }
 }

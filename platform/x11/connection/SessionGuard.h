@@ -1,10 +1,10 @@
 #pragma once
 
+#include "platform/linux/system/OneShotTimer.h"
 #include "platform/linux/system/TerminationSignals.h"
 #include "platform/x11/connection/WindowManagerWatch.h"
 #include "platform/x11/connection/X11Connection.h"
 
-#include <QTimer>
 #include <chrono>
 
 namespace roomlattice::platform::x11 {
@@ -16,8 +16,8 @@ enum class WindowManagerWait { Found, TimedOut, ServerLost, Terminated };
 WindowManagerWait waitForWindowManager(X11Connection& connection, const linux::TerminationSignals& signals,
                                        std::chrono::milliseconds limit);
 
-/// Lets a broken connection end the program as a SessionGuard does, for the time until there is one; to be called
-/// before the toolkit connects.
+/// From now on the program ends, as a SessionGuard ends it, when the toolkit's connection breaks. To be called before
+/// the toolkit connects: until there is a SessionGuard, nothing else watches.
 void watchToolkitConnection();
 
 /// Ends the program, with a line on standard error and status 1, when it has lost what it runs on: at once when the
@@ -33,7 +33,7 @@ class SessionGuard {
   void windowManagerChanged();
 
   WindowManagerWatch& windowManager_;
-  QTimer patience_;
+  linux::OneShotTimer patience_;
   Registration loss_;
   Registration windowManagerChanges_;
 };

@@ -28,8 +28,7 @@ std::optional<WindowManager> findWindowManager(X11Connection& connection) {
 }
 
 WindowManagerWatch::WindowManagerWatch(X11Connection& connection) : connection_(connection) {
-  propertyEvents_ = connection.observe(XCB_PROPERTY_NOTIFY, [this](const xcb_generic_event_t& event) {
-    const auto& notify = reinterpret_cast<const xcb_property_notify_event_t&>(event);
+  propertyEvents_ = connection.observe<xcb_property_notify_event_t>([this](const auto& notify) {
     const bool onRoot =
         notify.window == connection_.root() && notify.atom == connection_.ewmh()->_NET_SUPPORTING_WM_CHECK;
     const bool named = current_ && notify.window == current_->checkWindow;
@@ -37,9 +36,8 @@ WindowManagerWatch::WindowManagerWatch(X11Connection& connection) : connection_(
       update();
     }
   });
-  destroyEvents_ = connection.observe(XCB_DESTROY_NOTIFY, [this](const xcb_generic_event_t& event) {
-    checkWindowDestroyed(reinterpret_cast<const xcb_destroy_notify_event_t&>(event).window);
-  });
+  destroyEvents_ =
+      connection.observe<xcb_destroy_notify_event_t>([this](const auto& event) { checkWindowDestroyed(event.window); });
   connection.selectOnRoot(XCB_EVENT_MASK_PROPERTY_CHANGE);
   current_ = findWindowManager(connection_);
   follow();

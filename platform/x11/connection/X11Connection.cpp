@@ -1,6 +1,7 @@
 #include "platform/x11/connection/X11Connection.h"
 
 #include <QAbstractEventDispatcher>
+#include <algorithm>
 #include <utility>
 
 namespace roomlattice::platform::x11 {
@@ -17,6 +18,18 @@ xcb_screen_t* screenAt(xcb_connection_t* connection, int number) {
 }
 
 }  // namespace
+
+void sendToRoot(xcb_connection_t* connection, xcb_window_t root, xcb_window_t window, xcb_atom_t type,
+                const std::array<std::uint32_t, 5>& data) {
+  xcb_client_message_event_t message{};
+  message.response_type = XCB_CLIENT_MESSAGE;
+  message.format = 32;
+  message.window = window;
+  message.type = type;
+  std::ranges::copy(data, message.data.data32);
+  xcb_send_event(connection, 0, root, XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
+                 reinterpret_cast<const char*>(&message));
+}
 
 std::unique_ptr<X11Connection> X11Connection::open(const std::string& display) {
   int screenNumber = 0;
@@ -63,7 +76,7 @@ xcb_atom_t X11Connection::atom(std::string_view name) {
     return found->second;
   }
   const auto cookie = xcb_intern_atom(connection_, 0, static_cast<std::uint16_t>(name.size()), name.data());
-  const XcbPointer<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(connection_, cookie, nullptr));
+  const auto reply = replyTo(connection_, cookie, xcb_intern_atom_reply);
   if (reply == nullptr) {
     return XCB_ATOM_NONE;
   }
@@ -89,17 +102,18 @@ Registration X11Connection::observeLoss(std::function<void()> handler) {
   return lossListeners_.add(std::move(handler));
 }
 
+xcb_window_t X11Connection::selectionOwner(xcb_atom_t selection) const {
+  const auto reply =
+      replyTo(connection_, xcb_get_selection_owner(connection_, selection), xcb_get_selection_owner_reply);
+  return reply == nullptr ? xcb_window_t{XCB_WINDOW_NONE} : reply->owner;
+}
+
+XcbPointer<xcb_query_pointer_reply_t> X11Connection::queryPointer() const {
+  return replyTo(connection_, xcb_query_pointer(connection_, root()), xcb_query_pointer_reply);
+}
+
 void X11Connection::sendToRoot(xcb_window_t window, xcb_atom_t type, const std::array<std::uint32_t, 5>& data) {
-  xcb_client_message_event_t message{};
-  message.response_type = XCB_CLIENT_MESSAGE;
-  message.format = 32;
-  message.window = window;
-  message.type = type;
-  for (std::size_t i = 0; i < data.size(); ++i) {
-    message.data.data32[i] = data[i];
-  }
-  xcb_send_event(connection_, 0, root(), XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
-                 reinterpret_cast<const char*>(&message));
+  x11::sendToRoot(connection_, root(), window, type, data);
   flush();
 }
 
@@ -108,8 +122,7 @@ void X11Connection::flush() {
 }
 
 void X11Connection::waitForServer() {
-  const XcbPointer<xcb_get_input_focus_reply_t> reply(
-      xcb_get_input_focus_reply(connection_, xcb_get_input_focus(connection_), nullptr));
+  replyTo(connection_, xcb_get_input_focus(connection_), xcb_get_input_focus_reply);
 }
 
 void X11Connection::deliverEvents() {

@@ -13,6 +13,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <xcb/xcb.h>
 #include <xcb/xcb_ewmh.h>
 
@@ -24,6 +25,37 @@ struct FreeDeleter {
 };
 template <class Reply>
 using XcbPointer = std::unique_ptr<Reply, FreeDeleter>;
+
+/// Waits for the reply to a request, such as `replyTo(raw, xcb_get_geometry(raw, window), xcb_get_geometry_reply)`.
+/// Nothing when the request failed.
+template <class Cookie, class Reply>
+XcbPointer<Reply> replyTo(xcb_connection_t* connection, Cookie cookie,
+                          Reply* (*wait)(xcb_connection_t*, Cookie, xcb_generic_error_t**)) {
+  return XcbPointer<Reply>(wait(connection, cookie, nullptr));
+}
+
+/// The response type of those events whose type tells it.
+template <class Event>
+inline constexpr std::uint8_t responseTypeOf = 0;
+template <>
+inline constexpr std::uint8_t responseTypeOf<xcb_client_message_event_t> = XCB_CLIENT_MESSAGE;
+template <>
+inline constexpr std::uint8_t responseTypeOf<xcb_destroy_notify_event_t> = XCB_DESTROY_NOTIFY;
+template <>
+inline constexpr std::uint8_t responseTypeOf<xcb_ge_generic_event_t> = XCB_GE_GENERIC;
+template <>
+inline constexpr std::uint8_t responseTypeOf<xcb_property_notify_event_t> = XCB_PROPERTY_NOTIFY;
+template <>
+inline constexpr std::uint8_t responseTypeOf<xcb_reparent_notify_event_t> = XCB_REPARENT_NOTIFY;
+
+/// What a request to the window manager says of where it comes from (EWMH). Nothing holds back what comes straight from
+/// the user, as through a pager.
+inline constexpr std::uint32_t sourceIsApplication = 1;
+inline constexpr std::uint32_t sourceIsPager = 2;
+
+/// Sends a client message of format 32 about `window` to the root window, as EWMH has clients ask the window manager.
+void sendToRoot(xcb_connection_t* connection, xcb_window_t root, xcb_window_t window, xcb_atom_t type,
+                const std::array<std::uint32_t, 5>& data);
 
 /// The program's own connection to the X server, beside the toolkit's: what it listens to and asks for goes through
 /// here. Events of windows are only seen by the connection that selected them. Main thread only.
@@ -56,14 +88,28 @@ class X11Connection {
   /// Calls `handler` for each event of `responseType` (without the bit that marks sent events), from the event loop.
   Registration observe(std::uint8_t responseType, EventHandler handler);
 
+  /// The same for an event with a type of its own, such as `observe<xcb_property_notify_event_t>(handler)`.
+  template <class Event>
+  Registration observe(std::function<void(const Event&)> handler) {
+    static_assert(responseTypeOf<Event> != 0);
+    return observe(responseTypeOf<Event>, [handler = std::move(handler)](const xcb_generic_event_t& event) {
+      handler(reinterpret_cast<const Event&>(event));
+    });
+  }
+
   /// Calls `handler` after a batch of events was delivered: everything that had arrived by then.
   Registration observeBatches(std::function<void()> handler);
 
   /// Calls `handler` once when the connection breaks. Nothing can be asked or heard afterwards.
   Registration observeLoss(std::function<void()> handler);
 
-  /// Sends a client message of format 32 about `window` to the root window, as EWMH has clients ask the window
-  /// manager.
+  /// XCB_WINDOW_NONE when nobody owns the selection.
+  xcb_window_t selectionOwner(xcb_atom_t selection) const;
+
+  /// Where the pointer is; nothing when the server has gone.
+  XcbPointer<xcb_query_pointer_reply_t> queryPointer() const;
+
+  /// Asks the window manager for something, see the function.
   void sendToRoot(xcb_window_t window, xcb_atom_t type, const std::array<std::uint32_t, 5>& data);
 
   /// Sends all requests made so far.

@@ -44,8 +44,6 @@ QRectF pixelsOf(const QScreen& screen) {
 
 X11Screens::X11Screens(X11Connection& connection, NotificationCenter& defaultCenter)
     : connection_(connection), defaultCenter_(defaultCenter) {
-  coalescing_.setSingleShot(true);
-  QObject::connect(&coalescing_, &QTimer::timeout, &context_, [this] { postIfChanged(); });
   for (QScreen* screen : QGuiApplication::screens()) {
     follow(screen);
   }
@@ -115,7 +113,7 @@ void X11Screens::follow(QScreen* screen) {
 }
 
 void X11Screens::changed() {
-  coalescing_.start(0);
+  coalescing_.start(std::chrono::milliseconds(0));
 }
 
 void X11Screens::postIfChanged() {
@@ -147,8 +145,8 @@ QScreen* X11Screens::screenOfActiveWindow() const {
   xcb_connection_t* raw = connection_.raw();
   const auto geometryCookie = xcb_get_geometry(raw, *window);
   const auto placeCookie = xcb_translate_coordinates(raw, *window, root, 0, 0);
-  const XcbPointer<xcb_get_geometry_reply_t> geometry(xcb_get_geometry_reply(raw, geometryCookie, nullptr));
-  const XcbPointer<xcb_translate_coordinates_reply_t> place(xcb_translate_coordinates_reply(raw, placeCookie, nullptr));
+  const auto geometry = replyTo(raw, geometryCookie, xcb_get_geometry_reply);
+  const auto place = replyTo(raw, placeCookie, xcb_translate_coordinates_reply);
   if (geometry == nullptr || place == nullptr) {
     return nullptr;
   }
@@ -156,9 +154,7 @@ QScreen* X11Screens::screenOfActiveWindow() const {
 }
 
 QScreen* X11Screens::screenOfPointer() const {
-  xcb_connection_t* raw = connection_.raw();
-  const auto cookie = xcb_query_pointer(raw, connection_.root());
-  const XcbPointer<xcb_query_pointer_reply_t> pointer(xcb_query_pointer_reply(raw, cookie, nullptr));
+  const auto pointer = connection_.queryPointer();
   return pointer == nullptr || pointer->same_screen == 0 ? nullptr
                                                          : screenAtPixel(QPointF(pointer->root_x, pointer->root_y));
 }

@@ -3,13 +3,13 @@
 #include "platform/Geometry.h"
 #include "platform/NotificationCenter.h"
 #include "platform/UserInterface.h"
+#include "platform/linux/system/OneShotTimer.h"
 #include "platform/x11/connection/X11Connection.h"
 
 #include <QObject>
 #include <QPointF>
 #include <QRect>
 #include <QRectF>
-#include <QTimer>
 #include <optional>
 #include <vector>
 
@@ -52,7 +52,7 @@ class X11Screens {
   NotificationCenter& defaultCenter_;
   // As Qt has them: the program's coordinates stay the same when all screens move together.
   std::vector<QRect> posted_;
-  QTimer coalescing_;
+  linux::OneShotTimer coalescing_{[this] { postIfChanged(); }};
   QObject context_;  // ends the connections to Qt's signals
 };
 

@@ -24,8 +24,8 @@ XInput::XInput(X11Connection& connection) : connection_(connection) {
     return;
   }
   opcode_ = extension->major_opcode;
-  const XcbPointer<xcb_input_xi_query_version_reply_t> version(
-      xcb_input_xi_query_version_reply(connection.raw(), xcb_input_xi_query_version(connection.raw(), 2, 4), nullptr));
+  const auto cookie = xcb_input_xi_query_version(connection.raw(), 2, 4);
+  const auto version = replyTo(connection.raw(), cookie, xcb_input_xi_query_version_reply);
   if (version != nullptr && version->major_version == 2) {
     minorVersion_ = version->minor_version;
   }
@@ -47,19 +47,18 @@ void XInput::select(xcb_input_device_id_t device, const std::vector<unsigned>& t
 }
 
 Registration XInput::observe(EventHandler handler) {
-  return connection_.observe(XCB_GE_GENERIC,
-                             [opcode = opcode_, handler = std::move(handler)](const xcb_generic_event_t& event) {
-                               const auto& generic = reinterpret_cast<const xcb_ge_generic_event_t&>(event);
-                               if (generic.extension == opcode) {
-                                 handler(generic);
-                               }
-                             });
+  return connection_.observe<xcb_ge_generic_event_t>(
+      [opcode = opcode_, handler = std::move(handler)](const xcb_ge_generic_event_t& event) {
+        if (event.extension == opcode) {
+          handler(event);
+        }
+      });
 }
 
 std::vector<xcb_input_device_id_t> XInput::gestureDevices() {
   std::vector<xcb_input_device_id_t> devices;
-  const XcbPointer<xcb_input_xi_query_device_reply_t> reply(xcb_input_xi_query_device_reply(
-      connection_.raw(), xcb_input_xi_query_device(connection_.raw(), XCB_INPUT_DEVICE_ALL), nullptr));
+  const auto cookie = xcb_input_xi_query_device(connection_.raw(), XCB_INPUT_DEVICE_ALL);
+  const auto reply = replyTo(connection_.raw(), cookie, xcb_input_xi_query_device_reply);
   if (reply == nullptr) {
     return devices;
   }

@@ -40,10 +40,8 @@ std::vector<Desktop> desktopsByName(const std::vector<std::string>& names, std::
 
 EwmhDesktopSource::EwmhDesktopSource(X11Connection& connection, DesktopIdentity identity, std::function<void()> changed)
     : connection_(connection), identity_(identity), changed_(std::move(changed)) {
-  propertyEvents_ = connection.observe(XCB_PROPERTY_NOTIFY, [this](const xcb_generic_event_t& event) {
-    const auto& notify = reinterpret_cast<const xcb_property_notify_event_t&>(event);
-    propertyChanged(notify.window, notify.atom);
-  });
+  propertyEvents_ = connection.observe<xcb_property_notify_event_t>(
+      [this](const auto& notify) { propertyChanged(notify.window, notify.atom); });
   batches_ = connection.observeBatches([this] { batchEnded(); });
   connection.selectOnRoot(XCB_EVENT_MASK_PROPERTY_CHANGE);
 }

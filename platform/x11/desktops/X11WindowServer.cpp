@@ -7,9 +7,6 @@
 namespace roomlattice::platform::x11 {
 namespace {
 
-// EWMH: a request that comes from the user rather than from the window's own program.
-constexpr std::uint32_t sourceIsPager = 2;
-
 bool isWindow(WindowNumber number) {
   return number > 0 && number <= std::numeric_limits<xcb_window_t>::max();
 }

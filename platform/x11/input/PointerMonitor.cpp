@@ -69,8 +69,7 @@ Point PointerMonitor::location() const {
 }
 
 Point PointerMonitor::query() const {
-  const XcbPointer<xcb_query_pointer_reply_t> reply(
-      xcb_query_pointer_reply(connection_.raw(), xcb_query_pointer(connection_.raw(), connection_.root()), nullptr));
+  const auto reply = connection_.queryPointer();
   return reply == nullptr ? Point() : screens_.fromPixel(QPointF(reply->root_x, reply->root_y));
 }
 

@@ -20,9 +20,6 @@ namespace {
 
 constexpr double margin = 20.0;
 
-// EWMH: a request that comes straight from the user.
-constexpr std::uint32_t sourceIsPager = 2;
-
 constexpr Qt::WindowFlags titledAndClosable =
     Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint;
 

@@ -21,6 +21,7 @@ namespace {
 using platform::LaunchError;
 using platform::ProcessOutput;
 using platform::linux::LinuxSystem;
+using platform::linux::orOwnLog;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 
@@ -148,8 +149,7 @@ TEST(LinuxSystem, PutsTextOnTheClipboard) {
 }
 
 TEST(LinuxSystem, StandsInForALogToolThatIsMissing) {
-  const LinuxSystem system;
-  const auto query = system.localized({.executable = "/nonexistent/log", .arguments = {"show"}, .command = "log show"});
+  const auto query = orOwnLog({.executable = "/nonexistent/log", .arguments = {"show"}, .command = "log show"});
   EXPECT_EQ(std::filesystem::canonical(query.executable), std::filesystem::canonical("/proc/self/exe"));
   EXPECT_THAT(query.arguments, ::testing::ElementsAre("--recent-log"));
   EXPECT_EQ(query.command, "'" + std::filesystem::canonical("/proc/self/exe").string() + "' --recent-log");
@@ -160,11 +160,11 @@ TEST(LinuxSystem, NamesItselfShortlyWhereAShellFindsIt) {
   std::filesystem::create_symlink(std::filesystem::canonical("/proc/self/exe"), folder.path() / "roomlattice");
   Environment environment;
   environment.set("PATH", folder.path().string());
-  EXPECT_EQ(LinuxSystem().localized({.executable = "/nonexistent/log"}).command, "roomlattice --recent-log");
+  EXPECT_EQ(orOwnLog({.executable = "/nonexistent/log"}).command, "roomlattice --recent-log");
 }
 
 TEST(LinuxSystem, LeavesALogToolThatIsThereAlone) {
-  const auto query = LinuxSystem().localized({.executable = "/bin/sh", .arguments = {"-c"}, .command = "sh"});
+  const auto query = orOwnLog({.executable = "/bin/sh", .arguments = {"-c"}, .command = "sh"});
   EXPECT_EQ(query.executable, "/bin/sh");
   EXPECT_THAT(query.arguments, ::testing::ElementsAre("-c"));
   EXPECT_EQ(query.command, "sh");
