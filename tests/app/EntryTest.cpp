@@ -52,7 +52,7 @@ class PlatformThatShowsItsStart final : public ForwardingPlatform {
   Application application_;
 };
 
-class Entry : public ::testing::Test {
+class EntryTest : public ::testing::Test {
  protected:
   int runProgram() {
     SimulatedPlatform platform(desktop);
@@ -68,13 +68,13 @@ class Entry : public ::testing::Test {
   SimulatedUser user{desktop};
 };
 
-TEST_F(Entry, RunsUntilTheUserQuits) {
+TEST_F(EntryTest, RunsUntilTheUserQuits) {
   desktop.after(10s, [this] { quitsThroughTheMenu(); });
   EXPECT_EQ(runProgram(), 0);
   EXPECT_EQ(desktop.now(), 10s);
 }
 
-TEST_F(Entry, IsAnAccessoryAndNothingElseBeforeTheEventLoopRuns) {
+TEST_F(EntryTest, IsAnAccessoryAndNothingElseBeforeTheEventLoopRuns) {
   desktop.after(1s, [this] { quitsThroughTheMenu(); });
   SimulatedPlatform inner(desktop);
   PlatformThatShowsItsStart platform(inner);
@@ -93,7 +93,7 @@ TEST_F(Entry, IsAnAccessoryAndNothingElseBeforeTheEventLoopRuns) {
   EXPECT_TRUE(desktop.storedDefaults().contains("KnownSpaceUUIDs"));
 }
 
-TEST_F(Entry, LeavesNothingOnTheScreen) {
+TEST_F(EntryTest, LeavesNothingOnTheScreen) {
   desktop.after(2s, [this] {
     EXPECT_FALSE(desktop.windows().overlays().empty());
     quitsThroughTheMenu();
@@ -103,7 +103,7 @@ TEST_F(Entry, LeavesNothingOnTheScreen) {
   EXPECT_EQ(desktop.statusItem(), nullptr);
 }
 
-TEST_F(Entry, CanBeRunAgain) {
+TEST_F(EntryTest, CanBeRunAgain) {
   for (const auto& title : {" Desktop 1 ", " Mail "}) {
     desktop.after(1s, [this, title] {
       EXPECT_EQ(desktop.statusItem()->content().title.text, title);
@@ -117,7 +117,7 @@ TEST_F(Entry, CanBeRunAgain) {
   }
 }
 
-TEST_F(Entry, ToursOnEachRun) {
+TEST_F(EntryTest, ToursOnEachRun) {
   for (int run = 1; run <= 2; ++run) {
     desktop.after(30s, [this] { quitsThroughTheMenu(); });
     runProgram();

@@ -22,7 +22,7 @@ using namespace std::chrono_literals;
 
 /// All objects of the program, made by hand. Without an installation, one that looked a shared instance up would stop
 /// the program.
-class ProgramWithoutInstallation : public ::testing::Test {
+class ProgramWithoutInstallationTest : public ::testing::Test {
  protected:
   platform::simulated::SimulatedDesktop desktop_{3};
   platform::simulated::SimulatedUser user_{desktop_};
@@ -37,7 +37,7 @@ class ProgramWithoutInstallation : public ::testing::Test {
   SwipeWatcher swipes_{platform_};
 };
 
-TEST_F(ProgramWithoutInstallation, SwitchesFromItsMenuAndShowsThePreferences) {
+TEST_F(ProgramWithoutInstallationTest, SwitchesFromItsMenuAndShowsThePreferences) {
   observer_.refresh();
   user_.clicksStatusItem();
   user_.clicksRow(2);

@@ -27,9 +27,9 @@ const Value values[] = {true,
                         Value::Array{"a", 1, 0.5},
                         Value::Dictionary{{"uuid", "Mail"}}};
 
-using DefaultsConformance = ConformanceTest;
+using DataDefaultsConformance = ConformanceTest;
 
-TEST_F(DefaultsConformance, ReadsEveryTypeBackAsWritten) {
+TEST_F(DataDefaultsConformance, ReadsEveryTypeBackAsWritten) {
   Defaults& defaults = platform().defaults();
   for (const Value& value : values) {
     defaults.set(key, Value());
@@ -38,14 +38,14 @@ TEST_F(DefaultsConformance, ReadsEveryTypeBackAsWritten) {
   }
 }
 
-TEST_F(DefaultsConformance, KeepsTheTypeOfEqualNumbers) {
+TEST_F(DataDefaultsConformance, KeepsTheTypeOfEqualNumbers) {
   Defaults& defaults = platform().defaults();
   defaults.set(key, false);
   defaults.set(key, 0);
   EXPECT_TRUE(defaults.object(key) == Value(0));
 }
 
-TEST_F(DefaultsConformance, HasNothingUnderAKeyThatIsAbsentOrNull) {
+TEST_F(DataDefaultsConformance, HasNothingUnderAKeyThatIsAbsentOrNull) {
   Defaults& defaults = platform().defaults();
   defaults.set(key, 1);
   defaults.set(key, Value());
@@ -53,7 +53,7 @@ TEST_F(DefaultsConformance, HasNothingUnderAKeyThatIsAbsentOrNull) {
   EXPECT_FALSE(defaults.object("ConformanceNeverWritten").has_value());
 }
 
-class JsonConformance : public ConformanceTest {
+class DataJsonConformance : public ConformanceTest {
  protected:
   std::optional<Value> decode(std::string_view text) {
     const auto bytes = std::as_bytes(std::span(text));
@@ -66,7 +66,7 @@ class JsonConformance : public ConformanceTest {
   }
 };
 
-TEST_F(JsonConformance, ReadsDoublesBackEqual) {
+TEST_F(DataJsonConformance, ReadsDoublesBackEqual) {
   for (const double number : {0.1, 0.78, 1.0 / 3.0, -1e-9, 6.02214076e23}) {
     const std::optional<Value> read = roundTrip(Value::Array{number});
     ASSERT_TRUE(read && read->asArray() && read->asArray()->size() == 1U);
@@ -74,17 +74,17 @@ TEST_F(JsonConformance, ReadsDoublesBackEqual) {
   }
 }
 
-TEST_F(JsonConformance, KeepsTextsBooleansAndNulls) {
+TEST_F(DataJsonConformance, KeepsTextsBooleansAndNulls) {
   const Value value =
       Value::Dictionary{{"text", "\"\\\n Música \u2026 \U0001F5A5"}, {"list", Value::Array{true, Value()}}};
   EXPECT_TRUE(roundTrip(value) == value);
 }
 
-TEST_F(JsonConformance, TellsIntegersFromDoubles) {
+TEST_F(DataJsonConformance, TellsIntegersFromDoubles) {
   EXPECT_TRUE(decode("[1, 0.5]") == Value(Value::Array{1, 0.5}));
 }
 
-TEST_F(JsonConformance, RefusesWhatJsonHasNoFormFor) {
+TEST_F(DataJsonConformance, RefusesWhatJsonHasNoFormFor) {
   const JsonCodec& json = platform().json();
   EXPECT_FALSE(json.encode(Value::Data{std::byte{1}}).has_value());
   EXPECT_FALSE(json.encode(Value::Array{std::nan("")}).has_value());
@@ -92,13 +92,13 @@ TEST_F(JsonConformance, RefusesWhatJsonHasNoFormFor) {
   EXPECT_FALSE(json.encode("\xff").has_value());
 }
 
-TEST_F(JsonConformance, RefusesBrokenDocuments) {
+TEST_F(DataJsonConformance, RefusesBrokenDocuments) {
   for (const char* text : {"", "{", "nope", "{\"a\"}"}) {
     EXPECT_FALSE(decode(text).has_value()) << text;
   }
 }
 
-TEST_F(JsonConformance, RefusesTrailingText) {
+TEST_F(DataJsonConformance, RefusesTrailingText) {
   EXPECT_FALSE(decode("[1] x").has_value());
   EXPECT_FALSE(decode("[1,]").has_value());
 }

@@ -63,7 +63,7 @@ class Plate final : public platform::View {
   platform::ViewContent content() const override { return {.background = platform::Color::black()}; }
 };
 
-class WindowConformance : public UserInterfaceConformance {
+class UserInterfaceWindowConformance : public UserInterfaceConformance {
  protected:
   std::unique_ptr<Window> make(double alpha = 0.0) {
     return userInterface().createOverlayWindow({.frame = frame_, .alpha = alpha});
@@ -72,7 +72,7 @@ class WindowConformance : public UserInterfaceConformance {
   Rect frame_{{200.0, 300.0}, {400.0, 120.0}};
 };
 
-TEST_F(WindowConformance, HasTheFrameItWasGiven) {
+TEST_F(UserInterfaceWindowConformance, HasTheFrameItWasGiven) {
   const std::unique_ptr<Window> window = make();
   EXPECT_EQ(window->frame(), frame_);
   const Rect other{{100.0, 150.0}, {300.0, 80.0}};
@@ -80,7 +80,7 @@ TEST_F(WindowConformance, HasTheFrameItWasGiven) {
   EXPECT_EQ(window->frame(), other);
 }
 
-TEST_F(WindowConformance, OwnsItsContentView) {
+TEST_F(UserInterfaceWindowConformance, OwnsItsContentView) {
   const std::unique_ptr<Window> window = make();
   EXPECT_EQ(window->contentView(), nullptr);
   auto view = std::make_unique<Plate>();
@@ -90,7 +90,7 @@ TEST_F(WindowConformance, OwnsItsContentView) {
   EXPECT_NE(given->host(), nullptr);
 }
 
-TEST_F(WindowConformance, HasANumberOfItsOwn) {
+TEST_F(UserInterfaceWindowConformance, HasANumberOfItsOwn) {
   const std::unique_ptr<Window> first = make();
   const std::unique_ptr<Window> second = make();
   first->orderFront();
@@ -98,13 +98,13 @@ TEST_F(WindowConformance, HasANumberOfItsOwn) {
   EXPECT_NE(first->number(), second->number());
 }
 
-TEST_F(WindowConformance, SetsItsAlphaAtOnceAndExactly) {
+TEST_F(UserInterfaceWindowConformance, SetsItsAlphaAtOnceAndExactly) {
   const std::unique_ptr<Window> window = make();
   window->setAlpha(0.78);
   EXPECT_EQ(window->alpha(), 0.78);
 }
 
-TEST_F(WindowConformance, FadesAndCallsItsCompletionOnce) {
+TEST_F(UserInterfaceWindowConformance, FadesAndCallsItsCompletionOnce) {
   const std::unique_ptr<Window> window = make(1.0);
   int completions = 0;
   window->animateAlpha(0.0, 100ms, [&] { ++completions; });
@@ -115,7 +115,7 @@ TEST_F(WindowConformance, FadesAndCallsItsCompletionOnce) {
   EXPECT_EQ(completions, 1);
 }
 
-TEST_F(WindowConformance, TakesADurationOfZeroAsAtOnceAndCompletesLater) {
+TEST_F(UserInterfaceWindowConformance, TakesADurationOfZeroAsAtOnceAndCompletesLater) {
   const std::unique_ptr<Window> window = make(1.0);
   bool completed = false;
   window->animateAlpha(0.5, 0ms, [&] { completed = true; });
@@ -124,7 +124,7 @@ TEST_F(WindowConformance, TakesADurationOfZeroAsAtOnceAndCompletesLater) {
   EXPECT_TRUE(runUntil([&] { return completed; }));
 }
 
-TEST_F(WindowConformance, EndsAnAnimationWhenItsAlphaIsSet) {
+TEST_F(UserInterfaceWindowConformance, EndsAnAnimationWhenItsAlphaIsSet) {
   const std::unique_ptr<Window> window = make(1.0);
   bool completed = false;
   window->animateAlpha(0.0, 100ms, [&] { completed = true; });
@@ -134,7 +134,7 @@ TEST_F(WindowConformance, EndsAnAnimationWhenItsAlphaIsSet) {
   EXPECT_FALSE(completed);
 }
 
-TEST_F(WindowConformance, ReplacesARunningAnimation) {
+TEST_F(UserInterfaceWindowConformance, ReplacesARunningAnimation) {
   const std::unique_ptr<Window> window = make(1.0);
   std::string ended;
   window->animateAlpha(0.0, 200ms, [&] { ended += "a"; });
@@ -145,7 +145,7 @@ TEST_F(WindowConformance, ReplacesARunningAnimation) {
   EXPECT_EQ(window->alpha(), 0.6);
 }
 
-TEST_F(WindowConformance, MayBeOwnedByItsCompletion) {
+TEST_F(UserInterfaceWindowConformance, MayBeOwnedByItsCompletion) {
   std::shared_ptr<Window> window = make(1.0);
   const std::weak_ptr<Window> weak = window;
   Window& fading = *window;

@@ -46,7 +46,7 @@ class UnreadableSwipe final : public platform::Event {
 };
 
 /// What counts in an event and what does not, seen by the label that the program makes ahead of a swipe.
-class SwipeWatcherEvents : public ProgramFixture {
+class SwipeWatcherEventsTest : public ProgramFixture {
  protected:
   /// Begins with the middle one of three desktops in front and no label but its own.
   void startInTheMiddle() {
@@ -66,7 +66,7 @@ class SwipeWatcherEvents : public ProgramFixture {
   }
 };
 
-TEST_F(SwipeWatcherEvents, TakesADirectionThatIsNotANumberForTheLeft) {
+TEST_F(SwipeWatcherEventsTest, TakesADirectionThatIsNotANumberForTheLeft) {
   constexpr double none = std::numeric_limits<double>::quiet_NaN();
   struct Row {
     double velocity;
@@ -88,7 +88,7 @@ TEST_F(SwipeWatcherEvents, TakesADirectionThatIsNotANumberForTheLeft) {
   }
 }
 
-TEST_F(SwipeWatcherEvents, ReadsNothingOfANoticeThatTheTapIsDisabled) {
+TEST_F(SwipeWatcherEventsTest, ReadsNothingOfANoticeThatTheTapIsDisabled) {
   for (const std::uint32_t notice : {platform::tapEvent::disabledByTimeout, platform::tapEvent::disabledByUserInput}) {
     startInTheMiddle();
     passes(UnreadableSwipe(), notice);
@@ -98,7 +98,7 @@ TEST_F(SwipeWatcherEvents, ReadsNothingOfANoticeThatTheTapIsDisabled) {
   }
 }
 
-TEST_F(SwipeWatcherEvents, KnowsASwipeByItsFieldsWhateverTypeItComesAs) {
+TEST_F(SwipeWatcherEventsTest, KnowsASwipeByItsFieldsWhateverTypeItComesAs) {
   for (const std::uint32_t type : {0U, 1U, 22U, 29U, 31U, 0x7FFFFFFFU, 0xFFFFFFFDU}) {
     startInTheMiddle();
     passes(swipeBeginning(), type);
@@ -106,7 +106,7 @@ TEST_F(SwipeWatcherEvents, KnowsASwipeByItsFieldsWhateverTypeItComesAs) {
   }
 }
 
-TEST_F(SwipeWatcherEvents, CountsASwipeWhateverItsAxis) {
+TEST_F(SwipeWatcherEventsTest, CountsASwipeWhateverItsAxis) {
   for (const std::int64_t axis : {-1, 0, 1, 2, 3}) {
     startInTheMiddle();
     FieldEvent event = swipeBeginning();

@@ -49,13 +49,13 @@ class FullView final : public View {
   }
 };
 
-class LiveObjects : public testing::Test {
+class LiveObjectsTest : public testing::Test {
  protected:
-  LiveObjects() {
+  LiveObjectsTest() {
     GSDebugAllocationActive(YES);
     gnustep::SpaceServer::shared().reset();
   }
-  ~LiveObjects() override { GSDebugAllocationActive(NO); }
+  ~LiveObjectsTest() override { GSDebugAllocationActive(NO); }
 
   /// What is left of ten rounds, after one that makes what the system keeps for good.
   static void expectBalance(const std::function<void()>& round) {
@@ -76,7 +76,7 @@ class LiveObjects : public testing::Test {
   }
 };
 
-TEST_F(LiveObjects, ComeAndGoWithWindows) {
+TEST_F(LiveObjectsTest, ComeAndGoWithWindows) {
   const std::unique_ptr<Platform> platform = makePlatform();
   expectBalance([&] {
     const auto window = platform->userInterface().createOverlayWindow({.frame = {{10.0, 10.0}, {300.0, 80.0}}});
@@ -88,7 +88,7 @@ TEST_F(LiveObjects, ComeAndGoWithWindows) {
   });
 }
 
-TEST_F(LiveObjects, ComeAndGoWithMenus) {
+TEST_F(LiveObjectsTest, ComeAndGoWithMenus) {
   const std::unique_ptr<Platform> platform = makePlatform();
   expectBalance([&] {
     Menu menu;
@@ -108,7 +108,7 @@ TEST_F(LiveObjects, ComeAndGoWithMenus) {
   });
 }
 
-TEST_F(LiveObjects, ComeAndGoWithThePreferences) {
+TEST_F(LiveObjectsTest, ComeAndGoWithThePreferences) {
   const std::unique_ptr<Platform> platform = makePlatform();
   TabbedWindowModel model{
       .title = "Preferences", .contentSize = {520.0, 480.0}, .tabFrame = {{12.0, 12.0}, {496.0, 456.0}}};
@@ -121,7 +121,7 @@ TEST_F(LiveObjects, ComeAndGoWithThePreferences) {
   expectBalance([&] { platform->userInterface().createTabbedWindow(model)->show(); });
 }
 
-TEST_F(LiveObjects, ComeAndGoWithEventsTapsMonitorsAndObservers) {
+TEST_F(LiveObjectsTest, ComeAndGoWithEventsTapsMonitorsAndObservers) {
   const std::unique_ptr<Platform> platform = makePlatform();
   expectBalance([&] {
     const auto event = platform->events().createEvent();
@@ -139,12 +139,12 @@ TEST_F(LiveObjects, ComeAndGoWithEventsTapsMonitorsAndObservers) {
   });
 }
 
-TEST_F(LiveObjects, ComeAndGoWithChildProcesses) {
+TEST_F(LiveObjectsTest, ComeAndGoWithChildProcesses) {
   const std::unique_ptr<Platform> platform = makePlatform();
   expectBalance([&] { static_cast<void>(platform->system().run("/bin/echo", {"line"})); });
 }
 
-TEST_F(LiveObjects, ComeAndGoWithThePlatform) {
+TEST_F(LiveObjectsTest, ComeAndGoWithThePlatform) {
   expectBalance([] {
     const std::unique_ptr<Platform> platform = makePlatform();
     platform->dispatcher().async([] {});

@@ -19,7 +19,7 @@ using namespace std::chrono_literals;
 using gnustep::runFor;
 using gnustep::runUntil;
 
-TEST(MacDispatcher, NeverRunsATaskBeforeTheCallReturns) {
+TEST(MacDispatcherTest, NeverRunsATaskBeforeTheCallReturns) {
   MacDispatcher dispatcher;
   bool ran = false;
   dispatcher.async([&] { ran = true; });
@@ -27,7 +27,7 @@ TEST(MacDispatcher, NeverRunsATaskBeforeTheCallReturns) {
   EXPECT_TRUE(runUntil([&] { return ran; }));
 }
 
-TEST(MacDispatcher, RunsTasksInOrderOfDueTimeThenOfScheduling) {
+TEST(MacDispatcherTest, RunsTasksInOrderOfDueTimeThenOfScheduling) {
   MacDispatcher dispatcher;
   std::string order;
   dispatcher.asyncAfter(400ms, [&] { order += "d"; });
@@ -38,7 +38,7 @@ TEST(MacDispatcher, RunsTasksInOrderOfDueTimeThenOfScheduling) {
   EXPECT_EQ(order, "abcd");
 }
 
-TEST(MacDispatcher, RunsEveryTaskThatIsDueWhenTheMainThreadWasBusy) {
+TEST(MacDispatcherTest, RunsEveryTaskThatIsDueWhenTheMainThreadWasBusy) {
   MacDispatcher dispatcher;
   std::string order;
   const auto start = std::chrono::steady_clock::now();
@@ -51,7 +51,7 @@ TEST(MacDispatcher, RunsEveryTaskThatIsDueWhenTheMainThreadWasBusy) {
   EXPECT_EQ(order, "abc");
 }
 
-TEST(MacDispatcher, MeasuresDelaysByTheMachinesUptime) {
+TEST(MacDispatcherTest, MeasuresDelaysByTheMachinesUptime) {
   MacDispatcher dispatcher;
   std::string order;
   dispatcher.asyncAfter(10min, [&] { order += "a"; });
@@ -61,7 +61,7 @@ TEST(MacDispatcher, MeasuresDelaysByTheMachinesUptime) {
   EXPECT_EQ(order, "a");
 }
 
-TEST(MacDispatcher, DropsACancelledTaskAndWhatItHolds) {
+TEST(MacDispatcherTest, DropsACancelledTaskAndWhatItHolds) {
   MacDispatcher dispatcher;
   const auto held = std::make_shared<int>(0);
   Registration work = dispatcher.schedule(1ms, [held] { *held = 1; });
@@ -71,7 +71,7 @@ TEST(MacDispatcher, DropsACancelledTaskAndWhatItHolds) {
   EXPECT_EQ(*held, 0);
 }
 
-TEST(MacDispatcher, MayScheduleFromATaskThatACancellationDestroys) {
+TEST(MacDispatcherTest, MayScheduleFromATaskThatACancellationDestroys) {
   MacDispatcher dispatcher;
   bool ran = false;
   const std::shared_ptr<void> guard(nullptr, [&](void*) { dispatcher.async([&] { ran = true; }); });
@@ -81,7 +81,7 @@ TEST(MacDispatcher, MayScheduleFromATaskThatACancellationDestroys) {
   EXPECT_TRUE(runUntil([&] { return ran; }));
 }
 
-TEST(MacDispatcher, RepeatsUntilTheRegistrationEnds) {
+TEST(MacDispatcherTest, RepeatsUntilTheRegistrationEnds) {
   MacDispatcher dispatcher;
   int ticks = 0;
   Registration timer;
@@ -95,14 +95,14 @@ TEST(MacDispatcher, RepeatsUntilTheRegistrationEnds) {
   EXPECT_EQ(ticks, 3);
 }
 
-TEST(MacDispatcher, RepeatsWithoutLeeway) {
+TEST(MacDispatcherTest, RepeatsWithoutLeeway) {
   MacDispatcher dispatcher;
   const Registration timer = dispatcher.repeat(500ms, 500ms, [] {});
   const std::vector<gnustep::TimerRecord> expected{{.interval = 500'000'000, .leeway = 0}};
   EXPECT_EQ(gnustep::runningTimers(), expected);
 }
 
-TEST(MacDispatcher, RunsBackgroundWorkOffTheMainThreadAtUserInitiatedPriority) {
+TEST(MacDispatcherTest, RunsBackgroundWorkOffTheMainThreadAtUserInitiatedPriority) {
   MacDispatcher dispatcher;
   std::atomic<int> onMainThread = -1;
   bool handedBack = false;
@@ -115,7 +115,7 @@ TEST(MacDispatcher, RunsBackgroundWorkOffTheMainThreadAtUserInitiatedPriority) {
   EXPECT_EQ(gnustep::lastGlobalQueue(), QOS_CLASS_USER_INITIATED);
 }
 
-TEST(MacDispatcher, RunsNothingAfterItHasGone) {
+TEST(MacDispatcherTest, RunsNothingAfterItHasGone) {
   auto dispatcher = std::make_unique<MacDispatcher>();
   bool ran = false;
   Registration work = dispatcher->schedule(1ms, [&] { ran = true; });

@@ -14,7 +14,7 @@ namespace {
 
 const char* const name = "MacNotificationsTestDidChange";
 
-TEST(MacNotifications, CallsObserversInOrderOfRegistration) {
+TEST(MacNotificationsTest, CallsObserversInOrderOfRegistration) {
   MacNotifications notifications;
   std::string order;
   NotificationCenter& center = notifications.defaultCenter();
@@ -25,7 +25,7 @@ TEST(MacNotifications, CallsObserversInOrderOfRegistration) {
   EXPECT_EQ(order, "abc");
 }
 
-TEST(MacNotifications, StopsWithTheRegistration) {
+TEST(MacNotificationsTest, StopsWithTheRegistration) {
   MacNotifications notifications;
   int calls = 0;
   Registration observation = notifications.defaultCenter().observe(name, [&] { ++calls; });
@@ -34,7 +34,7 @@ TEST(MacNotifications, StopsWithTheRegistration) {
   EXPECT_EQ(calls, 0);
 }
 
-TEST(MacNotifications, MayEndARegistrationWithinItsOwnCall) {
+TEST(MacNotificationsTest, MayEndARegistrationWithinItsOwnCall) {
   MacNotifications notifications;
   int calls = 0;
   Registration observation;
@@ -47,7 +47,7 @@ TEST(MacNotifications, MayEndARegistrationWithinItsOwnCall) {
   EXPECT_EQ(calls, 1);
 }
 
-TEST(MacNotifications, OutlivesItsCentre) {
+TEST(MacNotificationsTest, OutlivesItsCentre) {
   std::optional<MacNotifications> notifications(std::in_place);
   int calls = 0;
   Registration observation = notifications->defaultCenter().observe(name, [&] { ++calls; });
@@ -57,7 +57,7 @@ TEST(MacNotifications, OutlivesItsCentre) {
   EXPECT_EQ(calls, 0);
 }
 
-TEST(MacNotifications, PostsWithoutAnObjectOnTheSystemsDefaultCentre) {
+TEST(MacNotificationsTest, PostsWithoutAnObjectOnTheSystemsDefaultCentre) {
   MacNotifications notifications;
   int calls = 0;
   const Registration observation = notifications.defaultCenter().observe(name, [&] { ++calls; });
@@ -71,7 +71,7 @@ struct SystemNotification {
   NSString* systemName;
 };
 
-TEST(MacNotifications, ObservesTheWorkspaceUnderItsNames) {
+TEST(MacNotificationsTest, ObservesTheWorkspaceUnderItsNames) {
   MacNotifications notifications;
   NSNotificationCenter* workspace = [[NSWorkspace sharedWorkspace] notificationCenter];
   const SystemNotification rows[] = {
@@ -87,7 +87,7 @@ TEST(MacNotifications, ObservesTheWorkspaceUnderItsNames) {
   }
 }
 
-TEST(MacNotifications, ObservesScreenChangesOnTheDefaultCentre) {
+TEST(MacNotificationsTest, ObservesScreenChangesOnTheDefaultCentre) {
   MacNotifications notifications;
   int calls = 0;
   const Registration observation =
@@ -97,7 +97,7 @@ TEST(MacNotifications, ObservesScreenChangesOnTheDefaultCentre) {
   EXPECT_EQ(calls, 1);
 }
 
-TEST(MacNotifications, HearsOtherProcessesOnTheDistributedCentre) {
+TEST(MacNotificationsTest, HearsOtherProcessesOnTheDistributedCentre) {
   MacNotifications notifications;
   int calls = 0;
   const Registration observation =

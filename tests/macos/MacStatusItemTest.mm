@@ -17,7 +17,7 @@ NSStatusItem* native() {
   return [gnustep::statusItems() lastObject];
 }
 
-TEST(MacStatusItem, LeavesTheBarWhenItGoes) {
+TEST(MacStatusItemTest, LeavesTheBarWhenItGoes) {
   {
     const MacStatusItem item{VariableLength{}};
     EXPECT_EQ([gnustep::statusItems() count], 1U);
@@ -25,7 +25,7 @@ TEST(MacStatusItem, LeavesTheBarWhenItGoes) {
   EXPECT_EQ([gnustep::statusItems() count], 0U);
 }
 
-TEST(MacStatusItem, KnowsEveryLength) {
+TEST(MacStatusItemTest, KnowsEveryLength) {
   MacStatusItem item{VariableLength{}};
   EXPECT_EQ([native() length], -1.0);
   item.setLength(SquareLength{});
@@ -34,7 +34,7 @@ TEST(MacStatusItem, KnowsEveryLength) {
   EXPECT_EQ([native() length], 140.0);
 }
 
-TEST(MacStatusItem, ShowsAColouredTitleOnItsBackground) {
+TEST(MacStatusItemTest, ShowsAColouredTitleOnItsBackground) {
   MacStatusItem item{VariableLength{}};
   const Color pink{1.0, 0.71, 0.76};
   item.button()->setContent(
@@ -53,14 +53,14 @@ TEST(MacStatusItem, ShowsAColouredTitleOnItsBackground) {
   EXPECT_EQ([[button layer] cornerRadius], 3.0);
 }
 
-TEST(MacStatusItem, TakesATintOffTheButton) {
+TEST(MacStatusItemTest, TakesATintOffTheButton) {
   MacStatusItem item{VariableLength{}};
   [[native() button] setContentTintColor:[NSColor redColor]];
   item.button()->setContent({.title = {.text = "Desktops"}});
   EXPECT_EQ([[native() button] contentTintColor], nil);
 }
 
-TEST(MacStatusItem, ShowsATemplateIconInPlaceOfTheTitle) {
+TEST(MacStatusItemTest, ShowsATemplateIconInPlaceOfTheTitle) {
   MacStatusItem item{VariableLength{}};
   item.button()->setContent({.title = {.text = " Mail ", .color = Color::black()}, .background = Color::white()});
   item.button()->setContent({.image = Image{.size = {16.0, 16.0}, .isTemplate = true}});
@@ -71,14 +71,14 @@ TEST(MacStatusItem, ShowsATemplateIconInPlaceOfTheTitle) {
   EXPECT_EQ([[button layer] backgroundColor], nullptr);
 }
 
-TEST(MacStatusItem, ShowsAPlainTitle) {
+TEST(MacStatusItemTest, ShowsAPlainTitle) {
   MacStatusItem item{VariableLength{}};
   item.button()->setContent({.title = {.text = "Desktops"}});
   EXPECT_EQ(toString([[native() button] title]), "Desktops");
   EXPECT_EQ([[native() button] image], nil);
 }
 
-TEST(MacStatusItem, HasNoButtonWhereTheBarGivesNone) {
+TEST(MacStatusItemTest, HasNoButtonWhereTheBarGivesNone) {
   MacStatusItem item{VariableLength{}};
   gnustep::withholdButtons(true);
   EXPECT_EQ(item.button(), nullptr);
@@ -86,7 +86,7 @@ TEST(MacStatusItem, HasNoButtonWhereTheBarGivesNone) {
   EXPECT_NE(item.button(), nullptr);
 }
 
-TEST(MacStatusItem, RasterisesImages) {
+TEST(MacStatusItemTest, RasterisesImages) {
   const Shape square{.bounds = {{0.0, 0.0}, {8.0, 8.0}}, .color = Color::black()};
   MacStatusItem item{VariableLength{}};
   item.button()->setContent({.image = Image{.size = {16.0, 16.0}, .shapes = {square}}});

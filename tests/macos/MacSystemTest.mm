@@ -16,37 +16,37 @@ std::string output(const std::variant<ProcessOutput, LaunchError>& result) {
   return output == nullptr ? "not launched" : output->bytes;
 }
 
-TEST(MacSystem, ReadsBothOutputsOfAChildInOnePipe) {
+TEST(MacSystemTest, ReadsBothOutputsOfAChildInOnePipe) {
   EXPECT_EQ(output(MacSystem().run("/bin/sh", {"-c", "echo one; echo two >&2; echo three"})), "one\ntwo\nthree\n");
 }
 
-TEST(MacSystem, HandsArgumentsOverUnchanged) {
+TEST(MacSystemTest, HandsArgumentsOverUnchanged) {
   EXPECT_EQ(output(MacSystem().run("/bin/echo", {"process == \"Roomlattice\"", "\u2026"})),
             "process == \"Roomlattice\" \u2026\n");
 }
 
-TEST(MacSystem, ReadsMoreThanAPipeHolds) {
+TEST(MacSystemTest, ReadsMoreThanAPipeHolds) {
   EXPECT_EQ(output(MacSystem().run("/bin/sh", {"-c", "head -c 300000 /dev/zero"})).size(), 300000U);
 }
 
-TEST(MacSystem, IgnoresTheExitStatus) {
+TEST(MacSystemTest, IgnoresTheExitStatus) {
   EXPECT_EQ(output(MacSystem().run("/bin/sh", {"-c", "echo no; exit 3"})), "no\n");
 }
 
-TEST(MacSystem, TellsWhyAChildDidNotStart) {
+TEST(MacSystemTest, TellsWhyAChildDidNotStart) {
   const auto result = MacSystem().run("/no/such/tool", {"show"});
   const auto* error = std::get_if<LaunchError>(&result);
   ASSERT_NE(error, nullptr);
   EXPECT_NE(error->localizedDescription, "");
 }
 
-TEST(MacSystem, AsksTheLogToolForTheRecentLog) {
+TEST(MacSystemTest, AsksTheLogToolForTheRecentLog) {
   const LogQuery query = MacSystem().recentLog();
   EXPECT_EQ(query.executable, "/usr/bin/log");
   EXPECT_EQ(query.command, "log show --predicate 'process == \"Roomlattice\"' --last 10m --style compact");
 }
 
-TEST(MacSystem, PutsPlainTextOnTheGeneralPasteboard) {
+TEST(MacSystemTest, PutsPlainTextOnTheGeneralPasteboard) {
   MacSystem system;
   system.setPasteboardString("first");
   system.setPasteboardString("Copied \u2026 twice");
@@ -54,7 +54,7 @@ TEST(MacSystem, PutsPlainTextOnTheGeneralPasteboard) {
   EXPECT_EQ(toString([pasteboard stringForType:NSPasteboardTypeString]), "Copied \u2026 twice");
 }
 
-TEST(MacSystem, WritesStampedLinesToTheLog) {
+TEST(MacSystemTest, WritesStampedLinesToTheLog) {
   testing::internal::CaptureStderr();
   MacSystem().log("[Roomlattice] tour start: 4 steps 100%@");
   const std::string logged = testing::internal::GetCapturedStderr();

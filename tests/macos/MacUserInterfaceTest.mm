@@ -12,14 +12,14 @@
 namespace roomlattice::platform::macos {
 namespace {
 
-TEST(MacUserInterface, KnowsTheScreens) {
+TEST(MacUserInterfaceTest, KnowsTheScreens) {
   const MacUserInterface userInterface;
   ASSERT_EQ(userInterface.screens().size(), 1U);
   EXPECT_EQ(userInterface.screens().front().frame.size, (Size{1280.0, 800.0}));
   EXPECT_EQ(userInterface.mainScreen(), userInterface.screens().front());
 }
 
-TEST(MacUserInterface, MatchesTheAppearance) {
+TEST(MacUserInterfaceTest, MatchesTheAppearance) {
   const MacUserInterface userInterface;
   gnustep::setLook(gnustep::Look::Dark);
   EXPECT_EQ(userInterface.effectiveAppearance(), Appearance::Dark);
@@ -29,23 +29,23 @@ TEST(MacUserInterface, MatchesTheAppearance) {
   EXPECT_EQ(userInterface.effectiveAppearance(), Appearance::Light);
 }
 
-TEST(MacUserInterface, AsksForDarkBeforeLight) {
+TEST(MacUserInterfaceTest, AsksForDarkBeforeLight) {
   static_cast<void>(MacUserInterface().effectiveAppearance());
   NSArray* expected = [NSArray arrayWithObjects:NSAppearanceNameDarkAqua, NSAppearanceNameAqua, nil];
   EXPECT_TRUE([gnustep::appearanceNamesAsked() isEqualToArray:expected]);
 }
 
-TEST(MacUserInterface, GivesTheAccentColourInSRGB) {
+TEST(MacUserInterfaceTest, GivesTheAccentColourInSRGB) {
   EXPECT_EQ(MacUserInterface().accentColor(), toColor([NSColor controlAccentColor]));
   EXPECT_EQ(MacUserInterface().accentColor().space, ColorSpace::sRGB);
 }
 
-TEST(MacUserInterface, MarksColoursWithoutComponents) {
+TEST(MacUserInterfaceTest, MarksColoursWithoutComponents) {
   NSImage* image = [[[NSImage alloc] initWithSize:NSMakeSize(2, 2)] autorelease];
   EXPECT_EQ(toColor([NSColor colorWithPatternImage:image]).space, ColorSpace::Unconvertible);
 }
 
-TEST(MacUserInterface, MeasuresLines) {
+TEST(MacUserInterfaceTest, MeasuresLines) {
   const MacUserInterface userInterface;
   const Font font{.size = 160.0, .weight = FontWeight::Heavy};
   const Size line = userInterface.measure("Mail", font);
@@ -54,18 +54,18 @@ TEST(MacUserInterface, MeasuresLines) {
   EXPECT_GT(line.height, 120.0);
 }
 
-TEST(MacUserInterface, MakesHeavyTextWiderThanRegular) {
+TEST(MacUserInterfaceTest, MakesHeavyTextWiderThanRegular) {
   EXPECT_GT(textSize("Mail", {.size = 40.0, .weight = FontWeight::Heavy}).width,
             textSize("Mail", {.size = 40.0}).width);
 }
 
-TEST(MacUserInterface, GivesAnEmptyLabelTheHeightOfALine) {
+TEST(MacUserInterfaceTest, GivesAnEmptyLabelTheHeightOfALine) {
   const MacUserInterface userInterface;
   EXPECT_EQ(userInterface.intrinsicSize(LabelControl{}).height,
             userInterface.intrinsicSize(LabelControl{.text = "Copied"}).height);
 }
 
-TEST(MacUserInterface, BreaksALabelThatWraps) {
+TEST(MacUserInterfaceTest, BreaksALabelThatWraps) {
   const MacUserInterface userInterface;
   LabelControl label{.text = "If desktop labels misbehave, send a diagnostic log so the issue can be tracked down."};
   const Size line = userInterface.intrinsicSize(label);
@@ -75,7 +75,7 @@ TEST(MacUserInterface, BreaksALabelThatWraps) {
   EXPECT_GT(wrapped.height, 2 * line.height);
 }
 
-TEST(MacUserInterface, GivesEveryControlASize) {
+TEST(MacUserInterfaceTest, GivesEveryControlASize) {
   const MacUserInterface userInterface;
   const Control controls[] = {LabelControl{.text = "x"},         SliderControl{},    CheckBoxControl{.title = "x"},
                               PopUpControl{.items = {"x"}},      ColorWellControl{}, PushButtonControl{.title = "x"},

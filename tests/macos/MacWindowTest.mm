@@ -51,7 +51,7 @@ NSWindow* native(const Window& window) {
   return [NSApp windowWithWindowNumber:window.number()];
 }
 
-TEST(MacWindow, IsBorderlessClearAndClickThrough) {
+TEST(MacWindowTest, IsBorderlessClearAndClickThrough) {
   const MacWindow window({.frame = windowFrame,
                           .level = WindowLevel::StatusWindow,
                           .collectionBehavior = CollectionBehavior::CanJoinAllSpaces | CollectionBehavior::Stationary |
@@ -70,7 +70,7 @@ TEST(MacWindow, IsBorderlessClearAndClickThrough) {
   EXPECT_EQ(window.frame(), windowFrame);
 }
 
-TEST(MacWindow, ChangesItsBehaviourAndFrame) {
+TEST(MacWindowTest, ChangesItsBehaviourAndFrame) {
   MacWindow window({.frame = windowFrame});
   EXPECT_EQ([native(window) level], 3);
   window.setCollectionBehavior(CollectionBehavior::Transient | CollectionBehavior::IgnoresCycle);
@@ -79,7 +79,7 @@ TEST(MacWindow, ChangesItsBehaviourAndFrame) {
   EXPECT_EQ(window.frame(), (Rect{{10.0, 20.0}, {300.0, 50.0}}));
 }
 
-TEST(MacWindow, ShowsWithoutTakingTheKeyboard) {
+TEST(MacWindowTest, ShowsWithoutTakingTheKeyboard) {
   MacWindow window({.frame = windowFrame, .alpha = 1.0});
   window.orderFront();
   EXPECT_TRUE([native(window) isVisible]);
@@ -88,7 +88,7 @@ TEST(MacWindow, ShowsWithoutTakingTheKeyboard) {
   EXPECT_FALSE([native(window) isVisible]);
 }
 
-TEST(MacWindow, ShowsItsViewOnALayer) {
+TEST(MacWindowTest, ShowsItsViewOnALayer) {
   MacWindow window({.frame = windowFrame});
   window.setContentView(std::make_unique<PlateView>());
   NSView* view = [native(window) contentView];
@@ -106,7 +106,7 @@ TEST(MacWindow, ShowsItsViewOnALayer) {
   EXPECT_TRUE([[label font] isEqual:[NSFont boldSystemFontOfSize:30.0]]);
 }
 
-TEST(MacWindow, LeavesTheTextTheRoomItAskedFor) {
+TEST(MacWindowTest, LeavesTheTextTheRoomItAskedFor) {
   MacWindow window({.frame = windowFrame});
   window.setContentView(std::make_unique<PlateView>());
   NSTextField* label = [[[native(window) contentView] subviews] objectAtIndex:0];
@@ -117,7 +117,7 @@ TEST(MacWindow, LeavesTheTextTheRoomItAskedFor) {
   EXPECT_NEAR(NSMidY([label frame]), 60.0, 0.001);
 }
 
-TEST(MacWindow, TurnsASpinnerForDarkSurroundings) {
+TEST(MacWindowTest, TurnsASpinnerForDarkSurroundings) {
   MacWindow window({.frame = windowFrame});
   window.setContentView(std::make_unique<PlateView>());
   NSProgressIndicator* spinner = [[[native(window) contentView] subviews] objectAtIndex:1];
@@ -128,7 +128,7 @@ TEST(MacWindow, TurnsASpinnerForDarkSurroundings) {
   EXPECT_EQ(toRect([spinner frame]), (Rect{{10.0, 10.0}, {24.0, 24.0}}));
 }
 
-TEST(MacWindow, FollowsItsView) {
+TEST(MacWindowTest, FollowsItsView) {
   MacWindow window({.frame = windowFrame});
   window.setContentView(std::make_unique<PlateView>());
   static_cast<PlateView*>(window.contentView())->setText("Música");
@@ -136,14 +136,14 @@ TEST(MacWindow, FollowsItsView) {
   EXPECT_EQ(toString([label stringValue]), "Música");
 }
 
-TEST(MacWindow, SetsItsAlphaAtOnce) {
+TEST(MacWindowTest, SetsItsAlphaAtOnce) {
   MacWindow window({.frame = windowFrame});
   window.setAlpha(0.78);
   EXPECT_EQ(window.alpha(), 0.78);
   EXPECT_NEAR([native(window) alphaValue], 0.78, 1e-6);
 }
 
-TEST(MacWindow, AnimatesItsAlphaInAGroupOfTheGivenDuration) {
+TEST(MacWindowTest, AnimatesItsAlphaInAGroupOfTheGivenDuration) {
   gnustep::takeAnimations();
   MacWindow window({.frame = windowFrame, .alpha = 1.0});
   bool completed = false;
@@ -156,7 +156,7 @@ TEST(MacWindow, AnimatesItsAlphaInAGroupOfTheGivenDuration) {
               testing::ElementsAre(AnimationRecord{.duration = 0.35, .allowsImplicitAnimation = true, .alpha = 0.0}));
 }
 
-TEST(MacWindow, TakesADurationOfZeroAsAtOnceWithoutImplicitAnimation) {
+TEST(MacWindowTest, TakesADurationOfZeroAsAtOnceWithoutImplicitAnimation) {
   gnustep::takeAnimations();
   MacWindow window({.frame = windowFrame});
   bool completed = false;
@@ -168,7 +168,7 @@ TEST(MacWindow, TakesADurationOfZeroAsAtOnceWithoutImplicitAnimation) {
               testing::ElementsAre(AnimationRecord{.duration = 0.0, .allowsImplicitAnimation = false, .alpha = 0.78}));
 }
 
-TEST(MacWindow, EndsAnAnimationWhenItsAlphaIsSet) {
+TEST(MacWindowTest, EndsAnAnimationWhenItsAlphaIsSet) {
   MacWindow window({.frame = windowFrame, .alpha = 1.0});
   bool completed = false;
   window.animateAlpha(0.0, 100ms, [&] { completed = true; });
@@ -179,7 +179,7 @@ TEST(MacWindow, EndsAnAnimationWhenItsAlphaIsSet) {
   EXPECT_FALSE(completed);
 }
 
-TEST(MacWindow, ReplacesARunningAnimation) {
+TEST(MacWindowTest, ReplacesARunningAnimation) {
   MacWindow window({.frame = windowFrame, .alpha = 1.0});
   std::string ended;
   window.animateAlpha(0.0, 200ms, [&] { ended += "a"; });
@@ -190,7 +190,7 @@ TEST(MacWindow, ReplacesARunningAnimation) {
   EXPECT_NEAR([native(window) alphaValue], 0.6, 1e-6);
 }
 
-TEST(MacWindow, MayBeOwnedByTheCompletionOfItsAnimation) {
+TEST(MacWindowTest, MayBeOwnedByTheCompletionOfItsAnimation) {
   auto window = std::make_shared<MacWindow>(OverlayWindowOptions{.frame = windowFrame, .alpha = 1.0});
   const std::weak_ptr<MacWindow> weak = window;
   MacWindow& fading = *window;
@@ -199,7 +199,7 @@ TEST(MacWindow, MayBeOwnedByTheCompletionOfItsAnimation) {
   EXPECT_TRUE(runUntil([&] { return weak.expired(); }));
 }
 
-TEST(MacWindow, TakesItsWindowWithIt) {
+TEST(MacWindowTest, TakesItsWindowWithIt) {
   WindowNumber number = 0;
   {
     MacWindow window({.frame = windowFrame, .alpha = 1.0});

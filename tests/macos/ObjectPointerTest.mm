@@ -7,7 +7,7 @@
 namespace roomlattice::platform::macos {
 namespace {
 
-TEST(ObjectPointer, TakesOverTheReferenceItAdopts) {
+TEST(ObjectPointerTest, TakesOverTheReferenceItAdopts) {
   NSObject* object = [[NSObject alloc] init];
   [object retain];
   { const ObjectPointer<NSObject> pointer = adopt(object); }
@@ -15,28 +15,28 @@ TEST(ObjectPointer, TakesOverTheReferenceItAdopts) {
   [object release];
 }
 
-TEST(ObjectPointer, LeavesTheCallersReferenceWhenItShares) {
+TEST(ObjectPointerTest, LeavesTheCallersReferenceWhenItShares) {
   NSObject* object = [[NSObject alloc] init];
   { const ObjectPointer<NSObject> pointer = share(object); }
   EXPECT_EQ([object retainCount], 1U);
   [object release];
 }
 
-TEST(ObjectPointer, KeepsTheObjectWhileACopyLives) {
+TEST(ObjectPointerTest, KeepsTheObjectWhileACopyLives) {
   ObjectPointer<NSObject> first = adopt([[NSObject alloc] init]);
   const ObjectPointer<NSObject> second = first;
   first = {};
   EXPECT_EQ([second.get() retainCount], 1U);
 }
 
-TEST(ObjectPointer, IsEmptyAfterAMove) {
+TEST(ObjectPointerTest, IsEmptyAfterAMove) {
   ObjectPointer<NSObject> first = adopt([[NSObject alloc] init]);
   const ObjectPointer<NSObject> second = std::move(first);
   EXPECT_FALSE(first);
   EXPECT_EQ([second.get() retainCount], 1U);
 }
 
-TEST(ObjectPointer, SurvivesAssignmentToItself) {
+TEST(ObjectPointerTest, SurvivesAssignmentToItself) {
   ObjectPointer<NSObject> pointer = adopt([[NSObject alloc] init]);
   const ObjectPointer<NSObject>& same = pointer;
   pointer = same;

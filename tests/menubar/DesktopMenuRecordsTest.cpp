@@ -11,7 +11,7 @@ namespace {
 using platform::Value;
 
 /// The rows of an open menu while the desktops they stand for become others.
-class DesktopMenuRecords : public ProgramFixture {
+class DesktopMenuRecordsTest : public ProgramFixture {
  protected:
   const std::string& uuid(std::size_t index) { return uuids_.at(index); }
 
@@ -41,7 +41,7 @@ class DesktopMenuRecords : public ProgramFixture {
   std::vector<std::string> uuids_;
 };
 
-TEST_F(DesktopMenuRecords, RenamesTheUuidTheRowWasMadeFor) {
+TEST_F(DesktopMenuRecordsTest, RenamesTheUuidTheRowWasMadeFor) {
   openMenu();
   exchangesTheUuidsOfSecondAndThird();
   user.clicksRowButton(1);
@@ -50,7 +50,7 @@ TEST_F(DesktopMenuRecords, RenamesTheUuidTheRowWasMadeFor) {
   EXPECT_EQ(desktop.storedDefaults()["SpaceNames"], Value(Value::Dictionary{{uuid(1), "Mail"}}));
 }
 
-TEST_F(DesktopMenuRecords, SwitchesToTheIdentifierTheRowWasMadeFor) {
+TEST_F(DesktopMenuRecordsTest, SwitchesToTheIdentifierTheRowWasMadeFor) {
   openMenu();
   exchangesTheUuidsOfSecondAndThird();
   user.clicksRow(1);

@@ -25,7 +25,7 @@ using Texts = std::vector<std::string>;
 const Texts commands{"-", "Preferences\u2026", "-", "Quit Plinkhaven"};
 
 /// The status item over the model and what keeps the model up to date.
-class DesktopMenu : public SimulatedFixture {
+class DesktopMenuTest : public SimulatedFixture {
  protected:
   void openMenu() {
     if (!controller_) {
@@ -88,18 +88,18 @@ class DesktopMenu : public SimulatedFixture {
   std::optional<MenuBarController> controller_;
 };
 
-TEST_F(DesktopMenu, ListsTheDesktopsThenTheCommands) {
+TEST_F(DesktopMenuTest, ListsTheDesktopsThenTheCommands) {
   openMenu();
   EXPECT_EQ(items(), withCommands({"Desktop 1", "Desktop 2", "Desktop 3"}));
 }
 
-TEST_F(DesktopMenu, HasKeyEquivalentsForItsCommands) {
+TEST_F(DesktopMenuTest, HasKeyEquivalentsForItsCommands) {
   openMenu();
   EXPECT_EQ(std::get<CommandItem>(desktop.menu()->items().at(4)).keyEquivalent, ",");
   EXPECT_EQ(std::get<CommandItem>(desktop.menu()->items().at(6)).keyEquivalent, "q");
 }
 
-TEST_F(DesktopMenu, MakesRowsOfTheirSizeForTheirDesktops) {
+TEST_F(DesktopMenuTest, MakesRowsOfTheirSizeForTheirDesktops) {
   openMenu();
   for (std::size_t index = 0; index < 3; ++index) {
     EXPECT_EQ(row(index).frame().size, (platform::Size{220.0, 24.0}));
@@ -107,7 +107,7 @@ TEST_F(DesktopMenu, MakesRowsOfTheirSizeForTheirDesktops) {
   }
 }
 
-TEST_F(DesktopMenu, HasTheDesktopsAsWhatItsRowsStandFor) {
+TEST_F(DesktopMenuTest, HasTheDesktopsAsWhatItsRowsStandFor) {
   openMenu();
   for (std::size_t index = 0; index < 3; ++index) {
     const SpaceInfo& space = row(index).space();
@@ -119,27 +119,27 @@ TEST_F(DesktopMenu, HasTheDesktopsAsWhatItsRowsStandFor) {
   }
 }
 
-TEST_F(DesktopMenu, LeavesFullScreenSpacesOut) {
+TEST_F(DesktopMenuTest, LeavesFullScreenSpacesOut) {
   desktop.enterFullScreen();
   openMenu();
   EXPECT_EQ(manager().spaces().size(), 4U);
   EXPECT_EQ(items(), withCommands({"Desktop 1", "Desktop 2", "Desktop 3"}));
 }
 
-TEST_F(DesktopMenu, HoldsOnlyTheCommandsWithoutDesktops) {
+TEST_F(DesktopMenuTest, HoldsOnlyTheCommandsWithoutDesktops) {
   desktop.overrideManagedDisplaySpaces(platform::Value());
   openMenu();
   EXPECT_EQ(items(), commands);
 }
 
-TEST_F(DesktopMenu, ListsTheDesktopsOfAllDisplaysAsOne) {
+TEST_F(DesktopMenuTest, ListsTheDesktopsOfAllDisplaysAsOne) {
   desktop.addDisplay("Display 2", 2);
   openMenu();
   EXPECT_EQ(items(), withCommands({"Desktop 1", "Desktop 2", "Desktop 3", "Desktop 1", "Desktop 2"}));
   EXPECT_EQ(row(3).space().displayUUID, "Display 2");
 }
 
-TEST_F(DesktopMenu, ListsTwentyDesktops) {
+TEST_F(DesktopMenuTest, ListsTwentyDesktops) {
   for (int more = 0; more < 17; ++more) {
     desktop.addDesktop();
   }
@@ -148,7 +148,7 @@ TEST_F(DesktopMenu, ListsTwentyDesktops) {
   EXPECT_EQ(label(19).text, "Desktop 20");
 }
 
-TEST_F(DesktopMenu, MarksTheActiveDesktopAlone) {
+TEST_F(DesktopMenuTest, MarksTheActiveDesktopAlone) {
   desktop.switchTo(desktop.desktopAt(1));
   openMenu();
   for (std::size_t index = 0; index < 3; ++index) {
@@ -158,7 +158,7 @@ TEST_F(DesktopMenu, MarksTheActiveDesktopAlone) {
   }
 }
 
-TEST_F(DesktopMenu, MarksNoDesktopOnAFullScreenSpace) {
+TEST_F(DesktopMenuTest, MarksNoDesktopOnAFullScreenSpace) {
   desktop.enterFullScreen();
   openMenu();
   for (std::size_t index = 0; index < 3; ++index) {
@@ -166,7 +166,7 @@ TEST_F(DesktopMenu, MarksNoDesktopOnAFullScreenSpace) {
   }
 }
 
-TEST_F(DesktopMenu, ColoursTheDotsAsTheModeHasIt) {
+TEST_F(DesktopMenuTest, ColoursTheDotsAsTheModeHasIt) {
   start();
   PreferencesStore& store = PreferencesStore::shared();
   store.setSpaceColors({{manager().spaces()[1].uuid, {{0.1, 0.2, 0.3, 1.0}, {0.4, 0.5, 0.6, 1.0}}}});
@@ -179,7 +179,7 @@ TEST_F(DesktopMenu, ColoursTheDotsAsTheModeHasIt) {
   EXPECT_EQ(dot(1).color, (platform::Color{0.1, 0.2, 0.3, 1.0}));
 }
 
-TEST_F(DesktopMenu, IsMadeAnewForEachOpening) {
+TEST_F(DesktopMenuTest, IsMadeAnewForEachOpening) {
   openMenu();
   desktop.addDesktop();
   EXPECT_EQ(items(), withCommands({"Desktop 1", "Desktop 2", "Desktop 3"}));
@@ -188,7 +188,7 @@ TEST_F(DesktopMenu, IsMadeAnewForEachOpening) {
   EXPECT_EQ(items(), withCommands({"Desktop 1", "Desktop 2", "Desktop 3", "Mail"}));
 }
 
-TEST_F(DesktopMenu, SwitchesToTheDesktopOfTheRow) {
+TEST_F(DesktopMenuTest, SwitchesToTheDesktopOfTheRow) {
   openMenu();
   user.clicksRow(2);
   EXPECT_EQ(desktop.menu(), nullptr);
@@ -197,14 +197,14 @@ TEST_F(DesktopMenu, SwitchesToTheDesktopOfTheRow) {
   EXPECT_EQ(desktop.activeSpace(), desktop.desktopAt(2));
 }
 
-TEST_F(DesktopMenu, StaysOnTheActiveDesktopForItsOwnRow) {
+TEST_F(DesktopMenuTest, StaysOnTheActiveDesktopForItsOwnRow) {
   openMenu();
   user.clicksRow(0);
   desktop.advance(5s);
   EXPECT_EQ(desktop.activeSpace(), desktop.desktopAt(0));
 }
 
-TEST_F(DesktopMenu, StaysWhereTheDesktopOfTheRowHasGoneMeanwhile) {
+TEST_F(DesktopMenuTest, StaysWhereTheDesktopOfTheRowHasGoneMeanwhile) {
   openMenu();
   desktop.removeDesktop(desktop.desktopAt(2));
   user.clicksRow(2);
@@ -212,7 +212,7 @@ TEST_F(DesktopMenu, StaysWhereTheDesktopOfTheRowHasGoneMeanwhile) {
   EXPECT_EQ(desktop.activeSpace(), desktop.desktopAt(0));
 }
 
-TEST_F(DesktopMenu, SwitchesToTheDesktopItListedWhereverThatIsNow) {
+TEST_F(DesktopMenuTest, SwitchesToTheDesktopItListedWhereverThatIsNow) {
   openMenu();
   const platform::SpaceID third = desktop.desktopAt(2);
   desktop.moveDesktop(third, 1);
@@ -221,7 +221,7 @@ TEST_F(DesktopMenu, SwitchesToTheDesktopItListedWhereverThatIsNow) {
   EXPECT_EQ(desktop.activeSpace(), third);
 }
 
-TEST_F(DesktopMenu, ShowsANewNameAtOnceInTheStatusBarAndInTheNextOpening) {
+TEST_F(DesktopMenuTest, ShowsANewNameAtOnceInTheStatusBarAndInTheNextOpening) {
   openMenu();
   renames(0, "Mail");
   EXPECT_EQ(desktop.statusItem()->content().title.text, " Mail ");
@@ -230,7 +230,7 @@ TEST_F(DesktopMenu, ShowsANewNameAtOnceInTheStatusBarAndInTheNextOpening) {
   EXPECT_EQ(label(0).text, "Mail");
 }
 
-TEST_F(DesktopMenu, TakesTheBlanksOffANewNameByTheNextOpening) {
+TEST_F(DesktopMenuTest, TakesTheBlanksOffANewNameByTheNextOpening) {
   openMenu();
   renames(1, "  Mail ");
   EXPECT_EQ(label(1).text, "  Mail ");
@@ -238,7 +238,7 @@ TEST_F(DesktopMenu, TakesTheBlanksOffANewNameByTheNextOpening) {
   EXPECT_EQ(label(1).text, "Mail");
 }
 
-TEST_F(DesktopMenu, BringsTheDefaultTitleBackForABlankName) {
+TEST_F(DesktopMenuTest, BringsTheDefaultTitleBackForABlankName) {
   start();
   manager().setName("Mail", manager().spaces()[1]);
   openMenu();
@@ -248,7 +248,7 @@ TEST_F(DesktopMenu, BringsTheDefaultTitleBackForABlankName) {
   EXPECT_EQ(label(1).text, "Desktop 2");
 }
 
-TEST_F(DesktopMenu, RenamesTheDesktopItListedAlthoughThatHasGone) {
+TEST_F(DesktopMenuTest, RenamesTheDesktopItListedAlthoughThatHasGone) {
   openMenu();
   const SpaceInfo third = manager().spaces()[2];
   desktop.removeDesktop(third.spaceID);
@@ -258,7 +258,7 @@ TEST_F(DesktopMenu, RenamesTheDesktopItListedAlthoughThatHasGone) {
   EXPECT_EQ(items(), withCommands({"Desktop 1", "Desktop 2"}));
 }
 
-TEST_F(DesktopMenu, LosesAnEditThatWasNotCommitted) {
+TEST_F(DesktopMenuTest, LosesAnEditThatWasNotCommitted) {
   openMenu();
   user.clicksRowButton(0);
   user.types("Mail");
@@ -267,7 +267,7 @@ TEST_F(DesktopMenu, LosesAnEditThatWasNotCommitted) {
   EXPECT_FALSE(label(0).hidden);
 }
 
-TEST_F(DesktopMenu, BringsThePreferencesToTheFront) {
+TEST_F(DesktopMenuTest, BringsThePreferencesToTheFront) {
   openMenu();
   EXPECT_EQ(desktop.tabbedWindow(), nullptr);
   user.clicksCommand("Preferences\u2026");
@@ -277,7 +277,7 @@ TEST_F(DesktopMenu, BringsThePreferencesToTheFront) {
   EXPECT_EQ(desktop.menu(), nullptr);
 }
 
-TEST_F(DesktopMenu, BringsTheSamePreferencesBack) {
+TEST_F(DesktopMenuTest, BringsTheSamePreferencesBack) {
   openMenu();
   user.pressesCommandKey(",");
   user.closesWindow();
@@ -288,14 +288,14 @@ TEST_F(DesktopMenu, BringsTheSamePreferencesBack) {
   EXPECT_EQ(platform().application().activations(), 2);
 }
 
-TEST_F(DesktopMenu, Quits) {
+TEST_F(DesktopMenuTest, Quits) {
   openMenu();
   EXPECT_FALSE(platform().application().isTerminated());
   user.clicksCommand("Quit Plinkhaven");
   EXPECT_TRUE(platform().application().isTerminated());
 }
 
-TEST_F(DesktopMenu, QuitsByItsKey) {
+TEST_F(DesktopMenuTest, QuitsByItsKey) {
   openMenu();
   user.pressesCommandKey("q");
   EXPECT_TRUE(platform().application().isTerminated());

@@ -233,7 +233,7 @@ TEST_F(MenuBarControllerTest, AdjustsAColourWithoutAnSrgbFormAsItIsGiven) {
   EXPECT_EQ(controller.adjustedForeground(pattern), pattern);
 }
 
-TEST(ContrastingColor, IsBlackOnlyOverALuminanceAboveOneHalf) {
+TEST(MenuBarControllerContrastTest, IsBlackOnlyOverALuminanceAboveOneHalf) {
   EXPECT_EQ(MenuBarController::contrastingColor(grey(0.5)), Color::white());
   EXPECT_EQ(MenuBarController::contrastingColor(grey(0.51)), Color::black());
   EXPECT_EQ(MenuBarController::contrastingColor({0.0, 0.85, 0.0, 1.0}), Color::white());
@@ -241,7 +241,7 @@ TEST(ContrastingColor, IsBlackOnlyOverALuminanceAboveOneHalf) {
   EXPECT_EQ(MenuBarController::contrastingColor({1.0, 1.0, 1.0, 0.0}), Color::black());
 }
 
-TEST(ContrastingColor, IsWhiteOverAColourWithoutAnSrgbForm) {
+TEST(MenuBarControllerContrastTest, IsWhiteOverAColourWithoutAnSrgbForm) {
   Color pattern = Color::white();
   pattern.space = platform::ColorSpace::Unconvertible;
   EXPECT_EQ(MenuBarController::contrastingColor(pattern), Color::white());

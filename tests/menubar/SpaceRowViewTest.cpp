@@ -13,11 +13,11 @@ using platform::HitTarget;
 using platform::Rect;
 using platform::ShapeKind;
 
-using SpaceRow = RowFixture;
+using SpaceRowViewTest = RowFixture;
 
 // Sizes of texts: 6.5 points a character in the regular and 7.3125 in the semibold system font, 16.25 high.
 
-TEST_F(SpaceRow, PlacesTheDotTheNameTheFieldAndThePencil) {
+TEST_F(SpaceRowViewTest, PlacesTheDotTheNameTheFieldAndThePencil) {
   const SpaceRowView& row = openRow("Mail");
   ASSERT_EQ(row.content().elements.size(), 4U);
   EXPECT_EQ(dot().frame, (Rect{{14.0, 5.0}, {14.0, 14.0}}));
@@ -26,7 +26,7 @@ TEST_F(SpaceRow, PlacesTheDotTheNameTheFieldAndThePencil) {
   EXPECT_EQ(pencil().frame, (Rect{{192.0, 3.0}, {18.0, 18.0}}));
 }
 
-TEST_F(SpaceRow, KeepsItsMarginsInAWiderFrame) {
+TEST_F(SpaceRowViewTest, KeepsItsMarginsInAWiderFrame) {
   SpaceRowView& row = openRow("Mail");
   row.setFrame({{}, {300.0, 30.0}});
   EXPECT_EQ(dot().frame, (Rect{{14.0, 8.0}, {14.0, 14.0}}));
@@ -35,7 +35,7 @@ TEST_F(SpaceRow, KeepsItsMarginsInAWiderFrame) {
   EXPECT_EQ(pencil().frame, (Rect{{272.0, 6.0}, {18.0, 18.0}}));
 }
 
-TEST_F(SpaceRow, ShowsTheNameAndNothingElseAtFirst) {
+TEST_F(SpaceRowViewTest, ShowsTheNameAndNothingElseAtFirst) {
   const SpaceRowView& row = openRow("Mail");
   EXPECT_EQ(label().text, "Mail");
   EXPECT_EQ(label().color, platform::TextColor(platform::SystemColor::Label));
@@ -47,7 +47,7 @@ TEST_F(SpaceRow, ShowsTheNameAndNothingElseAtFirst) {
   EXPECT_EQ(row.content().cornerRadius, 4.0);
 }
 
-TEST_F(SpaceRow, ShowsTheActiveDesktopAsADiscAndASemiboldName) {
+TEST_F(SpaceRowViewTest, ShowsTheActiveDesktopAsADiscAndASemiboldName) {
   openRow("Mail", Activity::Active);
   const platform::Image disc{
       .size = {14.0, 14.0},
@@ -59,7 +59,7 @@ TEST_F(SpaceRow, ShowsTheActiveDesktopAsADiscAndASemiboldName) {
   EXPECT_EQ(label().frame.size.width, 4 * 7.3125);
 }
 
-TEST_F(SpaceRow, ShowsAnotherDesktopAsARingAndARegularName) {
+TEST_F(SpaceRowViewTest, ShowsAnotherDesktopAsARingAndARegularName) {
   openRow("Mail");
   const platform::Image ring{
       .size = {14.0, 14.0},
@@ -71,13 +71,13 @@ TEST_F(SpaceRow, ShowsAnotherDesktopAsARingAndARegularName) {
   EXPECT_EQ(fieldElement().font, labelFont);
 }
 
-TEST_F(SpaceRow, HasAPencilThatSaysWhatItDoes) {
+TEST_F(SpaceRowViewTest, HasAPencilThatSaysWhatItDoes) {
   openRow("Mail");
   EXPECT_EQ(pencil().symbol, (platform::SymbolImage{"square.and.pencil", "Rename"}));
   EXPECT_EQ(pencil().toolTip, "Rename");
 }
 
-TEST_F(SpaceRow, EndsALongNameEightPointsBeforeThePencil) {
+TEST_F(SpaceRowViewTest, EndsALongNameEightPointsBeforeThePencil) {
   struct Case {
     std::size_t characters;
     double width;
@@ -90,7 +90,7 @@ TEST_F(SpaceRow, EndsALongNameEightPointsBeforeThePencil) {
   }
 }
 
-TEST_F(SpaceRow, ShowsNamesOfAnyScript) {
+TEST_F(SpaceRowViewTest, ShowsNamesOfAnyScript) {
   for (const std::string name : {"\u00dcbersicht", "\u6771\u4eac", "\u0645\u0643\u062a\u0628",
                                  "\U0001F469\u200D\U0001F4BB", "e\u0301", "a\tb"}) {
     makeRow(name);
@@ -98,7 +98,7 @@ TEST_F(SpaceRow, ShowsNamesOfAnyScript) {
   }
 }
 
-TEST_F(SpaceRow, HighlightsAndShowsThePencilUnderThePointer) {
+TEST_F(SpaceRowViewTest, HighlightsAndShowsThePencilUnderThePointer) {
   desktop.setAccentColor({1.0, 0.25, 0.5, 1.0});
   const SpaceRowView& row = openRow("Mail");
   user.entersRow(0);
@@ -109,14 +109,14 @@ TEST_F(SpaceRow, HighlightsAndShowsThePencilUnderThePointer) {
   EXPECT_TRUE(pencil().hidden);
 }
 
-TEST_F(SpaceRow, HighlightsInTheAccentColourOfTheMoment) {
+TEST_F(SpaceRowViewTest, HighlightsInTheAccentColourOfTheMoment) {
   const SpaceRowView& row = openRow("Mail");
   user.entersRow(0);
   desktop.setAccentColor({0.5, 0.5, 0.5, 1.0});
   EXPECT_EQ(row.content().background, (Color{0.5, 0.5, 0.5, 0.18}));
 }
 
-TEST_F(SpaceRow, IsHitOnlyWithinItsBounds) {
+TEST_F(SpaceRowViewTest, IsHitOnlyWithinItsBounds) {
   SpaceRowView& row = openRow("Mail");
   row.mouseEntered();
   for (const platform::Point inside : {platform::Point{0.0, 0.0}, {219.75, 23.75}, onDot, onLabel, onEmptySpace}) {
@@ -127,7 +127,7 @@ TEST_F(SpaceRow, IsHitOnlyWithinItsBounds) {
   }
 }
 
-TEST_F(SpaceRow, IsHitOnThePencilOnlyWhileItIsShown) {
+TEST_F(SpaceRowViewTest, IsHitOnThePencilOnlyWhileItIsShown) {
   SpaceRowView& row = openRow("Mail");
   EXPECT_EQ(row.hitTest(onPencil), HitTarget::View);
   row.mouseEntered();
@@ -141,7 +141,7 @@ TEST_F(SpaceRow, IsHitOnThePencilOnlyWhileItIsShown) {
   EXPECT_EQ(row.hitTest(onPencil), HitTarget::View);
 }
 
-TEST_F(SpaceRow, IsHitOnTheFieldWhileItIsEdited) {
+TEST_F(SpaceRowViewTest, IsHitOnTheFieldWhileItIsEdited) {
   const SpaceRowView& row = editRow("Mail");
   EXPECT_EQ(row.hitTest(onLabel), HitTarget::TextField);
   EXPECT_EQ(row.hitTest(onPencil), HitTarget::TextField);
@@ -152,7 +152,7 @@ TEST_F(SpaceRow, IsHitOnTheFieldWhileItIsEdited) {
   EXPECT_EQ(row.hitTest({100.0, 24.0}), HitTarget::None);
 }
 
-TEST_F(SpaceRow, SwitchesWhereverItIsClickedBesideThePencil) {
+TEST_F(SpaceRowViewTest, SwitchesWhereverItIsClickedBesideThePencil) {
   int expected = 0;
   for (const platform::Point point : {onDot, onLabel, onEmptySpace}) {
     openRow("Mail");
@@ -162,7 +162,7 @@ TEST_F(SpaceRow, SwitchesWhereverItIsClickedBesideThePencil) {
   }
 }
 
-TEST_F(SpaceRow, SwitchesOnALaterTurnThanTheMenuCloses) {
+TEST_F(SpaceRowViewTest, SwitchesOnALaterTurnThanTheMenuCloses) {
   openRow("Mail");
   clicksRowAt(onLabel);
   EXPECT_EQ(desktop.menu(), nullptr);
@@ -171,7 +171,7 @@ TEST_F(SpaceRow, SwitchesOnALaterTurnThanTheMenuCloses) {
   EXPECT_EQ(switches, 1);
 }
 
-TEST_F(SpaceRow, SwitchesAlthoughItHasGoneByThen) {
+TEST_F(SpaceRowViewTest, SwitchesAlthoughItHasGoneByThen) {
   openRow("Mail");
   clicksRowAt(onLabel);
   destroyRow();
@@ -179,7 +179,7 @@ TEST_F(SpaceRow, SwitchesAlthoughItHasGoneByThen) {
   EXPECT_EQ(switches, 1);
 }
 
-TEST_F(SpaceRow, SwitchesToWhatItWasToldWhenItWasClicked) {
+TEST_F(SpaceRowViewTest, SwitchesToWhatItWasToldWhenItWasClicked) {
   SpaceRowView& row = openRow("Mail");
   clicksRowAt(onLabel);
   row.onSwitch = nullptr;
@@ -187,7 +187,7 @@ TEST_F(SpaceRow, SwitchesToWhatItWasToldWhenItWasClicked) {
   EXPECT_EQ(switches, 1);
 }
 
-TEST_F(SpaceRow, OnlyClosesTheMenuWithoutACallback) {
+TEST_F(SpaceRowViewTest, OnlyClosesTheMenuWithoutACallback) {
   openRow("Mail").onSwitch = nullptr;
   clicksRowAt(onLabel);
   EXPECT_EQ(desktop.menu(), nullptr);
@@ -195,7 +195,7 @@ TEST_F(SpaceRow, OnlyClosesTheMenuWithoutACallback) {
   EXPECT_EQ(switches, 0);
 }
 
-TEST_F(SpaceRow, NeverSwitchesForAClickOnThePencil) {
+TEST_F(SpaceRowViewTest, NeverSwitchesForAClickOnThePencil) {
   SpaceRowView& row = openRow("Mail");
   user.entersRow(0);
   row.mouseUp(onPencil);
@@ -206,7 +206,7 @@ TEST_F(SpaceRow, NeverSwitchesForAClickOnThePencil) {
   EXPECT_TRUE(isEditing());
 }
 
-TEST_F(SpaceRow, SwitchesForAClickWhereThePencilIsHidden) {
+TEST_F(SpaceRowViewTest, SwitchesForAClickWhereThePencilIsHidden) {
   SpaceRowView& row = openRow("Mail");
   row.mouseUp(onPencil);
   desktop.advance(1ms);

@@ -21,7 +21,7 @@ FieldEvent eventOf(const DockSwipe& swipe) {
   return event;
 }
 
-TEST(DockSwipe, ReadsWhatItHasWritten) {
+TEST(DockSwipeTest, ReadsWhatItHasWritten) {
   const auto read = DockSwipe::read(eventOf({.phase = DockSwipe::Changed, .progress = -0.25, .velocity = 1.5}));
   ASSERT_TRUE(read);
   EXPECT_EQ(read->phase, DockSwipe::Changed);
@@ -30,13 +30,13 @@ TEST(DockSwipe, ReadsWhatItHasWritten) {
   EXPECT_EQ(read->axis, DockSwipe::Horizontal);
 }
 
-TEST(DockSwipe, WritesTheVelocityIntoBothOfItsFields) {
+TEST(DockSwipeTest, WritesTheVelocityIntoBothOfItsFields) {
   const FieldEvent event = eventOf({.velocity = 0.5});
   EXPECT_EQ(event.real(EventField::Velocity), 0.5);
   EXPECT_EQ(event.real(EventField::SecondaryVelocity), 0.5);
 }
 
-TEST(DockSwipe, IsNoEventOfAnotherKindOrGesture) {
+TEST(DockSwipeTest, IsNoEventOfAnotherKindOrGesture) {
   for (const EventField field : {EventField::Kind, EventField::GestureKind}) {
     FieldEvent event = eventOf({});
     event.setInteger(field, 29);
@@ -45,7 +45,7 @@ TEST(DockSwipe, IsNoEventOfAnotherKindOrGesture) {
   EXPECT_FALSE(DockSwipe::read(FieldEvent()));
 }
 
-TEST(DockSwipe, IsReadWhateverItsAxisAndPhase) {
+TEST(DockSwipeTest, IsReadWhateverItsAxisAndPhase) {
   FieldEvent event = eventOf({});
   event.setInteger(EventField::SwipeAxis, 2);
   event.setInteger(EventField::Phase, 16);
@@ -55,7 +55,7 @@ TEST(DockSwipe, IsReadWhateverItsAxisAndPhase) {
   EXPECT_EQ(static_cast<std::int64_t>(read->phase), 16);
 }
 
-TEST(DockSwipe, GoesWhereItsVelocityPointsAndAtRestWhereItHasCome) {
+TEST(DockSwipeTest, GoesWhereItsVelocityPointsAndAtRestWhereItHasCome) {
   constexpr double nan = std::numeric_limits<double>::quiet_NaN();
   struct Row {
     double progress;
@@ -73,7 +73,7 @@ TEST(DockSwipe, GoesWhereItsVelocityPointsAndAtRestWhereItHasCome) {
   }
 }
 
-TEST(DockSwipe, NumbersTheDirectionsFromLeftToRight) {
+TEST(DockSwipeTest, NumbersTheDirectionsFromLeftToRight) {
   EXPECT_EQ(static_cast<int>(Direction::Left), 0);
   EXPECT_EQ(static_cast<int>(Direction::Right), 1);
 }

@@ -15,7 +15,7 @@ Value entry(const Value& foreground, const Value& background) {
   return Value::Dictionary{{"foreground", foreground}, {"background", background}};
 }
 
-TEST(CodableColor, EncodesToExactlyItsFieldsAndBack) {
+TEST(CodableColorTest, EncodesToExactlyItsFieldsAndBack) {
   const SpaceColors colors{{"A", {{0.1, 0.2, 0.3, 1.0}, {0.4, 0.5, 0.6, 0.5}}}};
   const Value stored = encode(colors);
   EXPECT_EQ(stored, Value(Value::Dictionary{
@@ -24,19 +24,19 @@ TEST(CodableColor, EncodesToExactlyItsFieldsAndBack) {
   EXPECT_EQ(decodeSpaceColors(stored), colors);
 }
 
-TEST(CodableColor, ReadsWholeNumbersAsComponents) {
+TEST(CodableColorTest, ReadsWholeNumbersAsComponents) {
   const auto colors = decodeSpaceColors(Value::Dictionary{{"A", entry(color(1), color(0))}});
   ASSERT_TRUE(colors);
   EXPECT_EQ(colors->at("A").foreground, (CodableColor{1.0, 0.2, 0.3, 1.0}));
 }
 
-TEST(CodableColor, PassesOverKeysItDoesNotKnow) {
+TEST(CodableColorTest, PassesOverKeysItDoesNotKnow) {
   Value::Dictionary more = color(0.1);
   more["gamma"] = 2.2;
   EXPECT_TRUE(decodeSpaceColors(Value::Dictionary{{"A", entry(more, color(0.1))}}));
 }
 
-TEST(CodableColor, RefusesTheWholeDocumentForOneBadEntry) {
+TEST(CodableColorTest, RefusesTheWholeDocumentForOneBadEntry) {
   Value::Dictionary noAlpha = color(0.1);
   noAlpha.erase("alpha");
   const Value good = entry(color(0.1), color(0.2));
@@ -47,7 +47,7 @@ TEST(CodableColor, RefusesTheWholeDocumentForOneBadEntry) {
   }
 }
 
-TEST(CodableColor, RefusesADocumentThatIsNoDictionary) {
+TEST(CodableColorTest, RefusesADocumentThatIsNoDictionary) {
   EXPECT_FALSE(decodeSpaceColors(Value::Array{}));
   EXPECT_FALSE(decodeSpaceColors(Value()));
 }

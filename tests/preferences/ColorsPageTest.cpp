@@ -15,7 +15,7 @@ using platform::PopUpControl;
 using platform::Rect;
 using platform::Value;
 
-class ColorsPage : public PreferencesFixture {
+class ColorsPageTest : public PreferencesFixture {
  protected:
   static constexpr CodableColor red{0.9, 0.1, 0.1, 1.0};
   static constexpr CodableColor blue{0.1, 0.1, 0.9, 0.5};
@@ -40,7 +40,7 @@ class ColorsPage : public PreferencesFixture {
   }
 };
 
-TEST_F(ColorsPage, IsLaidOut) {
+TEST_F(ColorsPageTest, IsLaidOut) {
   openPreferences();
   std::vector<Rect> frames;
   for (const platform::PlacedControl& placed : page(1).controls) {
@@ -59,7 +59,7 @@ TEST_F(ColorsPage, IsLaidOut) {
                                        {{192.0, 159.25}, {44.0, 24.0}}}));
 }
 
-TEST_F(ColorsPage, HasItsTexts) {
+TEST_F(ColorsPageTest, HasItsTexts) {
   openPreferences();
   EXPECT_EQ(labelAt(0), "Color Mode:");
   EXPECT_EQ(labelAt(2), "Palette:");
@@ -73,14 +73,14 @@ TEST_F(ColorsPage, HasItsTexts) {
             (std::vector<std::string>{"B&W", "Vivid", "Pastel", "Earth", "Neon"}));
 }
 
-TEST_F(ColorsPage, NamesDesktopsAsTheUserDid) {
+TEST_F(ColorsPageTest, NamesDesktopsAsTheUserDid) {
   readSpaces();
   SpaceManager::shared().setName("Mail: home", SpaceManager::shared().spaces()[1]);
   openPreferences();
   EXPECT_EQ(labelAt(7), "    Mail: home");
 }
 
-TEST_F(ColorsPage, OpensOnTheModeThatIsStored) {
+TEST_F(ColorsPageTest, OpensOnTheModeThatIsStored) {
   struct Case {
     Value stored;
     int index;
@@ -93,7 +93,7 @@ TEST_F(ColorsPage, OpensOnTheModeThatIsStored) {
   }
 }
 
-TEST_F(ColorsPage, OpensOnPastelWhateverWasApplied) {
+TEST_F(ColorsPageTest, OpensOnPastelWhateverWasApplied) {
   openPreferences();
   EXPECT_EQ(control<PopUpControl>("Palette").selectedIndex, 2);
   user.chooses("Palette", "Neon");
@@ -101,7 +101,7 @@ TEST_F(ColorsPage, OpensOnPastelWhateverWasApplied) {
   EXPECT_EQ(control<PopUpControl>("Palette").selectedIndex, 2);
 }
 
-TEST_F(ColorsPage, StoresTheMode) {
+TEST_F(ColorsPageTest, StoresTheMode) {
   openPreferences();
   user.chooses("Color Mode", "Text Color");
   EXPECT_EQ(stored("ColorMode"), Value("colorForeground"));
@@ -111,7 +111,7 @@ TEST_F(ColorsPage, StoresTheMode) {
   EXPECT_EQ(takeNotifications(), 1);
 }
 
-TEST_F(ColorsPage, IgnoresIndicesThatNoItemHas) {
+TEST_F(ColorsPageTest, IgnoresIndicesThatNoItemHas) {
   openPreferences();
   const Value::Dictionary before = desktop.storedDefaults();
   for (const int index : {-1, 2, 1000}) {
@@ -124,7 +124,7 @@ TEST_F(ColorsPage, IgnoresIndicesThatNoItemHas) {
   EXPECT_EQ(takeNotifications(), 0);
 }
 
-TEST_F(ColorsPage, AppliesAPaletteToAllDesktops) {
+TEST_F(ColorsPageTest, AppliesAPaletteToAllDesktops) {
   openPreferences();
   user.chooses("Palette", "Vivid");
   EXPECT_EQ(takeNotifications(), 1);
@@ -132,20 +132,20 @@ TEST_F(ColorsPage, AppliesAPaletteToAllDesktops) {
   EXPECT_EQ(store().colorConfig(uuid(1)), (SpaceColorConfig{pastel1, {0.13, 0.59, 0.95, 1.0}}));
 }
 
-TEST_F(ColorsPage, AppliesPastelAlthoughItIsShownAlready) {
+TEST_F(ColorsPageTest, AppliesPastelAlthoughItIsShownAlready) {
   openPreferences();
   user.chooses("Palette", "Pastel");
   EXPECT_EQ(takeNotifications(), 1);
   EXPECT_EQ(store().spaceColors().size(), 3U);
 }
 
-TEST_F(ColorsPage, LeavesTheWellsWhenAPaletteIsApplied) {
+TEST_F(ColorsPageTest, LeavesTheWellsWhenAPaletteIsApplied) {
   openPreferences();
   user.chooses("Palette", "Vivid");
   EXPECT_EQ(wells().at(0).color, pastel0.color());
 }
 
-TEST_F(ColorsPage, HasAWellForEachOfTheFirstSixteenDesktops) {
+TEST_F(ColorsPageTest, HasAWellForEachOfTheFirstSixteenDesktops) {
   for (int more = 0; more < 10; ++more) {
     desktop.addDesktop();
   }
@@ -159,14 +159,14 @@ TEST_F(ColorsPage, HasAWellForEachOfTheFirstSixteenDesktops) {
   EXPECT_EQ(page(1).controls.back().accessibilityLabel, "Desktop 3");
 }
 
-TEST_F(ColorsPage, HasNoWellsWithoutDesktops) {
+TEST_F(ColorsPageTest, HasNoWellsWithoutDesktops) {
   desktop.overrideManagedDisplaySpaces(Value());
   openPreferences();
   EXPECT_TRUE(wells().empty());
   EXPECT_EQ(page(1).controls.size(), 5U);
 }
 
-TEST_F(ColorsPage, ShowsTheDefaultColourInEitherMode) {
+TEST_F(ColorsPageTest, ShowsTheDefaultColourInEitherMode) {
   for (const char* mode : {"colorForeground", "colorBackground"}) {
     desktop.storedDefaults()["ColorMode"] = mode;
     relaunchPreferences();
@@ -175,7 +175,7 @@ TEST_F(ColorsPage, ShowsTheDefaultColourInEitherMode) {
   }
 }
 
-TEST_F(ColorsPage, ShowsTheStoredColourOfTheMode) {
+TEST_F(ColorsPageTest, ShowsTheStoredColourOfTheMode) {
   readSpaces();
   store().setSpaceColors({{uuid(1), {red, blue}}});
   openPreferences();
@@ -186,14 +186,14 @@ TEST_F(ColorsPage, ShowsTheStoredColourOfTheMode) {
   EXPECT_EQ(wells().at(1).color, red.color());
 }
 
-TEST_F(ColorsPage, StoresAnEditedBackground) {
+TEST_F(ColorsPageTest, StoresAnEditedBackground) {
   openPreferences();
   user.picksColor("Desktop 2", red.color());
   EXPECT_EQ(store().spaceColors(), (SpaceColors{{uuid(1), {pastel1, red}}}));
   EXPECT_EQ(takeNotifications(), 1);
 }
 
-TEST_F(ColorsPage, StoresAnEditedForegroundAndKeepsTheRest) {
+TEST_F(ColorsPageTest, StoresAnEditedForegroundAndKeepsTheRest) {
   readSpaces();
   const SpaceColors before{{uuid(0), {blue, red}}, {uuid(1), {blue, blue}}, {"gone", {red, red}}};
   store().setSpaceColors(before);
@@ -206,7 +206,7 @@ TEST_F(ColorsPage, StoresAnEditedForegroundAndKeepsTheRest) {
   EXPECT_EQ(takeNotifications(), 1);
 }
 
-TEST_F(ColorsPage, EditsWhatTheModeOfTheMomentSays) {
+TEST_F(ColorsPageTest, EditsWhatTheModeOfTheMomentSays) {
   openPreferences();
   user.picksColor("Desktop 1", red.color());
   user.chooses("Color Mode", "Text Color");
@@ -214,13 +214,13 @@ TEST_F(ColorsPage, EditsWhatTheModeOfTheMomentSays) {
   EXPECT_EQ(store().colorConfig(uuid(0)), (SpaceColorConfig{blue, red}));
 }
 
-TEST_F(ColorsPage, TakesAColourWithoutAnSrgbFormAsItIs) {
+TEST_F(ColorsPageTest, TakesAColourWithoutAnSrgbFormAsItIs) {
   openPreferences();
   user.picksColor("Desktop 1", {0.25, 0.5, 0.75, 0.125, ColorSpace::Unconvertible});
   EXPECT_EQ(store().colorConfig(uuid(0)).background, (CodableColor{0.25, 0.5, 0.75, 0.125}));
 }
 
-TEST_F(ColorsPage, IgnoresTheWellOfADesktopThatHasGone) {
+TEST_F(ColorsPageTest, IgnoresTheWellOfADesktopThatHasGone) {
   openPreferences();
   desktop.removeDesktop(desktop.desktopAt(1));
   readSpaces();
@@ -231,7 +231,7 @@ TEST_F(ColorsPage, IgnoresTheWellOfADesktopThatHasGone) {
   EXPECT_EQ(takeNotifications(), 0);
 }
 
-TEST_F(ColorsPage, FindsTheDesktopOfAWellAmongSpacesOfAnyType) {
+TEST_F(ColorsPageTest, FindsTheDesktopOfAWellAmongSpacesOfAnyType) {
   openPreferences();
   std::vector<SpaceInfo> spaces = SpaceManager::shared().spaces();
   spaces[1].type = 4;
@@ -240,7 +240,7 @@ TEST_F(ColorsPage, FindsTheDesktopOfAWellAmongSpacesOfAnyType) {
   EXPECT_EQ(store().spaceColors().at(spaces[1].uuid), (SpaceColorConfig{pastel0, red}));
 }
 
-TEST_F(ColorsPage, StaysAsItWasMade) {
+TEST_F(ColorsPageTest, StaysAsItWasMade) {
   openPreferences();
   desktop.addDesktop();
   readSpaces();
@@ -249,7 +249,7 @@ TEST_F(ColorsPage, StaysAsItWasMade) {
   EXPECT_EQ(labelAt(5), "    Desktop 1");
 }
 
-TEST_F(ColorsPage, TakesTheGreatestIdentifierATagHolds) {
+TEST_F(ColorsPageTest, TakesTheGreatestIdentifierATagHolds) {
   constexpr std::uint64_t greatest = 0x7FFF'FFFF'FFFF'FFFF;
   SpaceManager::shared().update({{greatest, "A", "Display 1", 0}}, greatest);
   PreferencesWindowController::shared().showWindow();
@@ -258,7 +258,7 @@ TEST_F(ColorsPage, TakesTheGreatestIdentifierATagHolds) {
   EXPECT_EQ(store().colorConfig("A").background, red);
 }
 
-TEST_F(ColorsPage, StopsTheProgramForAnIdentifierThatNoTagHolds) {
+TEST_F(ColorsPageTest, StopsTheProgramForAnIdentifierThatNoTagHolds) {
   constexpr std::uint64_t tooGreat = 0x8000'0000'0000'0000;
   SpaceManager::shared().update({{tooGreat, "A", "Display 1", 0}}, tooGreat);
   EXPECT_DEATH(PreferencesWindowController::shared(), "a space identifier does not fit a control's tag");

@@ -16,7 +16,7 @@ const std::string logTool = "/usr/bin/log";
 const std::string command = "log show --predicate 'process == \"Roomlattice\"' --last 10m --style compact";
 const std::string nothingLogged = "(no log output \u2014 make sure you reproduced the issue recently)";
 
-class DiagnosticLog : public SimulatedFixture {
+class DiagnosticLogTest : public SimulatedFixture {
  protected:
   std::string gather() { return gatherDiagnosticLog(platform().system(), diagnosticLogQuery(platform().system())); }
 
@@ -26,13 +26,13 @@ class DiagnosticLog : public SimulatedFixture {
   }
 };
 
-TEST_F(DiagnosticLog, OffersTheCommandAsAUserWouldTypeIt) {
+TEST_F(DiagnosticLogTest, OffersTheCommandAsAUserWouldTypeIt) {
   const platform::LogQuery query = diagnosticLogQuery(platform().system());
   EXPECT_EQ(query.command, command);
   EXPECT_EQ(query.command.size(), 74U);
 }
 
-TEST_F(DiagnosticLog, RunsTheLogToolWithSevenArguments) {
+TEST_F(DiagnosticLogTest, RunsTheLogToolWithSevenArguments) {
   gather();
   EXPECT_EQ(
       desktop.childProcesses().launches(),
@@ -40,7 +40,7 @@ TEST_F(DiagnosticLog, RunsTheLogToolWithSevenArguments) {
           {logTool, {"show", "--predicate", "process == \"Roomlattice\"", "--last", "10m", "--style", "compact"}}}));
 }
 
-TEST_F(DiagnosticLog, HoldsTheLinesOfTheProgramOfTheLastTenMinutes) {
+TEST_F(DiagnosticLogTest, HoldsTheLinesOfTheProgramOfTheLastTenMinutes) {
   platform().system().log("[Roomlattice] long ago");
   desktop.advance(10min + 1ms);
   platform().system().log("[Roomlattice] just now");
@@ -51,7 +51,7 @@ TEST_F(DiagnosticLog, HoldsTheLinesOfTheProgramOfTheLastTenMinutes) {
   EXPECT_EQ(text.find("something else"), std::string::npos);
 }
 
-TEST_F(DiagnosticLog, IsWhatTheToolPrintsUnchanged) {
+TEST_F(DiagnosticLogTest, IsWhatTheToolPrintsUnchanged) {
   for (const std::string& output :
        {std::string("one\ntwo\n"), std::string("one"), std::string("\n"), std::string("  \r\n"),
         std::string("\u65e5\u672c \U0001F600\n"), std::string("a\0b\n", 4), std::string("\uFEFFone\n")}) {
@@ -59,32 +59,32 @@ TEST_F(DiagnosticLog, IsWhatTheToolPrintsUnchanged) {
   }
 }
 
-TEST_F(DiagnosticLog, StandsInForNothing) {
+TEST_F(DiagnosticLogTest, StandsInForNothing) {
   EXPECT_EQ(gatherWhenToolPrints(""), nothingLogged);
   EXPECT_EQ(nothingLogged.size(), 63U);
 }
 
-TEST_F(DiagnosticLog, StandsInForBytesThatAreNotUtf8) {
+TEST_F(DiagnosticLogTest, StandsInForBytesThatAreNotUtf8) {
   for (const std::string bytes : {"line\n\xFF\n", "\xC3", "\xC0\x80", "\xED\xA0\x80", "\xF4\x90\x80\x80"}) {
     EXPECT_EQ(gatherWhenToolPrints(bytes), nothingLogged);
   }
 }
 
-TEST_F(DiagnosticLog, SaysWhyTheToolCouldNotBeRunAndWhatToTypeInstead) {
+TEST_F(DiagnosticLogTest, SaysWhyTheToolCouldNotBeRunAndWhatToTypeInstead) {
   desktop.childProcesses().install(logTool, {.run = [](const auto&) -> platform::simulated::Executable::Outcome {
                                      return LaunchError{"Permission denied."};
                                    }});
   EXPECT_EQ(gather(), "Failed to run log command: Permission denied.\n\nRun this in Terminal instead:\n" + command);
 }
 
-TEST_F(DiagnosticLog, DoesNotStopTheProgramWithoutATool) {
+TEST_F(DiagnosticLogTest, DoesNotStopTheProgramWithoutATool) {
   desktop.childProcesses().remove(logTool);
   const std::string text = gather();
   EXPECT_TRUE(text.starts_with("Failed to run log command: "));
   EXPECT_TRUE(text.ends_with("\n\nRun this in Terminal instead:\n" + command));
 }
 
-TEST(LogLines, AreCountedUnlessTheyAreEmpty) {
+TEST(DiagnosticLogLinesTest, AreCountedUnlessTheyAreEmpty) {
   struct Case {
     const char* text;
     std::size_t count;

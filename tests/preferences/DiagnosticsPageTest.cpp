@@ -23,7 +23,7 @@ const std::string copyCommand = "Copy Command";
 const std::string gathering = "Gathering log\u2026";
 const std::string commandCopied = "Command copied to clipboard.";
 
-class DiagnosticsPage : public PreferencesFixture {
+class DiagnosticsPageTest : public PreferencesFixture {
  protected:
   template <class Control>
   const Control& at(std::size_t index) {
@@ -42,7 +42,7 @@ class DiagnosticsPage : public PreferencesFixture {
   void settle() { desktop.advance(0ms); }
 };
 
-TEST_F(DiagnosticsPage, IsLaidOut) {
+TEST_F(DiagnosticsPageTest, IsLaidOut) {
   openPreferences();
   std::vector<Rect> frames;
   for (const platform::PlacedControl& placed : page(3).controls) {
@@ -57,7 +57,7 @@ TEST_F(DiagnosticsPage, IsLaidOut) {
                                        {{20.0, 133.75}, {110.0, 24.25}}}));
 }
 
-TEST_F(DiagnosticsPage, HasItsTextsAndFonts) {
+TEST_F(DiagnosticsPageTest, HasItsTextsAndFonts) {
   openPreferences();
   EXPECT_EQ(at<LabelControl>(0).text, "Reporting a problem");
   EXPECT_EQ(at<LabelControl>(0).font, (platform::Font{.size = 13.0, .weight = FontWeight::Semibold}));
@@ -75,7 +75,7 @@ TEST_F(DiagnosticsPage, HasItsTextsAndFonts) {
   EXPECT_EQ(at<PushButtonControl>(6).title, "Copy Command");
 }
 
-TEST_F(DiagnosticsPage, ShowsWhatIsSecondaryAsSecondary) {
+TEST_F(DiagnosticsPageTest, ShowsWhatIsSecondaryAsSecondary) {
   openPreferences();
   struct Case {
     std::size_t control;
@@ -87,7 +87,7 @@ TEST_F(DiagnosticsPage, ShowsWhatIsSecondaryAsSecondary) {
   }
 }
 
-TEST_F(DiagnosticsPage, CopiesTheLog) {
+TEST_F(DiagnosticsPageTest, CopiesTheLog) {
   toolPrints("one\ntwo\nthree\n");
   openPreferences();
   user.pushes(copyLog);
@@ -96,7 +96,7 @@ TEST_F(DiagnosticsPage, CopiesTheLog) {
   EXPECT_EQ(status(), "Copied 3 log lines to clipboard.");
 }
 
-TEST_F(DiagnosticsPage, CopiesTheProgramsOwnLines) {
+TEST_F(DiagnosticsPageTest, CopiesTheProgramsOwnLines) {
   openPreferences();
   platform().system().log("[Roomlattice] one line");
   user.pushes(copyLog);
@@ -105,7 +105,7 @@ TEST_F(DiagnosticsPage, CopiesTheProgramsOwnLines) {
   EXPECT_EQ(status(), "Copied 1 log line to clipboard.");
 }
 
-TEST_F(DiagnosticsPage, CountsWhatItCopied) {
+TEST_F(DiagnosticsPageTest, CountsWhatItCopied) {
   struct Case {
     const char* output;
     const char* status;
@@ -122,7 +122,7 @@ TEST_F(DiagnosticsPage, CountsWhatItCopied) {
   }
 }
 
-TEST_F(DiagnosticsPage, CopiesWhyThereIsNoLog) {
+TEST_F(DiagnosticsPageTest, CopiesWhyThereIsNoLog) {
   desktop.childProcesses().remove(logTool);
   openPreferences();
   user.pushes(copyLog);
@@ -133,7 +133,7 @@ TEST_F(DiagnosticsPage, CopiesWhyThereIsNoLog) {
   EXPECT_TRUE(canCopyLog());
 }
 
-TEST_F(DiagnosticsPage, CopiesTheCommand) {
+TEST_F(DiagnosticsPageTest, CopiesTheCommand) {
   openPreferences();
   user.pushes(copyCommand);
   EXPECT_EQ(desktop.pasteboard(), command);
@@ -142,7 +142,7 @@ TEST_F(DiagnosticsPage, CopiesTheCommand) {
   EXPECT_TRUE(desktop.childProcesses().launches().empty());
 }
 
-TEST_F(DiagnosticsPage, DisablesTheButtonFromTheClickToTheResult) {
+TEST_F(DiagnosticsPageTest, DisablesTheButtonFromTheClickToTheResult) {
   toolPrints("one\n", 3s);
   openPreferences();
   user.pushes(copyLog);
@@ -157,7 +157,7 @@ TEST_F(DiagnosticsPage, DisablesTheButtonFromTheClickToTheResult) {
   EXPECT_EQ(desktop.pasteboard(), "one\n");
 }
 
-TEST_F(DiagnosticsPage, GathersOnceAtATime) {
+TEST_F(DiagnosticsPageTest, GathersOnceAtATime) {
   toolPrints("one\n", 3s);
   openPreferences();
   user.pushes(copyLog);
@@ -171,7 +171,7 @@ TEST_F(DiagnosticsPage, GathersOnceAtATime) {
   EXPECT_EQ(desktop.childProcesses().launches().size(), 2U);
 }
 
-TEST_F(DiagnosticsPage, CopiesTheCommandWhileItGathersAndTheLogAfterwards) {
+TEST_F(DiagnosticsPageTest, CopiesTheCommandWhileItGathersAndTheLogAfterwards) {
   toolPrints("one\ntwo\n", 3s);
   openPreferences();
   user.pushes(copyLog);
@@ -185,7 +185,7 @@ TEST_F(DiagnosticsPage, CopiesTheCommandWhileItGathersAndTheLogAfterwards) {
   EXPECT_EQ(status(), "Copied 2 log lines to clipboard.");
 }
 
-TEST_F(DiagnosticsPage, LeavesTheMainQueueAloneWhileItGathers) {
+TEST_F(DiagnosticsPageTest, LeavesTheMainQueueAloneWhileItGathers) {
   toolPrints("one\n", 60s);
   openPreferences();
   user.pushes(copyLog);
@@ -196,7 +196,7 @@ TEST_F(DiagnosticsPage, LeavesTheMainQueueAloneWhileItGathers) {
   EXPECT_EQ(status(), gathering);
 }
 
-TEST_F(DiagnosticsPage, WaitsForAToolThatDoesNotEndUntilItIsKilled) {
+TEST_F(DiagnosticsPageTest, WaitsForAToolThatDoesNotEndUntilItIsKilled) {
   toolPrints("one\n", 1000h);
   openPreferences();
   user.pushes(copyLog);
@@ -208,7 +208,7 @@ TEST_F(DiagnosticsPage, WaitsForAToolThatDoesNotEndUntilItIsKilled) {
   EXPECT_EQ(desktop.pasteboard(), "one\n");
 }
 
-TEST_F(DiagnosticsPage, CopiesAHugeLog) {
+TEST_F(DiagnosticsPageTest, CopiesAHugeLog) {
   constexpr std::size_t lines = 1'000'000;
   constexpr std::size_t bytesPerLine = 100;
   std::string output;
@@ -224,7 +224,7 @@ TEST_F(DiagnosticsPage, CopiesAHugeLog) {
   EXPECT_EQ(status(), "Copied 1000000 log lines to clipboard.");
 }
 
-TEST_F(DiagnosticsPage, GathersWhileTheWindowIsClosed) {
+TEST_F(DiagnosticsPageTest, GathersWhileTheWindowIsClosed) {
   toolPrints("one\n", 3s);
   openPreferences();
   user.pushes(copyLog);
@@ -235,7 +235,7 @@ TEST_F(DiagnosticsPage, GathersWhileTheWindowIsClosed) {
   EXPECT_EQ(status(), "Copied 1 log line to clipboard.");
 }
 
-TEST_F(DiagnosticsPage, LeavesTheClipboardAloneWhenTheProgramHasQuit) {
+TEST_F(DiagnosticsPageTest, LeavesTheClipboardAloneWhenTheProgramHasQuit) {
   toolPrints("one\n", 3s);
   openPreferences();
   user.pushes(copyLog);

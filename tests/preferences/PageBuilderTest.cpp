@@ -13,7 +13,7 @@ using platform::LabelControl;
 using platform::PlacedControl;
 using platform::Rect;
 
-class PageBuilding : public SimulatedFixture {
+class PageBuilderTest : public SimulatedFixture {
  protected:
   platform::TabPage built(const PageBuilder& pageBuilder) { return pageBuilder.build("page", "Page"); }
 
@@ -32,7 +32,7 @@ std::vector<Rect> frames(const platform::TabPage& page) {
 // label 16.25 high, a slider 96 × 20, a check box its text and 20 × 18.25, a button its text and 32 × 24.25, a pop-up
 // its widest item and 40 × 24.25.
 
-TEST_F(PageBuilding, MakesAPageOfTheSharedSize) {
+TEST_F(PageBuilderTest, MakesAPageOfTheSharedSize) {
   const platform::TabPage page = built(builder);
   EXPECT_EQ(page.identifier, "page");
   EXPECT_EQ(page.label, "Page");
@@ -40,7 +40,7 @@ TEST_F(PageBuilding, MakesAPageOfTheSharedSize) {
   EXPECT_TRUE(page.controls.empty());
 }
 
-TEST_F(PageBuilding, HangsControlsBelowEachOtherFromTheTop) {
+TEST_F(PageBuilderTest, HangsControlsBelowEachOtherFromTheTop) {
   EXPECT_EQ(builder.add(LabelControl{.text = "Four"}), 0U);
   EXPECT_EQ(builder.add(platform::PushButtonControl{.title = "Button"}), 1U);
   EXPECT_EQ(builder.add(platform::CheckBoxControl{.title = "Box"}), 2U);
@@ -49,12 +49,12 @@ TEST_F(PageBuilding, HangsControlsBelowEachOtherFromTheTop) {
                 {{20.0, 359.75}, {26.0, 16.25}}, {{20.0, 325.5}, {71.0, 24.25}}, {{20.0, 297.25}, {39.5, 18.25}}}));
 }
 
-TEST_F(PageBuilding, GivesAControlAStatedWidth) {
+TEST_F(PageBuilderTest, GivesAControlAStatedWidth) {
   builder.add(LabelControl{.text = "Four"}, 440.0);
   EXPECT_EQ(frames(built(builder)), (std::vector<Rect>{{{20.0, 359.75}, {440.0, 16.25}}}));
 }
 
-TEST_F(PageBuilding, StartsTheControlsOfAllRowsAtOnePlace) {
+TEST_F(PageBuilderTest, StartsTheControlsOfAllRowsAtOnePlace) {
   builder.addRow("Short:", platform::ColorWellControl{});
   builder.addRow("A longer label:", platform::ColorWellControl{});
   EXPECT_EQ(frames(built(builder)), (std::vector<Rect>{{{20.0, 355.875}, {160.0, 16.25}},
@@ -63,7 +63,7 @@ TEST_F(PageBuilding, StartsTheControlsOfAllRowsAtOnePlace) {
                                                        {{192.0, 318.0}, {44.0, 24.0}}}));
 }
 
-TEST_F(PageBuilding, LabelsRowsInTheMediumFont) {
+TEST_F(PageBuilderTest, LabelsRowsInTheMediumFont) {
   builder.addRow("Short:", platform::SliderControl{});
   const auto label = std::get<LabelControl>(built(builder).controls.at(0).control);
   EXPECT_EQ(label.text, "Short:");
@@ -71,7 +71,7 @@ TEST_F(PageBuilding, LabelsRowsInTheMediumFont) {
   EXPECT_EQ(label.wrapWidth, std::nullopt);
 }
 
-TEST_F(PageBuilding, WidensSlidersOnRequest) {
+TEST_F(PageBuilderTest, WidensSlidersOnRequest) {
   builder.addRow("One:", platform::SliderControl{}, PageBuilder::RowWidth::Slider);
   builder.addRow("Two:", platform::SliderControl{});
   const platform::TabPage page = built(builder);
@@ -79,7 +79,7 @@ TEST_F(PageBuilding, WidensSlidersOnRequest) {
   EXPECT_EQ(page.controls.at(3).frame, (Rect{{192.0, 326.0}, {96.0, 20.0}}));
 }
 
-TEST_F(PageBuilding, MakesPopUpsAsWideAsTheyNeedButNotNarrow) {
+TEST_F(PageBuilderTest, MakesPopUpsAsWideAsTheyNeedButNotNarrow) {
   builder.addRow("One:", platform::PopUpControl{.items = {"Mail"}});
   builder.addRow("Two:", platform::PopUpControl{.items = {"x", std::string(40, 'x')}});
   const platform::TabPage page = built(builder);
@@ -87,12 +87,12 @@ TEST_F(PageBuilding, MakesPopUpsAsWideAsTheyNeedButNotNarrow) {
   EXPECT_EQ(page.controls.at(3).frame, (Rect{{192.0, 317.5}, {300.0, 24.25}}));
 }
 
-TEST_F(PageBuilding, CountsTheLabelsOfRowsAsControls) {
+TEST_F(PageBuilderTest, CountsTheLabelsOfRowsAsControls) {
   builder.addRow("One:", platform::SliderControl{});
   EXPECT_EQ(builder.add(LabelControl{.text = "Two"}), 2U);
 }
 
-TEST_F(PageBuilding, NamesTheControlOfARowAfterItsLabel) {
+TEST_F(PageBuilderTest, NamesTheControlOfARowAfterItsLabel) {
   builder.addRow("Palette:", platform::PopUpControl{});
   builder.addRow("    Desktop 1", platform::ColorWellControl{});
   builder.addRow("a:b", platform::SliderControl{});
@@ -102,7 +102,7 @@ TEST_F(PageBuilding, NamesTheControlOfARowAfterItsLabel) {
   EXPECT_EQ(page.controls.at(5).accessibilityLabel, "a:b");
 }
 
-TEST_F(PageBuilding, BreaksALabelThatIsLongerThanItsPlace) {
+TEST_F(PageBuilderTest, BreaksALabelThatIsLongerThanItsPlace) {
   builder.addRow("Label Opacity During Swipe:", platform::SliderControl{});
   const platform::TabPage page = built(builder);
   EXPECT_EQ(page.controls.at(0).frame, (Rect{{20.0, 343.5}, {160.0, 32.5}}));
@@ -110,7 +110,7 @@ TEST_F(PageBuilding, BreaksALabelThatIsLongerThanItsPlace) {
   EXPECT_EQ(page.controls.at(1).frame, (Rect{{192.0, 349.75}, {96.0, 20.0}}));
 }
 
-TEST_F(PageBuilding, GoesOnBelowThePageWhenItIsFull) {
+TEST_F(PageBuilderTest, GoesOnBelowThePageWhenItIsFull) {
   for (int row = 0; row < 16; ++row) {
     builder.addRow("Desktop", platform::ColorWellControl{});
   }

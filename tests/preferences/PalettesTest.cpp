@@ -34,7 +34,7 @@ constexpr std::array<std::array<Rgb, 5>, 16> expected{{
     {{{0.1, 0.1, 0.1}, {0.83, 0.18, 0.18}, {1.0, 0.82, 0.82}, {0.48, 0.45, 0.3}, {1.0, 0.25, 0.25}}},
 }};
 
-TEST(Palettes, StandInTheirOrder) {
+TEST(PalettesTest, StandInTheirOrder) {
   std::vector<std::string> names;
   for (const ColorPalette& palette : PreferencesStore::palettes()) {
     names.push_back(palette.name);
@@ -42,7 +42,7 @@ TEST(Palettes, StandInTheirOrder) {
   EXPECT_EQ(names, (std::vector<std::string>{"B&W", "Vivid", "Pastel", "Earth", "Neon"}));
 }
 
-TEST(Palettes, HoldEveryColourOpaque) {
+TEST(PalettesTest, HoldEveryColourOpaque) {
   ASSERT_EQ(PreferencesStore::palettes().size(), 5U);
   for (std::size_t column = 0; column < 5; ++column) {
     const ColorPalette& palette = PreferencesStore::palettes()[column];

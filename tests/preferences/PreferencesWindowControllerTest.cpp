@@ -17,7 +17,7 @@ using platform::Rect;
 using platform::SliderControl;
 using platform::Value;
 
-class PreferencesWindow : public PreferencesFixture {};
+class PreferencesWindowControllerTest : public PreferencesFixture {};
 
 /// The check boxes of the two form pages, with their settings.
 struct CheckBoxCase {
@@ -33,14 +33,14 @@ const std::vector<CheckBoxCase> checkBoxes{
     {"Instant switch (no swipe animation)", "InstantMenuSwitch", false},
 };
 
-TEST_F(PreferencesWindow, HasItsTitleAndSizes) {
+TEST_F(PreferencesWindowControllerTest, HasItsTitleAndSizes) {
   openPreferences();
   EXPECT_EQ(window().model().title, "Plinkhaven Preferences");
   EXPECT_EQ(window().model().contentSize, (platform::Size{520.0, 480.0}));
   EXPECT_EQ(window().model().tabFrame, (Rect{{12.0, 12.0}, {496.0, 456.0}}));
 }
 
-TEST_F(PreferencesWindow, HasFourPagesOfOneSize) {
+TEST_F(PreferencesWindowControllerTest, HasFourPagesOfOneSize) {
   openPreferences();
   std::vector<std::string> pages;
   for (const platform::TabPage& page : window().model().pages) {
@@ -51,7 +51,7 @@ TEST_F(PreferencesWindow, HasFourPagesOfOneSize) {
                                              "diagnostics: Diagnostics"}));
 }
 
-TEST_F(PreferencesWindow, IsMadeOnFirstUseAndShownOnRequest) {
+TEST_F(PreferencesWindowControllerTest, IsMadeOnFirstUseAndShownOnRequest) {
   EXPECT_EQ(desktop.tabbedWindow(), nullptr);
   PreferencesWindowController& controller = PreferencesWindowController::shared();
   ASSERT_NE(desktop.tabbedWindow(), nullptr);
@@ -60,7 +60,7 @@ TEST_F(PreferencesWindow, IsMadeOnFirstUseAndShownOnRequest) {
   EXPECT_TRUE(window().isVisible());
 }
 
-TEST_F(PreferencesWindow, KeepsItsControlsAsTheUserLeftThem) {
+TEST_F(PreferencesWindowControllerTest, KeepsItsControlsAsTheUserLeftThem) {
   openPreferences();
   user.slides("Label Text Size", 200.0);
   user.chooses("Menu Bar Width", "Fixed Width");
@@ -72,7 +72,7 @@ TEST_F(PreferencesWindow, KeepsItsControlsAsTheUserLeftThem) {
   EXPECT_EQ(control<PopUpControl>("Menu Bar Width").selectedIndex, 1);
 }
 
-TEST_F(PreferencesWindow, WritesNothingByBeingOpened) {
+TEST_F(PreferencesWindowControllerTest, WritesNothingByBeingOpened) {
   readSpaces();
   const Value::Dictionary before = desktop.storedDefaults();
   takeNotifications();
@@ -81,7 +81,7 @@ TEST_F(PreferencesWindow, WritesNothingByBeingOpened) {
   EXPECT_EQ(takeNotifications(), 0);
 }
 
-TEST_F(PreferencesWindow, LaysTheLabelPageOut) {
+TEST_F(PreferencesWindowControllerTest, LaysTheLabelPageOut) {
   openPreferences();
   std::vector<Rect> frames;
   for (const platform::PlacedControl& control : page(0).controls) {
@@ -95,7 +95,7 @@ TEST_F(PreferencesWindow, LaysTheLabelPageOut) {
                                        {{20.0, 227.0}, {241.0, 18.25}}}));
 }
 
-TEST_F(PreferencesWindow, LaysTheMenuBarPageOut) {
+TEST_F(PreferencesWindowControllerTest, LaysTheMenuBarPageOut) {
   openPreferences();
   std::vector<Rect> frames;
   for (const platform::PlacedControl& control : page(2).controls) {
@@ -107,14 +107,14 @@ TEST_F(PreferencesWindow, LaysTheMenuBarPageOut) {
                                        {{20.0, 275.25}, {247.5, 18.25}}}));
 }
 
-TEST_F(PreferencesWindow, LabelsItsRows) {
+TEST_F(PreferencesWindowControllerTest, LabelsItsRows) {
   openPreferences();
   EXPECT_EQ(std::get<LabelControl>(page(0).controls.at(0).control).text, "Label Text Size:");
   EXPECT_EQ(std::get<LabelControl>(page(0).controls.at(2).control).text, "Label Opacity During Swipe:");
   EXPECT_EQ(std::get<LabelControl>(page(2).controls.at(0).control).text, "Menu Bar Width:");
 }
 
-TEST_F(PreferencesWindow, OpensWithTheDefaults) {
+TEST_F(PreferencesWindowControllerTest, OpensWithTheDefaults) {
   openPreferences();
   EXPECT_EQ(control<SliderControl>("Label Text Size").value, 160.0);
   EXPECT_EQ(control<SliderControl>("Label Opacity During Swipe").value, 0.78);
@@ -124,7 +124,7 @@ TEST_F(PreferencesWindow, OpensWithTheDefaults) {
   }
 }
 
-TEST_F(PreferencesWindow, OpensWithWhatIsStored) {
+TEST_F(PreferencesWindowControllerTest, OpensWithWhatIsStored) {
   desktop.storedDefaults()["SignTextSize"] = 90;
   desktop.storedDefaults()["SignSwipeAlpha"] = 0.25;
   desktop.storedDefaults()["MenuBarWidthMode"] = "maxTitleLength";
@@ -140,7 +140,7 @@ TEST_F(PreferencesWindow, OpensWithWhatIsStored) {
   }
 }
 
-TEST_F(PreferencesWindow, OpensOnFitToTitleUnlessTheFixedWidthIsStored) {
+TEST_F(PreferencesWindowControllerTest, OpensOnFitToTitleUnlessTheFixedWidthIsStored) {
   for (const Value& other : {Value("fitToTitle"), Value("MaxTitleLength"), Value(""), Value(1)}) {
     desktop.storedDefaults()["MenuBarWidthMode"] = other;
     relaunchPreferences();
@@ -148,7 +148,7 @@ TEST_F(PreferencesWindow, OpensOnFitToTitleUnlessTheFixedWidthIsStored) {
   }
 }
 
-TEST_F(PreferencesWindow, BoundsItsSliders) {
+TEST_F(PreferencesWindowControllerTest, BoundsItsSliders) {
   openPreferences();
   EXPECT_EQ(control<SliderControl>("Label Text Size").minimum, 60.0);
   EXPECT_EQ(control<SliderControl>("Label Text Size").maximum, 300.0);
@@ -156,7 +156,7 @@ TEST_F(PreferencesWindow, BoundsItsSliders) {
   EXPECT_EQ(control<SliderControl>("Label Opacity During Swipe").maximum, 1.0);
 }
 
-TEST_F(PreferencesWindow, StoresEachMoveOfASlider) {
+TEST_F(PreferencesWindowControllerTest, StoresEachMoveOfASlider) {
   openPreferences();
   for (const double size : {60.0, 161.5, 300.0}) {
     user.slides("Label Text Size", size);
@@ -168,7 +168,7 @@ TEST_F(PreferencesWindow, StoresEachMoveOfASlider) {
   EXPECT_EQ(takeNotifications(), 1);
 }
 
-TEST_F(PreferencesWindow, StoresEachClickOnACheckBox) {
+TEST_F(PreferencesWindowControllerTest, StoresEachClickOnACheckBox) {
   openPreferences();
   for (const CheckBoxCase& box : checkBoxes) {
     for (const bool expected : {!box.initially, box.initially}) {
@@ -179,7 +179,7 @@ TEST_F(PreferencesWindow, StoresEachClickOnACheckBox) {
   }
 }
 
-TEST_F(PreferencesWindow, TakesAMixedCheckBoxForOff) {
+TEST_F(PreferencesWindowControllerTest, TakesAMixedCheckBoxForOff) {
   openPreferences();
   for (const CheckBoxCase& box : checkBoxes) {
     window().check(reference(box.title), CheckState::Mixed);
@@ -188,12 +188,12 @@ TEST_F(PreferencesWindow, TakesAMixedCheckBoxForOff) {
   }
 }
 
-TEST_F(PreferencesWindow, OffersTwoWidths) {
+TEST_F(PreferencesWindowControllerTest, OffersTwoWidths) {
   openPreferences();
   EXPECT_EQ(control<PopUpControl>("Menu Bar Width").items, (std::vector<std::string>{"Fit to Title", "Fixed Width"}));
 }
 
-TEST_F(PreferencesWindow, StoresTheWidth) {
+TEST_F(PreferencesWindowControllerTest, StoresTheWidth) {
   openPreferences();
   user.chooses("Menu Bar Width", "Fixed Width");
   EXPECT_EQ(stored("MenuBarWidthMode"), Value("maxTitleLength"));
@@ -203,7 +203,7 @@ TEST_F(PreferencesWindow, StoresTheWidth) {
   EXPECT_EQ(takeNotifications(), 1);
 }
 
-TEST_F(PreferencesWindow, TakesEveryIndexButTheFirstForTheFixedWidth) {
+TEST_F(PreferencesWindowControllerTest, TakesEveryIndexButTheFirstForTheFixedWidth) {
   openPreferences();
   for (const int index : {-1, 2, 1000}) {
     user.chooses("Menu Bar Width", "Fit to Title");
@@ -213,7 +213,7 @@ TEST_F(PreferencesWindow, TakesEveryIndexButTheFirstForTheFixedWidth) {
   }
 }
 
-TEST_F(PreferencesWindow, AnnouncesWhatIsChosenAgain) {
+TEST_F(PreferencesWindowControllerTest, AnnouncesWhatIsChosenAgain) {
   openPreferences();
   user.chooses("Menu Bar Width", "Fit to Title");
   user.slides("Label Text Size", 160.0);

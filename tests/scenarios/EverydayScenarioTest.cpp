@@ -14,7 +14,7 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::SizeIs;
 
-class EverydayScenario : public ScenarioFixture {
+class EverydayScenarioTest : public ScenarioFixture {
  protected:
   void names(std::size_t row, const std::string& name) {
     user.clicksStatusItem();
@@ -32,7 +32,7 @@ class EverydayScenario : public ScenarioFixture {
 
 // --- Moving about
 
-TEST_F(EverydayScenario, SwipesThroughAllDesktopsAndBack) {
+TEST_F(EverydayScenarioTest, SwipesThroughAllDesktopsAndBack) {
   startAndTour();
   std::size_t active = 0;
   for (const Direction direction : {Right, Right, Left, Left}) {
@@ -47,7 +47,7 @@ TEST_F(EverydayScenario, SwipesThroughAllDesktopsAndBack) {
   }
 }
 
-TEST_F(EverydayScenario, SwipesOnBeforeTheLabelHasFaded) {
+TEST_F(EverydayScenarioTest, SwipesOnBeforeTheLabelHasFaded) {
   startAndTour();
   swipesAndArrives(Right);
   desktop.advance(100ms);
@@ -58,7 +58,7 @@ TEST_F(EverydayScenario, SwipesOnBeforeTheLabelHasFaded) {
   EXPECT_THAT(alphas(), ElementsAre(0.78, 0.78, 0.0));
 }
 
-TEST_F(EverydayScenario, SwitchesFromTheMenu) {
+TEST_F(EverydayScenarioTest, SwitchesFromTheMenu) {
   startAndTour();
   choosesInMenu(2);
   desktop.advance(2s);
@@ -66,7 +66,7 @@ TEST_F(EverydayScenario, SwitchesFromTheMenu) {
   EXPECT_THAT(alphas(), ElementsAre(0.78, 0.78, 0.0));
 }
 
-TEST_F(EverydayScenario, SwitchesFromTheMenuInAnInstant) {
+TEST_F(EverydayScenarioTest, SwitchesFromTheMenuInAnInstant) {
   startAndTour();
   PreferencesStore::shared().setInstantMenuSwitch(true);
   choosesInMenu(2);
@@ -74,7 +74,7 @@ TEST_F(EverydayScenario, SwitchesFromTheMenuInAnInstant) {
   EXPECT_EQ(desktop.activeSpace(), desktop.desktopAt(2));
 }
 
-TEST_F(EverydayScenario, SwipesAgainstASwitchFromTheMenu) {
+TEST_F(EverydayScenarioTest, SwipesAgainstASwitchFromTheMenu) {
   startAndTour();
   choosesInMenu(2);
   desktop.advance(100ms);
@@ -84,7 +84,7 @@ TEST_F(EverydayScenario, SwipesAgainstASwitchFromTheMenu) {
   EXPECT_THAT(alphas(), ElementsAre(0.78, 0.78, 0.0));
 }
 
-TEST_F(EverydayScenario, PushesALabelAwayAndMeetsItAgain) {
+TEST_F(EverydayScenarioTest, PushesALabelAwayAndMeetsItAgain) {
   startAndTour();
   swipesAndArrives(Right);
   desktop.advance(50ms);
@@ -99,7 +99,7 @@ TEST_F(EverydayScenario, PushesALabelAwayAndMeetsItAgain) {
 
 // --- All at once
 
-TEST_F(EverydayScenario, LooksAtAllLabelsAndMovesThePointerAway) {
+TEST_F(EverydayScenarioTest, LooksAtAllLabelsAndMovesThePointerAway) {
   startAndTour();
   user.movesPointerTo(corner);
   desktop.advance(500ms);
@@ -109,7 +109,7 @@ TEST_F(EverydayScenario, LooksAtAllLabelsAndMovesThePointerAway) {
   EXPECT_THAT(alphas(), ElementsAre(0.0, 0.78, 0.78));
 }
 
-TEST_F(EverydayScenario, SwipesWhileAllLabelsAreShown) {
+TEST_F(EverydayScenarioTest, SwipesWhileAllLabelsAreShown) {
   startAndTour();
   user.movesPointerTo(corner);
   desktop.advance(2s);
@@ -123,7 +123,7 @@ TEST_F(EverydayScenario, SwipesWhileAllLabelsAreShown) {
   EXPECT_THAT(alphas(), ElementsAre(0.78, 0.0, 0.78));
 }
 
-TEST_F(EverydayScenario, GoesToTheCornerInTheMiddleOfASwipe) {
+TEST_F(EverydayScenarioTest, GoesToTheCornerInTheMiddleOfASwipe) {
   startAndTour();
   user.swipes(Right);
   desktop.advance(100ms);
@@ -134,7 +134,7 @@ TEST_F(EverydayScenario, GoesToTheCornerInTheMiddleOfASwipe) {
   EXPECT_THAT(alphas(), ElementsAre(0.78, 0.0, 0.78));
 }
 
-TEST_F(EverydayScenario, SleepsWhileAllLabelsAreShown) {
+TEST_F(EverydayScenarioTest, SleepsWhileAllLabelsAreShown) {
   startAndTour();
   user.movesPointerTo(corner);
   desktop.advance(10s);
@@ -144,7 +144,7 @@ TEST_F(EverydayScenario, SleepsWhileAllLabelsAreShown) {
   EXPECT_THAT(alphas(), ElementsAre(0.0, 0.78, 0.78));
 }
 
-TEST_F(EverydayScenario, ChangesScreensWhileAllLabelsAreShown) {
+TEST_F(EverydayScenarioTest, ChangesScreensWhileAllLabelsAreShown) {
   startAndTour();
   user.movesPointerTo(corner);
   desktop.advance(1s);
@@ -157,7 +157,7 @@ TEST_F(EverydayScenario, ChangesScreensWhileAllLabelsAreShown) {
   EXPECT_EQ(alpha(0), 0.0);
 }
 
-TEST_F(EverydayScenario, TurnsSwipeModeOffAndOn) {
+TEST_F(EverydayScenarioTest, TurnsSwipeModeOffAndOn) {
   startAndTour();
   swipesAndArrives(Right);
   PreferencesStore::shared().setShowSignInSwipeMode(false);
@@ -173,7 +173,7 @@ TEST_F(EverydayScenario, TurnsSwipeModeOffAndOn) {
 
 // --- Desktops come and go
 
-TEST_F(EverydayScenario, NamesADesktopWhileAllLabelsAreShown) {
+TEST_F(EverydayScenarioTest, NamesADesktopWhileAllLabelsAreShown) {
   startAndTour();
   user.movesPointerTo(corner);
   desktop.advance(1s);
@@ -183,7 +183,7 @@ TEST_F(EverydayScenario, NamesADesktopWhileAllLabelsAreShown) {
   EXPECT_EQ(alpha(2), 1.0);
 }
 
-TEST_F(EverydayScenario, SwipesToADesktopThatWasJustAdded) {
+TEST_F(EverydayScenarioTest, SwipesToADesktopThatWasJustAdded) {
   startAndTour();
   desktop.addDesktop({.position = 1});
   EXPECT_EQ(text(1), "no label");
@@ -198,7 +198,7 @@ TEST_F(EverydayScenario, SwipesToADesktopThatWasJustAdded) {
   EXPECT_EQ(alpha(1), 0.0);
 }
 
-TEST_F(EverydayScenario, RemovesTheDesktopWhoseLabelIsFading) {
+TEST_F(EverydayScenarioTest, RemovesTheDesktopWhoseLabelIsFading) {
   startAndTour();
   swipesAndArrives(Right);
   desktop.advance(100ms);
@@ -209,7 +209,7 @@ TEST_F(EverydayScenario, RemovesTheDesktopWhoseLabelIsFading) {
   EXPECT_THAT(alphas(), ElementsAre(0.0, 0.78));
 }
 
-TEST_F(EverydayScenario, EntersAndLeavesFullScreenWhileAllLabelsAreShown) {
+TEST_F(EverydayScenarioTest, EntersAndLeavesFullScreenWhileAllLabelsAreShown) {
   startAndTour();
   user.movesPointerTo(corner);
   desktop.advance(1s);
@@ -224,7 +224,7 @@ TEST_F(EverydayScenario, EntersAndLeavesFullScreenWhileAllLabelsAreShown) {
   EXPECT_THAT(alphas(), ElementsAre(0.0, 0.78, 0.78));
 }
 
-TEST_F(EverydayScenario, UnplugsTheDisplayInFrontWhileAllLabelsAreShown) {
+TEST_F(EverydayScenarioTest, UnplugsTheDisplayInFrontWhileAllLabelsAreShown) {
   desktop.addDisplay("Display 2", 2);
   startAndTour();
   desktop.switchTo(desktop.desktopAt(3));
@@ -239,7 +239,7 @@ TEST_F(EverydayScenario, UnplugsTheDisplayInFrontWhileAllLabelsAreShown) {
 
 // --- In the middle of the tour
 
-TEST_F(EverydayScenario, SwipesWhenTheTourIsAboutToStart) {
+TEST_F(EverydayScenarioTest, SwipesWhenTheTourIsAboutToStart) {
   startProgram();
   desktop.advance(1300ms);
   user.swipes(Right);
@@ -249,7 +249,7 @@ TEST_F(EverydayScenario, SwipesWhenTheTourIsAboutToStart) {
   EXPECT_THAT(labelsOf(desktop), SizeIs(3));
 }
 
-TEST_F(EverydayScenario, SwipesDuringTheTour) {
+TEST_F(EverydayScenarioTest, SwipesDuringTheTour) {
   startProgram();
   desktop.advance(1700ms);
   user.swipes(Right);
@@ -261,7 +261,7 @@ TEST_F(EverydayScenario, SwipesDuringTheTour) {
   EXPECT_EQ(toursEnded(), 1);
 }
 
-TEST_F(EverydayScenario, SleepsDuringTheTour) {
+TEST_F(EverydayScenarioTest, SleepsDuringTheTour) {
   startProgram();
   desktop.advance(2s);
   desktop.sleepFor(3h);
@@ -271,7 +271,7 @@ TEST_F(EverydayScenario, SleepsDuringTheTour) {
   EXPECT_EQ(desktop.activeSpace(), desktop.desktopAt(0));
 }
 
-TEST_F(EverydayScenario, AddsADesktopDuringTheTour) {
+TEST_F(EverydayScenarioTest, AddsADesktopDuringTheTour) {
   startProgram();
   desktop.advance(1600ms);
   desktop.addDesktop();
@@ -281,7 +281,7 @@ TEST_F(EverydayScenario, AddsADesktopDuringTheTour) {
   EXPECT_THAT(tourOverlaysOf(desktop), IsEmpty());
 }
 
-TEST_F(EverydayScenario, RemovesADesktopDuringTheTour) {
+TEST_F(EverydayScenarioTest, RemovesADesktopDuringTheTour) {
   startProgram();
   desktop.advance(1600ms);
   desktop.removeDesktop(desktop.desktopAt(2));
@@ -290,7 +290,7 @@ TEST_F(EverydayScenario, RemovesADesktopDuringTheTour) {
   EXPECT_THAT(labelsOf(desktop), SizeIs(2));
 }
 
-TEST_F(EverydayScenario, NamesDesktopsDuringTheTour) {
+TEST_F(EverydayScenarioTest, NamesDesktopsDuringTheTour) {
   startProgram();
   desktop.advance(1600ms);
   names(0, "Mail");
@@ -299,7 +299,7 @@ TEST_F(EverydayScenario, NamesDesktopsDuringTheTour) {
   EXPECT_EQ(toursEnded(), 1);
 }
 
-TEST_F(EverydayScenario, GoesToTheCornerDuringTheTour) {
+TEST_F(EverydayScenarioTest, GoesToTheCornerDuringTheTour) {
   startProgram();
   desktop.advance(1600ms);
   user.movesPointerTo(corner);
@@ -308,7 +308,7 @@ TEST_F(EverydayScenario, GoesToTheCornerDuringTheTour) {
   EXPECT_THAT(alphas(), ElementsAre(0.0, 0.78, 0.78));
 }
 
-TEST_F(EverydayScenario, SwitchesFromTheMenuDuringTheTour) {
+TEST_F(EverydayScenarioTest, SwitchesFromTheMenuDuringTheTour) {
   startProgram();
   desktop.advance(1600ms);
   choosesInMenu(2);
@@ -316,7 +316,7 @@ TEST_F(EverydayScenario, SwitchesFromTheMenuDuringTheTour) {
   EXPECT_EQ(toursEnded(), 1);
 }
 
-TEST_F(EverydayScenario, QuitsDuringTheTourAndStartsAgain) {
+TEST_F(EverydayScenarioTest, QuitsDuringTheTourAndStartsAgain) {
   startProgram();
   names(0, "Mail");
   desktop.advance(2s);

@@ -20,9 +20,9 @@ using ::testing::Range;
 
 /// So many desktops, dealt out to so many displays, with a full-screen space after every second one; started on one in
 /// the middle.
-class LaunchScenario : public ScenarioFixture, public ::testing::WithParamInterface<std::tuple<int, int>> {
+class LaunchScenarioTest : public ScenarioFixture, public ::testing::WithParamInterface<std::tuple<int, int>> {
  protected:
-  LaunchScenario() : ScenarioFixture(0) {
+  LaunchScenarioTest() : ScenarioFixture(0) {
     const auto [displays, desktops] = GetParam();
     for (int display = 1; display < displays; ++display) {
       desktop.addDisplay("Display " + std::to_string(display + 1), 0);
@@ -63,12 +63,12 @@ class LaunchScenario : public ScenarioFixture, public ::testing::WithParamInterf
   SpaceID start = 0;
 };
 
-INSTANTIATE_TEST_SUITE_P(Layouts, LaunchScenario, Combine(Range(1, 4), Range(1, 13)), [](const auto& layout) {
+INSTANTIATE_TEST_SUITE_P(Layouts, LaunchScenarioTest, Combine(Range(1, 4), Range(1, 13)), [](const auto& layout) {
   return "Displays" + std::to_string(std::get<0>(layout.param)) + "Desktops" +
          std::to_string(std::get<1>(layout.param));
 });
 
-TEST_P(LaunchScenario, LeavesALabelOnEveryDesktopAndReturns) {
+TEST_P(LaunchScenarioTest, LeavesALabelOnEveryDesktopAndReturns) {
   startAndTour();
   expectOneTourAtMost();
   expectALabelOnEveryDesktop();
@@ -76,7 +76,7 @@ TEST_P(LaunchScenario, LeavesALabelOnEveryDesktopAndReturns) {
   EXPECT_EQ(logLines().size(), toursAtAll() ? 2U : 0U);
 }
 
-TEST_P(LaunchScenario, ShowsTheOverlayOnEveryDesktopAndNoLabelWhileItTours) {
+TEST_P(LaunchScenarioTest, ShowsTheOverlayOnEveryDesktopAndNoLabelWhileItTours) {
   startProgram();
   desktop.advance(1500ms);
   while (toursStarted() > toursEnded()) {
@@ -91,7 +91,7 @@ TEST_P(LaunchScenario, ShowsTheOverlayOnEveryDesktopAndNoLabelWhileItTours) {
   EXPECT_THAT(tourOverlaysOf(desktop), IsEmpty());
 }
 
-TEST_P(LaunchScenario, ReturnsAlsoWhenEveryArrivalIsReportedThreeTimes) {
+TEST_P(LaunchScenarioTest, ReturnsAlsoWhenEveryArrivalIsReportedThreeTimes) {
   desktop.faults.extraActiveSpaceNotices = 2;
   startAndTour();
   expectOneTourAtMost();
@@ -100,7 +100,7 @@ TEST_P(LaunchScenario, ReturnsAlsoWhenEveryArrivalIsReportedThreeTimes) {
   EXPECT_EQ(logLines().size(), toursAtAll() ? 2U : 0U);
 }
 
-TEST_P(LaunchScenario, ReturnsAlsoWhenTheDesktopsAreSlow) {
+TEST_P(LaunchScenarioTest, ReturnsAlsoWhenTheDesktopsAreSlow) {
   desktop.faults.swipesDelayedBy = 400ms;
   startAndTour();
   expectOneTourAtMost();
@@ -109,7 +109,7 @@ TEST_P(LaunchScenario, ReturnsAlsoWhenTheDesktopsAreSlow) {
   EXPECT_EQ(logLines().size(), toursAtAll() ? 2U : 0U);
 }
 
-TEST_P(LaunchScenario, ReturnsAlsoWhenASwipeNowAndThenIsDropped) {
+TEST_P(LaunchScenarioTest, ReturnsAlsoWhenASwipeNowAndThenIsDropped) {
   for (const auto at : {1600ms, 5100ms, 9200ms}) {
     desktop.after(at, [this] { desktop.faults.swipesDropped = 1; });
   }
@@ -121,7 +121,7 @@ TEST_P(LaunchScenario, ReturnsAlsoWhenASwipeNowAndThenIsDropped) {
 }
 
 // A repeated swipe then moves one desktop too far: the way is lost, and yet every rule holds.
-TEST_P(LaunchScenario, EndsAlsoWhenEverySwipeArrivesAfterItsRepetition) {
+TEST_P(LaunchScenarioTest, EndsAlsoWhenEverySwipeArrivesAfterItsRepetition) {
   desktop.faults.swipesDelayedBy = 1s;
   startAndTour();
   desktop.advance(5s);
@@ -131,7 +131,7 @@ TEST_P(LaunchScenario, EndsAlsoWhenEverySwipeArrivesAfterItsRepetition) {
   }
 }
 
-TEST_P(LaunchScenario, GoesNowhereWithoutPermissionAndStops) {
+TEST_P(LaunchScenarioTest, GoesNowhereWithoutPermissionAndStops) {
   desktop.faults.accessibilityDenied = true;
   startProgram();
   desktop.advance(21500ms);
@@ -145,7 +145,7 @@ TEST_P(LaunchScenario, GoesNowhereWithoutPermissionAndStops) {
   EXPECT_EQ(cutOff, steps() >= 10);
 }
 
-TEST_P(LaunchScenario, SkipsTheRestOnceThePermissionIsTaken) {
+TEST_P(LaunchScenarioTest, SkipsTheRestOnceThePermissionIsTaken) {
   startProgram();
   desktop.advance(2s);
   desktop.faults.accessibilityDenied = true;

@@ -26,11 +26,11 @@ std::string report(std::uint64_t seed, const ScenarioFailure& failure, std::size
 }
 
 /// The environment's ROOMLATTICE_SEED takes the place of the seed, and ROOMLATTICE_STEPS that of the number of steps.
-class RandomScenario : public ::testing::TestWithParam<std::uint64_t> {};
+class RandomScenarioTest : public ::testing::TestWithParam<std::uint64_t> {};
 
-INSTANTIATE_TEST_SUITE_P(Seeds, RandomScenario, ::testing::Range<std::uint64_t>(1, 9));
+INSTANTIATE_TEST_SUITE_P(Seeds, RandomScenarioTest, ::testing::Range<std::uint64_t>(1, 9));
 
-TEST_P(RandomScenario, KeepsAllRules) {
+TEST_P(RandomScenarioTest, KeepsAllRules) {
   const std::uint64_t seed = environmentNumber("ROOMLATTICE_SEED").value_or(GetParam());
   const std::size_t steps = environmentNumber("ROOMLATTICE_STEPS").value_or(3000);
   const std::optional<ScenarioFailure> failure = runRandomScenario(seed, steps);

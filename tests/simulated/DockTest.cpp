@@ -15,7 +15,7 @@ using platform::SpaceID;
 using platform::simulated::SwipeMotion;
 using platform::simulated::SwipeRule;
 
-class Dock : public SimulatedFixture {
+class DockTest : public SimulatedFixture {
  protected:
   void completeSwipe(SwipeMotion motion) {
     user.movesFingers(DockSwipe::Began, {});
@@ -39,14 +39,14 @@ class Dock : public SimulatedFixture {
   }
 };
 
-TEST_F(Dock, MovesOneDesktopInTheDirectionOfTheSwipe) {
+TEST_F(DockTest, MovesOneDesktopInTheDirectionOfTheSwipe) {
   swipeAndWait(Right);
   EXPECT_EQ(desktop.activeSpace(), desktop.desktopAt(1));
   swipeAndWait(Left);
   EXPECT_EQ(desktop.activeSpace(), desktop.desktopAt(0));
 }
 
-TEST_F(Dock, StaysAtEitherEndOfTheList) {
+TEST_F(DockTest, StaysAtEitherEndOfTheList) {
   swipeAndWait(Left);
   EXPECT_EQ(desktop.activeSpace(), desktop.desktopAt(0));
   desktop.switchTo(desktop.desktopAt(2));
@@ -54,7 +54,7 @@ TEST_F(Dock, StaysAtEitherEndOfTheList) {
   EXPECT_EQ(desktop.activeSpace(), desktop.desktopAt(2));
 }
 
-TEST_F(Dock, ArrivesASettlingTimeAfterTheFingersLift) {
+TEST_F(DockTest, ArrivesASettlingTimeAfterTheFingersLift) {
   desktop.dock().setSettlingTime(400ms);
   user.movesFingers(DockSwipe::Began, {});
   desktop.advance(5s);
@@ -65,7 +65,7 @@ TEST_F(Dock, ArrivesASettlingTimeAfterTheFingersLift) {
   EXPECT_EQ(desktop.activeSpace(), desktop.desktopAt(1));
 }
 
-TEST_F(Dock, MovesOnlyForASwipeThatCameFarOrWasFast) {
+TEST_F(DockTest, MovesOnlyForASwipeThatCameFarOrWasFast) {
   struct Row {
     SwipeMotion motion;
     std::size_t target;  // the index of the desktop arrived on, from that at 1
@@ -84,7 +84,7 @@ TEST_F(Dock, MovesOnlyForASwipeThatCameFarOrWasFast) {
   }
 }
 
-TEST_F(Dock, ForgetsACancelledSwipe) {
+TEST_F(DockTest, ForgetsACancelledSwipe) {
   user.movesFingers(DockSwipe::Began, {});
   user.movesFingers(DockSwipe::Changed, {.progress = 0.9, .velocity = 2.0});
   user.movesFingers(DockSwipe::Cancelled, {.progress = 0.9, .velocity = 2.0});
@@ -93,7 +93,7 @@ TEST_F(Dock, ForgetsACancelledSwipe) {
   EXPECT_EQ(desktop.activeSpace(), desktop.desktopAt(0));
 }
 
-TEST_F(Dock, NeedsTheStartOfASwipeButNotItsFirstEvent) {
+TEST_F(DockTest, NeedsTheStartOfASwipeButNotItsFirstEvent) {
   user.movesFingers(DockSwipe::Ended, {.progress = 1.0, .velocity = 2.0});
   desktop.advance(1s);
   EXPECT_EQ(desktop.activeSpace(), desktop.desktopAt(0));
@@ -103,7 +103,7 @@ TEST_F(Dock, NeedsTheStartOfASwipeButNotItsFirstEvent) {
   EXPECT_EQ(desktop.activeSpace(), desktop.desktopAt(1));
 }
 
-TEST_F(Dock, RecognisesOnlyHorizontalSwipesBetweenDesktops) {
+TEST_F(DockTest, RecognisesOnlyHorizontalSwipesBetweenDesktops) {
   FieldEvent swipe;
   swipe.setInteger(EventField::Kind, 30);
   swipe.setInteger(EventField::GestureKind, 23);
@@ -121,7 +121,7 @@ TEST_F(Dock, RecognisesOnlyHorizontalSwipesBetweenDesktops) {
   EXPECT_EQ(desktop.activeSpace(), desktop.desktopAt(0));
 }
 
-TEST_F(Dock, CountsEachOfSeveralSwipesThatAreUnderWay) {
+TEST_F(DockTest, CountsEachOfSeveralSwipesThatAreUnderWay) {
   for (int swipe = 0; swipe < 2; ++swipe) {
     user.movesFingers(DockSwipe::Began, {});
     user.movesFingers(DockSwipe::Ended, {.progress = 1.0});
@@ -130,7 +130,7 @@ TEST_F(Dock, CountsEachOfSeveralSwipesThatAreUnderWay) {
   EXPECT_EQ(desktop.activeSpace(), desktop.desktopAt(2));
 }
 
-TEST_F(Dock, VisitsTheRegularDesktopsOfAllDisplays) {
+TEST_F(DockTest, VisitsTheRegularDesktopsOfAllDisplays) {
   desktop.addDesktop({.type = platform::simulated::spaceType::fullScreen, .position = 1});
   desktop.addDisplay("Display 2", 2);
   std::vector<SpaceID> desktops;
@@ -142,7 +142,7 @@ TEST_F(Dock, VisitsTheRegularDesktopsOfAllDisplays) {
   EXPECT_EQ(desktop.spaces().keyboardDisplay(), 1U);
 }
 
-TEST_F(Dock, LeavesAFullScreenSpaceForTheNearestDesktop) {
+TEST_F(DockTest, LeavesAFullScreenSpaceForTheNearestDesktop) {
   const SpaceID fullScreen = desktop.enterFullScreen();
   swipeAndWait(Right);
   EXPECT_EQ(desktop.activeSpace(), desktop.desktopAt(1));
@@ -151,7 +151,7 @@ TEST_F(Dock, LeavesAFullScreenSpaceForTheNearestDesktop) {
   EXPECT_EQ(desktop.activeSpace(), desktop.desktopAt(0));
 }
 
-TEST_F(Dock, VisitsAllSpacesOfOneDisplayUnderTheOtherRule) {
+TEST_F(DockTest, VisitsAllSpacesOfOneDisplayUnderTheOtherRule) {
   desktop.dock().setSwipeRule(SwipeRule::SpacesOfDisplay);
   const SpaceID fullScreen = desktop.addDesktop({.type = platform::simulated::spaceType::fullScreen, .position = 1});
   desktop.addDisplay("Display 2", 2);
@@ -159,7 +159,7 @@ TEST_F(Dock, VisitsAllSpacesOfOneDisplayUnderTheOtherRule) {
                                                     desktop.desktopAt(2), desktop.desktopAt(2)}));
 }
 
-TEST_F(Dock, MovesNowhereWithoutAnyDisplay) {
+TEST_F(DockTest, MovesNowhereWithoutAnyDisplay) {
   desktop.removeDisplay(0);
   for (const SwipeRule rule : {SwipeRule::RegularDesktops, SwipeRule::SpacesOfDisplay}) {
     desktop.dock().setSwipeRule(rule);
@@ -168,7 +168,7 @@ TEST_F(Dock, MovesNowhereWithoutAnyDisplay) {
   }
 }
 
-TEST_F(Dock, DropsAsManySwipesAsTheFaultSays) {
+TEST_F(DockTest, DropsAsManySwipesAsTheFaultSays) {
   desktop.faults.swipesDropped = 1;
   swipeAndWait(Right);
   EXPECT_EQ(desktop.activeSpace(), desktop.desktopAt(0));
@@ -176,7 +176,7 @@ TEST_F(Dock, DropsAsManySwipesAsTheFaultSays) {
   EXPECT_EQ(desktop.activeSpace(), desktop.desktopAt(1));
 }
 
-TEST_F(Dock, DropsEverySwipeWhileTheFaultLasts) {
+TEST_F(DockTest, DropsEverySwipeWhileTheFaultLasts) {
   desktop.faults.allSwipesDropped = true;
   EXPECT_EQ(visits(Right, 3), std::vector<SpaceID>(4, desktop.desktopAt(0)));
   desktop.faults.allSwipesDropped = false;
@@ -184,7 +184,7 @@ TEST_F(Dock, DropsEverySwipeWhileTheFaultLasts) {
   EXPECT_EQ(desktop.activeSpace(), desktop.desktopAt(1));
 }
 
-TEST_F(Dock, ArrivesLateWhereSwipesAreDelayed) {
+TEST_F(DockTest, ArrivesLateWhereSwipesAreDelayed) {
   desktop.faults.swipesDelayedBy = 2s;
   user.swipes(Right);
   desktop.advance(2289ms);

@@ -12,11 +12,11 @@ namespace {
 
 using platform::Point;
 
-class HostedView : public ::testing::Test,
-                   private platform::simulated::ViewSurroundings,
-                   private platform::simulated::FieldFocus {
+class HostedViewTest : public ::testing::Test,
+                       private platform::simulated::ViewSurroundings,
+                       private platform::simulated::FieldFocus {
  protected:
-  HostedView() { host_.emplace(view_, static_cast<ViewSurroundings&>(*this)); }
+  HostedViewTest() { host_.emplace(view_, static_cast<ViewSurroundings&>(*this)); }
 
   TestView view_;
   std::optional<platform::simulated::HostedView> host_;
@@ -30,13 +30,13 @@ class HostedView : public ::testing::Test,
   void cancelMenuTracking() override { trackingCancelled_ = true; }
 };
 
-TEST_F(HostedView, IsItsViewsHostAsLongAsItLives) {
+TEST_F(HostedViewTest, IsItsViewsHostAsLongAsItLives) {
   EXPECT_EQ(view_.host(), &*host_);
   host_.reset();
   EXPECT_EQ(view_.host(), nullptr);
 }
 
-TEST_F(HostedView, GivesClicksToWhatTheHitTestNames) {
+TEST_F(HostedViewTest, GivesClicksToWhatTheHitTestNames) {
   host_->click({50.0, 10.0});
   EXPECT_EQ(view_.clicks, (std::vector<Point>{{50.0, 10.0}}));
   host_->click({150.0, 10.0});
@@ -47,14 +47,14 @@ TEST_F(HostedView, GivesClicksToWhatTheHitTestNames) {
   EXPECT_EQ(view_.clicks.size(), 1U);
 }
 
-TEST_F(HostedView, PassesOnWhatTheViewTellsIt) {
+TEST_F(HostedViewTest, PassesOnWhatTheViewTellsIt) {
   view_.setFrame({{}, {10.0, 10.0}});
   EXPECT_EQ(contentWrites_, 1);
   view_.host()->cancelMenuTracking();
   EXPECT_TRUE(trackingCancelled_);
 }
 
-TEST_F(HostedView, EndsEditingWhenTheFieldIsHidden) {
+TEST_F(HostedViewTest, EndsEditingWhenTheFieldIsHidden) {
   host_->textField()->focusAndSelectAll();
   view_.hideField();
   EXPECT_FALSE(host_->textField()->isEditing());
@@ -74,7 +74,7 @@ class UnsteadyView : public platform::View {
   bool grown = false;
 };
 
-using HostedViewDeathTest = HostedView;
+using HostedViewDeathTest = HostedViewTest;
 
 TEST_F(HostedViewDeathTest, InsistsThatAViewKeepsItsElements) {
   struct Surroundings : platform::simulated::ViewSurroundings, platform::simulated::FieldFocus {

@@ -17,9 +17,9 @@ using platform::SeparatorItem;
 using platform::ViewItem;
 
 /// A status item whose menu has two rows (0 and 1), a separator, "Open…" with the key "o", and "Nothing".
-class MenuSession : public SimulatedFixture {
+class MenuSessionTest : public SimulatedFixture {
  protected:
-  MenuSession() : item_(platform().userInterface().createStatusItem(platform::FixedLength{100.0})) {
+  MenuSessionTest() : item_(platform().userInterface().createStatusItem(platform::FixedLength{100.0})) {
     menu_.needsUpdate = [this](Menu& menu) { fill(menu); };
     item_->setMenu(&menu_);
     user.clicksStatusItem();
@@ -49,7 +49,7 @@ class MenuSession : public SimulatedFixture {
   std::unique_ptr<platform::StatusItem> item_;
 };
 
-TEST_F(MenuSession, ShowsTheItemsFromTheTopInOrder) {
+TEST_F(MenuSessionTest, ShowsTheItemsFromTheTopInOrder) {
   const auto menu = desktop.menu();
   ASSERT_NE(menu, nullptr);
   EXPECT_EQ(menu->items().size(), 5U);
@@ -61,13 +61,13 @@ TEST_F(MenuSession, ShowsTheItemsFromTheTopInOrder) {
   EXPECT_EQ(menu->rowFrame(4).minY(), menu->frame().minY());
 }
 
-TEST_F(MenuSession, FindsTheRowAtAPoint) {
+TEST_F(MenuSessionTest, FindsTheRowAtAPoint) {
   const auto menu = desktop.menu();
   EXPECT_EQ(menu->rowAt({menu->frame().midX(), menu->frame().maxY() - 31.0}), 1U);
   EXPECT_EQ(menu->rowAt({menu->frame().midX(), menu->frame().minY() - 1.0}), std::nullopt);
 }
 
-TEST_F(MenuSession, EntersAndLeavesRowsWithThePointer) {
+TEST_F(MenuSessionTest, EntersAndLeavesRowsWithThePointer) {
   user.entersRow(0);
   EXPECT_TRUE(rows_[0]->hovered);
   user.entersRow(1);
@@ -81,55 +81,55 @@ TEST_F(MenuSession, EntersAndLeavesRowsWithThePointer) {
   EXPECT_TRUE(isOpen());
 }
 
-TEST_F(MenuSession, EntersARowOnceWhileThePointerStaysInIt) {
+TEST_F(MenuSessionTest, EntersARowOnceWhileThePointerStaysInIt) {
   user.entersRow(0);
   rows_[0]->hovered = false;
   user.clicksRow(0, {10.0, 10.0});
   EXPECT_FALSE(rows_[0]->hovered);
 }
 
-TEST_F(MenuSession, HandsClicksToRowsInTheirOwnCoordinates) {
+TEST_F(MenuSessionTest, HandsClicksToRowsInTheirOwnCoordinates) {
   user.clicksRow(1, {20.0, 5.0});
   EXPECT_EQ(rows_[1]->clicks, (std::vector<platform::Point>{{20.0, 5.0}}));
   EXPECT_TRUE(rows_[0]->clicks.empty());
   EXPECT_TRUE(isOpen());
 }
 
-TEST_F(MenuSession, ClicksTheButtonOfARow) {
+TEST_F(MenuSessionTest, ClicksTheButtonOfARow) {
   user.clicksRowButton(1);
   EXPECT_EQ(rows_[1]->buttonClicks, 1);
 }
 
-TEST_F(MenuSession, ClosesWhenARowSaysSo) {
+TEST_F(MenuSessionTest, ClosesWhenARowSaysSo) {
   rows_[0]->onMouseUp = [this] { rows_[0]->host()->cancelMenuTracking(); };
   user.clicksRow(0, {20.0, 5.0});
   EXPECT_FALSE(isOpen());
   EXPECT_EQ(rows_[0]->host(), nullptr);
 }
 
-TEST_F(MenuSession, ClosesBeforeACommandActs) {
+TEST_F(MenuSessionTest, ClosesBeforeACommandActs) {
   user.clicksCommand("Open…");
   EXPECT_EQ(actions_, 1);
   EXPECT_FALSE(wasOpenAtAction_);
   EXPECT_FALSE(isOpen());
 }
 
-TEST_F(MenuSession, AllowsACommandWithoutAnAction) {
+TEST_F(MenuSessionTest, AllowsACommandWithoutAnAction) {
   user.clicksCommand("Nothing");
   EXPECT_FALSE(isOpen());
 }
 
-TEST_F(MenuSession, ClosesAtAClickBesideIt) {
+TEST_F(MenuSessionTest, ClosesAtAClickBesideIt) {
   user.clicks({10.0, 10.0});
   EXPECT_FALSE(isOpen());
 }
 
-TEST_F(MenuSession, StaysAtAClickOnASeparator) {
+TEST_F(MenuSessionTest, StaysAtAClickOnASeparator) {
   user.clicksRow(2);
   EXPECT_TRUE(isOpen());
 }
 
-TEST_F(MenuSession, ActsOnKeyEquivalentsWithTheCommandKeyOnly) {
+TEST_F(MenuSessionTest, ActsOnKeyEquivalentsWithTheCommandKeyOnly) {
   user.types("o");
   EXPECT_EQ(actions_, 0);
   user.pressesCommandKey("x");
@@ -139,12 +139,12 @@ TEST_F(MenuSession, ActsOnKeyEquivalentsWithTheCommandKeyOnly) {
   EXPECT_FALSE(isOpen());
 }
 
-TEST_F(MenuSession, ClosesAtEscape) {
+TEST_F(MenuSessionTest, ClosesAtEscape) {
   user.pressesKey(platform::keyCode::escape);
   EXPECT_FALSE(isOpen());
 }
 
-TEST_F(MenuSession, TypesIntoTheFieldThatIsEdited) {
+TEST_F(MenuSessionTest, TypesIntoTheFieldThatIsEdited) {
   rows_[1]->host()->textField()->focusAndSelectAll();
   EXPECT_EQ(desktop.menu()->focusedField(), desktop.menu()->textField(1));
   user.types("Größe");
@@ -154,7 +154,7 @@ TEST_F(MenuSession, TypesIntoTheFieldThatIsEdited) {
   EXPECT_TRUE(isOpen()) << "Escape went to the field";
 }
 
-TEST_F(MenuSession, LetsAMonitorTakeKeysBeforeTheField) {
+TEST_F(MenuSessionTest, LetsAMonitorTakeKeysBeforeTheField) {
   rows_[0]->host()->textField()->focusAndSelectAll();
   const auto monitor = platform().events().monitorLocalKeyDown(
       [](const platform::KeyEvent&) { return platform::KeyDisposition::Swallow; });
@@ -162,14 +162,14 @@ TEST_F(MenuSession, LetsAMonitorTakeKeysBeforeTheField) {
   EXPECT_EQ(desktop.menu()->textField(0)->text(), "");
 }
 
-TEST_F(MenuSession, EditsOneFieldAtATime) {
+TEST_F(MenuSessionTest, EditsOneFieldAtATime) {
   rows_[0]->host()->textField()->focusAndSelectAll();
   user.clicksRow(1, {250.0, 10.0});
   EXPECT_FALSE(desktop.menu()->textField(0)->isEditing());
   EXPECT_EQ(desktop.menu()->focusedField(), desktop.menu()->textField(1));
 }
 
-TEST_F(MenuSession, HasAViewAndAFieldInViewRowsOnly) {
+TEST_F(MenuSessionTest, HasAViewAndAFieldInViewRowsOnly) {
   const auto menu = desktop.menu();
   EXPECT_EQ(menu->view(0), rows_[0]);
   EXPECT_NE(menu->textField(0), nullptr);

@@ -7,18 +7,18 @@ namespace {
 
 using platform::Value;
 
-class SimulatedDefaults : public SimulatedFixture {
+class SimulatedDefaultsTest : public SimulatedFixture {
  protected:
   platform::Defaults& defaults() { return platform().defaults(); }
 };
 
-TEST_F(SimulatedDefaults, TellAnAbsentKeyFromAnyValue) {
+TEST_F(SimulatedDefaultsTest, TellAnAbsentKeyFromAnyValue) {
   EXPECT_EQ(defaults().object("Shown"), std::nullopt);
   defaults().set("Shown", false);
   EXPECT_EQ(defaults().object("Shown"), Value(false));
 }
 
-TEST_F(SimulatedDefaults, KeepTheTypesOfValues) {
+TEST_F(SimulatedDefaultsTest, KeepTheTypesOfValues) {
   defaults().set("Integer", 1);
   defaults().set("Double", 1.0);
   defaults().set("Data", Value::Data{std::byte{1}});
@@ -27,26 +27,26 @@ TEST_F(SimulatedDefaults, KeepTheTypesOfValues) {
   EXPECT_EQ(defaults().object("Data"), Value(Value::Data{std::byte{1}}));
 }
 
-TEST_F(SimulatedDefaults, RemoveAKeyWithANull) {
+TEST_F(SimulatedDefaultsTest, RemoveAKeyWithANull) {
   defaults().set("Size", 1);
   defaults().set("Size", {});
   EXPECT_EQ(defaults().object("Size"), std::nullopt);
   EXPECT_FALSE(desktop.storedDefaults().contains("Size"));
 }
 
-TEST_F(SimulatedDefaults, SurviveARelaunch) {
+TEST_F(SimulatedDefaultsTest, SurviveARelaunch) {
   defaults().set("Size", 160.0);
   relaunch();
   EXPECT_EQ(defaults().object("Size"), Value(160.0));
 }
 
-TEST_F(SimulatedDefaults, SeeWhatOthersStore) {
+TEST_F(SimulatedDefaultsTest, SeeWhatOthersStore) {
   defaults().set("Size", 160.0);
   desktop.storedDefaults()["Size"] = "large";
   EXPECT_EQ(defaults().object("Size"), Value("large"));
 }
 
-TEST_F(SimulatedDefaults, ReadBackWhatCouldNotBeStoredAndSaySoInTheLog) {
+TEST_F(SimulatedDefaultsTest, ReadBackWhatCouldNotBeStoredAndSaySoInTheLog) {
   defaults().set("Size", 1);
   desktop.faults.defaultsUnwritable = true;
   defaults().set("Size", 2);
@@ -59,7 +59,7 @@ TEST_F(SimulatedDefaults, ReadBackWhatCouldNotBeStoredAndSaySoInTheLog) {
   EXPECT_EQ(defaults().object("Name"), std::nullopt);
 }
 
-TEST_F(SimulatedDefaults, StoreWhatIsOutstandingWithTheNextWriteThatCanBe) {
+TEST_F(SimulatedDefaultsTest, StoreWhatIsOutstandingWithTheNextWriteThatCanBe) {
   defaults().set("Old", 1);
   desktop.faults.defaultsUnwritable = true;
   defaults().set("Size", 2);

@@ -13,9 +13,9 @@ using platform::Duration;
 using platform::SpaceID;
 
 /// Counts what the workspace reports to the program.
-class SimulatedDesktop : public SimulatedFixture {
+class SimulatedDesktopTest : public SimulatedFixture {
  protected:
-  SimulatedDesktop()
+  SimulatedDesktopTest()
       : observer_(platform().notifications().workspaceCenter().observe(
             platform::notification::activeSpaceDidChange,
             [this] { activeAtReports_.push_back(desktop.activeSpace()); })) {}
@@ -26,13 +26,13 @@ class SimulatedDesktop : public SimulatedFixture {
   platform::Registration observer_;
 };
 
-TEST_F(SimulatedDesktop, StartsOnTheFirstOfThreeDesktops) {
+TEST_F(SimulatedDesktopTest, StartsOnTheFirstOfThreeDesktops) {
   ASSERT_EQ(desktop.spaces().regular().size(), 3U);
   EXPECT_EQ(desktop.activeSpace(), desktop.desktopAt(0));
   EXPECT_EQ(desktop.desktopAt(3), 0U);
 }
 
-TEST_F(SimulatedDesktop, GivesEverySpaceIdentifiersOfItsOwn) {
+TEST_F(SimulatedDesktopTest, GivesEverySpaceIdentifiersOfItsOwn) {
   desktop.removeDesktop(desktop.desktopAt(2));
   desktop.addDesktop();
   desktop.enterFullScreen();
@@ -47,12 +47,12 @@ TEST_F(SimulatedDesktop, GivesEverySpaceIdentifiersOfItsOwn) {
   EXPECT_EQ(uuids.size(), 6U);
 }
 
-TEST_F(SimulatedDesktop, ReportsASwitchOnceItIsMade) {
+TEST_F(SimulatedDesktopTest, ReportsASwitchOnceItIsMade) {
   desktop.switchTo(desktop.desktopAt(2));
   EXPECT_EQ(activeAtReports_, std::vector{desktop.desktopAt(2)});
 }
 
-TEST_F(SimulatedDesktop, ReportsNothingWhereNothingChanges) {
+TEST_F(SimulatedDesktopTest, ReportsNothingWhereNothingChanges) {
   desktop.switchTo(desktop.activeSpace());
   desktop.switchTo(9999);
   desktop.removeDesktop(9999);
@@ -60,7 +60,7 @@ TEST_F(SimulatedDesktop, ReportsNothingWhereNothingChanges) {
   EXPECT_EQ(reports(), 0U);
 }
 
-TEST_F(SimulatedDesktop, ReportsAnotherListOfDesktops) {
+TEST_F(SimulatedDesktopTest, ReportsAnotherListOfDesktops) {
   const SpaceID added = desktop.addDesktop({.uuid = "mine", .position = 1});
   EXPECT_EQ(reports(), 1U);
   EXPECT_EQ(desktop.desktopAt(1), added);
@@ -71,7 +71,7 @@ TEST_F(SimulatedDesktop, ReportsAnotherListOfDesktops) {
   EXPECT_EQ(reports(), 3U);
 }
 
-TEST_F(SimulatedDesktop, KeepsListChangesToItselfWhereTheyAreNotReported) {
+TEST_F(SimulatedDesktopTest, KeepsListChangesToItselfWhereTheyAreNotReported) {
   desktop.faults.listChangesNotReported = true;
   desktop.addDesktop();
   desktop.moveDesktop(desktop.desktopAt(2), 1);
@@ -80,7 +80,7 @@ TEST_F(SimulatedDesktop, KeepsListChangesToItselfWhereTheyAreNotReported) {
   EXPECT_EQ(reports(), 1U) << "another desktop is active";
 }
 
-TEST_F(SimulatedDesktop, GoesToANewSpaceBesideTheActiveOneForFullScreen) {
+TEST_F(SimulatedDesktopTest, GoesToANewSpaceBesideTheActiveOneForFullScreen) {
   const SpaceID fullScreen = desktop.enterFullScreen();
   EXPECT_EQ(desktop.activeSpace(), fullScreen);
   EXPECT_EQ(desktop.spaces().all()[1].id, fullScreen);
@@ -90,33 +90,33 @@ TEST_F(SimulatedDesktop, GoesToANewSpaceBesideTheActiveOneForFullScreen) {
   EXPECT_EQ(desktop.activeSpace(), desktop.desktopAt(0));
 }
 
-TEST_F(SimulatedDesktop, HasNothingToGoToWithoutAnyDisplay) {
+TEST_F(SimulatedDesktopTest, HasNothingToGoToWithoutAnyDisplay) {
   desktop.removeDisplay(0);
   EXPECT_EQ(desktop.enterFullScreen(), 0U);
   EXPECT_EQ(desktop.activeSpace(), 0U);
   EXPECT_EQ(platform().windowServer().managedDisplaySpaces(), platform::Value(platform::Value::Array{}));
 }
 
-TEST_F(SimulatedDesktop, ReportsOnceWhenTheKeyboardGoesToAnotherDisplay) {
+TEST_F(SimulatedDesktopTest, ReportsOnceWhenTheKeyboardGoesToAnotherDisplay) {
   const std::size_t display = desktop.addDisplay("Display 2", 2);
   activeAtReports_.clear();
   desktop.giveKeyboardTo(display);
   EXPECT_EQ(activeAtReports_, std::vector{desktop.desktopAt(3)});
 }
 
-TEST_F(SimulatedDesktop, ReportsWhateverTheScriptWants) {
+TEST_F(SimulatedDesktopTest, ReportsWhateverTheScriptWants) {
   desktop.reportActiveSpaceChange();
   EXPECT_EQ(reports(), 1U);
 }
 
-TEST_F(SimulatedDesktop, RunsActsOfTheScriptAtTheirTime) {
+TEST_F(SimulatedDesktopTest, RunsActsOfTheScriptAtTheirTime) {
   std::vector<Duration> times;
   desktop.after(2s, [&] { times.push_back(desktop.now()); });
   desktop.advance(3s);
   EXPECT_EQ(times, std::vector<Duration>{2s});
 }
 
-TEST_F(SimulatedDesktop, StopsTheProgramsTimersWhileAsleep) {
+TEST_F(SimulatedDesktopTest, StopsTheProgramsTimersWhileAsleep) {
   int ticks = 0;
   const auto timer = platform().dispatcher().repeat(1s, 1s, [&] { ++ticks; });
   desktop.advance(2500ms);
@@ -126,7 +126,7 @@ TEST_F(SimulatedDesktop, StopsTheProgramsTimersWhileAsleep) {
   EXPECT_EQ(ticks, 3);
 }
 
-TEST_F(SimulatedDesktop, WakesOnlyFromSleep) {
+TEST_F(SimulatedDesktopTest, WakesOnlyFromSleep) {
   int wakes = 0;
   const auto observer =
       platform().notifications().workspaceCenter().observe(platform::notification::didWake, [&] { ++wakes; });
@@ -137,7 +137,7 @@ TEST_F(SimulatedDesktop, WakesOnlyFromSleep) {
   EXPECT_EQ(wakes, 1);
 }
 
-TEST_F(SimulatedDesktop, KeepsItsStateFromOneProgramToTheNext) {
+TEST_F(SimulatedDesktopTest, KeepsItsStateFromOneProgramToTheNext) {
   desktop.switchTo(desktop.desktopAt(1));
   platform().system().log("hello");
   platform().system().setPasteboardString("text");

@@ -14,7 +14,7 @@ namespace {
 using platform::Window;
 using platform::WindowNumber;
 
-class SimulatedDesktopWindows : public SimulatedFixture {
+class SimulatedDesktopWindowsTest : public SimulatedFixture {
  protected:
   std::unique_ptr<Window> make() {
     auto window = platform().userInterface().createOverlayWindow({.alpha = 1.0});
@@ -29,7 +29,7 @@ class SimulatedDesktopWindows : public SimulatedFixture {
   }
 };
 
-TEST_F(SimulatedDesktopWindows, KnowsTheWindowsOfADesktopAndWhichCanBeSeen) {
+TEST_F(SimulatedDesktopWindowsTest, KnowsTheWindowsOfADesktopAndWhichCanBeSeen) {
   const auto shown = make();
   const auto transparent = make();
   transparent->setAlpha(0.0);
@@ -43,7 +43,7 @@ TEST_F(SimulatedDesktopWindows, KnowsTheWindowsOfADesktopAndWhichCanBeSeen) {
   EXPECT_EQ(numbers(desktop.windowsOn(desktop.desktopAt(1))), std::vector<WindowNumber>{elsewhere->number()});
 }
 
-TEST_F(SimulatedDesktopWindows, SeesAWindowOnceItsOpacityRises) {
+TEST_F(SimulatedDesktopWindowsTest, SeesAWindowOnceItsOpacityRises) {
   const auto window = make();
   window->setAlpha(0.0);
   window->animateAlpha(1.0, 1s);
@@ -52,7 +52,7 @@ TEST_F(SimulatedDesktopWindows, SeesAWindowOnceItsOpacityRises) {
   EXPECT_EQ(desktop.visibleWindowsOn(desktop.activeSpace()).size(), 1U);
 }
 
-TEST_F(SimulatedDesktopWindows, LeavesTheWindowsOfARemovedDesktopOnNone) {
+TEST_F(SimulatedDesktopWindowsTest, LeavesTheWindowsOfARemovedDesktopOnNone) {
   const auto window = make();
   const auto removed = desktop.desktopAt(0);
   desktop.removeDesktop(removed);
@@ -60,7 +60,7 @@ TEST_F(SimulatedDesktopWindows, LeavesTheWindowsOfARemovedDesktopOnNone) {
   EXPECT_TRUE(desktop.windows().find(window->number())->spaces().empty());
 }
 
-TEST_F(SimulatedDesktopWindows, LeavesTheWindowsOfARemovedDisplayOnNone) {
+TEST_F(SimulatedDesktopWindowsTest, LeavesTheWindowsOfARemovedDisplayOnNone) {
   const auto display = desktop.addDisplay("Display 2");
   desktop.giveKeyboardTo(display);
   const auto window = make();

@@ -14,7 +14,7 @@ using namespace std::chrono_literals;
 using platform::Duration;
 using platform::Registration;
 
-class SimulatedDispatcher : public ::testing::Test {
+class SimulatedDispatcherTest : public ::testing::Test {
  protected:
   platform::Dispatcher::Task noting(const std::string& what) {
     return [this, what] { notes_.push_back(what); };
@@ -29,7 +29,7 @@ class SimulatedDispatcher : public ::testing::Test {
   std::vector<Duration> stamps_;
 };
 
-TEST_F(SimulatedDispatcher, RunsTasksLaterInTheOrderTheyAreDueAndWerePosted) {
+TEST_F(SimulatedDispatcherTest, RunsTasksLaterInTheOrderTheyAreDueAndWerePosted) {
   dispatcher_->asyncAfter(1s, noting("late"));
   dispatcher_->async(noting("first"));
   dispatcher_->async(noting("second"));
@@ -38,14 +38,14 @@ TEST_F(SimulatedDispatcher, RunsTasksLaterInTheOrderTheyAreDueAndWerePosted) {
   EXPECT_EQ(notes_, (std::vector<std::string>{"first", "second", "late"}));
 }
 
-TEST_F(SimulatedDispatcher, RunsAScheduledTaskAtItsTime) {
+TEST_F(SimulatedDispatcherTest, RunsAScheduledTaskAtItsTime) {
   const Registration work = dispatcher_->schedule(500ms, stamping());
   time_.advance(2s);
   EXPECT_EQ(stamps_, std::vector<Duration>{500ms});
   EXPECT_TRUE(work);
 }
 
-TEST_F(SimulatedDispatcher, NeverRunsAScheduledTaskThatWasCancelled) {
+TEST_F(SimulatedDispatcherTest, NeverRunsAScheduledTaskThatWasCancelled) {
   Registration work = dispatcher_->schedule(500ms, stamping());
   time_.advance(499ms);
   work.cancel();
@@ -53,7 +53,7 @@ TEST_F(SimulatedDispatcher, NeverRunsAScheduledTaskThatWasCancelled) {
   EXPECT_TRUE(stamps_.empty());
 }
 
-TEST_F(SimulatedDispatcher, LetsGoOfWhatACancelledTaskOwned) {
+TEST_F(SimulatedDispatcherTest, LetsGoOfWhatACancelledTaskOwned) {
   auto owned = std::make_shared<int>(0);
   const std::weak_ptr<int> watched = owned;
   Registration work = dispatcher_->schedule(1s, [owned = std::move(owned)] {});
@@ -62,7 +62,7 @@ TEST_F(SimulatedDispatcher, LetsGoOfWhatACancelledTaskOwned) {
   EXPECT_TRUE(watched.expired());
 }
 
-TEST_F(SimulatedDispatcher, LetsATaskCancelItself) {
+TEST_F(SimulatedDispatcherTest, LetsATaskCancelItself) {
   Registration work;
   work = dispatcher_->schedule(1s, [&] {
     work.cancel();
@@ -72,7 +72,7 @@ TEST_F(SimulatedDispatcher, LetsATaskCancelItself) {
   EXPECT_EQ(notes_, std::vector<std::string>{"ran"});
 }
 
-TEST_F(SimulatedDispatcher, RepeatsUntilTheRegistrationEnds) {
+TEST_F(SimulatedDispatcherTest, RepeatsUntilTheRegistrationEnds) {
   Registration timer = dispatcher_->repeat(500ms, 1s, stamping());
   time_.advance(2500ms);
   timer.cancel();
@@ -80,7 +80,7 @@ TEST_F(SimulatedDispatcher, RepeatsUntilTheRegistrationEnds) {
   EXPECT_EQ(stamps_, (std::vector<Duration>{500ms, 1500ms, 2500ms}));
 }
 
-TEST_F(SimulatedDispatcher, LetsARepeatedTaskEndItsRepetition) {
+TEST_F(SimulatedDispatcherTest, LetsARepeatedTaskEndItsRepetition) {
   Registration timer;
   timer = dispatcher_->repeat(1s, 1s, [&] {
     stamps_.push_back(time_.now());
@@ -92,14 +92,14 @@ TEST_F(SimulatedDispatcher, LetsARepeatedTaskEndItsRepetition) {
   EXPECT_EQ(stamps_, (std::vector<Duration>{1s, 2s}));
 }
 
-TEST_F(SimulatedDispatcher, DoesNotMakeUpForPeriodsTheThreadWasBusy) {
+TEST_F(SimulatedDispatcherTest, DoesNotMakeUpForPeriodsTheThreadWasBusy) {
   const Registration timer = dispatcher_->repeat(1s, 1s, stamping());
   dispatcher_->asyncAfter(1500ms, [this] { dispatcher_->block(3s); });
   time_.advance(7s);
   EXPECT_EQ(stamps_, (std::vector<Duration>{1s, 4500ms, 5s, 6s, 7s}));
 }
 
-TEST_F(SimulatedDispatcher, RunsBackgroundWorkAfterWhatIsDueAlready) {
+TEST_F(SimulatedDispatcherTest, RunsBackgroundWorkAfterWhatIsDueAlready) {
   dispatcher_->background([this] {
     notes_.emplace_back("background");
     dispatcher_->async(noting("result"));
@@ -109,7 +109,7 @@ TEST_F(SimulatedDispatcher, RunsBackgroundWorkAfterWhatIsDueAlready) {
   EXPECT_EQ(notes_, (std::vector<std::string>{"background", "main", "result"}));
 }
 
-TEST_F(SimulatedDispatcher, KeepsTheMainQueueGoingWhileBackgroundWorkIsBlocked) {
+TEST_F(SimulatedDispatcherTest, KeepsTheMainQueueGoingWhileBackgroundWorkIsBlocked) {
   dispatcher_->background([this] {
     dispatcher_->block(2s);
     dispatcher_->async(stamping());
@@ -119,14 +119,14 @@ TEST_F(SimulatedDispatcher, KeepsTheMainQueueGoingWhileBackgroundWorkIsBlocked) 
   EXPECT_EQ(stamps_, (std::vector<Duration>{1s, 2s}));
 }
 
-TEST_F(SimulatedDispatcher, BlocksTheMainQueueFromTheMainThread) {
+TEST_F(SimulatedDispatcherTest, BlocksTheMainQueueFromTheMainThread) {
   dispatcher_->async([this] { dispatcher_->block(2s); });
   const Registration timer = dispatcher_->schedule(1s, stamping());
   time_.advance(3s);
   EXPECT_EQ(stamps_, std::vector<Duration>{2s});
 }
 
-TEST_F(SimulatedDispatcher, RunsNothingOnceItHasEnded) {
+TEST_F(SimulatedDispatcherTest, RunsNothingOnceItHasEnded) {
   dispatcher_->async(noting("main"));
   dispatcher_->background(noting("background"));
   const Registration timer = dispatcher_->repeat(1s, 1s, noting("timer"));
@@ -135,7 +135,7 @@ TEST_F(SimulatedDispatcher, RunsNothingOnceItHasEnded) {
   EXPECT_TRUE(notes_.empty());
 }
 
-TEST_F(SimulatedDispatcher, MayEndBeforeItsRegistrations) {
+TEST_F(SimulatedDispatcherTest, MayEndBeforeItsRegistrations) {
   Registration work = dispatcher_->schedule(1s, noting("main"));
   Registration timer = dispatcher_->repeat(1s, 1s, noting("timer"));
   dispatcher_.reset();
@@ -144,7 +144,7 @@ TEST_F(SimulatedDispatcher, MayEndBeforeItsRegistrations) {
   EXPECT_TRUE(notes_.empty());
 }
 
-TEST_F(SimulatedDispatcher, LetsGoOfTasksThatOwnOtherTasks) {
+TEST_F(SimulatedDispatcherTest, LetsGoOfTasksThatOwnOtherTasks) {
   auto inner = std::make_shared<Registration>(dispatcher_->schedule(2s, noting("inner")));
   dispatcher_->asyncAfter(1s, [inner] {});
   inner.reset();
@@ -153,7 +153,7 @@ TEST_F(SimulatedDispatcher, LetsGoOfTasksThatOwnOtherTasks) {
   EXPECT_TRUE(notes_.empty());
 }
 
-using SimulatedDispatcherDeathTest = SimulatedDispatcher;
+using SimulatedDispatcherDeathTest = SimulatedDispatcherTest;
 
 TEST_F(SimulatedDispatcherDeathTest, RefusesToRepeatWithoutAPeriod) {
   EXPECT_DEATH(static_cast<void>(dispatcher_->repeat(1s, 0s, [] {})), "period");

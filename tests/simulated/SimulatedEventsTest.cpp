@@ -18,7 +18,7 @@ using platform::KeyEvent;
 using platform::Registration;
 using platform::simulated::TapDisabling;
 
-class SimulatedEvents : public SimulatedFixture {
+class SimulatedEventsTest : public SimulatedFixture {
  protected:
   platform::simulated::SimulatedEvents& events() { return platform().events(); }
 
@@ -43,7 +43,7 @@ class SimulatedEvents : public SimulatedFixture {
   std::vector<std::int64_t> sources_;
 };
 
-TEST_F(SimulatedEvents, BringsTheUsersEventsToATapThatIsEnabled) {
+TEST_F(SimulatedEventsTest, BringsTheUsersEventsToATapThatIsEnabled) {
   const auto tap = recordingTap();
   user.movesFingers(DockSwipe::Began, {});
   EXPECT_TRUE(types_.empty());
@@ -55,7 +55,7 @@ TEST_F(SimulatedEvents, BringsTheUsersEventsToATapThatIsEnabled) {
   EXPECT_EQ(sources_, (std::vector<std::int64_t>{0, 0, 0}));
 }
 
-TEST_F(SimulatedEvents, BringsPostedEventsToTapsLaterWithTheirSource) {
+TEST_F(SimulatedEventsTest, BringsPostedEventsToTapsLaterWithTheirSource) {
   const auto tap = recordingTap();
   tap->enable();
   postSwipe(DockSwipe::Began);
@@ -65,14 +65,14 @@ TEST_F(SimulatedEvents, BringsPostedEventsToTapsLaterWithTheirSource) {
   EXPECT_NE(sources_, std::vector<std::int64_t>{0});
 }
 
-TEST_F(SimulatedEvents, MovesDesktopsByPostedSwipes) {
+TEST_F(SimulatedEventsTest, MovesDesktopsByPostedSwipes) {
   postSwipe(DockSwipe::Began);
   postSwipe(DockSwipe::Ended);
   desktop.advance(1s);
   EXPECT_EQ(desktop.activeSpace(), desktop.desktopAt(1));
 }
 
-TEST_F(SimulatedEvents, BringsNothingToATapThatHasEnded) {
+TEST_F(SimulatedEventsTest, BringsNothingToATapThatHasEnded) {
   auto tap = recordingTap();
   tap->enable();
   tap.reset();
@@ -80,7 +80,7 @@ TEST_F(SimulatedEvents, BringsNothingToATapThatHasEnded) {
   EXPECT_TRUE(types_.empty());
 }
 
-TEST_F(SimulatedEvents, LetsATapEndItself) {
+TEST_F(SimulatedEventsTest, LetsATapEndItself) {
   std::unique_ptr<EventTap> tap;
   int calls = 0;
   tap = events().createTap([&](const Event&, std::uint32_t) {
@@ -93,7 +93,7 @@ TEST_F(SimulatedEvents, LetsATapEndItself) {
   EXPECT_EQ(calls, 1);
 }
 
-TEST_F(SimulatedEvents, TellsATapThatItWasDisabledUntilItIsEnabledAgain) {
+TEST_F(SimulatedEventsTest, TellsATapThatItWasDisabledUntilItIsEnabledAgain) {
   const auto tap = recordingTap();
   tap->enable();
   desktop.events().disableTaps(TapDisabling::ByTimeout);
@@ -107,12 +107,12 @@ TEST_F(SimulatedEvents, TellsATapThatItWasDisabledUntilItIsEnabledAgain) {
   EXPECT_EQ(types_.back(), 30U);
 }
 
-TEST_F(SimulatedEvents, MakesNoTapWithoutThePermission) {
+TEST_F(SimulatedEventsTest, MakesNoTapWithoutThePermission) {
   desktop.faults.accessibilityDenied = true;
   EXPECT_EQ(recordingTap(), nullptr);
 }
 
-TEST_F(SimulatedEvents, FallSilentWhenThePermissionIsTakenAway) {
+TEST_F(SimulatedEventsTest, FallSilentWhenThePermissionIsTakenAway) {
   const auto tap = recordingTap();
   tap->enable();
   desktop.faults.accessibilityDenied = true;
@@ -120,7 +120,7 @@ TEST_F(SimulatedEvents, FallSilentWhenThePermissionIsTakenAway) {
   EXPECT_TRUE(types_.empty());
 }
 
-TEST_F(SimulatedEvents, DropWhatIsPostedWithoutThePermission) {
+TEST_F(SimulatedEventsTest, DropWhatIsPostedWithoutThePermission) {
   desktop.faults.accessibilityDenied = true;
   postSwipe(DockSwipe::Began);
   postSwipe(DockSwipe::Ended);
@@ -128,28 +128,28 @@ TEST_F(SimulatedEvents, DropWhatIsPostedWithoutThePermission) {
   EXPECT_EQ(desktop.activeSpace(), desktop.desktopAt(0));
 }
 
-TEST_F(SimulatedEvents, LeaveTheUsersOwnSwipesAloneWithoutThePermission) {
+TEST_F(SimulatedEventsTest, LeaveTheUsersOwnSwipesAloneWithoutThePermission) {
   desktop.faults.accessibilityDenied = true;
   user.swipes(Right);
   desktop.advance(1s);
   EXPECT_EQ(desktop.activeSpace(), desktop.desktopAt(1));
 }
 
-TEST_F(SimulatedEvents, CannotBeMadeAsOftenAsTheFaultSays) {
+TEST_F(SimulatedEventsTest, CannotBeMadeAsOftenAsTheFaultSays) {
   desktop.faults.eventsNotCreated = 2;
   EXPECT_EQ(events().createEvent(), nullptr);
   EXPECT_EQ(events().createEvent(), nullptr);
   EXPECT_NE(events().createEvent(), nullptr);
 }
 
-TEST_F(SimulatedEvents, ReportPointerMovesWithThePointerWhereItWent) {
+TEST_F(SimulatedEventsTest, ReportPointerMovesWithThePointerWhereItWent) {
   std::vector<platform::Point> seen;
   const Registration monitor = events().monitorGlobalMouseMoved([&] { seen.push_back(events().mouseLocation()); });
   user.movesPointerTo({3.0, 4.0});
   EXPECT_EQ(seen, (std::vector<platform::Point>{{3.0, 4.0}}));
 }
 
-TEST_F(SimulatedEvents, ReportNoPointerMovesOnceTheMonitorHasEnded) {
+TEST_F(SimulatedEventsTest, ReportNoPointerMovesOnceTheMonitorHasEnded) {
   int moves = 0;
   Registration monitor = events().monitorGlobalMouseMoved([&] { ++moves; });
   monitor.cancel();
@@ -157,7 +157,7 @@ TEST_F(SimulatedEvents, ReportNoPointerMovesOnceTheMonitorHasEnded) {
   EXPECT_EQ(moves, 0);
 }
 
-TEST_F(SimulatedEvents, ReportNoPointerMovesOverWindowsThatTakeTheMouse) {
+TEST_F(SimulatedEventsTest, ReportNoPointerMovesOverWindowsThatTakeTheMouse) {
   int moves = 0;
   const Registration monitor = events().monitorGlobalMouseMoved([&] { ++moves; });
   const auto item = platform().userInterface().createStatusItem(platform::FixedLength{100.0});
@@ -179,12 +179,12 @@ TEST_F(SimulatedEvents, ReportNoPointerMovesOverWindowsThatTakeTheMouse) {
   EXPECT_EQ(moves, 2);
 }
 
-TEST_F(SimulatedEvents, GiveNoPointerMonitorWhereItIsRefused) {
+TEST_F(SimulatedEventsTest, GiveNoPointerMonitorWhereItIsRefused) {
   desktop.faults.pointerMonitorsRefused = true;
   EXPECT_FALSE(events().monitorGlobalMouseMoved([] {}));
 }
 
-TEST_F(SimulatedEvents, ReportKeysOnlyWhileTheProgramHasTheKeyboard) {
+TEST_F(SimulatedEventsTest, ReportKeysOnlyWhileTheProgramHasTheKeyboard) {
   std::vector<int> codes;
   const Registration monitor = events().monitorLocalKeyDown([&](const KeyEvent& event) {
     codes.push_back(event.code());
@@ -198,7 +198,7 @@ TEST_F(SimulatedEvents, ReportKeysOnlyWhileTheProgramHasTheKeyboard) {
   EXPECT_EQ(codes, std::vector{53});
 }
 
-TEST_F(SimulatedEvents, KeepASwallowedKeyFromLaterMonitors) {
+TEST_F(SimulatedEventsTest, KeepASwallowedKeyFromLaterMonitors) {
   std::vector<int> monitors;
   const Registration first = events().monitorLocalKeyDown([&](const KeyEvent& event) {
     monitors.push_back(1);

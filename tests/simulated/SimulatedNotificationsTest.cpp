@@ -15,9 +15,9 @@ using platform::Registration;
 namespace notification = platform::notification;
 
 /// Listens to everything on all centres.
-class SimulatedNotifications : public SimulatedFixture {
+class SimulatedNotificationsTest : public SimulatedFixture {
  protected:
-  SimulatedNotifications() {
+  SimulatedNotificationsTest() {
     auto& notifications = platform().notifications();
     listen("default", notifications.defaultCenter());
     listen("workspace", notifications.workspaceCenter());
@@ -38,32 +38,32 @@ class SimulatedNotifications : public SimulatedFixture {
   std::vector<Registration> observers_;
 };
 
-TEST_F(SimulatedNotifications, ReportDesktopChangesOnTheWorkspaceCenter) {
+TEST_F(SimulatedNotificationsTest, ReportDesktopChangesOnTheWorkspaceCenter) {
   desktop.switchTo(desktop.desktopAt(1));
   EXPECT_EQ(heard_, std::vector{said("workspace", notification::activeSpaceDidChange)});
 }
 
-TEST_F(SimulatedNotifications, ReportWakingOnTheWorkspaceCenter) {
+TEST_F(SimulatedNotificationsTest, ReportWakingOnTheWorkspaceCenter) {
   desktop.sleepFor(1h);
   EXPECT_EQ(heard_, std::vector{said("workspace", notification::didWake)});
 }
 
-TEST_F(SimulatedNotifications, ReportScreenChangesOnTheDefaultCenter) {
+TEST_F(SimulatedNotificationsTest, ReportScreenChangesOnTheDefaultCenter) {
   desktop.setScreens({});
   EXPECT_EQ(heard_, std::vector{said("default", notification::didChangeScreenParameters)});
 }
 
-TEST_F(SimulatedNotifications, ReportTheAppearanceOnTheDistributedCenter) {
+TEST_F(SimulatedNotificationsTest, ReportTheAppearanceOnTheDistributedCenter) {
   desktop.setAppearance(platform::Appearance::Dark);
   EXPECT_EQ(heard_, std::vector{said("distributed", notification::interfaceThemeChanged)});
 }
 
-TEST_F(SimulatedNotifications, KeepTheCentersApart) {
+TEST_F(SimulatedNotificationsTest, KeepTheCentersApart) {
   platform().notifications().defaultCenter().post(notification::didWake);
   EXPECT_EQ(heard_, std::vector{said("default", notification::didWake)});
 }
 
-TEST_F(SimulatedNotifications, ComeMoreThanOnceWhereTheyAreDuplicated) {
+TEST_F(SimulatedNotificationsTest, ComeMoreThanOnceWhereTheyAreDuplicated) {
   desktop.faults.extraActiveSpaceNotices = 2;
   user.swipes(Right);
   desktop.advance(1s);

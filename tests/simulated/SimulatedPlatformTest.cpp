@@ -5,9 +5,9 @@
 namespace roomlattice::tests {
 namespace {
 
-using SimulatedPlatform = SimulatedFixture;
+using SimulatedPlatformTest = SimulatedFixture;
 
-TEST_F(SimulatedPlatform, RunsNothingOfAProgramThatHasEnded) {
+TEST_F(SimulatedPlatformTest, RunsNothingOfAProgramThatHasEnded) {
   int runs = 0;
   platform().dispatcher().asyncAfter(1s, [&] { ++runs; });
   platform().dispatcher().background([&] { ++runs; });
@@ -16,7 +16,7 @@ TEST_F(SimulatedPlatform, RunsNothingOfAProgramThatHasEnded) {
   EXPECT_EQ(runs, 0);
 }
 
-TEST_F(SimulatedPlatform, BringsNoInputToAProgramThatHasEnded) {
+TEST_F(SimulatedPlatformTest, BringsNoInputToAProgramThatHasEnded) {
   int calls = 0;
   const auto tap = platform().events().createTap([&](const platform::Event&, std::uint32_t) { ++calls; });
   tap->enable();
@@ -29,7 +29,7 @@ TEST_F(SimulatedPlatform, BringsNoInputToAProgramThatHasEnded) {
   EXPECT_EQ(calls, 0);
 }
 
-TEST_F(SimulatedPlatform, LeavesEventsItPostedToTheMachine) {
+TEST_F(SimulatedPlatformTest, LeavesEventsItPostedToTheMachine) {
   const auto event = platform().events().createEvent();
   event->setInteger(platform::EventField::Kind, 30);
   event->setInteger(platform::EventField::GestureKind, 23);
@@ -44,14 +44,14 @@ TEST_F(SimulatedPlatform, LeavesEventsItPostedToTheMachine) {
   EXPECT_EQ(desktop.activeSpace(), desktop.desktopAt(1));
 }
 
-TEST_F(SimulatedPlatform, EncodesAndDecodesJSON) {
+TEST_F(SimulatedPlatformTest, EncodesAndDecodesJSON) {
   const platform::Value value = platform::Value::Dictionary{{"red", 0.5}};
   const auto data = platform().json().encode(value);
   ASSERT_TRUE(data.has_value());
   EXPECT_EQ(platform().json().decode(*data), value);
 }
 
-using SimulatedPlatformDeathTest = SimulatedPlatform;
+using SimulatedPlatformDeathTest = SimulatedPlatformTest;
 
 TEST_F(SimulatedPlatformDeathTest, IsTheOnlyProgramOnItsDesktop) {
   EXPECT_DEATH(platform::simulated::SimulatedPlatform second(desktop), "runs on this simulated desktop already");

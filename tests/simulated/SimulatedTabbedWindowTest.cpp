@@ -12,9 +12,9 @@ namespace {
 
 using namespace platform;
 
-class SimulatedTabbedWindow : public SimulatedFixture {
+class SimulatedTabbedWindowTest : public SimulatedFixture {
  protected:
-  SimulatedTabbedWindow() : window_(platform().userInterface().createTabbedWindow(model())) {}
+  SimulatedTabbedWindowTest() : window_(platform().userInterface().createTabbedWindow(model())) {}
 
   TabbedWindowModel model() {
     TabPage first{.identifier = "first", .label = "First"};
@@ -59,7 +59,7 @@ constexpr ControlReference popUp{1, 0};
 constexpr ControlReference colorWell{1, 1};
 constexpr ControlReference button{1, 2};
 
-TEST_F(SimulatedTabbedWindow, IsHiddenUntilShownAndAfterClosing) {
+TEST_F(SimulatedTabbedWindowTest, IsHiddenUntilShownAndAfterClosing) {
   EXPECT_FALSE(seen().isVisible());
   window_->show();
   EXPECT_TRUE(seen().isVisible());
@@ -69,17 +69,17 @@ TEST_F(SimulatedTabbedWindow, IsHiddenUntilShownAndAfterClosing) {
   EXPECT_FALSE(desktop.programHasKeyboard());
 }
 
-TEST_F(SimulatedTabbedWindow, StandsInTheMiddleOfTheMainScreenWithItsTitleBar) {
+TEST_F(SimulatedTabbedWindowTest, StandsInTheMiddleOfTheMainScreenWithItsTitleBar) {
   EXPECT_EQ(seen().frame(), (Rect{{470.0, 236.0}, {500.0, 428.0}}));
 }
 
-TEST_F(SimulatedTabbedWindow, CallsNoActionByBeingMade) {
+TEST_F(SimulatedTabbedWindowTest, CallsNoActionByBeingMade) {
   window_->show();
   desktop.advance(1s);
   EXPECT_TRUE(slid_.empty() && states_.empty() && chosen_.empty() && !picked_ && pushes_ == 0);
 }
 
-TEST_F(SimulatedTabbedWindow, SlidesWithinTheRangeOfASlider) {
+TEST_F(SimulatedTabbedWindowTest, SlidesWithinTheRangeOfASlider) {
   seen().slide(slider, 3.5);
   seen().slide(slider, 0.0);
   seen().slide(slider, 9.0);
@@ -87,7 +87,7 @@ TEST_F(SimulatedTabbedWindow, SlidesWithinTheRangeOfASlider) {
   EXPECT_EQ(seen().control<SliderControl>(slider).value, 5.0);
 }
 
-TEST_F(SimulatedTabbedWindow, TurnsACheckBoxOnAndOff) {
+TEST_F(SimulatedTabbedWindowTest, TurnsACheckBoxOnAndOff) {
   seen().toggle(checkBox);
   seen().toggle(checkBox);
   seen().check(checkBox, CheckState::Mixed);
@@ -95,21 +95,21 @@ TEST_F(SimulatedTabbedWindow, TurnsACheckBoxOnAndOff) {
   EXPECT_EQ(states_, (std::vector{CheckState::On, CheckState::Off, CheckState::Mixed, CheckState::On}));
 }
 
-TEST_F(SimulatedTabbedWindow, HandsOnAnyIndexOfAPopUp) {
+TEST_F(SimulatedTabbedWindowTest, HandsOnAnyIndexOfAPopUp) {
   seen().choose(popUp, 1);
   seen().choose(popUp, -1);
   seen().choose(popUp, 2);
   EXPECT_EQ(chosen_, (std::vector{1, -1, 2}));
 }
 
-TEST_F(SimulatedTabbedWindow, HandsOnAPickedColorWithTheWellsTag) {
+TEST_F(SimulatedTabbedWindowTest, HandsOnAPickedColorWithTheWellsTag) {
   const Color color{0.1, 0.2, 0.3, 0.4};
   seen().pickColor(colorWell, color);
   EXPECT_EQ(picked_, (std::pair<std::int64_t, Color>{7, color}));
   EXPECT_EQ(seen().control<ColorWellControl>(colorWell).color, color);
 }
 
-TEST_F(SimulatedTabbedWindow, PushesAButtonOnlyWhileItIsEnabled) {
+TEST_F(SimulatedTabbedWindowTest, PushesAButtonOnlyWhileItIsEnabled) {
   seen().push(button);
   window_->setEnabled(button, false);
   EXPECT_FALSE(seen().isEnabled(button));
@@ -120,12 +120,12 @@ TEST_F(SimulatedTabbedWindow, PushesAButtonOnlyWhileItIsEnabled) {
   EXPECT_EQ(pushes_, 2);
 }
 
-TEST_F(SimulatedTabbedWindow, ShowsTheTextALabelWasGiven) {
+TEST_F(SimulatedTabbedWindowTest, ShowsTheTextALabelWasGiven) {
   window_->setText(sizeLabel, "Gathering…");
   EXPECT_EQ(seen().control<LabelControl>(sizeLabel).text, "Gathering…");
 }
 
-TEST_F(SimulatedTabbedWindow, FindsControlsByTheirNamesAndByTheLabelsBeforeThem) {
+TEST_F(SimulatedTabbedWindowTest, FindsControlsByTheirNamesAndByTheLabelsBeforeThem) {
   const auto isAt = [this](const char* text, ControlReference expected) {
     const auto found = seen().find(text);
     return found && found->page == expected.page && found->control == expected.control;
@@ -139,7 +139,7 @@ TEST_F(SimulatedTabbedWindow, FindsControlsByTheirNamesAndByTheLabelsBeforeThem)
   EXPECT_FALSE(seen().find("").has_value());
 }
 
-TEST_F(SimulatedTabbedWindow, IsWorkedByTheUserThroughTheNamesOfItsControls) {
+TEST_F(SimulatedTabbedWindowTest, IsWorkedByTheUserThroughTheNamesOfItsControls) {
   window_->show();
   user.slides("Size:", 4.0);
   user.clicksCheckBox("Shown");
@@ -153,14 +153,14 @@ TEST_F(SimulatedTabbedWindow, IsWorkedByTheUserThroughTheNamesOfItsControls) {
   EXPECT_EQ(pushes_, 1);
 }
 
-TEST_F(SimulatedTabbedWindow, IsGoneWithItsOwner) {
+TEST_F(SimulatedTabbedWindowTest, IsGoneWithItsOwner) {
   window_->show();
   window_.reset();
   EXPECT_EQ(desktop.tabbedWindow(), nullptr);
   EXPECT_FALSE(desktop.programHasKeyboard());
 }
 
-using SimulatedTabbedWindowDeathTest = SimulatedTabbedWindow;
+using SimulatedTabbedWindowDeathTest = SimulatedTabbedWindowTest;
 
 TEST_F(SimulatedTabbedWindowDeathTest, StopsAScriptThatMistakesAControl) {
   EXPECT_DEATH(seen().slide(checkBox, 1.0), "no control of that kind");

@@ -16,7 +16,7 @@ using platform::simulated::SimulatedKeyEvent;
 
 namespace keys = platform::simulated::simulatedKeyCode;
 
-class SimulatedTextField : public ::testing::Test, private platform::simulated::FieldFocus {
+class SimulatedTextFieldTest : public ::testing::Test, private platform::simulated::FieldFocus {
  protected:
   bool press(std::uint16_t code) { return field_.interpret(SimulatedKeyEvent(code)); }
   bool type(const char* text) { return field_.interpret(SimulatedKeyEvent(keys::text, text)); }
@@ -29,14 +29,14 @@ class SimulatedTextField : public ::testing::Test, private platform::simulated::
   bool moveTo(platform::simulated::SimulatedTextField&) override { return keyboardGiven_; }
 };
 
-TEST_F(SimulatedTextField, InterpretsNothingUntilItIsEdited) {
+TEST_F(SimulatedTextFieldTest, InterpretsNothingUntilItIsEdited) {
   EXPECT_FALSE(type("a"));
   EXPECT_FALSE(press(platform::keyCode::returnKey));
   EXPECT_EQ(field_.text(), "");
   EXPECT_TRUE(view_.commands.empty());
 }
 
-TEST_F(SimulatedTextField, ReplacesTheSelectedTextByWhatIsTyped) {
+TEST_F(SimulatedTextFieldTest, ReplacesTheSelectedTextByWhatIsTyped) {
   field_.setText("Work");
   field_.focusAndSelectAll();
   EXPECT_TRUE(field_.isAllSelected());
@@ -45,14 +45,14 @@ TEST_F(SimulatedTextField, ReplacesTheSelectedTextByWhatIsTyped) {
   EXPECT_EQ(field_.text(), "Ma");
 }
 
-TEST_F(SimulatedTextField, AddsWhatIsTypedAtTheEnd) {
+TEST_F(SimulatedTextFieldTest, AddsWhatIsTypedAtTheEnd) {
   field_.setText("Wor");
   field_.focus();
   type("k");
   EXPECT_EQ(field_.text(), "Work");
 }
 
-TEST_F(SimulatedTextField, DeletesTheSelectedTextOrTheLastCharacter) {
+TEST_F(SimulatedTextFieldTest, DeletesTheSelectedTextOrTheLastCharacter) {
   field_.setText("Work");
   field_.focusAndSelectAll();
   press(keys::deleteBackward);
@@ -65,7 +65,7 @@ TEST_F(SimulatedTextField, DeletesTheSelectedTextOrTheLastCharacter) {
   EXPECT_EQ(field_.text(), "a");
 }
 
-TEST_F(SimulatedTextField, LeavesItsCommandsToTheView) {
+TEST_F(SimulatedTextFieldTest, LeavesItsCommandsToTheView) {
   field_.focus();
   EXPECT_TRUE(press(platform::keyCode::returnKey));
   EXPECT_TRUE(press(platform::keyCode::keypadEnter));
@@ -74,21 +74,21 @@ TEST_F(SimulatedTextField, LeavesItsCommandsToTheView) {
   EXPECT_EQ(field_.text(), "");
 }
 
-TEST_F(SimulatedTextField, TypesNothingForACommandKey) {
+TEST_F(SimulatedTextFieldTest, TypesNothingForACommandKey) {
   field_.setText("Work");
   field_.focusAndSelectAll();
   EXPECT_TRUE(field_.interpret(SimulatedKeyEvent(keys::text, "q", KeyModifier::Command)));
   EXPECT_EQ(field_.text(), "Work");
 }
 
-TEST_F(SimulatedTextField, IsNotEditedWithoutTheKeyboard) {
+TEST_F(SimulatedTextFieldTest, IsNotEditedWithoutTheKeyboard) {
   keyboardGiven_ = false;
   field_.focusAndSelectAll();
   EXPECT_FALSE(field_.isEditing());
   EXPECT_FALSE(field_.isAllSelected());
 }
 
-TEST_F(SimulatedTextField, KeepsItsTextWhenEditingEnds) {
+TEST_F(SimulatedTextFieldTest, KeepsItsTextWhenEditingEnds) {
   field_.focus();
   type("a");
   field_.endEditing();

@@ -12,7 +12,7 @@ using platform::Appearance;
 using platform::Rect;
 using platform::Screen;
 
-class SimulatedUserInterface : public SimulatedFixture {
+class SimulatedUserInterfaceTest : public SimulatedFixture {
  protected:
   platform::UserInterface& ui() { return platform().userInterface(); }
 };
@@ -20,7 +20,7 @@ class SimulatedUserInterface : public SimulatedFixture {
 constexpr Rect left{{0.0, 0.0}, {1000.0, 500.0}};
 constexpr Rect right{{1000.0, 0.0}, {800.0, 600.0}};
 
-TEST_F(SimulatedUserInterface, KnowsTheScreensAndTheMainOne) {
+TEST_F(SimulatedUserInterfaceTest, KnowsTheScreensAndTheMainOne) {
   desktop.setScreens({left, right});
   EXPECT_EQ(ui().screens(), (std::vector<Screen>{{left}, {right}}));
   EXPECT_EQ(ui().mainScreen(), Screen{left});
@@ -28,7 +28,7 @@ TEST_F(SimulatedUserInterface, KnowsTheScreensAndTheMainOne) {
   EXPECT_EQ(ui().mainScreen(), Screen{right});
 }
 
-TEST_F(SimulatedUserInterface, KnowsNoMainScreenWhereNoneHasTheKeyboard) {
+TEST_F(SimulatedUserInterfaceTest, KnowsNoMainScreenWhereNoneHasTheKeyboard) {
   desktop.setMainScreen(std::nullopt);
   EXPECT_EQ(ui().mainScreen(), std::nullopt);
   EXPECT_EQ(ui().screens().size(), 1U);
@@ -37,7 +37,7 @@ TEST_F(SimulatedUserInterface, KnowsNoMainScreenWhereNoneHasTheKeyboard) {
   EXPECT_TRUE(ui().screens().empty());
 }
 
-TEST_F(SimulatedUserInterface, FollowsTheAppearanceAndTheAccentColor) {
+TEST_F(SimulatedUserInterfaceTest, FollowsTheAppearanceAndTheAccentColor) {
   EXPECT_EQ(ui().effectiveAppearance(), Appearance::Light);
   desktop.setAppearance(Appearance::Dark);
   EXPECT_EQ(ui().effectiveAppearance(), Appearance::Dark);
@@ -47,14 +47,14 @@ TEST_F(SimulatedUserInterface, FollowsTheAppearanceAndTheAccentColor) {
   EXPECT_EQ(ui().accentColor(), (platform::Color{1.0, 0.0, 0.0}));
 }
 
-TEST_F(SimulatedUserInterface, MeasuresInTheSimulatedFont) {
+TEST_F(SimulatedUserInterfaceTest, MeasuresInTheSimulatedFont) {
   const platform::Font font{.size = 160.0, .weight = platform::FontWeight::Heavy};
   EXPECT_EQ(ui().measure("Mail", font), (platform::Size{400.0, 200.0}));
   EXPECT_EQ(ui().intrinsicSize(platform::SliderControl{}), (platform::Size{96.0, 20.0}));
   EXPECT_EQ(ui().systemFontSize(), 13.0);
 }
 
-TEST_F(SimulatedUserInterface, MakesWindowsWithoutAnyScreen) {
+TEST_F(SimulatedUserInterfaceTest, MakesWindowsWithoutAnyScreen) {
   desktop.setScreens({});
   const auto window = ui().createTabbedWindow({.contentSize = {500.0, 400.0}});
   window->show();

@@ -14,7 +14,7 @@ using platform::Event;
 using platform::EventField;
 using platform::Menu;
 
-class SimulatedUser : public SimulatedFixture {
+class SimulatedUserTest : public SimulatedFixture {
  protected:
   struct Seen {
     platform::Duration at{0};
@@ -23,7 +23,7 @@ class SimulatedUser : public SimulatedFixture {
     double velocity = 0.0;
   };
 
-  SimulatedUser()
+  SimulatedUserTest()
       : tap_(platform().events().createTap([this](const Event& event, std::uint32_t) {
           seen_.push_back({desktop.now(), event.integer(EventField::Phase), event.real(EventField::Progress),
                            event.real(EventField::Velocity)});
@@ -35,7 +35,7 @@ class SimulatedUser : public SimulatedFixture {
   std::unique_ptr<platform::EventTap> tap_;
 };
 
-TEST_F(SimulatedUser, SwipesFromBeginningToEnd) {
+TEST_F(SimulatedUserTest, SwipesFromBeginningToEnd) {
   user.swipes(Left);
   EXPECT_EQ(seen_.size(), 1U);
   desktop.advance(1s);
@@ -50,7 +50,7 @@ TEST_F(SimulatedUser, SwipesFromBeginningToEnd) {
   }
 }
 
-TEST_F(SimulatedUser, FinishesASwipeWithoutAnyProgram) {
+TEST_F(SimulatedUserTest, FinishesASwipeWithoutAnyProgram) {
   tap_.reset();
   user.swipes(Right);
   relaunch();
@@ -58,17 +58,17 @@ TEST_F(SimulatedUser, FinishesASwipeWithoutAnyProgram) {
   EXPECT_EQ(desktop.activeSpace(), desktop.desktopAt(1));
 }
 
-TEST_F(SimulatedUser, MovesAndClicksWithOnePointer) {
+TEST_F(SimulatedUserTest, MovesAndClicksWithOnePointer) {
   user.clicks({10.0, 20.0});
   EXPECT_EQ(platform().events().mouseLocation(), (platform::Point{10.0, 20.0}));
 }
 
-TEST_F(SimulatedUser, TypesEveryCharacterByAKeyOfItsOwn) {
+TEST_F(SimulatedUserTest, TypesEveryCharacterByAKeyOfItsOwn) {
   user.types("aé🎈");
   EXPECT_EQ(seen_.size(), 3U);
 }
 
-using SimulatedUserDeathTest = SimulatedUser;
+using SimulatedUserDeathTest = SimulatedUserTest;
 
 TEST_F(SimulatedUserDeathTest, StopsAScriptThatActsOnWhatIsNotThere) {
   EXPECT_DEATH(user.clicksStatusItem(), "no status item");

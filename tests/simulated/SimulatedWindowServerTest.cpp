@@ -11,9 +11,9 @@ namespace {
 using platform::SpaceID;
 using platform::Value;
 
-class SimulatedWindowServer : public SimulatedFixture {
+class SimulatedWindowServerTest : public SimulatedFixture {
  protected:
-  SimulatedWindowServer() : window_(platform().userInterface().createOverlayWindow({})) {}
+  SimulatedWindowServerTest() : window_(platform().userInterface().createOverlayWindow({})) {}
 
   platform::WindowServer& server() { return platform().windowServer(); }
   std::set<SpaceID> attachments() { return desktop.windows().find(window_->number())->spaces(); }
@@ -21,13 +21,13 @@ class SimulatedWindowServer : public SimulatedFixture {
   std::unique_ptr<platform::Window> window_;
 };
 
-TEST_F(SimulatedWindowServer, ReportsTheDesktopsAndTheActiveOne) {
+TEST_F(SimulatedWindowServerTest, ReportsTheDesktopsAndTheActiveOne) {
   desktop.switchTo(desktop.desktopAt(2));
   EXPECT_EQ(server().managedDisplaySpaces(), desktop.spaces().managedDisplaySpaces());
   EXPECT_EQ(server().activeSpace(), desktop.desktopAt(2));
 }
 
-TEST_F(SimulatedWindowServer, ReportsWhatTheScriptPutsInPlaceOfTheTruth) {
+TEST_F(SimulatedWindowServerTest, ReportsWhatTheScriptPutsInPlaceOfTheTruth) {
   desktop.overrideManagedDisplaySpaces(Value("nonsense"));
   desktop.overrideActiveSpace(7);
   EXPECT_EQ(server().managedDisplaySpaces(), Value("nonsense"));
@@ -38,7 +38,7 @@ TEST_F(SimulatedWindowServer, ReportsWhatTheScriptPutsInPlaceOfTheTruth) {
   EXPECT_EQ(server().activeSpace(), desktop.desktopAt(0));
 }
 
-TEST_F(SimulatedWindowServer, MovesAWindowFromOneDesktopToAnother) {
+TEST_F(SimulatedWindowServerTest, MovesAWindowFromOneDesktopToAnother) {
   window_->orderFront();
   server().addWindowToSpace(window_->number(), desktop.desktopAt(1));
   EXPECT_EQ(attachments(), (std::set<SpaceID>{desktop.desktopAt(0), desktop.desktopAt(1)}));
@@ -46,7 +46,7 @@ TEST_F(SimulatedWindowServer, MovesAWindowFromOneDesktopToAnother) {
   EXPECT_EQ(attachments(), std::set<SpaceID>{desktop.desktopAt(1)});
 }
 
-TEST_F(SimulatedWindowServer, IgnoresAttachmentsThatCannotBeMade) {
+TEST_F(SimulatedWindowServerTest, IgnoresAttachmentsThatCannotBeMade) {
   server().addWindowToSpace(window_->number(), 9999);
   server().addWindowToSpace(9999, desktop.desktopAt(0));
   server().removeWindowFromSpace(9999, desktop.desktopAt(0));

@@ -17,7 +17,7 @@ using platform::SpaceID;
 using platform::Window;
 using platform::simulated::WindowWrites;
 
-class SimulatedWindow : public SimulatedFixture {
+class SimulatedWindowTest : public SimulatedFixture {
  protected:
   std::unique_ptr<Window> make(CollectionBehavior behavior = CollectionBehavior::Managed) {
     return platform().userInterface().createOverlayWindow(
@@ -30,7 +30,7 @@ class SimulatedWindow : public SimulatedFixture {
   }
 };
 
-TEST_F(SimulatedWindow, StartsAsOrderedAndOrderedOut) {
+TEST_F(SimulatedWindowTest, StartsAsOrderedAndOrderedOut) {
   const auto window = make();
   EXPECT_EQ(window->alpha(), 0.5);
   EXPECT_EQ(window->frame(), (platform::Rect{{10.0, 20.0}, {30.0, 40.0}}));
@@ -39,7 +39,7 @@ TEST_F(SimulatedWindow, StartsAsOrderedAndOrderedOut) {
   EXPECT_EQ(seen(*window).writes(), WindowWrites());
 }
 
-TEST_F(SimulatedWindow, MovesItsOpacityLinearly) {
+TEST_F(SimulatedWindowTest, MovesItsOpacityLinearly) {
   const auto window = make();
   window->setAlpha(1.0);
   window->animateAlpha(0.0, 400ms);
@@ -54,7 +54,7 @@ TEST_F(SimulatedWindow, MovesItsOpacityLinearly) {
   EXPECT_EQ(window->alpha(), 0.0);
 }
 
-TEST_F(SimulatedWindow, CallsTheCompletionAfterTheEndOfAnAnimation) {
+TEST_F(SimulatedWindowTest, CallsTheCompletionAfterTheEndOfAnAnimation) {
   const auto window = make();
   bool completed = false;
   window->animateAlpha(1.0, 200ms, [&] { completed = true; });
@@ -65,7 +65,7 @@ TEST_F(SimulatedWindow, CallsTheCompletionAfterTheEndOfAnAnimation) {
   EXPECT_FALSE(seen(*window).isAnimating());
 }
 
-TEST_F(SimulatedWindow, EndsAnAnimationWithADirectSetAndDropsItsCompletion) {
+TEST_F(SimulatedWindowTest, EndsAnAnimationWithADirectSetAndDropsItsCompletion) {
   const auto window = make();
   bool completed = false;
   window->animateAlpha(1.0, 200ms, [&] { completed = true; });
@@ -77,7 +77,7 @@ TEST_F(SimulatedWindow, EndsAnAnimationWithADirectSetAndDropsItsCompletion) {
   EXPECT_FALSE(completed);
 }
 
-TEST_F(SimulatedWindow, GoesOnFromWhereAnAnimationWasWhenAnotherTakesItsPlace) {
+TEST_F(SimulatedWindowTest, GoesOnFromWhereAnAnimationWasWhenAnotherTakesItsPlace) {
   const auto window = make();
   window->setAlpha(0.0);
   bool firstCompleted = false;
@@ -94,7 +94,7 @@ TEST_F(SimulatedWindow, GoesOnFromWhereAnAnimationWasWhenAnotherTakesItsPlace) {
   EXPECT_TRUE(secondCompleted);
 }
 
-TEST_F(SimulatedWindow, SetsItsOpacityAtOnceInNoTimeAndCompletesLater) {
+TEST_F(SimulatedWindowTest, SetsItsOpacityAtOnceInNoTimeAndCompletesLater) {
   const auto window = make();
   bool completed = false;
   window->animateAlpha(0.9, 0s, [&] { completed = true; });
@@ -105,7 +105,7 @@ TEST_F(SimulatedWindow, SetsItsOpacityAtOnceInNoTimeAndCompletesLater) {
   EXPECT_TRUE(completed);
 }
 
-TEST_F(SimulatedWindow, MayBeOwnedByTheCompletionOfItsAnimation) {
+TEST_F(SimulatedWindowTest, MayBeOwnedByTheCompletionOfItsAnimation) {
   std::shared_ptr<Window> window = make();
   Window& animated = *window;
   animated.orderFront();
@@ -116,7 +116,7 @@ TEST_F(SimulatedWindow, MayBeOwnedByTheCompletionOfItsAnimation) {
   EXPECT_TRUE(desktop.windows().overlays().empty());
 }
 
-TEST_F(SimulatedWindow, GoesWithThePlatformWhenACompletionOwnsIt) {
+TEST_F(SimulatedWindowTest, GoesWithThePlatformWhenACompletionOwnsIt) {
   std::shared_ptr<Window> window = make();
   Window& animated = *window;
   animated.animateAlpha(0.0, 250ms, [window = std::move(window)] {});
@@ -124,7 +124,7 @@ TEST_F(SimulatedWindow, GoesWithThePlatformWhenACompletionOwnsIt) {
   EXPECT_TRUE(desktop.windows().overlays().empty());
 }
 
-TEST_F(SimulatedWindow, ForgetsItsAnimationWhenItGoes) {
+TEST_F(SimulatedWindowTest, ForgetsItsAnimationWhenItGoes) {
   auto window = make();
   bool completed = false;
   window->animateAlpha(0.0, 250ms, [&] { completed = true; });
@@ -133,21 +133,21 @@ TEST_F(SimulatedWindow, ForgetsItsAnimationWhenItGoes) {
   EXPECT_FALSE(completed);
 }
 
-TEST_F(SimulatedWindow, ComesUpOnTheActiveDesktop) {
+TEST_F(SimulatedWindowTest, ComesUpOnTheActiveDesktop) {
   desktop.switchTo(desktop.desktopAt(1));
   const auto window = make();
   window->orderFront();
   EXPECT_EQ(seen(*window).spaces(), std::set<SpaceID>{desktop.desktopAt(1)});
 }
 
-TEST_F(SimulatedWindow, ComesUpWhereItIsAttachedAlready) {
+TEST_F(SimulatedWindowTest, ComesUpWhereItIsAttachedAlready) {
   const auto window = make();
   platform().windowServer().addWindowToSpace(window->number(), desktop.desktopAt(2));
   window->orderFront();
   EXPECT_EQ(seen(*window).spaces(), std::set<SpaceID>{desktop.desktopAt(2)});
 }
 
-TEST_F(SimulatedWindow, IsOnEveryDesktopWhenItJoinsAll) {
+TEST_F(SimulatedWindowTest, IsOnEveryDesktopWhenItJoinsAll) {
   const auto window = make(CollectionBehavior::CanJoinAllSpaces | CollectionBehavior::Stationary);
   window->orderFront();
   EXPECT_TRUE(seen(*window).spaces().empty());
@@ -155,7 +155,7 @@ TEST_F(SimulatedWindow, IsOnEveryDesktopWhenItJoinsAll) {
   EXPECT_TRUE(seen(*window).isOn(desktop.desktopAt(2)));
 }
 
-TEST_F(SimulatedWindow, IsOnNoDesktopWhileOrderedOut) {
+TEST_F(SimulatedWindowTest, IsOnNoDesktopWhileOrderedOut) {
   const auto window = make(CollectionBehavior::CanJoinAllSpaces);
   EXPECT_FALSE(seen(*window).isOn(desktop.desktopAt(0)));
   window->orderFront();
@@ -163,7 +163,7 @@ TEST_F(SimulatedWindow, IsOnNoDesktopWhileOrderedOut) {
   EXPECT_FALSE(seen(*window).isOn(desktop.desktopAt(0)));
 }
 
-TEST_F(SimulatedWindow, CountsEveryWrite) {
+TEST_F(SimulatedWindowTest, CountsEveryWrite) {
   const auto window = make();
   window->setAlpha(0.5);
   window->setAlpha(0.5);
@@ -176,14 +176,14 @@ TEST_F(SimulatedWindow, CountsEveryWrite) {
   EXPECT_EQ(seen(*window).collectionBehavior(), CollectionBehavior::Transient);
 }
 
-TEST_F(SimulatedWindow, CountsNoWriteOfAnAnimationThatGoesOn) {
+TEST_F(SimulatedWindowTest, CountsNoWriteOfAnAnimationThatGoesOn) {
   const auto window = make();
   window->animateAlpha(1.0, 1s);
   desktop.advance(2s);
   EXPECT_EQ(seen(*window).writes().alpha, 1);
 }
 
-TEST_F(SimulatedWindow, HostsItsContentViewAsLongAsItIsThat) {
+TEST_F(SimulatedWindowTest, HostsItsContentViewAsLongAsItIsThat) {
   const auto window = make();
   EXPECT_TRUE(seen(*window).texts().empty());
   auto view = std::make_unique<TestView>();
@@ -196,7 +196,7 @@ TEST_F(SimulatedWindow, HostsItsContentViewAsLongAsItIsThat) {
   EXPECT_TRUE(seen(*window).texts().empty());
 }
 
-TEST_F(SimulatedWindow, NeverTakesTheKeyboard) {
+TEST_F(SimulatedWindowTest, NeverTakesTheKeyboard) {
   const auto window = make();
   window->setContentView(std::make_unique<TestView>());
   window->orderFront();

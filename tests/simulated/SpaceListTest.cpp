@@ -16,9 +16,9 @@ using platform::simulated::Space;
 namespace spaceType = platform::simulated::spaceType;
 
 /// Display "A" with 1, 2 and the full-screen 3, display "B" with 4 and 5.
-class SpaceList : public ::testing::Test {
+class SpaceListTest : public ::testing::Test {
  protected:
-  SpaceList() {
+  SpaceListTest() {
     spaces_.addDisplay("A");
     spaces_.addDisplay("B");
     spaces_.insert(0, {.id = 1, .uuid = "one"});
@@ -37,57 +37,57 @@ class SpaceList : public ::testing::Test {
   platform::simulated::SpaceList spaces_;
 };
 
-TEST_F(SpaceList, ListsSpacesByDisplayAndThenByPosition) {
+TEST_F(SpaceListTest, ListsSpacesByDisplayAndThenByPosition) {
   EXPECT_EQ(identifiers(spaces_.all()), (std::vector<SpaceID>{1, 2, 3, 4, 5}));
   EXPECT_EQ(identifiers(spaces_.regular()), (std::vector<SpaceID>{1, 2, 4, 5}));
 }
 
-TEST_F(SpaceList, StartsWithTheFirstSpaceOfEachDisplayInFront) {
+TEST_F(SpaceListTest, StartsWithTheFirstSpaceOfEachDisplayInFront) {
   EXPECT_EQ(spaces_.displays()[0].active, 1U);
   EXPECT_EQ(spaces_.displays()[1].active, 4U);
   EXPECT_EQ(spaces_.activeSpace(), 1U);
 }
 
-TEST_F(SpaceList, InsertsAtAPosition) {
+TEST_F(SpaceListTest, InsertsAtAPosition) {
   spaces_.insert(0, {.id = 6}, 1);
   EXPECT_EQ(identifiers(spaces_.all()), (std::vector<SpaceID>{1, 6, 2, 3, 4, 5}));
 }
 
-TEST_F(SpaceList, InsertsAtTheEndBeyondTheLastPosition) {
+TEST_F(SpaceListTest, InsertsAtTheEndBeyondTheLastPosition) {
   spaces_.insert(0, {.id = 6}, 99);
   EXPECT_EQ(identifiers(spaces_.all()), (std::vector<SpaceID>{1, 2, 3, 6, 4, 5}));
 }
 
-TEST_F(SpaceList, GivesTheKeyboardToTheDisplayOfTheSpaceThatIsActivated) {
+TEST_F(SpaceListTest, GivesTheKeyboardToTheDisplayOfTheSpaceThatIsActivated) {
   spaces_.activate(5);
   EXPECT_EQ(spaces_.activeSpace(), 5U);
   EXPECT_EQ(spaces_.keyboardDisplay(), 1U);
   EXPECT_EQ(spaces_.displays()[0].active, 1U);
 }
 
-TEST_F(SpaceList, ChangesTheActiveSpaceWithTheKeyboard) {
+TEST_F(SpaceListTest, ChangesTheActiveSpaceWithTheKeyboard) {
   spaces_.giveKeyboardTo(1);
   EXPECT_EQ(spaces_.activeSpace(), 4U);
 }
 
-TEST_F(SpaceList, BringsTheSpaceBeforeARemovedActiveOneToTheFront) {
+TEST_F(SpaceListTest, BringsTheSpaceBeforeARemovedActiveOneToTheFront) {
   spaces_.activate(2);
   spaces_.remove(2);
   EXPECT_EQ(spaces_.activeSpace(), 1U);
 }
 
-TEST_F(SpaceList, BringsTheNextSpaceToTheFrontWhenTheFirstIsRemoved) {
+TEST_F(SpaceListTest, BringsTheNextSpaceToTheFrontWhenTheFirstIsRemoved) {
   spaces_.remove(1);
   EXPECT_EQ(spaces_.activeSpace(), 2U);
 }
 
-TEST_F(SpaceList, KeepsTheActiveSpaceWhenAnotherIsRemoved) {
+TEST_F(SpaceListTest, KeepsTheActiveSpaceWhenAnotherIsRemoved) {
   spaces_.remove(2);
   EXPECT_EQ(spaces_.activeSpace(), 1U);
   EXPECT_FALSE(spaces_.find(2).has_value());
 }
 
-TEST_F(SpaceList, HasNoActiveSpaceOnAnEmptyDisplay) {
+TEST_F(SpaceListTest, HasNoActiveSpaceOnAnEmptyDisplay) {
   spaces_.giveKeyboardTo(1);
   spaces_.remove(4);
   spaces_.remove(5);
@@ -96,7 +96,7 @@ TEST_F(SpaceList, HasNoActiveSpaceOnAnEmptyDisplay) {
   EXPECT_EQ(spaces_.activeSpace(), 6U);
 }
 
-TEST_F(SpaceList, MovesSpacesWithinTheirDisplay) {
+TEST_F(SpaceListTest, MovesSpacesWithinTheirDisplay) {
   spaces_.move(1, 2);
   EXPECT_EQ(identifiers(spaces_.all()), (std::vector<SpaceID>{2, 3, 1, 4, 5}));
   spaces_.move(1, 0);
@@ -106,13 +106,13 @@ TEST_F(SpaceList, MovesSpacesWithinTheirDisplay) {
   EXPECT_EQ(spaces_.activeSpace(), 1U);
 }
 
-TEST_F(SpaceList, KeepsTheKeyboardWhereItIsWhenAnotherDisplayGoes) {
+TEST_F(SpaceListTest, KeepsTheKeyboardWhereItIsWhenAnotherDisplayGoes) {
   spaces_.activate(5);
   spaces_.removeDisplay(0);
   EXPECT_EQ(spaces_.activeSpace(), 5U);
 }
 
-TEST_F(SpaceList, MovesTheKeyboardToTheFirstDisplayWhenItsOwnGoes) {
+TEST_F(SpaceListTest, MovesTheKeyboardToTheFirstDisplayWhenItsOwnGoes) {
   spaces_.activate(5);
   spaces_.removeDisplay(1);
   EXPECT_EQ(spaces_.activeSpace(), 1U);
@@ -120,7 +120,7 @@ TEST_F(SpaceList, MovesTheKeyboardToTheFirstDisplayWhenItsOwnGoes) {
   EXPECT_EQ(spaces_.activeSpace(), 0U);
 }
 
-TEST_F(SpaceList, IgnoresWhatItDoesNotKnow) {
+TEST_F(SpaceListTest, IgnoresWhatItDoesNotKnow) {
   const platform::simulated::SpaceList before = spaces_;
   spaces_.activate(99);
   spaces_.remove(99);
@@ -131,7 +131,7 @@ TEST_F(SpaceList, IgnoresWhatItDoesNotKnow) {
   EXPECT_EQ(spaces_, before);
 }
 
-TEST_F(SpaceList, TellsOfDisplaysAndSpacesInTheWindowServersForm) {
+TEST_F(SpaceListTest, TellsOfDisplaysAndSpacesInTheWindowServersForm) {
   const auto space = [](int id, const char* uuid, int type) {
     return Value::Dictionary{{"ManagedSpaceID", id}, {"uuid", uuid}, {"type", type}};
   };

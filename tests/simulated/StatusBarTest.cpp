@@ -12,21 +12,21 @@ using platform::Menu;
 using platform::StatusItem;
 using platform::ViewItem;
 
-class StatusBar : public SimulatedFixture {
+class StatusBarTest : public SimulatedFixture {
  protected:
-  StatusBar() : item_(platform().userInterface().createStatusItem(platform::FixedLength{100.0})) {}
+  StatusBarTest() : item_(platform().userInterface().createStatusItem(platform::FixedLength{100.0})) {}
 
   Menu menu_;
   std::unique_ptr<StatusItem> item_;
 };
 
-TEST_F(StatusBar, ShowsItemsAsLongAsTheyLive) {
+TEST_F(StatusBarTest, ShowsItemsAsLongAsTheyLive) {
   EXPECT_EQ(desktop.statusBar().items().size(), 1U);
   item_.reset();
   EXPECT_EQ(desktop.statusItem(), nullptr);
 }
 
-TEST_F(StatusBar, OpensAndClosesTheMenuOfAnItemByClicks) {
+TEST_F(StatusBarTest, OpensAndClosesTheMenuOfAnItemByClicks) {
   item_->setMenu(&menu_);
   user.clicksStatusItem();
   EXPECT_NE(desktop.menu(), nullptr);
@@ -34,7 +34,7 @@ TEST_F(StatusBar, OpensAndClosesTheMenuOfAnItemByClicks) {
   EXPECT_EQ(desktop.menu(), nullptr);
 }
 
-TEST_F(StatusBar, BringsTheMenuUpToDateAtEveryOpening) {
+TEST_F(StatusBarTest, BringsTheMenuUpToDateAtEveryOpening) {
   int updates = 0;
   menu_.needsUpdate = [&](Menu&) { ++updates; };
   item_->setMenu(&menu_);
@@ -45,7 +45,7 @@ TEST_F(StatusBar, BringsTheMenuUpToDateAtEveryOpening) {
   EXPECT_EQ(updates, 2);
 }
 
-TEST_F(StatusBar, LetsAnUpdateDestroyTheRowsOfTheLastOpening) {
+TEST_F(StatusBarTest, LetsAnUpdateDestroyTheRowsOfTheLastOpening) {
   menu_.needsUpdate = [&](Menu& menu) {
     menu.items.clear();
     menu.items.emplace_back(ViewItem{.view = std::make_unique<TestView>()});
@@ -57,12 +57,12 @@ TEST_F(StatusBar, LetsAnUpdateDestroyTheRowsOfTheLastOpening) {
   EXPECT_NE(desktop.menu()->view(0)->host(), nullptr);
 }
 
-TEST_F(StatusBar, OpensNothingWithoutAMenu) {
+TEST_F(StatusBarTest, OpensNothingWithoutAMenu) {
   user.clicksStatusItem();
   EXPECT_EQ(desktop.menu(), nullptr);
 }
 
-TEST_F(StatusBar, OpensNothingWithoutAButton) {
+TEST_F(StatusBarTest, OpensNothingWithoutAButton) {
   desktop.faults.statusButtonMissing = true;
   EXPECT_EQ(item_->button(), nullptr);
   item_->setMenu(&menu_);
@@ -70,14 +70,14 @@ TEST_F(StatusBar, OpensNothingWithoutAButton) {
   EXPECT_EQ(desktop.menu(), nullptr);
 }
 
-TEST_F(StatusBar, ClosesTheMenuWithItsItem) {
+TEST_F(StatusBarTest, ClosesTheMenuWithItsItem) {
   item_->setMenu(&menu_);
   user.clicksStatusItem();
   item_.reset();
   EXPECT_EQ(desktop.menu(), nullptr);
 }
 
-TEST_F(StatusBar, ClosesTheMenuWhenTheItemGetsAnother) {
+TEST_F(StatusBarTest, ClosesTheMenuWhenTheItemGetsAnother) {
   Menu other;
   item_->setMenu(&menu_);
   user.clicksStatusItem();

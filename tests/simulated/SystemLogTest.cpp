@@ -11,13 +11,13 @@ namespace {
 using namespace std::chrono_literals;
 using platform::simulated::LogLine;
 
-class SystemLog : public ::testing::Test {
+class SystemLogTest : public ::testing::Test {
  protected:
   platform::simulated::VirtualTime time_;
   platform::simulated::SystemLog log_{time_};
 };
 
-TEST_F(SystemLog, StampsLinesWithTheWallClock) {
+TEST_F(SystemLogTest, StampsLinesWithTheWallClock) {
   time_.advance(1500ms);
   log_.write("Mail", "hello");
   time_.setAsleep(true);
@@ -28,7 +28,7 @@ TEST_F(SystemLog, StampsLinesWithTheWallClock) {
   EXPECT_EQ(log_.texts(), (std::vector<std::string>{"hello", "again"}));
 }
 
-TEST_F(SystemLog, ShowsTheLinesOfAProcess) {
+TEST_F(SystemLogTest, ShowsTheLinesOfAProcess) {
   log_.write("Mail", "one");
   log_.write("Clock", "two");
   time_.advance(2s);
@@ -37,7 +37,7 @@ TEST_F(SystemLog, ShowsTheLinesOfAProcess) {
             "0.000 Mail: one\n2.000 Mail: three\n");
 }
 
-TEST_F(SystemLog, ShowsOnlyWhatIsRecentEnough) {
+TEST_F(SystemLogTest, ShowsOnlyWhatIsRecentEnough) {
   log_.write("Mail", "old");
   time_.advance(1s);
   log_.write("Mail", "recent");
@@ -45,7 +45,7 @@ TEST_F(SystemLog, ShowsOnlyWhatIsRecentEnough) {
   EXPECT_EQ(log_.show({"show", "--last", "10m"}), "1.000 Mail: recent\n");
 }
 
-TEST_F(SystemLog, ShowsEverythingWhenNotToldWhat) {
+TEST_F(SystemLogTest, ShowsEverythingWhenNotToldWhat) {
   log_.write("Mail", "one");
   log_.write("Clock", "two");
   time_.advance(24h);

@@ -10,7 +10,7 @@ namespace {
 using namespace std::chrono_literals;
 using platform::Duration;
 
-class VirtualTime : public ::testing::Test {
+class VirtualTimeTest : public ::testing::Test {
  protected:
   TaskQueue::Task stamping() {
     return [this] { stamps_.push_back(time_.now()); };
@@ -20,7 +20,7 @@ class VirtualTime : public ::testing::Test {
   std::vector<Duration> stamps_;
 };
 
-TEST_F(VirtualTime, SetsTheClockToEachTaskAndThenToTheEnd) {
+TEST_F(VirtualTimeTest, SetsTheClockToEachTaskAndThenToTheEnd) {
   time_.post(2s, stamping());
   time_.post(1s, stamping());
   time_.advance(3s);
@@ -28,47 +28,47 @@ TEST_F(VirtualTime, SetsTheClockToEachTaskAndThenToTheEnd) {
   EXPECT_EQ(time_.now(), 3s);
 }
 
-TEST_F(VirtualTime, RunsWhatIsDueAtTheEndButNothingLater) {
+TEST_F(VirtualTimeTest, RunsWhatIsDueAtTheEndButNothingLater) {
   time_.post(1s, stamping());
   time_.post(1s + 1ns, stamping());
   time_.advance(1s);
   EXPECT_EQ(stamps_, std::vector<Duration>{1s});
 }
 
-TEST_F(VirtualTime, RunsTasksPostedByTasksWithinTheSameAdvance) {
+TEST_F(VirtualTimeTest, RunsTasksPostedByTasksWithinTheSameAdvance) {
   time_.post(1s, [this] { time_.post(1s, stamping()); });
   time_.advance(2s);
   EXPECT_EQ(stamps_, std::vector<Duration>{2s});
 }
 
-TEST_F(VirtualTime, RunsNothingWithoutBeingAdvanced) {
+TEST_F(VirtualTimeTest, RunsNothingWithoutBeingAdvanced) {
   time_.post(0s, stamping());
   EXPECT_TRUE(stamps_.empty());
   time_.advance(0s);
   EXPECT_EQ(stamps_, std::vector<Duration>{0s});
 }
 
-TEST_F(VirtualTime, CountsANegativeDelayAsNone) {
+TEST_F(VirtualTimeTest, CountsANegativeDelayAsNone) {
   time_.advance(1s);
   time_.post(-1s, stamping());
   time_.advance(0s);
   EXPECT_EQ(stamps_, std::vector<Duration>{1s});
 }
 
-TEST_F(VirtualTime, NeverRunsARemovedTask) {
+TEST_F(VirtualTimeTest, NeverRunsARemovedTask) {
   time_.remove(time_.post(1s, stamping()));
   time_.advance(2s);
   EXPECT_TRUE(stamps_.empty());
 }
 
-TEST_F(VirtualTime, GoesToTheNextTaskOnRequest) {
+TEST_F(VirtualTimeTest, GoesToTheNextTaskOnRequest) {
   time_.post(5s, stamping());
   EXPECT_TRUE(time_.runNext());
   EXPECT_EQ(time_.now(), 5s);
   EXPECT_FALSE(time_.runNext());
 }
 
-TEST_F(VirtualTime, RunsWhatFellDueWhileTheThreadWasBusyAfterwards) {
+TEST_F(VirtualTimeTest, RunsWhatFellDueWhileTheThreadWasBusyAfterwards) {
   time_.post(1s, [this] { time_.block(3s); });
   time_.post(2s, stamping());
   time_.advance(1s);
@@ -78,7 +78,7 @@ TEST_F(VirtualTime, RunsWhatFellDueWhileTheThreadWasBusyAfterwards) {
   EXPECT_EQ(stamps_, std::vector<Duration>{4s});
 }
 
-TEST_F(VirtualTime, LetsATaskLetTimePassItself) {
+TEST_F(VirtualTimeTest, LetsATaskLetTimePassItself) {
   time_.post(1s, [this] { time_.advance(4s); });
   time_.post(2s, stamping());
   time_.advance(3s);
@@ -86,7 +86,7 @@ TEST_F(VirtualTime, LetsATaskLetTimePassItself) {
   EXPECT_EQ(time_.now(), 5s);
 }
 
-TEST_F(VirtualTime, StandsStillWhileAsleepExceptOnTheWallClock) {
+TEST_F(VirtualTimeTest, StandsStillWhileAsleepExceptOnTheWallClock) {
   time_.post(1s, stamping());
   time_.setAsleep(true);
   time_.advance(10s);

@@ -14,7 +14,7 @@ using platform::Window;
 using platform::WindowLevel;
 using platform::WindowNumber;
 
-class WindowList : public SimulatedFixture {
+class WindowListTest : public SimulatedFixture {
  protected:
   std::unique_ptr<Window> make(WindowLevel level = WindowLevel::Floating) {
     auto window = platform().userInterface().createOverlayWindow({.level = level, .alpha = 1.0});
@@ -29,7 +29,7 @@ class WindowList : public SimulatedFixture {
   }
 };
 
-TEST_F(WindowList, StandsByLevelAndThenByOrderingFront) {
+TEST_F(WindowListTest, StandsByLevelAndThenByOrderingFront) {
   const auto first = make();
   const auto overlay = make(WindowLevel::StatusWindow);
   const auto second = make();
@@ -38,7 +38,7 @@ TEST_F(WindowList, StandsByLevelAndThenByOrderingFront) {
             (std::vector<WindowNumber>{second->number(), first->number(), overlay->number()}));
 }
 
-TEST_F(WindowList, GivesEveryWindowANumberOfItsOwn) {
+TEST_F(WindowListTest, GivesEveryWindowANumberOfItsOwn) {
   auto first = make();
   const WindowNumber number = first->number();
   first.reset();

@@ -16,7 +16,7 @@ const SpaceInfo second{3, "B", "Main", 0};
 const SpaceInfo otherFirst{4, "C", "Other", 0};
 const SpaceInfo otherSecond{5, "D", "Other", 0};
 
-class SpaceManagerNames : public tests::SimulatedFixture {
+class SpaceManagerNamesTest : public tests::SimulatedFixture {
  protected:
   SpaceManager& managerWithDesktops() {
     SpaceManager& manager = SpaceManager::shared();
@@ -27,7 +27,7 @@ class SpaceManagerNames : public tests::SimulatedFixture {
   Value stored() { return desktop.storedDefaults()["SpaceNames"]; }
 };
 
-TEST_F(SpaceManagerNames, NumberTheRegularDesktopsOfEachDisplayFromOne) {
+TEST_F(SpaceManagerNamesTest, NumberTheRegularDesktopsOfEachDisplayFromOne) {
   const SpaceManager& manager = managerWithDesktops();
   EXPECT_EQ(manager.displayName(first), "Desktop 1");
   EXPECT_EQ(manager.displayName(second), "Desktop 2");
@@ -35,39 +35,39 @@ TEST_F(SpaceManagerNames, NumberTheRegularDesktopsOfEachDisplayFromOne) {
   EXPECT_EQ(manager.displayName(otherSecond), "Desktop 2");
 }
 
-TEST_F(SpaceManagerNames, GiveNoNumberToAFullScreenSpaceOrAnUnknownOne) {
+TEST_F(SpaceManagerNamesTest, GiveNoNumberToAFullScreenSpaceOrAnUnknownOne) {
   const SpaceManager& manager = managerWithDesktops();
   EXPECT_EQ(manager.displayName(fullScreen), "Desktop");
   EXPECT_EQ(manager.displayName({9, "Z", "Main", 0}), "Desktop");
   EXPECT_EQ(manager.displayName({1, "A", "Main", 4}), "Desktop");
 }
 
-TEST_F(SpaceManagerNames, NumberTheFirstOfTwoEqualEntries) {
+TEST_F(SpaceManagerNamesTest, NumberTheFirstOfTwoEqualEntries) {
   SpaceManager& manager = SpaceManager::shared();
   manager.update({second, first, first}, 1);
   EXPECT_EQ(manager.displayName(first), "Desktop 2");
 }
 
-TEST_F(SpaceManagerNames, FollowTheUuidWhateverElseChanges) {
+TEST_F(SpaceManagerNamesTest, FollowTheUuidWhateverElseChanges) {
   SpaceManager& manager = managerWithDesktops();
   manager.setName("Work", first);
   EXPECT_EQ(manager.displayName({99, "A", "Elsewhere", 4}), "Work");
 }
 
-TEST_F(SpaceManagerNames, AreStoredWithoutWhiteSpaceAtTheirEnds) {
+TEST_F(SpaceManagerNamesTest, AreStoredWithoutWhiteSpaceAtTheirEnds) {
   SpaceManager& manager = managerWithDesktops();
   manager.setName("  Work \n", first);
   EXPECT_EQ(manager.displayName(first), "Work");
   EXPECT_EQ(stored(), Value(Value::Dictionary{{"A", "Work"}}));
 }
 
-TEST_F(SpaceManagerNames, KeepWhatIsBetweenTheWords) {
+TEST_F(SpaceManagerNamesTest, KeepWhatIsBetweenTheWords) {
   SpaceManager& manager = managerWithDesktops();
   manager.setName("\u2003deep  focus\u00A0", second);
   EXPECT_EQ(manager.displayName(second), "deep  focus");
 }
 
-TEST_F(SpaceManagerNames, GoWithABlankName) {
+TEST_F(SpaceManagerNamesTest, GoWithABlankName) {
   SpaceManager& manager = managerWithDesktops();
   manager.setName("Work", first);
   manager.setName("Mail", second);
@@ -79,14 +79,14 @@ TEST_F(SpaceManagerNames, GoWithABlankName) {
   }
 }
 
-TEST_F(SpaceManagerNames, LeaveAnEmptyDictionaryWhenTheLastHasGone) {
+TEST_F(SpaceManagerNamesTest, LeaveAnEmptyDictionaryWhenTheLastHasGone) {
   SpaceManager& manager = managerWithDesktops();
   manager.setName("Work", first);
   manager.setName("", first);
   EXPECT_EQ(stored(), Value(Value::Dictionary{}));
 }
 
-TEST_F(SpaceManagerNames, AreReadFromTheSettingsOnceAndWrittenWhole) {
+TEST_F(SpaceManagerNamesTest, AreReadFromTheSettingsOnceAndWrittenWhole) {
   SpaceManager& manager = managerWithDesktops();
   desktop.storedDefaults()["SpaceNames"] = Value::Dictionary{{"A", "Work"}};
   EXPECT_EQ(manager.displayName(first), "Desktop 1");
@@ -94,7 +94,7 @@ TEST_F(SpaceManagerNames, AreReadFromTheSettingsOnceAndWrittenWhole) {
   EXPECT_EQ(stored(), Value(Value::Dictionary{{"B", "Mail"}}));
 }
 
-TEST_F(SpaceManagerNames, PostOneChangeForEverySet) {
+TEST_F(SpaceManagerNamesTest, PostOneChangeForEverySet) {
   SpaceManager& manager = managerWithDesktops();
   int changes = 0;
   const auto observer =
@@ -106,7 +106,7 @@ TEST_F(SpaceManagerNames, PostOneChangeForEverySet) {
   }
 }
 
-TEST_F(SpaceManagerNames, AreStoredBeforeTheChangeIsPosted) {
+TEST_F(SpaceManagerNamesTest, AreStoredBeforeTheChangeIsPosted) {
   SpaceManager& manager = managerWithDesktops();
   Value seen;
   const auto observer =
@@ -115,13 +115,13 @@ TEST_F(SpaceManagerNames, AreStoredBeforeTheChangeIsPosted) {
   EXPECT_EQ(seen, Value(Value::Dictionary{{"A", "Work"}}));
 }
 
-TEST_F(SpaceManagerNames, SurviveARestart) {
+TEST_F(SpaceManagerNamesTest, SurviveARestart) {
   managerWithDesktops().setName("Work", first);
   relaunch();
   EXPECT_EQ(managerWithDesktops().displayName(first), "Work");
 }
 
-TEST_F(SpaceManagerNames, ComeBackWithTheirDesktop) {
+TEST_F(SpaceManagerNamesTest, ComeBackWithTheirDesktop) {
   SpaceManager& manager = managerWithDesktops();
   manager.setName("Work", first);
   manager.update({second}, 3);
@@ -130,7 +130,7 @@ TEST_F(SpaceManagerNames, ComeBackWithTheirDesktop) {
   EXPECT_EQ(manager.displayName(first), "Work");
 }
 
-TEST_F(SpaceManagerNames, AreTakenFromTheSettingsAsTheyStand) {
+TEST_F(SpaceManagerNamesTest, AreTakenFromTheSettingsAsTheyStand) {
   desktop.storedDefaults()["SpaceNames"] = Value::Dictionary{{"A", " Work "}, {"B", ""}, {"gone", "Play"}};
   SpaceManager& manager = managerWithDesktops();
   EXPECT_EQ(manager.displayName(first), " Work ");
@@ -139,7 +139,7 @@ TEST_F(SpaceManagerNames, AreTakenFromTheSettingsAsTheyStand) {
   EXPECT_EQ(stored(), Value(Value::Dictionary{{"A", " Work "}, {"B", ""}, {"C", "Mail"}, {"gone", "Play"}}));
 }
 
-TEST_F(SpaceManagerNames, AreEmptyWhereTheSettingsHoldSomethingElse) {
+TEST_F(SpaceManagerNamesTest, AreEmptyWhereTheSettingsHoldSomethingElse) {
   for (const Value& damaged :
        {Value("Work"), Value(Value::Array{"A", "Work"}), Value(7), Value(Value::Dictionary{{"A", "Work"}, {"B", 7}})}) {
     desktop.storedDefaults()["SpaceNames"] = damaged;

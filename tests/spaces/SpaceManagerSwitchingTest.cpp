@@ -46,9 +46,9 @@ std::vector<PostedEvent> instantSwipe(Duration start, double sign) {
           dockSwipe(start, 4, progress, sign * 400.0)};
 }
 
-class SpaceManagerSwitching : public SpaceManagerFixture {
+class SpaceManagerSwitchingTest : public SpaceManagerFixture {
  protected:
-  explicit SpaceManagerSwitching(int desktops = 4) : SpaceManagerFixture(desktops) {}
+  explicit SpaceManagerSwitchingTest(int desktops = 4) : SpaceManagerFixture(desktops) {}
 
   void switchTo(const SpaceInfo& space) { manager.switchToSpace(space, style); }
 
@@ -62,7 +62,7 @@ class SpaceManagerSwitching : public SpaceManagerFixture {
   }
 };
 
-TEST_F(SpaceManagerSwitching, FieldsHaveTheNumbersOfTheWindowServer) {
+TEST_F(SpaceManagerSwitchingTest, FieldsHaveTheNumbersOfTheWindowServer) {
   startsOn(0);
   switchTo(regularSpace(1));
   desktop.advance(0s);
@@ -73,7 +73,7 @@ TEST_F(SpaceManagerSwitching, FieldsHaveTheNumbersOfTheWindowServer) {
   EXPECT_THAT(numbers, ElementsAre(55U, 110U, 132U, 124U, 123U, 129U, 130U));
 }
 
-TEST_F(SpaceManagerSwitching, AnimatedSwipeToTheRightIsTenEventsOver162Milliseconds) {
+TEST_F(SpaceManagerSwitchingTest, AnimatedSwipeToTheRightIsTenEventsOver162Milliseconds) {
   startsOn(0);
   const Duration start = desktop.now();
   switchTo(regularSpace(1));
@@ -81,7 +81,7 @@ TEST_F(SpaceManagerSwitching, AnimatedSwipeToTheRightIsTenEventsOver162Milliseco
   EXPECT_THAT(recorder.posted(), ElementsAreArray(animatedSwipe(start, 1.0)));
 }
 
-TEST_F(SpaceManagerSwitching, AnimatedSwipeToTheLeftHasNegativeProgressAndVelocity) {
+TEST_F(SpaceManagerSwitchingTest, AnimatedSwipeToTheLeftHasNegativeProgressAndVelocity) {
   startsOn(1);
   const Duration start = desktop.now();
   switchTo(regularSpace(0));
@@ -89,7 +89,7 @@ TEST_F(SpaceManagerSwitching, AnimatedSwipeToTheLeftHasNegativeProgressAndVeloci
   EXPECT_THAT(recorder.posted(), ElementsAreArray(animatedSwipe(start, -1.0)));
 }
 
-TEST_F(SpaceManagerSwitching, InstantSwipeToTheRightIsThreeEventsAtOnce) {
+TEST_F(SpaceManagerSwitchingTest, InstantSwipeToTheRightIsThreeEventsAtOnce) {
   prefersInstant();
   startsOn(0);
   const Duration start = desktop.now();
@@ -98,7 +98,7 @@ TEST_F(SpaceManagerSwitching, InstantSwipeToTheRightIsThreeEventsAtOnce) {
   EXPECT_THAT(recorder.posted(), ElementsAreArray(instantSwipe(start, 1.0)));
 }
 
-TEST_F(SpaceManagerSwitching, InstantSwipeToTheLeftHasNegativeProgressAndVelocity) {
+TEST_F(SpaceManagerSwitchingTest, InstantSwipeToTheLeftHasNegativeProgressAndVelocity) {
   prefersInstant();
   startsOn(1);
   const Duration start = desktop.now();
@@ -107,7 +107,7 @@ TEST_F(SpaceManagerSwitching, InstantSwipeToTheLeftHasNegativeProgressAndVelocit
   EXPECT_THAT(recorder.posted(), ElementsAreArray(instantSwipe(start, -1.0)));
 }
 
-TEST_F(SpaceManagerSwitching, InstantProgressIsTheSmallestPositiveSinglePrecisionValue) {
+TEST_F(SpaceManagerSwitchingTest, InstantProgressIsTheSmallestPositiveSinglePrecisionValue) {
   prefersInstant();
   startsOn(0);
   switchTo(regularSpace(1));
@@ -118,7 +118,7 @@ TEST_F(SpaceManagerSwitching, InstantProgressIsTheSmallestPositiveSinglePrecisio
   EXPECT_EQ(progress, 1.401298464324817e-45);
 }
 
-TEST_F(SpaceManagerSwitching, AnimatedStepsAre220MillisecondsApart) {
+TEST_F(SpaceManagerSwitchingTest, AnimatedStepsAre220MillisecondsApart) {
   startsOn(3);
   const Duration start = desktop.now();
   switchTo(regularSpace(0));
@@ -130,7 +130,7 @@ TEST_F(SpaceManagerSwitching, AnimatedStepsAre220MillisecondsApart) {
   EXPECT_THAT(recorder.posted(), ElementsAreArray(expected));
 }
 
-TEST_F(SpaceManagerSwitching, InstantStepsAre50MillisecondsApart) {
+TEST_F(SpaceManagerSwitchingTest, InstantStepsAre50MillisecondsApart) {
   prefersInstant();
   startsOn(0);
   const Duration start = desktop.now();
@@ -143,7 +143,7 @@ TEST_F(SpaceManagerSwitching, InstantStepsAre50MillisecondsApart) {
   EXPECT_THAT(recorder.posted(), ElementsAreArray(expected));
 }
 
-TEST_F(SpaceManagerSwitching, PostsNothingBeforeTheCallReturns) {
+TEST_F(SpaceManagerSwitchingTest, PostsNothingBeforeTheCallReturns) {
   startsOn(0);
   switchTo(regularSpace(1));
   prefersInstant();
@@ -151,7 +151,7 @@ TEST_F(SpaceManagerSwitching, PostsNothingBeforeTheCallReturns) {
   EXPECT_THAT(recorder.posted(), IsEmpty());
 }
 
-TEST_F(SpaceManagerSwitching, MakesAllStepsInTheStyleOfTheCall) {
+TEST_F(SpaceManagerSwitchingTest, MakesAllStepsInTheStyleOfTheCall) {
   startsOn(0);
   const Duration start = desktop.now();
   switchTo(regularSpace(2));
@@ -162,7 +162,7 @@ TEST_F(SpaceManagerSwitching, MakesAllStepsInTheStyleOfTheCall) {
   EXPECT_THAT(recorder.posted(), ElementsAreArray(expected));
 }
 
-TEST_F(SpaceManagerSwitching, CountsDelaysFromTheSchedulingAndNotFromTheEventBefore) {
+TEST_F(SpaceManagerSwitchingTest, CountsDelaysFromTheSchedulingAndNotFromTheEventBefore) {
   startsOn(0);
   const Duration start = desktop.now();
   switchTo(regularSpace(1));
@@ -175,7 +175,7 @@ TEST_F(SpaceManagerSwitching, CountsDelaysFromTheSchedulingAndNotFromTheEventBef
   EXPECT_THAT(recorder.posted(), ElementsAreArray(expected));
 }
 
-TEST_F(SpaceManagerSwitching, FixesTheStepsAtTheCall) {
+TEST_F(SpaceManagerSwitchingTest, FixesTheStepsAtTheCall) {
   desktop.faults.allSwipesDropped = true;
   startsOn(0);
   switchTo(regularSpace(3));
@@ -185,7 +185,7 @@ TEST_F(SpaceManagerSwitching, FixesTheStepsAtTheCall) {
   EXPECT_EQ(directions(), "RRR");
 }
 
-TEST_F(SpaceManagerSwitching, CrossesDisplaysInListOrder) {
+TEST_F(SpaceManagerSwitchingTest, CrossesDisplaysInListOrder) {
   desktop.addDisplay("Display 2", 3);
   startsOn(2);
   switchTo(regularSpace(5));
@@ -194,7 +194,7 @@ TEST_F(SpaceManagerSwitching, CrossesDisplaysInListOrder) {
   EXPECT_EQ(desktop.activeSpace(), desktop.desktopAt(5));
 }
 
-TEST_F(SpaceManagerSwitching, LeavesFullScreenSpacesOutOfTheCount) {
+TEST_F(SpaceManagerSwitchingTest, LeavesFullScreenSpacesOutOfTheCount) {
   desktop.addDesktop(NewSpace{.type = fullScreen, .position = 1});
   desktop.addDesktop(NewSpace{.type = fullScreen, .position = 3});
   startsOn(3);
@@ -204,14 +204,14 @@ TEST_F(SpaceManagerSwitching, LeavesFullScreenSpacesOutOfTheCount) {
   EXPECT_EQ(desktop.activeSpace(), desktop.desktopAt(0));
 }
 
-TEST_F(SpaceManagerSwitching, KnowsTheTargetByItsIdentifierAlone) {
+TEST_F(SpaceManagerSwitchingTest, KnowsTheTargetByItsIdentifierAlone) {
   startsOn(0);
   switchTo({.spaceID = desktop.desktopAt(2), .uuid = "another", .displayUUID = "another", .type = 4});
   desktop.advance(5s);
   EXPECT_EQ(directions(), "RR");
 }
 
-TEST_F(SpaceManagerSwitching, CountsFromTheFirstOfTwoDesktopsWithOneIdentifier) {
+TEST_F(SpaceManagerSwitchingTest, CountsFromTheFirstOfTwoDesktopsWithOneIdentifier) {
   const std::vector<SpaceInfo> spaces = {
       {1, "A", "Main", 0}, {2, "B", "Main", 0}, {2, "C", "Main", 0}, {3, "D", "Main", 0}};
   manager.update(spaces, 1);
@@ -224,14 +224,14 @@ TEST_F(SpaceManagerSwitching, CountsFromTheFirstOfTwoDesktopsWithOneIdentifier) 
   EXPECT_EQ(directions(), "RRR");
 }
 
-TEST_F(SpaceManagerSwitching, DoesNothingTowardsTheActiveDesktop) {
+TEST_F(SpaceManagerSwitchingTest, DoesNothingTowardsTheActiveDesktop) {
   startsOn(2);
   switchTo(regularSpace(2));
   desktop.advance(5s);
   EXPECT_THAT(recorder.posted(), IsEmpty());
 }
 
-TEST_F(SpaceManagerSwitching, DoesNothingTowardsAFullScreenSpace) {
+TEST_F(SpaceManagerSwitchingTest, DoesNothingTowardsAFullScreenSpace) {
   const platform::SpaceID space = desktop.addDesktop(NewSpace{.type = fullScreen});
   startsOn(0);
   switchTo({.spaceID = space, .type = 0});
@@ -239,14 +239,14 @@ TEST_F(SpaceManagerSwitching, DoesNothingTowardsAFullScreenSpace) {
   EXPECT_THAT(recorder.posted(), IsEmpty());
 }
 
-TEST_F(SpaceManagerSwitching, DoesNothingTowardsAnUnknownDesktop) {
+TEST_F(SpaceManagerSwitchingTest, DoesNothingTowardsAnUnknownDesktop) {
   startsOn(0);
   switchTo({.spaceID = 999});
   desktop.advance(5s);
   EXPECT_THAT(recorder.posted(), IsEmpty());
 }
 
-TEST_F(SpaceManagerSwitching, DoesNothingFromAFullScreenSpace) {
+TEST_F(SpaceManagerSwitchingTest, DoesNothingFromAFullScreenSpace) {
   follow();
   desktop.enterFullScreen();
   switchTo(regularSpace(2));
@@ -254,7 +254,7 @@ TEST_F(SpaceManagerSwitching, DoesNothingFromAFullScreenSpace) {
   EXPECT_THAT(recorder.posted(), IsEmpty());
 }
 
-TEST_F(SpaceManagerSwitching, DoesNothingWhileTheActiveDesktopIsUnknown) {
+TEST_F(SpaceManagerSwitchingTest, DoesNothingWhileTheActiveDesktopIsUnknown) {
   follow();
   manager.update(manager.spaces(), 999);
   switchTo(regularSpace(2));
@@ -262,14 +262,14 @@ TEST_F(SpaceManagerSwitching, DoesNothingWhileTheActiveDesktopIsUnknown) {
   EXPECT_THAT(recorder.posted(), IsEmpty());
 }
 
-TEST_F(SpaceManagerSwitching, DoesNothingWithoutDesktops) {
+TEST_F(SpaceManagerSwitchingTest, DoesNothingWithoutDesktops) {
   manager.update({}, desktop.activeSpace());
   switchTo({.spaceID = desktop.desktopAt(1)});
   desktop.advance(5s);
   EXPECT_THAT(recorder.posted(), IsEmpty());
 }
 
-TEST_F(SpaceManagerSwitching, LeavesOutOnlyTheEventThatCannotBeMade) {
+TEST_F(SpaceManagerSwitchingTest, LeavesOutOnlyTheEventThatCannotBeMade) {
   startsOn(0);
   for (int failing = 0; failing < 10; ++failing) {
     const Duration start = desktop.now();
@@ -285,7 +285,7 @@ TEST_F(SpaceManagerSwitching, LeavesOutOnlyTheEventThatCannotBeMade) {
   }
 }
 
-TEST_F(SpaceManagerSwitching, InstantSwipeGoesOnAfterAnEventThatCannotBeMade) {
+TEST_F(SpaceManagerSwitchingTest, InstantSwipeGoesOnAfterAnEventThatCannotBeMade) {
   prefersInstant();
   startsOn(0);
   const Duration start = desktop.now();
@@ -297,14 +297,14 @@ TEST_F(SpaceManagerSwitching, InstantSwipeGoesOnAfterAnEventThatCannotBeMade) {
   EXPECT_THAT(recorder.posted(), ElementsAreArray(expected));
 }
 
-TEST_F(SpaceManagerSwitching, ArrivesAtTheTarget) {
+TEST_F(SpaceManagerSwitchingTest, ArrivesAtTheTarget) {
   startsOn(3);
   switchTo(regularSpace(1));
   desktop.advance(5s);
   EXPECT_EQ(desktop.activeSpace(), desktop.desktopAt(1));
 }
 
-TEST_F(SpaceManagerSwitching, ArrivesAtTheTargetByInstantSwipes) {
+TEST_F(SpaceManagerSwitchingTest, ArrivesAtTheTargetByInstantSwipes) {
   prefersInstant();
   startsOn(0);
   switchTo(regularSpace(3));
@@ -312,7 +312,7 @@ TEST_F(SpaceManagerSwitching, ArrivesAtTheTargetByInstantSwipes) {
   EXPECT_EQ(desktop.activeSpace(), desktop.desktopAt(3));
 }
 
-TEST_F(SpaceManagerSwitching, StaysWhereItIsWithoutPermission) {
+TEST_F(SpaceManagerSwitchingTest, StaysWhereItIsWithoutPermission) {
   desktop.faults.accessibilityDenied = true;
   startsOn(0);
   switchTo(regularSpace(3));
@@ -321,7 +321,7 @@ TEST_F(SpaceManagerSwitching, StaysWhereItIsWithoutPermission) {
   EXPECT_THAT(desktop.log().texts(), IsEmpty());
 }
 
-TEST_F(SpaceManagerSwitching, StopsPostingWhenTheModelGoes) {
+TEST_F(SpaceManagerSwitchingTest, StopsPostingWhenTheModelGoes) {
   follow();
   std::optional<SpaceManager> brief(std::in_place, recorder);
   brief->update(manager.spaces(), manager.activeSpaceID());

@@ -18,7 +18,7 @@ const SpaceInfo first{1, "A", "Main", 0};
 const SpaceInfo second{2, "B", "Main", 0};
 const SpaceInfo fullScreen{3, "F", "Main", 4};
 
-class SpaceManagerModel : public tests::SimulatedFixture {
+class SpaceManagerTest : public tests::SimulatedFixture {
  protected:
   SpaceManager& manager = SpaceManager::shared();
 
@@ -45,17 +45,17 @@ const std::vector<std::string> change{"SpaceManagerDidChange"};
 const std::vector<std::string> activation{"SpaceManagerActiveSpaceChanged"};
 const std::vector<std::string> changeThenActivation{"SpaceManagerDidChange", "SpaceManagerActiveSpaceChanged"};
 
-TEST_F(SpaceManagerModel, IsEmptyBeforeTheFirstSnapshot) {
+TEST_F(SpaceManagerTest, IsEmptyBeforeTheFirstSnapshot) {
   EXPECT_TRUE(manager.spaces().empty());
   EXPECT_EQ(manager.activeSpaceID(), 0U);
   EXPECT_EQ(manager.activeSpace(), nullptr);
 }
 
-TEST_F(SpaceManagerModel, IsOneSharedInstance) {
+TEST_F(SpaceManagerTest, IsOneSharedInstance) {
   EXPECT_EQ(&manager, &SpaceManager::shared());
 }
 
-TEST_F(SpaceManagerModel, KeepsTheSnapshot) {
+TEST_F(SpaceManagerTest, KeepsTheSnapshot) {
   manager.update({first, fullScreen, second}, 3);
   EXPECT_EQ(manager.spaces(), (std::vector{first, fullScreen, second}));
   EXPECT_EQ(manager.activeSpaceID(), 3U);
@@ -63,12 +63,12 @@ TEST_F(SpaceManagerModel, KeepsTheSnapshot) {
   EXPECT_EQ(*manager.activeSpace(), fullScreen);
 }
 
-TEST_F(SpaceManagerModel, PostsTheListBeforeTheActiveDesktop) {
+TEST_F(SpaceManagerTest, PostsTheListBeforeTheActiveDesktop) {
   manager.update({first, second}, 1);
   EXPECT_EQ(takePosts(), changeThenActivation);
 }
 
-TEST_F(SpaceManagerModel, HasTheNewSnapshotWhenItPosts) {
+TEST_F(SpaceManagerTest, HasTheNewSnapshotWhenItPosts) {
   std::size_t seenSpaces = 0;
   platform::SpaceID seenActive = 0;
   const auto observer = platform().notifications().defaultCenter().observe(SpaceManager::didChange, [&] {
@@ -80,7 +80,7 @@ TEST_F(SpaceManagerModel, HasTheNewSnapshotWhenItPosts) {
   EXPECT_EQ(seenActive, 2U);
 }
 
-TEST_F(SpaceManagerModel, PostsNothingForAnIdenticalSnapshotButRemembersAgain) {
+TEST_F(SpaceManagerTest, PostsNothingForAnIdenticalSnapshotButRemembersAgain) {
   manager.update({first, second}, 1);
   takePosts();
   desktop.storedDefaults().erase("KnownSpaceUUIDs");
@@ -89,14 +89,14 @@ TEST_F(SpaceManagerModel, PostsNothingForAnIdenticalSnapshotButRemembersAgain) {
   EXPECT_EQ(known(), (std::set<std::string>{"A", "B"}));
 }
 
-TEST_F(SpaceManagerModel, PostsOnlyTheActiveDesktopWhenOnlyThatChanges) {
+TEST_F(SpaceManagerTest, PostsOnlyTheActiveDesktopWhenOnlyThatChanges) {
   manager.update({first, second}, 1);
   takePosts();
   manager.update({first, second}, 2);
   EXPECT_EQ(takePosts(), activation);
 }
 
-TEST_F(SpaceManagerModel, PostsOnlyTheListWhenOnlyThatChanges) {
+TEST_F(SpaceManagerTest, PostsOnlyTheListWhenOnlyThatChanges) {
   manager.update({first, second}, 1);
   takePosts();
   manager.update({second, first}, 1);
@@ -109,7 +109,7 @@ TEST_F(SpaceManagerModel, PostsOnlyTheListWhenOnlyThatChanges) {
   EXPECT_EQ(takePosts(), change);
 }
 
-TEST_F(SpaceManagerModel, PostsWhenTheListBecomesEmpty) {
+TEST_F(SpaceManagerTest, PostsWhenTheListBecomesEmpty) {
   manager.update({first}, 1);
   takePosts();
   manager.update({}, 1);
@@ -117,7 +117,7 @@ TEST_F(SpaceManagerModel, PostsWhenTheListBecomesEmpty) {
   EXPECT_EQ(manager.activeSpace(), nullptr);
 }
 
-TEST_F(SpaceManagerModel, RemembersEveryRegularDesktopForGood) {
+TEST_F(SpaceManagerTest, RemembersEveryRegularDesktopForGood) {
   desktop.storedDefaults()["KnownSpaceUUIDs"] = Value::Array{"Z", "A"};
   manager.update({first, fullScreen}, 1);
   EXPECT_EQ(known(), (std::set<std::string>{"A", "Z"}));
@@ -125,7 +125,7 @@ TEST_F(SpaceManagerModel, RemembersEveryRegularDesktopForGood) {
   EXPECT_EQ(known(), (std::set<std::string>{"A", "B", "Z"}));
 }
 
-TEST_F(SpaceManagerModel, ForgetsAMemoryThatIsNotAListOfStrings) {
+TEST_F(SpaceManagerTest, ForgetsAMemoryThatIsNotAListOfStrings) {
   for (const Value& damaged : {Value("A"), Value(Value::Array{"Z", 7}), Value(Value::Dictionary{{"Z", "Z"}})}) {
     desktop.storedDefaults()["KnownSpaceUUIDs"] = damaged;
     manager.update({first}, 1);
@@ -133,7 +133,7 @@ TEST_F(SpaceManagerModel, ForgetsAMemoryThatIsNotAListOfStrings) {
   }
 }
 
-TEST_F(SpaceManagerModel, RemembersBeforeItPosts) {
+TEST_F(SpaceManagerTest, RemembersBeforeItPosts) {
   std::set<std::string> seen;
   const auto observer =
       platform().notifications().defaultCenter().observe(SpaceManager::didChange, [&] { seen = known(); });
@@ -141,7 +141,7 @@ TEST_F(SpaceManagerModel, RemembersBeforeItPosts) {
   EXPECT_EQ(seen, std::set<std::string>{"A"});
 }
 
-TEST_F(SpaceManagerModel, RemembersNoSpaceOfAnotherTypeWhicheverThatIs) {
+TEST_F(SpaceManagerTest, RemembersNoSpaceOfAnotherTypeWhicheverThatIs) {
   std::vector<SpaceInfo> spaces{first};
   for (const std::int64_t type : {-1, 1, 2, 3, 4, 5}) {
     spaces.push_back({.spaceID = 20, .uuid = "of type " + std::to_string(type), .displayUUID = "Main", .type = type});
@@ -152,7 +152,7 @@ TEST_F(SpaceManagerModel, RemembersNoSpaceOfAnotherTypeWhicheverThatIs) {
 }
 
 // An observer of the list may bring another snapshot before the first one has been announced to the end.
-TEST_F(SpaceManagerModel, PostsByTheActiveDesktopItWasGivenWhateverIsActiveByThen) {
+TEST_F(SpaceManagerTest, PostsByTheActiveDesktopItWasGivenWhateverIsActiveByThen) {
   struct Row {
     platform::SpaceID given;
     platform::SpaceID meanwhile;

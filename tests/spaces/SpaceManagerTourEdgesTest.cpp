@@ -11,14 +11,14 @@ namespace {
 using ::testing::ElementsAre;
 
 /// The first and the last moments of a tour, and tours that meet.
-using SpaceManagerTourEdges = SpaceManagerTour;
+using SpaceManagerTourEdgesTest = SpaceManagerTourTest;
 
-class SpaceManagerTourEdgesOfSix : public SpaceManagerTour {
+class SpaceManagerTourEdgesOfSixTest : public SpaceManagerTourTest {
  protected:
-  SpaceManagerTourEdgesOfSix() : SpaceManagerTour(6) {}
+  SpaceManagerTourEdgesOfSixTest() : SpaceManagerTourTest(6) {}
 };
 
-TEST_F(SpaceManagerTourEdges, TakesNoReportBeforeTheFirstStepForItsArrival) {
+TEST_F(SpaceManagerTourEdgesTest, TakesNoReportBeforeTheFirstStepForItsArrival) {
   onEvent = [this](const std::string& event) {
     if (event == SpaceManager::tourWillStart) {
       desktop.reportActiveSpaceChange();
@@ -29,7 +29,7 @@ TEST_F(SpaceManagerTourEdges, TakesNoReportBeforeTheFirstStepForItsArrival) {
   EXPECT_EQ(directions(), "R");
 }
 
-TEST_F(SpaceManagerTourEdgesOfSix, IsCutOffDuringItsLastStepToo) {
+TEST_F(SpaceManagerTourEdgesOfSixTest, IsCutOffDuringItsLastStepToo) {
   startTourByHand();
   reportsArrivalAt(19300ms);
   advanceTo(20s - 1ns);
@@ -42,7 +42,7 @@ TEST_F(SpaceManagerTourEdgesOfSix, IsCutOffDuringItsLastStepToo) {
   EXPECT_EQ(logged().back(), endLine);
 }
 
-TEST_F(SpaceManagerTourEdges, BeginsAnewWhenItIsStartedWhileItRuns) {
+TEST_F(SpaceManagerTourEdgesTest, BeginsAnewWhenItIsStartedWhileItRuns) {
   startTourByHand();
   advanceTo(500ms);
   manager.performAutoTour([this] { happens("second completion"); });
@@ -57,7 +57,7 @@ TEST_F(SpaceManagerTourEdges, BeginsAnewWhenItIsStartedWhileItRuns) {
 }
 
 // The completion is looked up after the end has been announced: by then it is the other tour's.
-TEST_F(SpaceManagerTourEdges, LetsItsEndStartAnotherWhoseCompletionTakesItsOwnsPlace) {
+TEST_F(SpaceManagerTourEdgesTest, LetsItsEndStartAnotherWhoseCompletionTakesItsOwnsPlace) {
   bool startedAgain = false;
   onEvent = [&](const std::string& event) {
     if (event == SpaceManager::tourDidEnd && !std::exchange(startedAgain, true)) {

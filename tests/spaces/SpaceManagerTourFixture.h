@@ -10,9 +10,9 @@
 namespace roomlattice::tests {
 
 /// Tours, and what is said of them.
-class SpaceManagerTour : public SpaceManagerFixture {
+class SpaceManagerTourTest : public SpaceManagerFixture {
  protected:
-  explicit SpaceManagerTour(int desktops = 3) : SpaceManagerFixture(desktops) {
+  explicit SpaceManagerTourTest(int desktops = 3) : SpaceManagerFixture(desktops) {
     const auto note = [this](std::string_view name) {
       return platform().notifications().defaultCenter().observe(name, [this, name] { happens(std::string(name)); });
     };

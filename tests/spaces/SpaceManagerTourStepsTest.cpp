@@ -13,11 +13,11 @@ using ::testing::ElementsAre;
 using ::testing::ElementsAreArray;
 using ::testing::IsEmpty;
 
-using SpaceManagerTourSteps = SpaceManagerTour;
+using SpaceManagerTourStepsTest = SpaceManagerTourTest;
 
 // --- Arrivals
 
-TEST_F(SpaceManagerTourSteps, SwipesOn80MillisecondsAfterAnArrival) {
+TEST_F(SpaceManagerTourStepsTest, SwipesOn80MillisecondsAfterAnArrival) {
   startTourByHand();
   reportsArrivalAt(500ms);
   advanceTo(580ms - 1ns);
@@ -26,7 +26,7 @@ TEST_F(SpaceManagerTourSteps, SwipesOn80MillisecondsAfterAnArrival) {
   EXPECT_THAT(swipesSinceStart(), ElementsAre(Swipe{0ms, Right}, Swipe{580ms, Right}));
 }
 
-TEST_F(SpaceManagerTourSteps, AdvancesOnceHoweverOftenAnArrivalIsReported) {
+TEST_F(SpaceManagerTourStepsTest, AdvancesOnceHoweverOftenAnArrivalIsReported) {
   startTourByHand();
   for (const Duration at : {500ms, 500ms, 520ms, 579ms}) {
     reportsArrivalAt(at);
@@ -35,7 +35,7 @@ TEST_F(SpaceManagerTourSteps, AdvancesOnceHoweverOftenAnArrivalIsReported) {
   EXPECT_THAT(swipesSinceStart(), ElementsAre(Swipe{0ms, Right}, Swipe{580ms, Right}));
 }
 
-TEST_F(SpaceManagerTourSteps, EndsAsWellWhenEveryArrivalIsReportedSeveralTimes) {
+TEST_F(SpaceManagerTourStepsTest, EndsAsWellWhenEveryArrivalIsReportedSeveralTimes) {
   desktop.faults.extraActiveSpaceNotices = 3;
   startTour();
   desktop.advance(20s);
@@ -43,7 +43,7 @@ TEST_F(SpaceManagerTourSteps, EndsAsWellWhenEveryArrivalIsReportedSeveralTimes) 
   EXPECT_EQ(desktop.activeSpace(), desktop.desktopAt(0));
 }
 
-TEST_F(SpaceManagerTourSteps, CountsAnyChangeAsTheArrivalOfTheStepUnderWay) {
+TEST_F(SpaceManagerTourStepsTest, CountsAnyChangeAsTheArrivalOfTheStepUnderWay) {
   startTourByHand();
   advanceTo(100ms);
   desktop.switchTo(desktop.desktopAt(2));
@@ -51,7 +51,7 @@ TEST_F(SpaceManagerTourSteps, CountsAnyChangeAsTheArrivalOfTheStepUnderWay) {
   EXPECT_THAT(swipesSinceStart(), ElementsAre(Swipe{0ms, Right}, Swipe{180ms, Right}));
 }
 
-TEST_F(SpaceManagerTourSteps, TimesOutNoStepThatArrivedAt1100Milliseconds) {
+TEST_F(SpaceManagerTourStepsTest, TimesOutNoStepThatArrivedAt1100Milliseconds) {
   startTourByHand();
   reportsArrivalAt(1100ms);
   advanceTo(2379ms);
@@ -59,7 +59,7 @@ TEST_F(SpaceManagerTourSteps, TimesOutNoStepThatArrivedAt1100Milliseconds) {
   EXPECT_THAT(logged(), ElementsAre(startLine(4)));
 }
 
-TEST_F(SpaceManagerTourSteps, RetriesAStepWhoseArrivalHasNotSettledAtItsTimeout) {
+TEST_F(SpaceManagerTourStepsTest, RetriesAStepWhoseArrivalHasNotSettledAtItsTimeout) {
   startTourByHand();
   reportsArrivalAt(1150ms);
   advanceTo(2400ms);
@@ -67,14 +67,14 @@ TEST_F(SpaceManagerTourSteps, RetriesAStepWhoseArrivalHasNotSettledAtItsTimeout)
   EXPECT_THAT(logged(), ElementsAre(startLine(4), retryLine(1)));
 }
 
-TEST_F(SpaceManagerTourSteps, DropsAnArrivalWhoseStepIsOverWhenItHasSettled) {
+TEST_F(SpaceManagerTourStepsTest, DropsAnArrivalWhoseStepIsOverWhenItHasSettled) {
   startTourByHand();
   reportsArrivalAt(2350ms);
   advanceTo(3599ms);
   EXPECT_THAT(swipesSinceStart(), ElementsAre(Swipe{0ms, Right}, Swipe{1200ms, Right}, Swipe{2400ms, Right}));
 }
 
-TEST_F(SpaceManagerTourSteps, CountsALateArrivalForTheStepUnderWay) {
+TEST_F(SpaceManagerTourStepsTest, CountsALateArrivalForTheStepUnderWay) {
   startTourByHand();
   reportsArrivalAt(2410ms);
   advanceTo(2490ms);
@@ -82,7 +82,7 @@ TEST_F(SpaceManagerTourSteps, CountsALateArrivalForTheStepUnderWay) {
               ElementsAre(Swipe{0ms, Right}, Swipe{1200ms, Right}, Swipe{2400ms, Right}, Swipe{2490ms, Left}));
 }
 
-TEST_F(SpaceManagerTourSteps, DropsArrivalsThatSettleAfterTheEnd) {
+TEST_F(SpaceManagerTourStepsTest, DropsArrivalsThatSettleAfterTheEnd) {
   onEvent = [this](const std::string&) { desktop.reportActiveSpaceChange(); };
   startTour();
   desktop.advance(20s);
@@ -92,7 +92,7 @@ TEST_F(SpaceManagerTourSteps, DropsArrivalsThatSettleAfterTheEnd) {
 
 // --- Timeouts
 
-TEST_F(SpaceManagerTourSteps, RepeatsTheSwipeOnceAfter1200Milliseconds) {
+TEST_F(SpaceManagerTourStepsTest, RepeatsTheSwipeOnceAfter1200Milliseconds) {
   startTourByHand();
   advanceTo(1200ms - 1ns);
   EXPECT_EQ(directions(), "R");
@@ -101,7 +101,7 @@ TEST_F(SpaceManagerTourSteps, RepeatsTheSwipeOnceAfter1200Milliseconds) {
   EXPECT_THAT(logged(), ElementsAre(startLine(4), retryLine(1)));
 }
 
-TEST_F(SpaceManagerTourSteps, RepeatsTheWholeSwipe) {
+TEST_F(SpaceManagerTourStepsTest, RepeatsTheWholeSwipe) {
   startTourByHand();
   advanceTo(1200ms + 162ms);
   std::vector<PostedEvent> first(recorder.posted().begin(), recorder.posted().begin() + 10);
@@ -111,7 +111,7 @@ TEST_F(SpaceManagerTourSteps, RepeatsTheWholeSwipe) {
   EXPECT_EQ(std::vector(recorder.posted().begin() + 10, recorder.posted().end()), first);
 }
 
-TEST_F(SpaceManagerTourSteps, SkipsAStepAfterASecondTimeout) {
+TEST_F(SpaceManagerTourStepsTest, SkipsAStepAfterASecondTimeout) {
   startTourByHand();
   advanceTo(2400ms - 1ns);
   EXPECT_EQ(directions(), "RR");
@@ -120,13 +120,13 @@ TEST_F(SpaceManagerTourSteps, SkipsAStepAfterASecondTimeout) {
   EXPECT_THAT(logged(), ElementsAre(startLine(4), retryLine(1), skipLine(1)));
 }
 
-TEST_F(SpaceManagerTourSteps, RetriesEachStepAnew) {
+TEST_F(SpaceManagerTourStepsTest, RetriesEachStepAnew) {
   startTourByHand();
   advanceTo(2400ms + 1200ms);
   EXPECT_THAT(logged(), ElementsAre(startLine(4), retryLine(1), skipLine(1), retryLine(2)));
 }
 
-TEST_F(SpaceManagerTourSteps, SkipsNoStepThatArrivedAfterItsRetry) {
+TEST_F(SpaceManagerTourStepsTest, SkipsNoStepThatArrivedAfterItsRetry) {
   startTourByHand();
   reportsArrivalAt(2000ms);
   advanceTo(3279ms);
@@ -134,7 +134,7 @@ TEST_F(SpaceManagerTourSteps, SkipsNoStepThatArrivedAfterItsRetry) {
   EXPECT_THAT(logged(), ElementsAre(startLine(4), retryLine(1)));
 }
 
-TEST_F(SpaceManagerTourSteps, ReturnsToTheStartAfterADroppedSwipe) {
+TEST_F(SpaceManagerTourStepsTest, ReturnsToTheStartAfterADroppedSwipe) {
   desktop.faults.swipesDropped = 1;
   startTour();
   desktop.advance(20s);
@@ -143,7 +143,7 @@ TEST_F(SpaceManagerTourSteps, ReturnsToTheStartAfterADroppedSwipe) {
   EXPECT_THAT(logged(), ElementsAre(startLine(4), retryLine(1), endLine));
 }
 
-TEST_F(SpaceManagerTourSteps, GoesOnWithTheNextDirectionAfterASkip) {
+TEST_F(SpaceManagerTourStepsTest, GoesOnWithTheNextDirectionAfterASkip) {
   desktop.faults.swipesDropped = 2;
   startTour();
   desktop.advance(20s);
@@ -151,7 +151,7 @@ TEST_F(SpaceManagerTourSteps, GoesOnWithTheNextDirectionAfterASkip) {
   EXPECT_THAT(logged(), ElementsAre(startLine(4), retryLine(1), skipLine(1), retryLine(4), skipLine(4), endLine));
 }
 
-TEST_F(SpaceManagerTourSteps, TakesALateArrivalAfterARetryWithoutLosingItsWay) {
+TEST_F(SpaceManagerTourStepsTest, TakesALateArrivalAfterARetryWithoutLosingItsWay) {
   desktop.faults.swipesDelayedBy = 1s;
   startTour();
   desktop.advance(30s);
@@ -160,7 +160,7 @@ TEST_F(SpaceManagerTourSteps, TakesALateArrivalAfterARetryWithoutLosingItsWay) {
 
 // A timeout knows its step by the number alone, and so one of an earlier tour takes the same step of the next for its
 // own; the step's own timeout then finds it repeated already.
-TEST_F(SpaceManagerTourSteps, AdvancesAtItsTimeoutAStepThatHasBeenRepeatedAlready) {
+TEST_F(SpaceManagerTourStepsTest, AdvancesAtItsTimeoutAStepThatHasBeenRepeatedAlready) {
   startTourByHand();
   for (const Duration at : {10ms, 110ms, 210ms, 310ms}) {
     reportsArrivalAt(at);
@@ -176,9 +176,9 @@ TEST_F(SpaceManagerTourSteps, AdvancesAtItsTimeoutAStepThatHasBeenRepeatedAlread
 
 // --- The hard timeout
 
-class SpaceManagerLongTour : public SpaceManagerTour {
+class SpaceManagerTourStepsOfManyTest : public SpaceManagerTourTest {
  protected:
-  SpaceManagerLongTour() : SpaceManagerTour(6) {}
+  SpaceManagerTourStepsOfManyTest() : SpaceManagerTourTest(6) {}
 
   static std::vector<std::string> linesOfSkippedSteps(int steps, int skipped) {
     std::vector<std::string> lines = {startLine(steps)};
@@ -190,7 +190,7 @@ class SpaceManagerLongTour : public SpaceManagerTour {
   }
 };
 
-TEST_F(SpaceManagerLongTour, IsCutOffAfter20SecondsWithoutPermission) {
+TEST_F(SpaceManagerTourStepsOfManyTest, IsCutOffAfter20SecondsWithoutPermission) {
   desktop.faults.accessibilityDenied = true;
   startTour();
   advanceTo(20s - 1ns);
@@ -203,7 +203,7 @@ TEST_F(SpaceManagerLongTour, IsCutOffAfter20SecondsWithoutPermission) {
   EXPECT_THAT(history, ElementsAre(SpaceManager::tourWillStart, SpaceManager::tourDidEnd, "completion"));
 }
 
-TEST_F(SpaceManagerLongTour, DoesNothingMoreAfterTheCut) {
+TEST_F(SpaceManagerTourStepsOfManyTest, DoesNothingMoreAfterTheCut) {
   startTourByHand();
   advanceTo(20s);
   const std::size_t lines = logged().size();
@@ -215,7 +215,7 @@ TEST_F(SpaceManagerLongTour, DoesNothingMoreAfterTheCut) {
   EXPECT_EQ(history.size(), 3U);
 }
 
-TEST_F(SpaceManagerLongTour, EndsByItselfAfter19200MillisecondsWithFiveDesktopsAndNoPermission) {
+TEST_F(SpaceManagerTourStepsOfManyTest, EndsByItselfAfter19200MillisecondsWithFiveDesktopsAndNoPermission) {
   desktop.removeDesktop(desktop.desktopAt(5));
   desktop.faults.accessibilityDenied = true;
   startTour();
@@ -228,7 +228,7 @@ TEST_F(SpaceManagerLongTour, EndsByItselfAfter19200MillisecondsWithFiveDesktopsA
   EXPECT_THAT(history, ElementsAre(SpaceManager::tourWillStart, SpaceManager::tourDidEnd, "completion"));
 }
 
-TEST_F(SpaceManagerTourSteps, PassesItsHardTimeoutInSilenceAfterItsEnd) {
+TEST_F(SpaceManagerTourStepsTest, PassesItsHardTimeoutInSilenceAfterItsEnd) {
   startTour();
   desktop.advance(60s);
   EXPECT_THAT(logged(), ElementsAre(startLine(4), endLine));

@@ -22,12 +22,12 @@ struct TourRow {
   std::string directions;
 };
 
-class SpaceManagerTourQueue : public SpaceManagerTour, public ::testing::WithParamInterface<TourRow> {
+class SpaceManagerTourQueueTest : public SpaceManagerTourTest, public ::testing::WithParamInterface<TourRow> {
  protected:
-  SpaceManagerTourQueue() : SpaceManagerTour(GetParam().desktops) {}
+  SpaceManagerTourQueueTest() : SpaceManagerTourTest(GetParam().desktops) {}
 };
 
-INSTANTIATE_TEST_SUITE_P(Starts, SpaceManagerTourQueue,
+INSTANTIATE_TEST_SUITE_P(Starts, SpaceManagerTourQueueTest,
                          ::testing::Values(TourRow{2, 0, "RL"}, TourRow{2, 1, "LR"}, TourRow{3, 0, "RRLL"},
                                            TourRow{3, 1, "RLLR"}, TourRow{3, 2, "LLRR"}, TourRow{5, 1, "RRRLLLLR"},
                                            TourRow{5, 4, "LLLLRRRR"}, TourRow{12, 0, "RRRRRRRRRRRLLLLLLLLLLL"}),
@@ -35,7 +35,7 @@ INSTANTIATE_TEST_SUITE_P(Starts, SpaceManagerTourQueue,
                            return "Of" + std::to_string(row.param.desktops) + "From" + std::to_string(row.param.start);
                          });
 
-TEST_P(SpaceManagerTourQueue, GoesToTheLastDesktopBackToTheFirstAndForwardToTheStart) {
+TEST_P(SpaceManagerTourQueueTest, GoesToTheLastDesktopBackToTheFirstAndForwardToTheStart) {
   desktop.switchTo(desktop.desktopAt(GetParam().start));
   startTour();
   desktop.advance(20s);
@@ -44,7 +44,7 @@ TEST_P(SpaceManagerTourQueue, GoesToTheLastDesktopBackToTheFirstAndForwardToTheS
   EXPECT_THAT(logged(), ElementsAre(startLine(static_cast<int>(GetParam().directions.size())), endLine));
 }
 
-TEST_F(SpaceManagerTour, VisitsTheDesktopsOfAllDisplaysAndNoFullScreenSpace) {
+TEST_F(SpaceManagerTourTest, VisitsTheDesktopsOfAllDisplaysAndNoFullScreenSpace) {
   desktop.addDesktop(NewSpace{.type = fullScreen, .position = 1});
   desktop.addDisplay("Display 2", 2);
   desktop.addDesktop(NewSpace{.type = fullScreen, .display = 1, .position = 0});
@@ -54,19 +54,19 @@ TEST_F(SpaceManagerTour, VisitsTheDesktopsOfAllDisplaysAndNoFullScreenSpace) {
   EXPECT_EQ(desktop.activeSpace(), desktop.desktopAt(0));
 }
 
-TEST_F(SpaceManagerTour, UsesTheAnimatedSwipeWhateverThePreference) {
+TEST_F(SpaceManagerTourTest, UsesTheAnimatedSwipeWhateverThePreference) {
   PreferencesStore::shared().setInstantMenuSwitch(true);
   startTourByHand();
   advanceTo(200ms);
   EXPECT_EQ(recorder.posted().size(), 10U);
 }
 
-TEST_F(SpaceManagerTour, SwipesBeforeItReturns) {
+TEST_F(SpaceManagerTourTest, SwipesBeforeItReturns) {
   startTourByHand();
   EXPECT_THAT(swipesSinceStart(), ElementsAre(Swipe{0ms, Right}));
 }
 
-TEST_F(SpaceManagerTour, AnnouncesTheStartAfterTheLogLineAndBeforeTheFirstSwipe) {
+TEST_F(SpaceManagerTourTest, AnnouncesTheStartAfterTheLogLineAndBeforeTheFirstSwipe) {
   std::vector<std::string> linesAtStart;
   std::size_t eventsAtStart = 99;
   onEvent = [&](const std::string&) {
@@ -78,7 +78,7 @@ TEST_F(SpaceManagerTour, AnnouncesTheStartAfterTheLogLineAndBeforeTheFirstSwipe)
   EXPECT_EQ(eventsAtStart, 0U);
 }
 
-TEST_F(SpaceManagerTour, EndsWithTheLogLineThenTheNotificationThenTheCompletion) {
+TEST_F(SpaceManagerTourTest, EndsWithTheLogLineThenTheNotificationThenTheCompletion) {
   std::vector<std::string> lastLines;
   onEvent = [&](const std::string&) { lastLines.push_back(logged().back()); };
   startTour();
@@ -87,14 +87,14 @@ TEST_F(SpaceManagerTour, EndsWithTheLogLineThenTheNotificationThenTheCompletion)
   EXPECT_THAT(lastLines, ElementsAre(startLine(4), endLine, endLine));
 }
 
-TEST_F(SpaceManagerTour, NeedsNoCompletion) {
+TEST_F(SpaceManagerTourTest, NeedsNoCompletion) {
   follow();
   manager.performAutoTour();
   desktop.advance(20s);
   EXPECT_THAT(history, ElementsAre(SpaceManager::tourWillStart, SpaceManager::tourDidEnd));
 }
 
-TEST_F(SpaceManagerTour, LetsGoOfTheCompletionAfterTheCall) {
+TEST_F(SpaceManagerTourTest, LetsGoOfTheCompletionAfterTheCall) {
   const auto held = std::make_shared<int>(0);
   follow();
   manager.performAutoTour([held] {});
@@ -105,9 +105,9 @@ TEST_F(SpaceManagerTour, LetsGoOfTheCompletionAfterTheCall) {
 
 // --- Nothing to tour
 
-class SpaceManagerTourOfNothing : public SpaceManagerTour {
+class SpaceManagerTourOfNothingTest : public SpaceManagerTourTest {
  protected:
-  using SpaceManagerTour::SpaceManagerTour;
+  using SpaceManagerTourTest::SpaceManagerTourTest;
 
   void expectOnlyACompletion(std::vector<SpaceInfo> spaces, platform::SpaceID active) {
     manager.update(std::move(spaces), active);
@@ -121,29 +121,29 @@ class SpaceManagerTourOfNothing : public SpaceManagerTour {
   }
 };
 
-TEST_F(SpaceManagerTourOfNothing, CompletesAtOnceWithoutDesktops) {
+TEST_F(SpaceManagerTourOfNothingTest, CompletesAtOnceWithoutDesktops) {
   expectOnlyACompletion({}, 0);
 }
 
-TEST_F(SpaceManagerTourOfNothing, CompletesAtOnceWithOneDesktop) {
+TEST_F(SpaceManagerTourOfNothingTest, CompletesAtOnceWithOneDesktop) {
   expectOnlyACompletion({{.spaceID = 1}}, 1);
 }
 
-TEST_F(SpaceManagerTourOfNothing, CompletesAtOnceWithOneDesktopBesideFullScreenSpaces) {
+TEST_F(SpaceManagerTourOfNothingTest, CompletesAtOnceWithOneDesktopBesideFullScreenSpaces) {
   expectOnlyACompletion({{.spaceID = 1}, {.spaceID = 2, .type = 4}, {.spaceID = 3, .type = 4}}, 1);
 }
 
-TEST_F(SpaceManagerTourOfNothing, CompletesAtOnceWhenTheActiveDesktopIsUnknown) {
+TEST_F(SpaceManagerTourOfNothingTest, CompletesAtOnceWhenTheActiveDesktopIsUnknown) {
   expectOnlyACompletion({{.spaceID = 1}, {.spaceID = 2}}, 3);
 }
 
-TEST_F(SpaceManagerTourOfNothing, CompletesAtOnceFromAFullScreenSpace) {
+TEST_F(SpaceManagerTourOfNothingTest, CompletesAtOnceFromAFullScreenSpace) {
   expectOnlyACompletion({{.spaceID = 1}, {.spaceID = 2, .type = 4}, {.spaceID = 3}}, 2);
 }
 
 // --- One tour after another
 
-TEST_F(SpaceManagerTour, CanBeTakenAgain) {
+TEST_F(SpaceManagerTourTest, CanBeTakenAgain) {
   startTour();
   desktop.advance(30s);
   manager.performAutoTour([this] { happens("second completion"); });
@@ -153,7 +153,7 @@ TEST_F(SpaceManagerTour, CanBeTakenAgain) {
                                    SpaceManager::tourWillStart, SpaceManager::tourDidEnd, "second completion"));
 }
 
-TEST_F(SpaceManagerTour, CompletesATourThatItsCompletionStarted) {
+TEST_F(SpaceManagerTourTest, CompletesATourThatItsCompletionStarted) {
   startTourByHand();
   onEvent = [this](const std::string& event) {
     if (event == "completion") {
@@ -165,7 +165,7 @@ TEST_F(SpaceManagerTour, CompletesATourThatItsCompletionStarted) {
   EXPECT_EQ(history.back(), "second completion");
 }
 
-TEST_F(SpaceManagerTour, EndsInSilenceWithTheModel) {
+TEST_F(SpaceManagerTourTest, EndsInSilenceWithTheModel) {
   desktop.faults.allSwipesDropped = true;
   follow();
   std::optional<SpaceManager> brief(std::in_place, recorder);

@@ -18,12 +18,12 @@ std::string nestedArrays(std::size_t levels, const std::string& innermost = {}) 
   return std::string(levels, '[') + innermost + std::string(levels, ']');
 }
 
-TEST(JsonText, WritesCompactDocuments) {
+TEST(JsonTextTest, WritesCompactDocuments) {
   const Value value = Value::Dictionary{{"a", Value::Array{1, 2.5, true, "x", {}}}, {"b", Value::Dictionary{}}};
   EXPECT_EQ(compact(value), R"({"a":[1,2.5,true,"x",null],"b":{}})");
 }
 
-TEST(JsonText, WritesIndentedDocumentsThatReadTheSame) {
+TEST(JsonTextTest, WritesIndentedDocumentsThatReadTheSame) {
   const Value value = Value::Dictionary{{"a", Value::Array{1}}};
   const auto text = toJson(value, JsonLayout::Indented);
   ASSERT_TRUE(text.has_value());
@@ -31,7 +31,7 @@ TEST(JsonText, WritesIndentedDocumentsThatReadTheSame) {
   EXPECT_EQ(fromJson(*text), value);
 }
 
-TEST(JsonText, KeepsIntegersAndDoublesApart) {
+TEST(JsonTextTest, KeepsIntegersAndDoublesApart) {
   EXPECT_EQ(compact(1), "1");
   EXPECT_EQ(compact(1.0), "1.0");
   EXPECT_EQ(fromJson("1"), Value(1));
@@ -40,7 +40,7 @@ TEST(JsonText, KeepsIntegersAndDoublesApart) {
   EXPECT_EQ(fromJson("-0.0"), Value(-0.0));
 }
 
-TEST(JsonText, ReadsWholeNumbersThatDoNotFitAsDoubles) {
+TEST(JsonTextTest, ReadsWholeNumbersThatDoNotFitAsDoubles) {
   EXPECT_EQ(fromJson("9223372036854775807"), Value(std::numeric_limits<std::int64_t>::max()));
   EXPECT_EQ(fromJson("9223372036854775808"), Value(9223372036854775808.0));
   EXPECT_EQ(fromJson("-9223372036854775808"), Value(std::numeric_limits<std::int64_t>::min()));
@@ -48,7 +48,7 @@ TEST(JsonText, ReadsWholeNumbersThatDoNotFitAsDoubles) {
   EXPECT_EQ(fromJson("123456789012345678901234567890"), Value(123456789012345678901234567890.0));
 }
 
-TEST(JsonText, ReadsDoublesBackEqual) {
+TEST(JsonTextTest, ReadsDoublesBackEqual) {
   const double numbers[] = {0.0,
                             -0.0,
                             0.1,
@@ -69,7 +69,7 @@ TEST(JsonText, ReadsDoublesBackEqual) {
   }
 }
 
-TEST(JsonText, DoesNotWriteWhatHasNoForm) {
+TEST(JsonTextTest, DoesNotWriteWhatHasNoForm) {
   const Value values[] = {Value(std::numeric_limits<double>::quiet_NaN()),
                           Value(std::numeric_limits<double>::infinity()),
                           Value(-std::numeric_limits<double>::infinity()),
@@ -83,22 +83,22 @@ TEST(JsonText, DoesNotWriteWhatHasNoForm) {
   }
 }
 
-TEST(JsonText, DoesNotWriteKeysThatAreNotUTF8) {
+TEST(JsonTextTest, DoesNotWriteKeysThatAreNotUTF8) {
   EXPECT_EQ(compact(Value::Dictionary{{"\xff", 1}}), std::nullopt);
 }
 
-TEST(JsonText, WritesTextOfEveryKindSoThatItReadsBackEqual) {
+TEST(JsonTextTest, WritesTextOfEveryKindSoThatItReadsBackEqual) {
   const std::string text = std::string("quote \" backslash \\ newline \n tab \t Größe 漢字 🎈 null ") + '\0' + '\x01';
   const auto written = compact(text);
   ASSERT_TRUE(written.has_value());
   EXPECT_EQ(fromJson(*written), Value(text));
 }
 
-TEST(JsonText, ReadsEscapedCharacters) {
+TEST(JsonTextTest, ReadsEscapedCharacters) {
   EXPECT_EQ(fromJson(R"("\u00e9\ud83c\udf88")"), Value("é🎈"));
 }
 
-TEST(JsonText, RefusesWhatIsNotOneDocument) {
+TEST(JsonTextTest, RefusesWhatIsNotOneDocument) {
   const char* texts[] = {"",
                          " ",
                          "{",
@@ -127,11 +127,11 @@ TEST(JsonText, RefusesWhatIsNotOneDocument) {
   }
 }
 
-TEST(JsonText, AllowsBlanksAroundADocument) {
+TEST(JsonTextTest, AllowsBlanksAroundADocument) {
   EXPECT_EQ(fromJson(" \t\r\n[ 1 ] \n"), Value(Value::Array{1}));
 }
 
-TEST(JsonText, ReadsNestingUpToItsLimitAndNoDeeper) {
+TEST(JsonTextTest, ReadsNestingUpToItsLimitAndNoDeeper) {
   EXPECT_TRUE(fromJson(nestedArrays(500)).has_value());
   EXPECT_TRUE(fromJson(nestedArrays(500, "1")).has_value());
   EXPECT_TRUE(fromJson(nestedArrays(499, "{\"a\":1}")).has_value());
@@ -139,7 +139,7 @@ TEST(JsonText, ReadsNestingUpToItsLimitAndNoDeeper) {
   EXPECT_EQ(fromJson(nestedArrays(501)), std::nullopt);
 }
 
-TEST(JsonText, RefusesDepthBombsOfArraysAndObjects) {
+TEST(JsonTextTest, RefusesDepthBombsOfArraysAndObjects) {
   constexpr std::size_t levels = 1'000'000;
   EXPECT_EQ(fromJson(nestedArrays(levels)), std::nullopt);
   EXPECT_EQ(fromJson(std::string(levels, '[')), std::nullopt);
@@ -150,7 +150,7 @@ TEST(JsonText, RefusesDepthBombsOfArraysAndObjects) {
   EXPECT_EQ(fromJson(objects), std::nullopt);
 }
 
-TEST(JsonTextCodec, DecodesWhatItEncoded) {
+TEST(JsonTextCodecTest, DecodesWhatItEncoded) {
   const JsonTextCodec codec;
   const Value value = Value::Dictionary{{"red", 0.1}, {"count", 3}, {"name", "Größe"}};
   const auto data = codec.encode(value);
@@ -158,7 +158,7 @@ TEST(JsonTextCodec, DecodesWhatItEncoded) {
   EXPECT_EQ(codec.decode(*data), value);
 }
 
-TEST(JsonTextCodec, AnswersWithNothingWhereThereIsNoForm) {
+TEST(JsonTextCodecTest, AnswersWithNothingWhereThereIsNoForm) {
   const JsonTextCodec codec;
   EXPECT_EQ(codec.encode(std::numeric_limits<double>::infinity()), std::nullopt);
   EXPECT_EQ(codec.decode({}), std::nullopt);

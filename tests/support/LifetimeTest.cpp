@@ -9,7 +9,7 @@
 namespace roomlattice::platform {
 namespace {
 
-TEST(Lifetime, LetsGuardedFunctionsRunWhileItLasts) {
+TEST(LifetimeTest, LetsGuardedFunctionsRunWhileItLasts) {
   const Lifetime lifetime;
   std::string received;
   const std::function<void(const std::string&)> guarded =
@@ -18,7 +18,7 @@ TEST(Lifetime, LetsGuardedFunctionsRunWhileItLasts) {
   EXPECT_EQ(received, "hello");
 }
 
-TEST(Lifetime, MakesGuardedFunctionsDoNothingOnceItHasEnded) {
+TEST(LifetimeTest, MakesGuardedFunctionsDoNothingOnceItHasEnded) {
   std::optional<Lifetime> lifetime(std::in_place);
   int calls = 0;
   const std::function<void()> guarded = lifetime->guard([&] { ++calls; });
@@ -29,7 +29,7 @@ TEST(Lifetime, MakesGuardedFunctionsDoNothingOnceItHasEnded) {
   EXPECT_EQ(calls, 0);
 }
 
-TEST(Lifetime, LetsAGuardedFunctionThatRunsFinishWhenItEnds) {
+TEST(LifetimeTest, LetsAGuardedFunctionThatRunsFinishWhenItEnds) {
   std::optional<Lifetime> lifetime(std::in_place);
   int steps = 0;
   const std::function<void()> guarded = lifetime->guard([&] {

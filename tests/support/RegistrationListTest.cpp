@@ -16,7 +16,7 @@ std::vector<int> contents(const RegistrationList<int>& list) {
   return items;
 }
 
-TEST(RegistrationList, HoldsItemsInOrderUntilTheirRegistrationEnds) {
+TEST(RegistrationListTest, HoldsItemsInOrderUntilTheirRegistrationEnds) {
   RegistrationList<int> list;
   const Registration first = list.add(1);
   Registration second = list.add(2);
@@ -26,7 +26,7 @@ TEST(RegistrationList, HoldsItemsInOrderUntilTheirRegistrationEnds) {
   EXPECT_EQ(contents(list), (std::vector{1, 3}));
 }
 
-TEST(RegistrationList, LeavesOutWhatEndsOrBeginsDuringAVisit) {
+TEST(RegistrationListTest, LeavesOutWhatEndsOrBeginsDuringAVisit) {
   RegistrationList<int> list;
   const Registration first = list.add(1);
   std::optional<Registration> second(list.add(2));
@@ -41,7 +41,7 @@ TEST(RegistrationList, LeavesOutWhatEndsOrBeginsDuringAVisit) {
   EXPECT_EQ(contents(list), (std::vector{1, 3}));
 }
 
-TEST(RegistrationList, MayEndBeforeItsRegistrations) {
+TEST(RegistrationListTest, MayEndBeforeItsRegistrations) {
   std::optional<RegistrationList<int>> list(std::in_place);
   Registration registration = list->add(1);
   list.reset();

@@ -14,13 +14,13 @@ struct OddValue {
   void (*write)(sd_bus_message*);
 };
 
-class AnOddPortal : public BusTest, public ::testing::WithParamInterface<OddValue> {
+class PortalAppearanceOfAnOddPortalTest : public BusTest, public ::testing::WithParamInterface<OddValue> {
  protected:
   FakeService portal_{daemon_.address(), "org.freedesktop.portal.Desktop"};
   MessageBus bus_{MessageBus::Kind::Session};
 };
 
-TEST_P(AnOddPortal, TellsNothingUntilItMakesSense) {
+TEST_P(PortalAppearanceOfAnOddPortalTest, TellsNothingUntilItMakesSense) {
   portal_.answerWith(GetParam().write);
   const PortalAppearance appearance(bus_, [] {});
   const auto tell = [&](const WriteArguments& value) {
@@ -43,7 +43,7 @@ TEST_P(AnOddPortal, TellsNothingUntilItMakesSense) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    OfEachKind, AnOddPortal,
+    OfEachKind, PortalAppearanceOfAnOddPortalTest,
     ::testing::Values(
         OddValue{"Nothing", [](sd_bus_message*) {}},
         OddValue{"Text", [](sd_bus_message* m) { sd_bus_message_append(m, "v", "s", "dark"); }},

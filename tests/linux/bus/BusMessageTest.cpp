@@ -68,9 +68,9 @@ struct OddMessage {
   void (*write)(sd_bus_message*);
 };
 
-class OddMessages : public BusMessageTest, public ::testing::WithParamInterface<OddMessage> {};
+class BusMessageOddTest : public BusMessageTest, public ::testing::WithParamInterface<OddMessage> {};
 
-TEST_P(OddMessages, HaveNothingThatIsAskedFor) {
+TEST_P(BusMessageOddTest, HaveNothingThatIsAskedFor) {
   const BusMessage read = message(GetParam().write);
   EXPECT_FALSE(read.property<std::vector<Entry>>("desktops"));
   EXPECT_FALSE(read.property<std::string>("desktops"));
@@ -82,7 +82,7 @@ TEST_P(OddMessages, HaveNothingThatIsAskedFor) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    OfEachKind, OddMessages,
+    OfEachKind, BusMessageOddTest,
     ::testing::Values(
         OddMessage{"Empty", [](sd_bus_message*) {}},
         OddMessage{"Integer", [](sd_bus_message* m) { sd_bus_message_append(m, "i", 1); }},

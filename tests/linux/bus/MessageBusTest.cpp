@@ -143,9 +143,9 @@ TEST_F(MessageBusTest, LetsRegistrationsOutliveIt) {
   QCoreApplication::processEvents();
 }
 
-class AddressWithoutABus : public BusTest, public ::testing::WithParamInterface<const char*> {};
+class MessageBusWithoutABusTest : public BusTest, public ::testing::WithParamInterface<const char*> {};
 
-TEST_P(AddressWithoutABus, IsAskedInVain) {
+TEST_P(MessageBusWithoutABusTest, IsAskedInVain) {
   Environment environment;
   environment.set("DBUS_SESSION_BUS_ADDRESS", GetParam());
   environment.set("XDG_RUNTIME_DIR", folder_.path().string());
@@ -157,7 +157,7 @@ TEST_P(AddressWithoutABus, IsAskedInVain) {
   bus.send(call);
 }
 
-INSTANTIATE_TEST_SUITE_P(OfEachKind, AddressWithoutABus,
+INSTANTIATE_TEST_SUITE_P(OfEachKind, MessageBusWithoutABusTest,
                          ::testing::Values("", "unix:path=/nonexistent", "garbage", "unix:", "autolaunch:"));
 
 }  // namespace

@@ -24,7 +24,7 @@ struct Damage {
   void (*make)(const Path& path);
 };
 
-class DamagedSettings : public LinuxDefaultsTest, public ::testing::WithParamInterface<Damage> {
+class DamagedSettingsTest : public LinuxDefaultsTest, public ::testing::WithParamInterface<Damage> {
  protected:
   void SetUp() override {
     std::filesystem::create_directories(path_.parent_path());
@@ -32,11 +32,11 @@ class DamagedSettings : public LinuxDefaultsTest, public ::testing::WithParamInt
   }
 };
 
-TEST_P(DamagedSettings, ReadAsEmpty) {
+TEST_P(DamagedSettingsTest, ReadAsEmpty) {
   EXPECT_EQ(defaults().object("key"), std::nullopt);
 }
 
-TEST_P(DamagedSettings, AreSetAsideBeforeAWriteAndReportedOnce) {
+TEST_P(DamagedSettingsTest, AreSetAsideBeforeAWriteAndReportedOnce) {
   struct stat before {};
   struct stat after {};
   ASSERT_EQ(lstat(path_.c_str(), &before), 0);
@@ -50,14 +50,14 @@ TEST_P(DamagedSettings, AreSetAsideBeforeAWriteAndReportedOnce) {
   EXPECT_THAT(reports_, ElementsAre(StartsWith("[Roomlattice] settings file " + path_.string() + " was damaged")));
 }
 
-TEST_P(DamagedSettings, AreNeverPutOntoAnotherFile) {
+TEST_P(DamagedSettingsTest, AreNeverPutOntoAnotherFile) {
   writeText(path_.string() + ".damaged-1", "of an earlier accident");
   defaults().set("key", 1);
   EXPECT_EQ(textOf(path_.string() + ".damaged-1"), "of an earlier accident");
   EXPECT_TRUE(std::filesystem::exists(std::filesystem::symlink_status(path_.string() + ".damaged-2")));
 }
 
-TEST_P(DamagedSettings, StayAsTheyAreWhereTheyCannotBeRenamed) {
+TEST_P(DamagedSettingsTest, StayAsTheyAreWhereTheyCannotBeRenamed) {
   const WithoutPrivileges unprivileged(folder_.path());
   std::filesystem::create_directories(path_.parent_path());
   writeText(path_.string() + ".lock", "");
@@ -75,7 +75,7 @@ TEST_P(DamagedSettings, StayAsTheyAreWhereTheyCannotBeRenamed) {
 constexpr auto text = [](const Path& path, const std::string& contents) { writeText(path, contents); };
 
 INSTANTIATE_TEST_SUITE_P(
-    OfEachKind, DamagedSettings,
+    OfEachKind, DamagedSettingsTest,
     ::testing::Values(Damage{"Empty", [](const Path& path) { text(path, ""); }},
                       Damage{"Blank", [](const Path& path) { text(path, " \n"); }},
                       Damage{"CutShort", [](const Path& path) { text(path, R"({"key": 1)"); }},

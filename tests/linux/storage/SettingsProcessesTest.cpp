@@ -12,7 +12,7 @@ using platform::Value;
 using platform::linux::LinuxDefaults;
 using ::testing::IsSubsetOf;
 
-class SettingsOfProcesses : public LinuxDefaultsTest {
+class SettingsProcessesTest : public LinuxDefaultsTest {
  protected:
   std::unique_ptr<ChildProcess> writer(const std::string& key, int count) {
     return std::make_unique<ChildProcess>(
@@ -26,7 +26,7 @@ class SettingsOfProcesses : public LinuxDefaultsTest {
   }
 };
 
-TEST_F(SettingsOfProcesses, AreNeverLostBetweenTwo) {
+TEST_F(SettingsProcessesTest, AreNeverLostBetweenTwo) {
   const auto first = writer("first", 150);
   const auto second = writer("second", 150);
   EXPECT_EQ(first->waitForExitStatus(), 0) << first->errorOutput();
@@ -35,7 +35,7 @@ TEST_F(SettingsOfProcesses, AreNeverLostBetweenTwo) {
   EXPECT_EQ(number("second"), 150);
 }
 
-TEST_F(SettingsOfProcesses, StayWholeWhenOneIsKilledAtAnyMoment) {
+TEST_F(SettingsProcessesTest, StayWholeWhenOneIsKilledAtAnyMoment) {
   std::mt19937 random(4711);  // the same moments in every run, as far as the system plays along
   std::uniform_int_distribution<int> readsBeforeKill(1, 400);
   defaults().set("kept", "for ever");

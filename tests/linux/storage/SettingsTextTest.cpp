@@ -19,9 +19,9 @@ struct Setting {
   Value value;
 };
 
-class EverySetting : public ::testing::TestWithParam<Setting> {};
+class SettingsTextRoundTripTest : public ::testing::TestWithParam<Setting> {};
 
-TEST_P(EverySetting, ReadsBackAsItWasWritten) {
+TEST_P(SettingsTextRoundTripTest, ReadsBackAsItWasWritten) {
   const Value::Dictionary settings{{"key", GetParam().value}};
   const auto text = toSettingsText(settings);
   ASSERT_TRUE(text);
@@ -29,7 +29,7 @@ TEST_P(EverySetting, ReadsBackAsItWasWritten) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    OfEachKind, EverySetting,
+    OfEachKind, SettingsTextRoundTripTest,
     ::testing::Values(Setting{"True", true}, Setting{"IntegerOne", 1}, Setting{"DoubleOne", 1.0},
                       Setting{"DoubleThird", 1.0 / 3.0},
                       Setting{"LeastInteger", std::numeric_limits<std::int64_t>::min()},
@@ -48,31 +48,31 @@ INSTANTIATE_TEST_SUITE_P(
                       Setting{"DictionaryOfUnknownForm", Value::Dictionary{{"$later", data("x")}}}),
     [](const auto& test) { return std::string(test.param.name); });
 
-TEST(SettingsText, ShowsTextDataAsText) {
+TEST(SettingsTextTest, ShowsTextDataAsText) {
   EXPECT_EQ(toSettingsText({{"SpaceColors", data("{}")}}), "{\n  \"SpaceColors\": {\n    \"$text\": \"{}\"\n  }\n}\n");
 }
 
-TEST(SettingsText, ShowsOtherDataAsBase64) {
+TEST(SettingsTextTest, ShowsOtherDataAsBase64) {
   EXPECT_EQ(toSettingsText({{"x", data("\xff")}}), "{\n  \"x\": {\n    \"$data\": \"/w==\"\n  }\n}\n");
 }
 
-TEST(SettingsText, KeepsAMalformedFormAsTheDictionaryItIs) {
+TEST(SettingsTextTest, KeepsAMalformedFormAsTheDictionaryItIs) {
   const Value::Dictionary expected{{"a", Value::Dictionary{{"$data", "!"}}}, {"b", Value::Dictionary{{"$text", 5}}}};
   EXPECT_EQ(fromSettingsText(R"({"a": {"$data": "!"}, "b": {"$text": 5}})"), expected);
 }
 
-TEST(SettingsText, TakesTheOutermostObjectForSettingsWhateverItsKey) {
+TEST(SettingsTextTest, TakesTheOutermostObjectForSettingsWhateverItsKey) {
   const Value::Dictionary settings{{"$text", "x"}};
   const auto text = toSettingsText(settings);
   ASSERT_TRUE(text);
   EXPECT_EQ(fromSettingsText(*text), settings);
 }
 
-TEST(SettingsText, HasNoFormForWhatIsNotANumber) {
+TEST(SettingsTextTest, HasNoFormForWhatIsNotANumber) {
   EXPECT_FALSE(toSettingsText({{"x", std::numeric_limits<double>::quiet_NaN()}}));
 }
 
-TEST(SettingsText, IsAnObject) {
+TEST(SettingsTextTest, IsAnObject) {
   for (const char* text : {"", " ", "[]", "1", "null", "{", "{}{}", "{\"a\": 1e999}", "{\"a\": \"\xff\"}"}) {
     EXPECT_FALSE(fromSettingsText(text)) << text;
   }

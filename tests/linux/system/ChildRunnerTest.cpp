@@ -13,24 +13,24 @@ ChildResult resultOf(const std::string& script, const ChildRunner::Options& opti
   return std::get<ChildResult>(ChildRunner().run("/bin/sh", {"-c", script}, options));
 }
 
-TEST(ChildRunner, TellsWhetherTheChildSucceeded) {
+TEST(ChildRunnerTest, TellsWhetherTheChildSucceeded) {
   EXPECT_TRUE(resultOf("exit 0", {}).succeeded);
   EXPECT_FALSE(resultOf("exit 3", {}).succeeded);
   EXPECT_FALSE(resultOf("kill -9 $$", {}).succeeded);
 }
 
-TEST(ChildRunner, LeavesErrorsOutWhereTheyAreNotWanted) {
+TEST(ChildRunnerTest, LeavesErrorsOutWhereTheyAreNotWanted) {
   const std::string script = "echo one; echo two >&2; echo three";
   EXPECT_EQ(resultOf(script, {.errorOutput = ChildRunner::ErrorOutput::Discarded}).bytes, "one\nthree\n");
   EXPECT_EQ(resultOf(script, {}).bytes, "one\ntwo\nthree\n");
 }
 
-TEST(ChildRunner, EndsAChildThatTakesTooLong) {
+TEST(ChildRunnerTest, EndsAChildThatTakesTooLong) {
   const ChildResult result = resultOf("echo early; exec sleep 1000", {.limit = 200ms});
   EXPECT_FALSE(result.succeeded);
 }
 
-TEST(ChildRunner, LeavesAChildThatIsInTimeAlone) {
+TEST(ChildRunnerTest, LeavesAChildThatIsInTimeAlone) {
   const ChildResult result = resultOf("echo early", {.limit = 100s});
   EXPECT_TRUE(result.succeeded);
   EXPECT_EQ(result.bytes, "early\n");

@@ -21,13 +21,13 @@ using platform::Registration;
 using platform::linux::LinuxDispatcher;
 using ::testing::ElementsAre;
 
-class Dispatching : public ::testing::Test {
+class LinuxDispatcherTest : public ::testing::Test {
  protected:
   ToolkitApplication<QCoreApplication> qt_;
   std::optional<LinuxDispatcher> dispatcher_{std::in_place};
 };
 
-TEST_F(Dispatching, RunsTasksByDueTimeAndThenInOrder) {
+TEST_F(LinuxDispatcherTest, RunsTasksByDueTimeAndThenInOrder) {
   std::vector<int> order;
   dispatcher_->asyncAfter(30ms, [&] { order.push_back(4); });
   dispatcher_->asyncAfter(10ms, [&] { order.push_back(3); });
@@ -38,7 +38,7 @@ TEST_F(Dispatching, RunsTasksByDueTimeAndThenInOrder) {
   EXPECT_THAT(order, ElementsAre(1, 2, 3, 4));
 }
 
-TEST_F(Dispatching, RunsNoTaskBeforeItsTime) {
+TEST_F(LinuxDispatcherTest, RunsNoTaskBeforeItsTime) {
   const auto start = std::chrono::steady_clock::now();
   std::chrono::steady_clock::time_point ran;
   dispatcher_->asyncAfter(20ms, [&] { ran = std::chrono::steady_clock::now(); });
@@ -46,7 +46,7 @@ TEST_F(Dispatching, RunsNoTaskBeforeItsTime) {
   EXPECT_GE(ran - start, 20ms);
 }
 
-TEST_F(Dispatching, TakesTasksFromAnyThread) {
+TEST_F(LinuxDispatcherTest, TakesTasksFromAnyThread) {
   std::atomic<int> ran = 0;
   std::vector<std::thread> threads;
   for (int i = 0; i < 4; ++i) {
@@ -64,7 +64,7 @@ TEST_F(Dispatching, TakesTasksFromAnyThread) {
   }
 }
 
-TEST_F(Dispatching, ForgetsACancelledTask) {
+TEST_F(LinuxDispatcherTest, ForgetsACancelledTask) {
   bool ran = false;
   Registration task = dispatcher_->schedule(1ms, [&] { ran = true; });
   task.cancel();
@@ -74,7 +74,7 @@ TEST_F(Dispatching, ForgetsACancelledTask) {
   EXPECT_FALSE(ran);
 }
 
-TEST_F(Dispatching, ForgetsATaskThatAnEarlierOneOfTheSameTurnCancels) {
+TEST_F(LinuxDispatcherTest, ForgetsATaskThatAnEarlierOneOfTheSameTurnCancels) {
   bool ran = false;
   bool later = false;
   Registration task;
@@ -85,7 +85,7 @@ TEST_F(Dispatching, ForgetsATaskThatAnEarlierOneOfTheSameTurnCancels) {
   EXPECT_FALSE(ran);
 }
 
-TEST_F(Dispatching, RepeatsUntilCancelledFromWithin) {
+TEST_F(LinuxDispatcherTest, RepeatsUntilCancelledFromWithin) {
   int ran = 0;
   Registration repetition;
   repetition = dispatcher_->repeat(1ms, 1ms, [&] {
@@ -100,7 +100,7 @@ TEST_F(Dispatching, RepeatsUntilCancelledFromWithin) {
   EXPECT_EQ(ran, 3);
 }
 
-TEST_F(Dispatching, DoesNotMakeUpForPeriodsThatWereMissed) {
+TEST_F(LinuxDispatcherTest, DoesNotMakeUpForPeriodsThatWereMissed) {
   std::vector<std::chrono::steady_clock::time_point> times;
   const Registration repetition = dispatcher_->repeat(1ms, 50ms, [&] {
     times.push_back(std::chrono::steady_clock::now());
@@ -115,7 +115,7 @@ TEST_F(Dispatching, DoesNotMakeUpForPeriodsThatWereMissed) {
   EXPECT_GT(times[2] - times[1], 1ms);
 }
 
-TEST_F(Dispatching, LeavesEventsTheirTurnWhenATaskPostsItselfForEver) {
+TEST_F(LinuxDispatcherTest, LeavesEventsTheirTurnWhenATaskPostsItselfForEver) {
   bool go = true;
   std::function<void()> task = [&] {
     if (go) {
@@ -132,7 +132,7 @@ TEST_F(Dispatching, LeavesEventsTheirTurnWhenATaskPostsItselfForEver) {
   go = false;
 }
 
-TEST_F(Dispatching, ServesAnEventLoopThatATaskOpens) {
+TEST_F(LinuxDispatcherTest, ServesAnEventLoopThatATaskOpens) {
   bool inner = false;
   bool done = false;
   dispatcher_->async([&] {
@@ -148,7 +148,7 @@ TEST_F(Dispatching, ServesAnEventLoopThatATaskOpens) {
   EXPECT_TRUE(inner);
 }
 
-TEST_F(Dispatching, RunsBackgroundTasksOneAfterAnotherOffTheMainThread) {
+TEST_F(LinuxDispatcherTest, RunsBackgroundTasksOneAfterAnotherOffTheMainThread) {
   std::vector<int> order;
   bool offMain = true;
   std::atomic<bool> done = false;
@@ -164,7 +164,7 @@ TEST_F(Dispatching, RunsBackgroundTasksOneAfterAnotherOffTheMainThread) {
   EXPECT_TRUE(offMain);
 }
 
-TEST_F(Dispatching, EndsWithTasksStillQueuedWithoutRunningThem) {
+TEST_F(LinuxDispatcherTest, EndsWithTasksStillQueuedWithoutRunningThem) {
   bool ran = false;
   auto owned = std::make_shared<int>(0);
   const std::weak_ptr<int> weak = owned;
@@ -178,7 +178,7 @@ TEST_F(Dispatching, EndsWithTasksStillQueuedWithoutRunningThem) {
   EXPECT_FALSE(ran);
 }
 
-TEST_F(Dispatching, EndsWhenTheBackgroundTaskThatRunsHasEnded) {
+TEST_F(LinuxDispatcherTest, EndsWhenTheBackgroundTaskThatRunsHasEnded) {
   std::atomic<bool> started = false;
   std::atomic<bool> end = false;
   std::atomic<bool> ended = false;

@@ -31,23 +31,23 @@ std::string outputOf(LinuxSystem& system, const std::string& script) {
   return output == nullptr ? "(not launched)" : output->bytes;
 }
 
-TEST(LinuxSystem, GivesBothOutputsOfAChildInTheOrderWritten) {
+TEST(LinuxSystemTest, GivesBothOutputsOfAChildInTheOrderWritten) {
   LinuxSystem system;
   EXPECT_EQ(outputOf(system, "echo one; echo two >&2; echo three"), "one\ntwo\nthree\n");
 }
 
-TEST(LinuxSystem, HandsArgumentsOverAsTheyAre) {
+TEST(LinuxSystemTest, HandsArgumentsOverAsTheyAre) {
   LinuxSystem system;
   const auto result = system.run("/usr/bin/printf", {"[%s]", "a b", "\"c\"", "", "*"});
   EXPECT_EQ(std::get<ProcessOutput>(result).bytes, "[a b][\"c\"][][*]");
 }
 
-TEST(LinuxSystem, GivesEveryByteOfALargeOutput) {
+TEST(LinuxSystemTest, GivesEveryByteOfALargeOutput) {
   LinuxSystem system;
   EXPECT_EQ(outputOf(system, "head -c 3000000 /dev/zero").size(), 3000000U);
 }
 
-TEST(LinuxSystem, HandsItsEnvironmentAndItsFolderDown) {
+TEST(LinuxSystemTest, HandsItsEnvironmentAndItsFolderDown) {
   Environment environment;
   environment.set("ROOMLATTICE_TEST", "inherited");
   LinuxSystem system;
@@ -55,13 +55,13 @@ TEST(LinuxSystem, HandsItsEnvironmentAndItsFolderDown) {
             "inherited\n" + std::filesystem::current_path().string() + "\n");
 }
 
-TEST(LinuxSystem, DoesNotLookAtTheExitStatus) {
+TEST(LinuxSystemTest, DoesNotLookAtTheExitStatus) {
   LinuxSystem system;
   EXPECT_EQ(outputOf(system, "echo out; exit 3"), "out\n");
   EXPECT_EQ(outputOf(system, "echo out; kill -9 $$"), "out\n");
 }
 
-TEST(LinuxSystem, WaitsForAllWhoHoldTheOutput) {
+TEST(LinuxSystemTest, WaitsForAllWhoHoldTheOutput) {
   LinuxSystem system;
   EXPECT_EQ(outputOf(system, "(sleep 0.2; echo late) & echo early"), "early\nlate\n");
 }
@@ -78,14 +78,14 @@ std::string inheritedFiles() {
   return numbers;
 }
 
-TEST(LinuxSystem, GivesAChildNoInputAndNoFilesOfItsOwn) {
+TEST(LinuxSystemTest, GivesAChildNoInputAndNoFilesOfItsOwn) {
   LinuxSystem system;
   const std::string script =
       "cat; for file in $(seq 3 1023); do if [ -e /proc/$$/fd/$file ]; then echo $file; fi; done";
   EXPECT_EQ(outputOf(system, script), inheritedFiles());
 }
 
-TEST(LinuxSystem, ResetsSignalsForAChild) {
+TEST(LinuxSystemTest, ResetsSignalsForAChild) {
   const auto former = std::signal(SIGPIPE, SIG_IGN);
   LinuxSystem system;
   const std::string line = outputOf(system, "grep SigIgn /proc/self/status");
@@ -94,7 +94,7 @@ TEST(LinuxSystem, ResetsSignalsForAChild) {
   EXPECT_EQ(ignored >> (SIGPIPE - 1U) & 1U, 0U) << line;
 }
 
-TEST(LinuxSystem, LeavesNoZombieAndNoOpenFile) {
+TEST(LinuxSystemTest, LeavesNoZombieAndNoOpenFile) {
   LinuxSystem system;
   const auto openFiles = [] {
     return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), std::filesystem::directory_iterator());
@@ -109,9 +109,9 @@ TEST(LinuxSystem, LeavesNoZombieAndNoOpenFile) {
   EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1);
 }
 
-class CannotBeLaunched : public ::testing::TestWithParam<std::pair<const char*, const char*>> {};
+class LinuxSystemLaunchTest : public ::testing::TestWithParam<std::pair<const char*, const char*>> {};
 
-TEST_P(CannotBeLaunched, AndSaysWhyInOneLine) {
+TEST_P(LinuxSystemLaunchTest, AndSaysWhyInOneLine) {
   LinuxSystem system;
   const auto result = system.run(GetParam().first, {"argument"});
   const auto* error = std::get_if<LaunchError>(&result);
@@ -120,13 +120,13 @@ TEST_P(CannotBeLaunched, AndSaysWhyInOneLine) {
   EXPECT_THAT(error->localizedDescription, ::testing::Not(HasSubstr("\n")));
 }
 
-INSTANTIATE_TEST_SUITE_P(LinuxSystem, CannotBeLaunched,
+INSTANTIATE_TEST_SUITE_P(LinuxSystem, LinuxSystemLaunchTest,
                          ::testing::Values(std::pair("/nonexistent", "No such file or directory"),
                                            std::pair("/usr/bin", "Permission denied"),
                                            std::pair("/etc/passwd", "Permission denied"),
                                            std::pair("", "No such file or directory")));
 
-TEST(LinuxSystem, LetsNoChildKeepTheProgramFromEnding) {
+TEST(LinuxSystemTest, LetsNoChildKeepTheProgramFromEnding) {
   LinuxSystem system;
   std::atomic<bool> ended = false;
   std::thread background([&] {
@@ -138,7 +138,7 @@ TEST(LinuxSystem, LetsNoChildKeepTheProgramFromEnding) {
   background.join();
 }
 
-TEST(LinuxSystem, PutsTextOnTheClipboard) {
+TEST(LinuxSystemTest, PutsTextOnTheClipboard) {
   Environment environment;
   environment.set("QT_QPA_PLATFORM", "offscreen");
   const ToolkitApplication<QGuiApplication> qt;
@@ -148,14 +148,14 @@ TEST(LinuxSystem, PutsTextOnTheClipboard) {
   EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("Werkstatt\n"));
 }
 
-TEST(LinuxSystem, StandsInForALogToolThatIsMissing) {
+TEST(LinuxSystemTest, StandsInForALogToolThatIsMissing) {
   const auto query = orOwnLog({.executable = "/nonexistent/log", .arguments = {"show"}, .command = "log show"});
   EXPECT_EQ(std::filesystem::canonical(query.executable), std::filesystem::canonical("/proc/self/exe"));
   EXPECT_THAT(query.arguments, ::testing::ElementsAre("--recent-log"));
   EXPECT_EQ(query.command, "'" + std::filesystem::canonical("/proc/self/exe").string() + "' --recent-log");
 }
 
-TEST(LinuxSystem, NamesItselfShortlyWhereAShellFindsIt) {
+TEST(LinuxSystemTest, NamesItselfShortlyWhereAShellFindsIt) {
   const TemporaryFolder folder;
   std::filesystem::create_symlink(std::filesystem::canonical("/proc/self/exe"), folder.path() / "roomlattice");
   Environment environment;
@@ -163,7 +163,7 @@ TEST(LinuxSystem, NamesItselfShortlyWhereAShellFindsIt) {
   EXPECT_EQ(orOwnLog({.executable = "/nonexistent/log"}).command, "roomlattice --recent-log");
 }
 
-TEST(LinuxSystem, LeavesALogToolThatIsThereAlone) {
+TEST(LinuxSystemTest, LeavesALogToolThatIsThereAlone) {
   const auto query = orOwnLog({.executable = "/bin/sh", .arguments = {"-c"}, .command = "sh"});
   EXPECT_EQ(query.executable, "/bin/sh");
   EXPECT_THAT(query.arguments, ::testing::ElementsAre("-c"));

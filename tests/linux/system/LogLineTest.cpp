@@ -17,40 +17,40 @@ using ::testing::StartsWith;
 
 const auto noon = system_clock::from_time_t(1700000000);
 
-TEST(LogLine, IsStampedWithTimeProgramAndProcess) {
+TEST(LogLineTest, IsStampedWithTimeProgramAndProcess) {
   EXPECT_THAT(
       stampedLogLine(system_clock::now(), "[Roomlattice] tour end"),
       MatchesRegex("[0-9]{4}-[0-9]{2}-[0-9]{2} [0-9]{2}:[0-9]{2}:[0-9]{2}\\.[0-9]{3}[+-][0-9]{4} Roomlattice\\[" +
                    std::to_string(getpid()) + "\\] \\[Roomlattice\\] tour end\n"));
 }
 
-TEST(LogLine, IsInLocalTime) {
+TEST(LogLineTest, IsInLocalTime) {
   Environment environment;
   environment.set("TZ", "XYZ-2");
   EXPECT_THAT(stampedLogLine(noon + std::chrono::milliseconds(7), "x"),
               StartsWith("2023-11-15 00:13:20.007+0200 Roomlattice["));
 }
 
-TEST(LogSince, KeepsTheLinesStampedAtThatTimeOrLater) {
+TEST(LogLineSinceTest, KeepsTheLinesStampedAtThatTimeOrLater) {
   const std::string before = stampedLogLine(noon - std::chrono::milliseconds(1), "before");
   const std::string then = stampedLogLine(noon, "then");
   const std::string later = stampedLogLine(noon + std::chrono::hours(1), "later");
   EXPECT_EQ(logSince(noon, before + then + later), then + later);
 }
 
-TEST(LogSince, ReadsStampsOfOtherTimeZones) {
+TEST(LogLineSinceTest, ReadsStampsOfOtherTimeZones) {
   const std::string old = "2023-11-14 23:13:19.999+0100 Roomlattice[1] old\n";
   const std::string recent = "2023-11-14 17:13:20.000-0500 Roomlattice[1] recent\n";
   EXPECT_EQ(logSince(noon, old + recent), recent);
 }
 
-TEST(LogSince, CountsALineWithoutAStampToTheOneBefore) {
+TEST(LogLineSinceTest, CountsALineWithoutAStampToTheOneBefore) {
   const std::string old = stampedLogLine(noon - std::chrono::hours(1), "a\nb");
   const std::string recent = stampedLogLine(noon, "c\nd");
   EXPECT_EQ(logSince(noon, "torn\n" + old + recent), recent);
 }
 
-TEST(LogSince, EndsALastLineThatWasCutOff) {
+TEST(LogLineSinceTest, EndsALastLineThatWasCutOff) {
   EXPECT_EQ(logSince(noon, stampedLogLine(noon, "whole") + "2023-"), stampedLogLine(noon, "whole") + "2023-\n");
   EXPECT_EQ(logSince(noon, ""), "");
 }

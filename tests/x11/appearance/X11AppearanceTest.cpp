@@ -46,7 +46,7 @@ const QVariant prefersDark = 1U;
 const QVariant prefersLight = 2U;
 const QVariant noPreference = 0U;
 
-class AppearanceOfTheDesktop : public ::testing::Test {
+class X11AppearanceTest : public ::testing::Test {
  protected:
   void start() { appearance_ = std::make_unique<X11Appearance>(qt_.connection(), bus_, center_); }
   bool becomes(Appearance appearance) {
@@ -68,20 +68,20 @@ class AppearanceOfTheDesktop : public ::testing::Test {
   std::unique_ptr<X11Appearance> appearance_;
 };
 
-TEST_F(AppearanceOfTheDesktop, IsThatOfTheQtThemeWhenNothingElseTells) {
+TEST_F(X11AppearanceTest, IsThatOfTheQtThemeWhenNothingElseTells) {
   start();
   EXPECT_EQ(appearance_->current(), Appearance::Light);
   EXPECT_FALSE(looksDark());
 }
 
-TEST_F(AppearanceOfTheDesktop, FollowsTheThemeOfTheXSettings) {
+TEST_F(X11AppearanceTest, FollowsTheThemeOfTheXSettings) {
   const FakeXSettingsManager manager(FakeXSettingsManager::theme("Greybird-Dark-compact"));
   start();
   EXPECT_EQ(appearance_->current(), Appearance::Dark);
   EXPECT_TRUE(looksDark());
 }
 
-TEST_F(AppearanceOfTheDesktop, FollowsChangesOfTheXSettings) {
+TEST_F(X11AppearanceTest, FollowsChangesOfTheXSettings) {
   FakeXSettingsManager manager(FakeXSettingsManager::theme("Adwaita"));
   start();
   EXPECT_EQ(appearance_->current(), Appearance::Light);
@@ -94,7 +94,7 @@ TEST_F(AppearanceOfTheDesktop, FollowsChangesOfTheXSettings) {
   EXPECT_EQ(posts_, 2);
 }
 
-TEST_F(AppearanceOfTheDesktop, FollowsAnXSettingsManagerThatComesAndGoes) {
+TEST_F(X11AppearanceTest, FollowsAnXSettingsManagerThatComesAndGoes) {
   start();
   {
     const FakeXSettingsManager manager(FakeXSettingsManager::theme("Adwaita-dark"));
@@ -103,7 +103,7 @@ TEST_F(AppearanceOfTheDesktop, FollowsAnXSettingsManagerThatComesAndGoes) {
   EXPECT_TRUE(becomes(Appearance::Light));
 }
 
-TEST_F(AppearanceOfTheDesktop, SurvivesGarbageForXSettings) {
+TEST_F(X11AppearanceTest, SurvivesGarbageForXSettings) {
   FakeXSettingsManager manager("\x01garbage");
   start();
   EXPECT_EQ(appearance_->current(), Appearance::Light);
@@ -111,7 +111,7 @@ TEST_F(AppearanceOfTheDesktop, SurvivesGarbageForXSettings) {
   EXPECT_TRUE(becomes(Appearance::Dark));
 }
 
-TEST_F(AppearanceOfTheDesktop, IsWhatThePortalSaysRatherThanTheXSettings) {
+TEST_F(X11AppearanceTest, IsWhatThePortalSaysRatherThanTheXSettings) {
   const FakeXSettingsManager manager(FakeXSettingsManager::theme("Adwaita-dark"));
   portal_.set(colorScheme, prefersLight);
   portal_.appear();
@@ -119,7 +119,7 @@ TEST_F(AppearanceOfTheDesktop, IsWhatThePortalSaysRatherThanTheXSettings) {
   EXPECT_TRUE(becomes(Appearance::Light));
 }
 
-TEST_F(AppearanceOfTheDesktop, FollowsChangesByThePortal) {
+TEST_F(X11AppearanceTest, FollowsChangesByThePortal) {
   portal_.set(colorScheme, prefersLight);
   portal_.appear();
   start();
@@ -129,7 +129,7 @@ TEST_F(AppearanceOfTheDesktop, FollowsChangesByThePortal) {
   EXPECT_EQ(posts_, 1);
 }
 
-TEST_F(AppearanceOfTheDesktop, IsLeftToTheOthersWhenThePortalHasNoPreference) {
+TEST_F(X11AppearanceTest, IsLeftToTheOthersWhenThePortalHasNoPreference) {
   const FakeXSettingsManager manager(FakeXSettingsManager::theme("Adwaita"));
   portal_.set(colorScheme, prefersDark);
   portal_.appear();
@@ -139,7 +139,7 @@ TEST_F(AppearanceOfTheDesktop, IsLeftToTheOthersWhenThePortalHasNoPreference) {
   EXPECT_TRUE(becomes(Appearance::Light));
 }
 
-TEST_F(AppearanceOfTheDesktop, FollowsAPortalThatComesAndGoes) {
+TEST_F(X11AppearanceTest, FollowsAPortalThatComesAndGoes) {
   start();
   portal_.set(colorScheme, prefersDark);
   portal_.appear();
@@ -148,7 +148,7 @@ TEST_F(AppearanceOfTheDesktop, FollowsAPortalThatComesAndGoes) {
   EXPECT_TRUE(becomes(Appearance::Light));
 }
 
-TEST_F(AppearanceOfTheDesktop, IsLeftToTheOthersWhenTheBusGoes) {
+TEST_F(X11AppearanceTest, IsLeftToTheOthersWhenTheBusGoes) {
   portal_.set(colorScheme, prefersDark);
   portal_.appear();
   start();
@@ -157,7 +157,7 @@ TEST_F(AppearanceOfTheDesktop, IsLeftToTheOthersWhenTheBusGoes) {
   EXPECT_TRUE(becomes(Appearance::Light));
 }
 
-TEST_F(AppearanceOfTheDesktop, TakesNothingButAPreferenceFromThePortal) {
+TEST_F(X11AppearanceTest, TakesNothingButAPreferenceFromThePortal) {
   portal_.set(colorScheme, prefersDark);
   portal_.appear();
   start();
@@ -166,7 +166,7 @@ TEST_F(AppearanceOfTheDesktop, TakesNothingButAPreferenceFromThePortal) {
   EXPECT_TRUE(becomes(Appearance::Light));
 }
 
-TEST_F(AppearanceOfTheDesktop, HasTheAccentColourOfThePortal) {
+TEST_F(X11AppearanceTest, HasTheAccentColourOfThePortal) {
   qDBusRegisterMetaType<Components>();
   start();
   portal_.set(QStringLiteral("accent-color"), QVariant::fromValue(Components{0.25, 0.5, 1.0}));
@@ -174,7 +174,7 @@ TEST_F(AppearanceOfTheDesktop, HasTheAccentColourOfThePortal) {
   EXPECT_TRUE(waitFor([&] { return appearance_->accentColor() == platform::Color{0.25, 0.5, 1.0}; }));
 }
 
-TEST_F(AppearanceOfTheDesktop, HasTheHighlightForAccentColourWhenThePortalHasNone) {
+TEST_F(X11AppearanceTest, HasTheHighlightForAccentColourWhenThePortalHasNone) {
   qDBusRegisterMetaType<Components>();
   start();
   portal_.set(QStringLiteral("accent-color"), QVariant::fromValue(Components{0.25, 0.5, 1.0}));

@@ -13,9 +13,9 @@ using ::testing::Optional;
 using ::testing::Pair;
 using ::testing::UnorderedElementsAre;
 
-class XSettings : public ::testing::TestWithParam<std::endian> {};
+class XSettingsTest : public ::testing::TestWithParam<std::endian> {};
 
-TEST_P(XSettings, GiveTheirTexts) {
+TEST_P(XSettingsTest, GiveTheirTexts) {
   const std::string bytes = XSettingsText(GetParam())
                                 .integer("Net/DoubleClickTime", 400)
                                 .text("Net/ThemeName", "Adwaita-dark")
@@ -26,27 +26,27 @@ TEST_P(XSettings, GiveTheirTexts) {
               Optional(UnorderedElementsAre(Pair("Net/ThemeName", "Adwaita-dark"), Pair("Gtk/FontName", ""))));
 }
 
-TEST_P(XSettings, AreNothingWhenCutAnywhere) {
+TEST_P(XSettingsTest, AreNothingWhenCutAnywhere) {
   const std::string bytes = XSettingsText(GetParam()).integer("A", 1).text("B", "b").color("C").bytes();
   for (std::size_t length = 0; length < bytes.size(); ++length) {
     EXPECT_FALSE(parseXSettings(bytes.substr(0, length))) << length;
   }
 }
 
-TEST_P(XSettings, AreNothingWithLengthsBeyondTheEnd) {
+TEST_P(XSettingsTest, AreNothingWithLengthsBeyondTheEnd) {
   EXPECT_FALSE(parseXSettings(XSettingsText(GetParam()).textOfLength("A", 0xffffffffU).bytes()));
   EXPECT_FALSE(parseXSettings(XSettingsText(GetParam()).textOfLength("A", 0x7fffffffU).bytes()));
 }
 
-INSTANTIATE_TEST_SUITE_P(InEitherByteOrder, XSettings, ::testing::Values(std::endian::little, std::endian::big),
+INSTANTIATE_TEST_SUITE_P(InEitherByteOrder, XSettingsTest, ::testing::Values(std::endian::little, std::endian::big),
                          [](const auto& test) { return test.param == std::endian::little ? "Little" : "Big"; });
 
-TEST(XSettings, AreNothingInAnotherFormat) {
+TEST(XSettingsTest, AreNothingInAnotherFormat) {
   EXPECT_FALSE(parseXSettings(std::string(12, '\x02')));
   EXPECT_FALSE(parseXSettings(std::string("\0\0\0\0\0\0\0\0\1\0\0\0\7\0\0\0\0\0\0\0\0\0\0\0", 24)));
 }
 
-TEST(XSettings, MayBeNone) {
+TEST(XSettingsTest, MayBeNone) {
   EXPECT_THAT(parseXSettings(std::string(12, '\0')), Optional(::testing::IsEmpty()));
 }
 

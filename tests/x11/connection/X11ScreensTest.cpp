@@ -19,7 +19,7 @@ using platform::Screen;
 using platform::x11::X11Screens;
 using ::testing::ElementsAre;
 
-class Screens : public ::testing::Test {
+class X11ScreensTest : public ::testing::Test {
  protected:
   /// Cuts the server's screen into two monitors, the right one of which is lower and smaller.
   void addSecondMonitor() {
@@ -36,12 +36,12 @@ class Screens : public ::testing::Test {
   X11Screens screens_{qt_.connection(), center_};
 };
 
-TEST_F(Screens, HaveTheirOriginAtTheBottomLeft) {
+TEST_F(X11ScreensTest, HaveTheirOriginAtTheBottomLeft) {
   EXPECT_THAT(screens_.screens(), ElementsAre(Screen{Rect{{0, 0}, {1280, 800}}}));
   EXPECT_EQ(screens_.mainScreen(), screens_.screens().front());
 }
 
-TEST_F(Screens, TurnCoordinatesAround) {
+TEST_F(X11ScreensTest, TurnCoordinatesAround) {
   EXPECT_EQ(screens_.fromQt(QPointF(10, 20)), (Point{10, 780}));
   EXPECT_EQ(screens_.toQt(Point{10, 780}), QPointF(10, 20));
   EXPECT_EQ(screens_.fromQt(QRectF(10, 20, 30, 40)), (Rect{{10, 740}, {30, 40}}));
@@ -49,7 +49,7 @@ TEST_F(Screens, TurnCoordinatesAround) {
   EXPECT_EQ(screens_.fromPixel(QPointF(10, 20)), (Point{10, 780}));
 }
 
-TEST_F(Screens, PostThatTheSizeHasChanged) {
+TEST_F(X11ScreensTest, PostThatTheSizeHasChanged) {
   session_.run({"xrandr", "--newmode", "small", "60", "1024", "1048", "1184", "1344", "768", "771", "777", "806"});
   session_.run({"xrandr", "--addmode", "screen", "small"});
   session_.run({"xrandr", "--output", "screen", "--mode", "small"});
@@ -57,7 +57,7 @@ TEST_F(Screens, PostThatTheSizeHasChanged) {
   EXPECT_TRUE(waitFor([this] { return posts_ > 0; }));
 }
 
-TEST_F(Screens, ThatMoveTogetherHaveAnotherPlaceOnTheRoot) {
+TEST_F(X11ScreensTest, ThatMoveTogetherHaveAnotherPlaceOnTheRoot) {
   session_.run({"xrandr", "--setmonitor", "one", "800/200x600/150+0+0", "screen"});
   ASSERT_TRUE(waitFor([this] { return screens_.toQt(Point{0, 0}) == QPointF(0, 600); }));
   ASSERT_TRUE(waitFor([this] { return posts_ == 1; }));
@@ -67,14 +67,14 @@ TEST_F(Screens, ThatMoveTogetherHaveAnotherPlaceOnTheRoot) {
   EXPECT_THAT(screens_.screens(), ElementsAre(Screen{Rect{{0, 0}, {800, 600}}}));
 }
 
-TEST_F(Screens, OfSeveralMonitorsStandAroundThePrimaryOne) {
+TEST_F(X11ScreensTest, OfSeveralMonitorsStandAroundThePrimaryOne) {
   addSecondMonitor();
   EXPECT_TRUE(waitFor([this] { return screens_.screens().size() == 2; }));
   EXPECT_THAT(screens_.screens(), ElementsAre(Screen{Rect{{0, 0}, {800, 600}}}, Screen{Rect{{800, 100}, {480, 400}}}));
   EXPECT_GT(posts_, 0);
 }
 
-TEST_F(Screens, HaveTheMainOneWhereTheActiveWindowIs) {
+TEST_F(X11ScreensTest, HaveTheMainOneWhereTheActiveWindowIs) {
   addSecondMonitor();
   ASSERT_TRUE(waitFor([this] { return screens_.screens().size() == 2; }));
   session_.run({"xdotool", "mousemove", "10", "10"});
@@ -82,7 +82,7 @@ TEST_F(Screens, HaveTheMainOneWhereTheActiveWindowIs) {
   EXPECT_TRUE(waitFor([this] { return screens_.mainScreen() == screens_.screens()[1]; }));
 }
 
-TEST_F(Screens, HaveTheMainOneWhereThePointerIsWhenNoWindowIsActive) {
+TEST_F(X11ScreensTest, HaveTheMainOneWhereThePointerIsWhenNoWindowIsActive) {
   addSecondMonitor();
   ASSERT_TRUE(waitFor([this] { return screens_.screens().size() == 2; }));
   session_.run({"xdotool", "mousemove", "1000", "300"});
@@ -92,7 +92,7 @@ TEST_F(Screens, HaveTheMainOneWhereThePointerIsWhenNoWindowIsActive) {
 }
 
 // The outputs of Xvfb are always on.
-TEST(ScreensOfAnotherServer, StayWhatTheyWereWhileNoOutputIsOn) {
+TEST(X11ScreensOfAnotherServerTest, StayWhatTheyWereWhileNoOutputIsOn) {
   std::optional<X11Session> session;
   try {
     session.emplace(SessionOptions{.server = ServerKind::XorgWithTouchpad});

@@ -12,7 +12,7 @@ namespace {
 using platform::Direction;
 using ::testing::ElementsAre;
 
-class DesktopsOfKWin : public ::testing::Test {
+class KWinDesktopSourceTest : public ::testing::Test {
  protected:
   void call(const std::string& method, const std::vector<std::string>& arguments) {
     std::vector<std::string> command{
@@ -28,11 +28,11 @@ class DesktopsOfKWin : public ::testing::Test {
   FollowedDesktops followed_{{.windowManager = WindowManagerKind::KWin, .desktops = 3}};
 };
 
-TEST_F(DesktopsOfKWin, AreIdentifiedByKWinsIdentifiers) {
+TEST_F(KWinDesktopSourceTest, AreIdentifiedByKWinsIdentifiers) {
   EXPECT_THAT(followed_.uuids(), ElementsAre("test-desktop-1", "test-desktop-2", "test-desktop-3"));
 }
 
-TEST_F(DesktopsOfKWin, KeepTheirIdentityWhenOneIsRemovedFromTheMiddle) {
+TEST_F(KWinDesktopSourceTest, KeepTheirIdentityWhenOneIsRemovedFromTheMiddle) {
   const platform::SpaceID third = followed_.desktops.list().desktops[2].id;
   removeDesktop("test-desktop-2");
   EXPECT_TRUE(waitFor([this] { return followed_.count() == 2; }));
@@ -40,7 +40,7 @@ TEST_F(DesktopsOfKWin, KeepTheirIdentityWhenOneIsRemovedFromTheMiddle) {
   EXPECT_EQ(followed_.desktops.list().desktops[1].id, third);
 }
 
-TEST_F(DesktopsOfKWin, KeepTheirIdentityWhenOneIsMadeInTheMiddle) {
+TEST_F(KWinDesktopSourceTest, KeepTheirIdentityWhenOneIsMadeInTheMiddle) {
   createDesktop(1);
   EXPECT_TRUE(waitFor([this] { return followed_.count() == 4; }));
   EXPECT_EQ(followed_.uuids()[0], "test-desktop-1");
@@ -48,7 +48,7 @@ TEST_F(DesktopsOfKWin, KeepTheirIdentityWhenOneIsMadeInTheMiddle) {
   EXPECT_EQ(followed_.uuids()[3], "test-desktop-3");
 }
 
-TEST_F(DesktopsOfKWin, AreSwitchedRightlyAfterOneWasMadeInTheMiddle) {
+TEST_F(KWinDesktopSourceTest, AreSwitchedRightlyAfterOneWasMadeInTheMiddle) {
   createDesktop(1);
   ASSERT_TRUE(waitFor([this] { return followed_.count() == 4; }));
   for (int place = 1; place < 4; ++place) {
@@ -57,14 +57,14 @@ TEST_F(DesktopsOfKWin, AreSwitchedRightlyAfterOneWasMadeInTheMiddle) {
   }
 }
 
-TEST_F(DesktopsOfKWin, HaveTheRightCurrentOneWhenTheCurrentIsRemoved) {
+TEST_F(KWinDesktopSourceTest, HaveTheRightCurrentOneWhenTheCurrentIsRemoved) {
   followed_.desktops.activate(1);
   ASSERT_TRUE(waitFor([this] { return followed_.current() == 1; }));
   removeDesktop("test-desktop-2");
   EXPECT_TRUE(waitFor([this] { return followed_.count() == 2 && followed_.current() >= 0; }));
 }
 
-TEST_F(DesktopsOfKWin, AreFollowedByEwmhWhenTheBusIsGone) {
+TEST_F(KWinDesktopSourceTest, AreFollowedByEwmhWhenTheBusIsGone) {
   followed_.session.stopBus();
   EXPECT_TRUE(waitFor([this] { return followed_.uuids().front() == "desktop-1"; }));
   EXPECT_EQ(followed_.count(), 3);
@@ -72,7 +72,7 @@ TEST_F(DesktopsOfKWin, AreFollowedByEwmhWhenTheBusIsGone) {
   EXPECT_TRUE(waitFor([this] { return followed_.session.currentDesktop() == 1 && followed_.current() == 1; }));
 }
 
-TEST_F(DesktopsOfKWin, KeepTheirIdentityWhenKWinIsReplacedByItself) {
+TEST_F(KWinDesktopSourceTest, KeepTheirIdentityWhenKWinIsReplacedByItself) {
   const auto before = followed_.uuids();
   std::vector<std::vector<std::string>> seen;
   const platform::Registration observation = followed_.center.observe(platform::notification::activeSpaceDidChange,
@@ -83,7 +83,7 @@ TEST_F(DesktopsOfKWin, KeepTheirIdentityWhenKWinIsReplacedByItself) {
   EXPECT_THAT(seen, ::testing::Each(before));
 }
 
-TEST(DesktopsOfKWinWithoutABus, AreFollowedByEwmh) {
+TEST(KWinDesktopSourceWithoutABusTest, AreFollowedByEwmh) {
   SessionOptions options{.windowManager = WindowManagerKind::KWin, .desktops = 3};
   X11Session session(options);
   Environment environment;
@@ -97,7 +97,7 @@ TEST(DesktopsOfKWinWithoutABus, AreFollowedByEwmh) {
   EXPECT_EQ(desktops.list().desktops[0].uuid, "desktop-1");
 }
 
-TEST(DesktopsOfAKWinThatHangs, AreFollowedByEwmhAndByTheBusOnceItAnswers) {
+TEST(KWinDesktopSourceThatHangsTest, AreFollowedByEwmhAndByTheBusOnceItAnswers) {
   X11Session session({.windowManager = WindowManagerKind::KWin, .desktops = 3});
   session.windowManager()->signal(SIGSTOP);
   QtApplication qt;
@@ -115,7 +115,7 @@ struct OddAnswer {
   WriteArguments write;
 };
 
-class AKWinWithOddAnswers : public ::testing::TestWithParam<OddAnswer> {
+class KWinDesktopSourceWithOddAnswersTest : public ::testing::TestWithParam<OddAnswer> {
  protected:
   static void tellTwoDesktops(sd_bus_message* answer) {
     sd_bus_message_append(answer, "a{sv}", 2, "current", "s", "b", "desktops", "a(uss)", 2, 1U, "b", "Two", 0U, "a",
@@ -128,7 +128,7 @@ class AKWinWithOddAnswers : public ::testing::TestWithParam<OddAnswer> {
   FakeService kwin_{session_.busAddress(), "org.kde.KWin"};
 };
 
-TEST_P(AKWinWithOddAnswers, IsNotHeardUntilItMakesSense) {
+TEST_P(KWinDesktopSourceWithOddAnswersTest, IsNotHeardUntilItMakesSense) {
   kwin_.answerWith(GetParam().write);
   platform::x11::KWinDesktopSource source(qt_.connection(), bus_, [] {});
   EXPECT_EQ(source.read(), std::nullopt);
@@ -143,7 +143,7 @@ TEST_P(AKWinWithOddAnswers, IsNotHeardUntilItMakesSense) {
   EXPECT_EQ(source.read()->current, 1U);
 }
 
-TEST_P(AKWinWithOddAnswers, KeepsTheDesktopsItHasTold) {
+TEST_P(KWinDesktopSourceWithOddAnswersTest, KeepsTheDesktopsItHasTold) {
   kwin_.answerWith(tellTwoDesktops);
   platform::x11::KWinDesktopSource source(qt_.connection(), bus_, [] {});
   source.waitForAnswer(std::chrono::seconds(30));
@@ -159,7 +159,7 @@ TEST_P(AKWinWithOddAnswers, KeepsTheDesktopsItHasTold) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    OfEachKind, AKWinWithOddAnswers,
+    OfEachKind, KWinDesktopSourceWithOddAnswersTest,
     ::testing::Values(
         OddAnswer{"Nothing", [](sd_bus_message*) {}},
         OddAnswer{"DictionaryOfTexts",

@@ -13,37 +13,37 @@ using platform::Direction;
 using platform::x11::X11Connection;
 using ::testing::ElementsAre;
 
-class Desktops : public OnEveryWindowManager {
+class X11DesktopsTest : public OnEveryWindowManager {
  protected:
   FollowedDesktops followed_{{.windowManager = GetParam(), .desktops = 3}};
 };
 
-TEST_P(Desktops, AreReadAtOnce) {
+TEST_P(X11DesktopsTest, AreReadAtOnce) {
   EXPECT_EQ(followed_.count(), 3);
   EXPECT_EQ(followed_.current(), followed_.session.currentDesktop());
 }
 
-TEST_P(Desktops, HaveIdentifiersThatAreSmallEnoughAndNotZero) {
+TEST_P(X11DesktopsTest, HaveIdentifiersThatAreSmallEnoughAndNotZero) {
   for (const platform::x11::Desktop& desktop : followed_.desktops.list().desktops) {
     EXPECT_GT(static_cast<std::int64_t>(desktop.id), 0);
     EXPECT_FALSE(desktop.uuid.empty());
   }
 }
 
-TEST_P(Desktops, AreTheSameAfterARestartOfTheProgram) {
+TEST_P(X11DesktopsTest, AreTheSameAfterARestartOfTheProgram) {
   const platform::x11::DesktopList before = followed_.desktops.list();
   const platform::x11::X11Desktops again(followed_.qt.connection(), followed_.bus, followed_.windowManager,
                                          followed_.center);
   EXPECT_EQ(again.list(), before);
 }
 
-TEST_P(Desktops, FollowASwitchMadeByOthers) {
+TEST_P(X11DesktopsTest, FollowASwitchMadeByOthers) {
   followed_.session.run({"wmctrl", "-s", "2"});
   EXPECT_TRUE(waitFor([this] { return followed_.current() == 2; }));
   EXPECT_EQ(followed_.posts, 1);
 }
 
-TEST_P(Desktops, AddUpQuickSteps) {
+TEST_P(X11DesktopsTest, AddUpQuickSteps) {
   followed_.desktops.step(Direction::Right);
   followed_.desktops.step(Direction::Right);
   EXPECT_TRUE(waitFor([this] { return followed_.current() == 2; }));
@@ -51,7 +51,7 @@ TEST_P(Desktops, AddUpQuickSteps) {
   EXPECT_TRUE(waitFor([this] { return followed_.session.currentDesktop() == 2; }));
 }
 
-TEST_P(Desktops, AddUpQuickStepsThereAndBack) {
+TEST_P(X11DesktopsTest, AddUpQuickStepsThereAndBack) {
   for (const auto direction :
        {Direction::Right, Direction::Left, Direction::Right, Direction::Right, Direction::Left}) {
     followed_.desktops.step(direction);
@@ -60,7 +60,7 @@ TEST_P(Desktops, AddUpQuickStepsThereAndBack) {
   EXPECT_TRUE(waitFor([this] { return followed_.count() == 4 && followed_.current() == 1; }));
 }
 
-TEST_P(Desktops, EndAtBothEnds) {
+TEST_P(X11DesktopsTest, EndAtBothEnds) {
   followed_.desktops.step(Direction::Left);
   for (int step = 0; step < 7; ++step) {
     followed_.desktops.step(Direction::Right);
@@ -71,7 +71,7 @@ TEST_P(Desktops, EndAtBothEnds) {
   EXPECT_TRUE(waitFor([this] { return followed_.current() == 1; }));
 }
 
-TEST_P(Desktops, FollowDesktopsThatComeAndGo) {
+TEST_P(X11DesktopsTest, FollowDesktopsThatComeAndGo) {
   const std::vector<std::string> before = followed_.uuids();
   followed_.session.run({"wmctrl", "-n", "5"});
   EXPECT_TRUE(waitFor([this] { return followed_.count() == 5; }));
@@ -81,7 +81,7 @@ TEST_P(Desktops, FollowDesktopsThatComeAndGo) {
   EXPECT_EQ(followed_.uuids()[1], before[1]);
 }
 
-TEST_P(Desktops, StayKnownWhileNoWindowManagerRuns) {
+TEST_P(X11DesktopsTest, StayKnownWhileNoWindowManagerRuns) {
   const platform::x11::DesktopList before = followed_.desktops.list();
   followed_.session.stopWindowManager();
   ASSERT_TRUE(waitFor([this] { return !followed_.windowManager.current(); }));
@@ -90,7 +90,7 @@ TEST_P(Desktops, StayKnownWhileNoWindowManagerRuns) {
   EXPECT_EQ(followed_.desktops.list(), before);
 }
 
-TEST_P(Desktops, AreFollowedAgainWhenTheWindowManagerWasReplaced) {
+TEST_P(X11DesktopsTest, AreFollowedAgainWhenTheWindowManagerWasReplaced) {
   followed_.session.startWindowManager(GetParam());
   ASSERT_TRUE(waitFor([this] { return followed_.windowManager.current().has_value(); }));
   followed_.session.run({"wmctrl", "-s", "1"});
@@ -98,7 +98,7 @@ TEST_P(Desktops, AreFollowedAgainWhenTheWindowManagerWasReplaced) {
   EXPECT_EQ(followed_.count(), 3);
 }
 
-TEST_P(Desktops, AreFollowedAgainWhenTheWindowManagerWasKilledAndStartedAnew) {
+TEST_P(X11DesktopsTest, AreFollowedAgainWhenTheWindowManagerWasKilledAndStartedAnew) {
   followed_.session.stopWindowManager();
   followed_.session.startWindowManager(GetParam());
   ASSERT_TRUE(waitFor([this] { return followed_.windowManager.current().has_value(); }));
@@ -106,7 +106,7 @@ TEST_P(Desktops, AreFollowedAgainWhenTheWindowManagerWasKilledAndStartedAnew) {
   EXPECT_TRUE(waitFor([this] { return followed_.current() == 2; }));
 }
 
-TEST_P(Desktops, ArePostedOnlyWhenTheyDiffer) {
+TEST_P(X11DesktopsTest, ArePostedOnlyWhenTheyDiffer) {
   followed_.session.run({"wmctrl", "-s", "0"});
   followed_.session.run(
       {"xprop", "-root", "-f", "_NET_NUMBER_OF_DESKTOPS", "32c", "-set", "_NET_NUMBER_OF_DESKTOPS", "3"});
@@ -115,9 +115,9 @@ TEST_P(Desktops, ArePostedOnlyWhenTheyDiffer) {
   EXPECT_EQ(followed_.posts, 1);
 }
 
-INSTANTIATE_TEST_SUITE_P(OnEvery, Desktops, everyWindowManager(), ::testing::PrintToStringParamName());
+INSTANTIATE_TEST_SUITE_P(OnEvery, X11DesktopsTest, everyWindowManager(), ::testing::PrintToStringParamName());
 
-TEST(DesktopsOfAnotherWindowManager, AreIdentifiedItsOwnWay) {
+TEST(X11DesktopsOfAnotherWindowManagerTest, AreIdentifiedItsOwnWay) {
   FollowedDesktops followed({.windowManager = WindowManagerKind::Openbox, .desktops = 2});
   EXPECT_THAT(followed.uuids(), ElementsAre("desktop-1", "desktop-2"));
   followed.session.startWindowManager(WindowManagerKind::KWin);
@@ -128,7 +128,7 @@ TEST(DesktopsOfAnotherWindowManager, AreIdentifiedItsOwnWay) {
   EXPECT_TRUE(waitFor([&] { return followed.uuids() == std::vector<std::string>{"desktop-1", "desktop-2"}; }));
 }
 
-TEST(DesktopsOfI3, KeepTheirNamesWhenTheirPositionsShift) {
+TEST(X11DesktopsOfI3Test, KeepTheirNamesWhenTheirPositionsShift) {
   FollowedDesktops followed({.windowManager = WindowManagerKind::I3});
   followed.session.run({"i3-msg", "workspace", "mail"});
   const PlainWindow mail({0, 0, 100, 100}, Qt::red);
@@ -144,7 +144,7 @@ TEST(DesktopsOfI3, KeepTheirNamesWhenTheirPositionsShift) {
   EXPECT_EQ(followed.desktops.list().desktops[2].id, playID);
 }
 
-TEST(DesktopsOfOpenbox, AreFollowedWhenItRestartsItself) {
+TEST(X11DesktopsOfOpenboxTest, AreFollowedWhenItRestartsItself) {
   FollowedDesktops followed({.windowManager = WindowManagerKind::Openbox, .desktops = 3});
   bool gone = false;
   const platform::Registration observation = followed.windowManager.observe([&] { gone = true; });
@@ -158,7 +158,7 @@ TEST(DesktopsOfOpenbox, AreFollowedWhenItRestartsItself) {
 }
 
 // Whatever stands in the root window's properties.
-class GarbledDesktops : public ::testing::Test {
+class X11DesktopsGarbledTest : public ::testing::Test {
  protected:
   void setProperty(const char* name, const char* format, const char* value) {
     followed_.session.run({"xprop", "-root", "-f", name, format, "-set", name, value});
@@ -167,7 +167,7 @@ class GarbledDesktops : public ::testing::Test {
   FollowedDesktops followed_{{.windowManager = WindowManagerKind::Openbox, .desktops = 3}};
 };
 
-TEST_F(GarbledDesktops, KeepTheLastGoodList) {
+TEST_F(X11DesktopsGarbledTest, KeepTheLastGoodList) {
   for (const auto& [format, value] : {std::pair("32c", "0"), std::pair("32c", "4000000000"), std::pair("8s", "three"),
                                       std::pair("16c", "7"), std::pair("32a", "STRING")}) {
     setProperty("_NET_NUMBER_OF_DESKTOPS", format, value);
@@ -177,7 +177,7 @@ TEST_F(GarbledDesktops, KeepTheLastGoodList) {
   }
 }
 
-TEST_F(GarbledDesktops, HaveNoCurrentOneBeyondTheirCount) {
+TEST_F(X11DesktopsGarbledTest, HaveNoCurrentOneBeyondTheirCount) {
   setProperty("_NET_CURRENT_DESKTOP", "32c", "3");
   EXPECT_TRUE(waitFor([this] { return followed_.current() == -1; }));
   EXPECT_EQ(followed_.count(), 3);

@@ -18,7 +18,7 @@ using platform::TextAlignment;
 using platform::x11::measureText;
 using platform::x11::toQt;
 
-class Text : public ::testing::Test {
+class TextTest : public ::testing::Test {
  protected:
   /// The columns that get ink when the text is drawn into a frame of `width`.
   std::pair<int, int> inkColumns(const std::string& text, double width) {
@@ -45,56 +45,56 @@ class Text : public ::testing::Test {
   QtApplication qt_;
 };
 
-TEST_F(Text, TakesAPointForALogicalPixel) {
+TEST_F(TextTest, TakesAPointForALogicalPixel) {
   EXPECT_EQ(QFontInfo(toQt(Font{.size = 160.0, .weight = FontWeight::Heavy})).pixelSize(), 160);
 }
 
-TEST_F(Text, GrowsWithItsFont) {
+TEST_F(TextTest, GrowsWithItsFont) {
   const auto small = measureText("Mail", toQt(Font{.size = 80.0}));
   const auto large = measureText("Mail", toQt(Font{.size = 160.0}));
   EXPECT_NEAR(large.width, 2 * small.width, 4.0);
   EXPECT_NEAR(large.height, 2 * small.height, 4.0);
 }
 
-TEST_F(Text, HasItsLineHeightWhenEmpty) {
+TEST_F(TextTest, HasItsLineHeightWhenEmpty) {
   const auto empty = measureText("", toQt(Font{.size = 20.0}));
   EXPECT_EQ(empty.width, 0.0);
   EXPECT_EQ(empty.height, measureText("Mail", toQt(Font{.size = 20.0})).height);
 }
 
-TEST_F(Text, CountsTheBlanksAtBothEnds) {
+TEST_F(TextTest, CountsTheBlanksAtBothEnds) {
   EXPECT_NEAR(widthOf(" Mail "), widthOf("Mail") + 2 * widthOf(" "), 0.01);
 }
 
-TEST_F(Text, IsWiderInAHeavyWeight) {
+TEST_F(TextTest, IsWiderInAHeavyWeight) {
   const auto regular = measureText("Mail", toQt(Font{.size = 80.0}));
   const auto heavy = measureText("Mail", toQt(Font{.size = 80.0, .weight = FontWeight::Heavy}));
   EXPECT_GT(heavy.width, regular.width);
 }
 
-TEST_F(Text, HasEqualAdvancesInTheMonospacedFont) {
+TEST_F(TextTest, HasEqualAdvancesInTheMonospacedFont) {
   const QFont font = toQt(Font{.family = FontFamily::MonospacedSystem, .size = 11.0});
   EXPECT_EQ(measureText("iiii", font), measureText("WWWW", font));
 }
 
-TEST_F(Text, IsOneLineWhateverIsInIt) {
+TEST_F(TextTest, IsOneLineWhateverIsInIt) {
   EXPECT_EQ(measureText("two\nlines", toQt(Font{})), measureText("two lines", toQt(Font{})));
 }
 
-TEST_F(Text, IsDrawnWithItsBlanksInTheMiddleOfItsFrame) {
+TEST_F(TextTest, IsDrawnWithItsBlanksInTheMiddleOfItsFrame) {
   const double width = widthOf("    HH");
   const auto [first, last] = inkColumns("    HH", width);
   EXPECT_NEAR(first, 50.0 + widthOf("    "), 4.0);
   EXPECT_NEAR(last, 50.0 + width, 4.0);
 }
 
-TEST_F(Text, FitsAFrameOfItsMeasuredWidthWithoutAnEllipsis) {
+TEST_F(TextTest, FitsAFrameOfItsMeasuredWidthWithoutAnEllipsis) {
   const auto [first, last] = inkColumns("HHHH", widthOf("HHHH"));
   const auto [wideFirst, wideLast] = inkColumns("HHHH", 300.0);
   EXPECT_NEAR(last - first, wideLast - wideFirst, 1);
 }
 
-TEST_F(Text, KeepsToItsFrameAndItsBlanksWhenItIsTooLong) {
+TEST_F(TextTest, KeepsToItsFrameAndItsBlanksWhenItIsTooLong) {
   const auto [first, last] = inkColumns(" Something that is much too long ", 100.0);
   EXPECT_GE(first, 50);
   EXPECT_LE(last, 150 - widthOf(" ") / 2);

@@ -15,9 +15,9 @@ using ::testing::ElementsAre;
 constexpr double right = 1.0;
 constexpr double left = -1.0;
 
-class PostedSwipes : public ::testing::TestWithParam<WindowManagerKind> {
+class X11EventsSwipesTest : public ::testing::TestWithParam<WindowManagerKind> {
  protected:
-  PostedSwipes() {
+  X11EventsSwipesTest() {
     observation_ = ui_.center.observe(platform::notification::activeSpaceDidChange,
                                       [this] { visited_.push_back(ui_.desktops.list().current.value_or(99)); });
   }
@@ -44,7 +44,7 @@ class PostedSwipes : public ::testing::TestWithParam<WindowManagerKind> {
   platform::Registration observation_;
 };
 
-TEST_P(PostedSwipes, TakeOneStepEachHoweverQuicklyTheyFollow) {
+TEST_P(X11EventsSwipesTest, TakeOneStepEachHoweverQuicklyTheyFollow) {
   swipe(right);
   swipe(right);
   swipe(right);
@@ -55,7 +55,7 @@ TEST_P(PostedSwipes, TakeOneStepEachHoweverQuicklyTheyFollow) {
   EXPECT_TRUE(waitFor([&] { return !visited_.empty() && visited_.back() == 1; }));
 }
 
-TEST_P(PostedSwipes, GoOverEachDesktopOnTheWay) {
+TEST_P(X11EventsSwipesTest, GoOverEachDesktopOnTheWay) {
   for (const double sign : {right, right, left}) {
     const std::size_t before = visited_.size();
     swipe(sign);
@@ -64,7 +64,7 @@ TEST_P(PostedSwipes, GoOverEachDesktopOnTheWay) {
   EXPECT_THAT(visited_, ElementsAre(1U, 2U, 1U));
 }
 
-TEST_P(PostedSwipes, DoNotWrapAround) {
+TEST_P(X11EventsSwipesTest, DoNotWrapAround) {
   swipe(left);
   swipe(right);
   EXPECT_TRUE(comesToDesktop(1));
@@ -77,7 +77,7 @@ TEST_P(PostedSwipes, DoNotWrapAround) {
   EXPECT_TRUE(comesToDesktop(2));
 }
 
-TEST_P(PostedSwipes, TakeNoStepBeforeTheyAreCompleted) {
+TEST_P(X11EventsSwipesTest, TakeNoStepBeforeTheyAreCompleted) {
   post(platform::DockSwipe::Began, right);
   post(platform::DockSwipe::Changed, right);
   post(platform::DockSwipe::Cancelled, right);
@@ -87,10 +87,10 @@ TEST_P(PostedSwipes, TakeNoStepBeforeTheyAreCompleted) {
   EXPECT_THAT(visited_, ElementsAre(1U));
 }
 
-INSTANTIATE_TEST_SUITE_P(OnEvery, PostedSwipes, everyWindowManager(), ::testing::PrintToStringParamName());
+INSTANTIATE_TEST_SUITE_P(OnEvery, X11EventsSwipesTest, everyWindowManager(), ::testing::PrintToStringParamName());
 
 /// The user's mouse, which makes relative motions.
-class PointerOnX11 : public ::testing::Test {
+class X11EventsPointerTest : public ::testing::Test {
  protected:
   void moveTo(const platform::Point& point) {
     ASSERT_TRUE(waitFor([&] {
@@ -109,7 +109,7 @@ class PointerOnX11 : public ::testing::Test {
   platform::x11::X11Events events_{ui_.connection(), ui_.desktops, ui_.screens};
 };
 
-TEST_F(PointerOnX11, IsReportedWhereItIsFromTheBottomLeft) {
+TEST_F(X11EventsPointerTest, IsReportedWhereItIsFromTheBottomLeft) {
   int moves = 0;
   platform::Point last;
   const auto monitor = events_.monitorGlobalMouseMoved([&] {
@@ -120,7 +120,7 @@ TEST_F(PointerOnX11, IsReportedWhereItIsFromTheBottomLeft) {
   EXPECT_TRUE(waitFor([&] { return moves > 0 && last == platform::Point{100.0, 200.0}; }));
 }
 
-TEST_F(PointerOnX11, IsNotReportedToAMonitorThatHasEnded) {
+TEST_F(X11EventsPointerTest, IsNotReportedToAMonitorThatHasEnded) {
   int ended = 0;
   int running = 0;
   auto ending = events_.monitorGlobalMouseMoved([&] { ++ended; });

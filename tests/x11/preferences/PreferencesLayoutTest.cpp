@@ -23,7 +23,7 @@ namespace {
 constexpr int desktops = 16;
 
 /// The preferences window as the program fills it, with a system font of so many points.
-class PreferencesLayout : public ::testing::TestWithParam<int> {
+class PreferencesLayoutTest : public ::testing::TestWithParam<int> {
  protected:
   void SetUp() override {
     QApplication::setFont(QFont(QStringLiteral("DejaVu Sans"), GetParam()));
@@ -88,7 +88,7 @@ int neededHeight(const QLabel& label) {
   return label.wordWrap() ? label.heightForWidth(label.width()) : label.sizeHint().height();
 }
 
-TEST_P(PreferencesLayout, CutsNoText) {
+TEST_P(PreferencesLayoutTest, CutsNoText) {
   forEachPage([](const QString& page, const QList<QWidget*>& controls) {
     for (const QWidget* control : controls) {
       if (const auto* label = dynamic_cast<const QLabel*>(control)) {
@@ -103,7 +103,7 @@ TEST_P(PreferencesLayout, CutsNoText) {
   });
 }
 
-TEST_P(PreferencesLayout, LaysNothingOverAnything) {
+TEST_P(PreferencesLayoutTest, LaysNothingOverAnything) {
   forEachPage([](const QString& page, const QList<QWidget*>& controls) {
     for (const QWidget* one : controls) {
       for (const QWidget* other : controls) {
@@ -114,7 +114,7 @@ TEST_P(PreferencesLayout, LaysNothingOverAnything) {
   });
 }
 
-TEST_P(PreferencesLayout, LetsEveryControlBeScrolledTo) {
+TEST_P(PreferencesLayoutTest, LetsEveryControlBeScrolledTo) {
   forEachPage([](const QString& page, const QList<QWidget*>& controls) {
     for (const QWidget* control : controls) {
       EXPECT_TRUE(control->parentWidget()->rect().contains(control->geometry())) << describe(page, *control);
@@ -122,18 +122,18 @@ TEST_P(PreferencesLayout, LetsEveryControlBeScrolledTo) {
   });
 }
 
-INSTANTIATE_TEST_SUITE_P(WithSystemFontsOf, PreferencesLayout, ::testing::Values(9, 13, 18));
+INSTANTIATE_TEST_SUITE_P(WithSystemFontsOf, PreferencesLayoutTest, ::testing::Values(9, 13, 18));
 
-class PreferencesOnTheClipboard : public PreferencesLayout {};
+class PreferencesLayoutClipboardTest : public PreferencesLayoutTest {};
 
-TEST_P(PreferencesOnTheClipboard, IsTheCommandThatTheUserCanRun) {
+TEST_P(PreferencesLayoutClipboardTest, IsTheCommandThatTheUserCanRun) {
   auto* copy = button<QPushButton>(QStringLiteral("Copy Command"));
   ASSERT_NE(copy, nullptr);
   copy->click();
   EXPECT_TRUE(waitFor([] { return QGuiApplication::clipboard()->text().endsWith(QStringLiteral(" --recent-log")); }));
 }
 
-INSTANTIATE_TEST_SUITE_P(WithASystemFontOf, PreferencesOnTheClipboard, ::testing::Values(9));
+INSTANTIATE_TEST_SUITE_P(WithASystemFontOf, PreferencesLayoutClipboardTest, ::testing::Values(9));
 
 }  // namespace
 }  // namespace roomlattice::tests

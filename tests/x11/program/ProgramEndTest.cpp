@@ -16,9 +16,9 @@ using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 
-class EndBySignal : public ::testing::TestWithParam<int> {};
+class ProgramEndBySignalTest : public ::testing::TestWithParam<int> {};
 
-TEST_P(EndBySignal, IsInGoodOrder) {
+TEST_P(ProgramEndBySignalTest, IsInGoodOrder) {
   const X11Session session;
   Program program;
   ASSERT_TRUE(program.isUp()) << program.process().errorOutput();
@@ -27,9 +27,9 @@ TEST_P(EndBySignal, IsInGoodOrder) {
   EXPECT_THAT(program.complaints(), IsEmpty());
 }
 
-INSTANTIATE_TEST_SUITE_P(OfTheProgram, EndBySignal, ::testing::Values(SIGTERM, SIGINT, SIGHUP));
+INSTANTIATE_TEST_SUITE_P(OfTheProgram, ProgramEndBySignalTest, ::testing::Values(SIGTERM, SIGINT, SIGHUP));
 
-TEST(EndOfTheProgram, IsNotBroughtAboutByASignalItWasStartedToIgnore) {
+TEST(ProgramEndTest, IsNotBroughtAboutByASignalItWasStartedToIgnore) {
   X11Session session;
   const auto former = std::signal(SIGHUP, SIG_IGN);
   Program program;
@@ -42,9 +42,9 @@ TEST(EndOfTheProgram, IsNotBroughtAboutByASignalItWasStartedToIgnore) {
   EXPECT_TRUE(program.process().isRunning());
 }
 
-class EndOfTheServer : public ::testing::TestWithParam<int> {};
+class ProgramEndWithServerTest : public ::testing::TestWithParam<int> {};
 
-TEST_P(EndOfTheServer, EndsTheProgramWithOneLine) {
+TEST_P(ProgramEndWithServerTest, EndsTheProgramWithOneLine) {
   for (int round = 0; round < 2; ++round) {
     X11Session session;
     Program program;
@@ -55,9 +55,9 @@ TEST_P(EndOfTheServer, EndsTheProgramWithOneLine) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(OfTheProgram, EndOfTheServer, ::testing::Values(SIGKILL, SIGTERM));
+INSTANTIATE_TEST_SUITE_P(OfTheProgram, ProgramEndWithServerTest, ::testing::Values(SIGKILL, SIGTERM));
 
-TEST(EndOfTheServer, EndsTheProgramAlsoWhileItStarts) {
+TEST(ProgramEndWithServerTest, EndsTheProgramAlsoWhileItStarts) {
   std::mt19937 random(4711);
   std::uniform_int_distribution<int> turns(0, 60);
   for (int round = 0; round < 4; ++round) {
@@ -72,7 +72,7 @@ TEST(EndOfTheServer, EndsTheProgramAlsoWhileItStarts) {
   }
 }
 
-TEST(EndOfTheWindowManager, EndsTheProgramWithOneLine) {
+TEST(ProgramEndWithWindowManagerTest, EndsTheProgramWithOneLine) {
   X11Session session;
   Program program;
   ASSERT_TRUE(program.isUp()) << program.process().errorOutput();
@@ -81,9 +81,10 @@ TEST(EndOfTheWindowManager, EndsTheProgramWithOneLine) {
   EXPECT_THAT(program.complaints(), ElementsAre(HasSubstr("window manager has gone")));
 }
 
-class ReplacedWindowManager : public ::testing::TestWithParam<std::pair<WindowManagerKind, WindowManagerKind>> {};
+class ProgramEndOrReplacedWindowManagerTest
+    : public ::testing::TestWithParam<std::pair<WindowManagerKind, WindowManagerKind>> {};
 
-TEST_P(ReplacedWindowManager, IsFollowedByTheProgram) {
+TEST_P(ProgramEndOrReplacedWindowManagerTest, IsFollowedByTheProgram) {
   X11Session session({.windowManager = GetParam().first, .desktops = 2});
   Program program;
   ASSERT_TRUE(program.hasLogged("tour end")) << program.process().errorOutput();
@@ -106,12 +107,12 @@ TEST_P(ReplacedWindowManager, IsFollowedByTheProgram) {
   EXPECT_THAT(program.complaints(), IsEmpty());
 }
 
-INSTANTIATE_TEST_SUITE_P(OfTheProgram, ReplacedWindowManager,
+INSTANTIATE_TEST_SUITE_P(OfTheProgram, ProgramEndOrReplacedWindowManagerTest,
                          ::testing::Values(std::pair(WindowManagerKind::Openbox, WindowManagerKind::KWin),
                                            std::pair(WindowManagerKind::KWin, WindowManagerKind::Xfwm4),
                                            std::pair(WindowManagerKind::Xfwm4, WindowManagerKind::Openbox)));
 
-TEST(RestartedWindowManager, IsTakenForTheSameByTheProgram) {
+TEST(ProgramEndOrRestartedWindowManagerTest, IsTakenForTheSameByTheProgram) {
   X11Session session({.desktops = 2});
   Program program;
   ASSERT_TRUE(program.isUp()) << program.process().errorOutput();
@@ -123,7 +124,7 @@ TEST(RestartedWindowManager, IsTakenForTheSameByTheProgram) {
   EXPECT_THAT(program.complaints(), IsEmpty());
 }
 
-TEST(KilledProgram, LeavesItsSettingsWholeAtAnyMoment) {
+TEST(ProgramEndByKillTest, LeavesItsSettingsWholeAtAnyMoment) {
   std::mt19937 random(4711);
   std::uniform_int_distribution<int> turns(0, 20);
   X11Session session({.desktops = 1});
@@ -146,7 +147,7 @@ TEST(KilledProgram, LeavesItsSettingsWholeAtAnyMoment) {
   EXPECT_FALSE(std::filesystem::exists(Program::settingsFile().string() + ".damaged-1"));
 }
 
-TEST(EndOfTheBus, IsSurvivedByTheProgram) {
+TEST(ProgramEndOfTheBusTest, IsSurvivedByTheProgram) {
   X11Session session({.windowManager = WindowManagerKind::KWin, .desktops = 2});
   Program program;
   ASSERT_TRUE(program.knowsDesktop("test-desktop-2"));

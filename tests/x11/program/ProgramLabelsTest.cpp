@@ -64,7 +64,7 @@ class TourWitness {
   platform::Registration changes_;
 };
 
-class LabelsUnder : public ::testing::TestWithParam<Desktop> {
+class ProgramLabelsUnderTest : public ::testing::TestWithParam<Desktop> {
  protected:
   /// Whether the desktop has one label that is as a label has to be.
   bool hasLabelInOrder(int desktop) {
@@ -110,7 +110,7 @@ class LabelsUnder : public ::testing::TestWithParam<Desktop> {
   ProgramSession user_{{.windowManager = GetParam().windowManager}, GetParam().compositing};
 };
 
-TEST_P(LabelsUnder, AreOnEveryDesktopAfterATourThatEndsWhereItBegan) {
+TEST_P(ProgramLabelsUnderTest, AreOnEveryDesktopAfterATourThatEndsWhereItBegan) {
   ASSERT_TRUE(user_.switchTo(1));
   PlainWindow application({100, 550, 300, 150}, Qt::green);
   ASSERT_TRUE(user_.start()) << user_.program().process().errorOutput();
@@ -137,7 +137,7 @@ TEST_P(LabelsUnder, AreOnEveryDesktopAfterATourThatEndsWhereItBegan) {
   }
 }
 
-TEST_P(LabelsUnder, FollowWhatTheUserDoes) {
+TEST_P(ProgramLabelsUnderTest, FollowWhatTheUserDoes) {
   ASSERT_TRUE(user_.startAndTour()) << user_.program().process().errorOutput();
   ASSERT_TRUE(waitFor([&] { return othersHaveOpacity(0, swipeAlpha); }));
 
@@ -176,7 +176,7 @@ TEST_P(LabelsUnder, FollowWhatTheUserDoes) {
   EXPECT_TRUE(waitFor([&] { return similar(user_.statusItemColor().value_or(Qt::black), defaultColorOf(0)); }));
 }
 
-INSTANTIATE_TEST_SUITE_P(OfTheProgram, LabelsUnder,
+INSTANTIATE_TEST_SUITE_P(OfTheProgram, ProgramLabelsUnderTest,
                          ::testing::Values(Desktop{WindowManagerKind::Openbox, Compositing::None},
                                            Desktop{WindowManagerKind::Openbox, Compositing::Picom},
                                            Desktop{WindowManagerKind::Xfwm4, Compositing::None},

@@ -13,7 +13,7 @@ using ::testing::IsEmpty;
 
 constexpr QPoint elsewhere(300, 700);
 
-class MenuUnder : public ::testing::TestWithParam<WindowManagerKind> {
+class ProgramMenuUnderTest : public ::testing::TestWithParam<WindowManagerKind> {
  protected:
   std::string uuid(int desktop) const {
     return (GetParam() == WindowManagerKind::KWin ? "test-desktop-" : "desktop-") + std::to_string(desktop + 1);
@@ -31,7 +31,7 @@ class MenuUnder : public ::testing::TestWithParam<WindowManagerKind> {
   ProgramSession user_{{.windowManager = GetParam(), .desktops = 2}};
 };
 
-TEST_P(MenuUnder, RenamesDesktopsWithTypedKeysAndSwitchesByAClick) {
+TEST_P(ProgramMenuUnderTest, RenamesDesktopsWithTypedKeysAndSwitchesByAClick) {
   // A layout with an umlaut of its own: keys that a tool maps in passing may come before they are known.
   user_.session.run({"setxkbmap", "de"});
   ASSERT_TRUE(user_.startAndTour()) << user_.program().process().errorOutput();
@@ -75,7 +75,7 @@ TEST_P(MenuUnder, RenamesDesktopsWithTypedKeysAndSwitchesByAClick) {
   EXPECT_THAT(user_.program().complaints(), IsEmpty());
 }
 
-TEST_P(MenuUnder, ReachesTheLastOfTwentyDesktopsAndOutlivesTheirEnd) {
+TEST_P(ProgramMenuUnderTest, ReachesTheLastOfTwentyDesktopsAndOutlivesTheirEnd) {
   ASSERT_TRUE(user_.startAndTour(R"({"InstantMenuSwitch": true})")) << user_.program().process().errorOutput();
   user_.session.setDesktopCount(20);
   ASSERT_TRUE(user_.program().knowsDesktop(GetParam() == WindowManagerKind::KWin ? uuid(1) : uuid(19)));
@@ -104,7 +104,7 @@ TEST_P(MenuUnder, ReachesTheLastOfTwentyDesktopsAndOutlivesTheirEnd) {
   EXPECT_TRUE(user_.program().process().isRunning());
 }
 
-INSTANTIATE_TEST_SUITE_P(OfTheProgram, MenuUnder, everyWindowManager(), ::testing::PrintToStringParamName());
+INSTANTIATE_TEST_SUITE_P(OfTheProgram, ProgramMenuUnderTest, everyWindowManager(), ::testing::PrintToStringParamName());
 
 }  // namespace
 }  // namespace roomlattice::tests

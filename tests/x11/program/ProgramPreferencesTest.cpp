@@ -16,9 +16,9 @@ constexpr QPoint elsewhere(20, 760);
 // Of "Show desktop name in menu bar", from the top left of the window's contents.
 constexpr QPoint nameCheckbox(42, 114);
 
-class PreferencesUnder : public ::testing::TestWithParam<WindowManagerKind> {
+class ProgramPreferencesUnderTest : public ::testing::TestWithParam<WindowManagerKind> {
  protected:
-  PreferencesUnder()
+  ProgramPreferencesUnderTest()
       : user_({.windowManager = GetParam(), .desktops = rows},
               GetParam() == WindowManagerKind::KWin ? Compositing::None : Compositing::Picom) {}
 
@@ -73,7 +73,7 @@ class PreferencesUnder : public ::testing::TestWithParam<WindowManagerKind> {
   ProgramSession user_;
 };
 
-TEST_P(PreferencesUnder, IsOneWindowThatComesToTheUserWhereverHeIs) {
+TEST_P(ProgramPreferencesUnderTest, IsOneWindowThatComesToTheUserWhereverHeIs) {
   ASSERT_TRUE(user_.startAndTour()) << user_.program().process().errorOutput();
   ASSERT_TRUE(openByShortcut()) << situation();
   const xcb_window_t window = user_.windows().preferences()->id();
@@ -101,7 +101,7 @@ TEST_P(PreferencesUnder, IsOneWindowThatComesToTheUserWhereverHeIs) {
   EXPECT_EQ(user_.program().exitStatus(), 0);
 }
 
-TEST_P(PreferencesUnder, WritesWhatIsChosenByKeyboardAndMouseAndTheStatusItemFollows) {
+TEST_P(ProgramPreferencesUnderTest, WritesWhatIsChosenByKeyboardAndMouseAndTheStatusItemFollows) {
   ASSERT_TRUE(user_.startAndTour()) << user_.program().process().errorOutput();
   ASSERT_TRUE(openByShortcut()) << situation();
   user_.pressKeys({"ctrl+Tab", "ctrl+Tab", "Tab", "Down"});
@@ -118,7 +118,7 @@ TEST_P(PreferencesUnder, WritesWhatIsChosenByKeyboardAndMouseAndTheStatusItemFol
   EXPECT_TRUE(statusItemBecomesAsWideAs(140));
 }
 
-TEST_P(PreferencesUnder, HasItsKeysAgainWhenTheMenuClosesWhileANameIsEdited) {
+TEST_P(ProgramPreferencesUnderTest, HasItsKeysAgainWhenTheMenuClosesWhileANameIsEdited) {
   ASSERT_TRUE(user_.startAndTour()) << user_.program().process().errorOutput();
   ASSERT_TRUE(openByShortcut()) << situation();
   ASSERT_TRUE(user_.openMenu());
@@ -132,7 +132,8 @@ TEST_P(PreferencesUnder, HasItsKeysAgainWhenTheMenuClosesWhileANameIsEdited) {
   EXPECT_EQ(Program::setting("SpaceNames"), std::nullopt);
 }
 
-INSTANTIATE_TEST_SUITE_P(OfTheProgram, PreferencesUnder, everyWindowManager(), ::testing::PrintToStringParamName());
+INSTANTIATE_TEST_SUITE_P(OfTheProgram, ProgramPreferencesUnderTest, everyWindowManager(),
+                         ::testing::PrintToStringParamName());
 
 }  // namespace
 }  // namespace roomlattice::tests

@@ -14,36 +14,37 @@ using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::StartsWith;
 
-class OptionsOfTheProgram : public ::testing::Test {
+class ProgramStartOptionsTest : public ::testing::Test {
  protected:
   void SetUp() override { environment_.set("DISPLAY", std::nullopt); }
 
   Environment environment_;
 };
 
-TEST_F(OptionsOfTheProgram, AreExplainedWithoutADisplay) {
+TEST_F(ProgramStartOptionsTest, AreExplainedWithoutADisplay) {
   Program program({"--help"});
   EXPECT_EQ(program.exitStatus(), 0);
   EXPECT_THAT(program.process().output(), StartsWith("Usage: roomlattice"));
   EXPECT_THAT(program.process().errorOutput(), IsEmpty());
 }
 
-TEST_F(OptionsOfTheProgram, GiveTheVersionWithoutADisplay) {
+TEST_F(ProgramStartOptionsTest, GiveTheVersionWithoutADisplay) {
   Program program({"--version"});
   EXPECT_EQ(program.exitStatus(), 0);
   EXPECT_THAT(program.process().output(), ::testing::MatchesRegex("roomlattice [0-9.]+\n"));
 }
 
-class WrongArgument : public OptionsOfTheProgram, public ::testing::WithParamInterface<const char*> {};
+class ProgramStartWrongArgumentTest : public ProgramStartOptionsTest,
+                                      public ::testing::WithParamInterface<const char*> {};
 
-TEST_P(WrongArgument, IsNamedInOneLine) {
+TEST_P(ProgramStartWrongArgumentTest, IsNamedInOneLine) {
   Program program({GetParam()});
   EXPECT_EQ(program.exitStatus(), 2);
   EXPECT_THAT(program.complaints(), ElementsAre(AllOf(StartsWith("roomlattice: "), HasSubstr(GetParam()))));
   EXPECT_THAT(program.process().output(), IsEmpty());
 }
 
-INSTANTIATE_TEST_SUITE_P(OfTheProgram, WrongArgument,
+INSTANTIATE_TEST_SUITE_P(OfTheProgram, ProgramStartWrongArgumentTest,
                          ::testing::Values("--unknown", "-x", "file", "--help=1", "-style", "--display"));
 
 struct Display {
@@ -58,9 +59,9 @@ std::ostream& operator<<(std::ostream& stream, const Display& display) {
   return stream << display.name;
 }
 
-class UnusableDisplay : public ::testing::TestWithParam<Display> {};
+class ProgramStartUnusableDisplayTest : public ::testing::TestWithParam<Display> {};
 
-TEST_P(UnusableDisplay, IsNamedInOneLine) {
+TEST_P(ProgramStartUnusableDisplayTest, IsNamedInOneLine) {
   Environment environment;
   environment.set("DISPLAY", GetParam().display);
   environment.set("WAYLAND_DISPLAY", GetParam().waylandDisplay);
@@ -71,7 +72,7 @@ TEST_P(UnusableDisplay, IsNamedInOneLine) {
   EXPECT_THAT(program.complaints(), ::testing::SizeIs(1));
 }
 
-INSTANTIATE_TEST_SUITE_P(OfTheProgram, UnusableDisplay,
+INSTANTIATE_TEST_SUITE_P(OfTheProgram, ProgramStartUnusableDisplayTest,
                          ::testing::Values(Display{"Unset", std::nullopt, std::nullopt, std::nullopt,
                                                    "DISPLAY is not set"},
                                            Display{"Empty", "", std::nullopt, "x11", "DISPLAY is not set"},
@@ -82,7 +83,7 @@ INSTANTIATE_TEST_SUITE_P(OfTheProgram, UnusableDisplay,
                                            Display{"NoScreen", ":9876.99", "wayland-0", "wayland", ":9876.99"}),
                          [](const auto& test) { return std::string(test.param.name); });
 
-TEST(StartOfTheProgram, NeedsAScreenThatExists) {
+TEST(ProgramStartTest, NeedsAScreenThatExists) {
   const X11Session session;
   Environment environment;
   environment.set("DISPLAY", session.display() + ".7");
@@ -91,21 +92,21 @@ TEST(StartOfTheProgram, NeedsAScreenThatExists) {
   EXPECT_THAT(program.complaints(), ElementsAre(HasSubstr(session.display() + ".7")));
 }
 
-TEST(StartOfTheProgram, NeedsAWindowManager) {
+TEST(ProgramStartTest, NeedsAWindowManager) {
   const X11Session session({.windowManager = std::nullopt});
   Program program;
   EXPECT_EQ(program.exitStatus(), 1);
   EXPECT_THAT(program.complaints(), ElementsAre(HasSubstr("no window manager that supports EWMH")));
 }
 
-TEST(StartOfTheProgram, WaitsForAWindowManagerThatComesLater) {
+TEST(ProgramStartTest, WaitsForAWindowManagerThatComesLater) {
   X11Session session({.windowManager = std::nullopt});
   Program program;
   session.startWindowManager(WindowManagerKind::Openbox);
   EXPECT_TRUE(program.isUp()) << program.process().errorOutput();
 }
 
-TEST(StartOfTheProgram, CanBeEndedWhileItWaitsForAWindowManager) {
+TEST(ProgramStartTest, CanBeEndedWhileItWaitsForAWindowManager) {
   const X11Session session({.windowManager = std::nullopt});
   Program program;
   ASSERT_TRUE(waitFor([&] {
@@ -123,9 +124,9 @@ TEST(StartOfTheProgram, CanBeEndedWhileItWaitsForAWindowManager) {
   EXPECT_THAT(program.complaints(), IsEmpty());
 }
 
-class StartUnder : public ::testing::TestWithParam<WindowManagerKind> {};
+class ProgramStartUnderTest : public ::testing::TestWithParam<WindowManagerKind> {};
 
-TEST_P(StartUnder, ShowsTheStatusItemAndTakesNoteOfTheDesktops) {
+TEST_P(ProgramStartUnderTest, ShowsTheStatusItemAndTakesNoteOfTheDesktops) {
   const X11Session session({.windowManager = GetParam(), .desktops = 3});
   Program program;
   ASSERT_TRUE(program.isUp()) << program.process().errorOutput();
@@ -133,12 +134,12 @@ TEST_P(StartUnder, ShowsTheStatusItemAndTakesNoteOfTheDesktops) {
   EXPECT_THAT(program.complaints(), IsEmpty());
 }
 
-INSTANTIATE_TEST_SUITE_P(EveryWindowManager, StartUnder,
+INSTANTIATE_TEST_SUITE_P(EveryWindowManager, ProgramStartUnderTest,
                          ::testing::Values(WindowManagerKind::Openbox, WindowManagerKind::Xfwm4,
                                            WindowManagerKind::KWin),
                          ::testing::PrintToStringParamName());
 
-TEST(StartOfTheProgram, IsRefusedToASecondOneOnTheSameScreen) {
+TEST(ProgramStartTest, IsRefusedToASecondOneOnTheSameScreen) {
   const X11Session session;
   Program first;
   ASSERT_TRUE(first.isUp()) << first.process().errorOutput();
@@ -148,7 +149,7 @@ TEST(StartOfTheProgram, IsRefusedToASecondOneOnTheSameScreen) {
   EXPECT_TRUE(first.process().isRunning());
 }
 
-TEST(StartOfTheProgram, IsGrantedToOneOfManyThatStartAtOnce) {
+TEST(ProgramStartTest, IsGrantedToOneOfManyThatStartAtOnce) {
   const X11Session session;
   std::vector<std::unique_ptr<Program>> programs;
   for (int i = 0; i < 5; ++i) {
@@ -162,7 +163,7 @@ TEST(StartOfTheProgram, IsGrantedToOneOfManyThatStartAtOnce) {
   EXPECT_TRUE((*winner)->isUp());
 }
 
-TEST(StartOfTheProgram, IsPossibleAgainAfterTheFirstWasKilled) {
+TEST(ProgramStartTest, IsPossibleAgainAfterTheFirstWasKilled) {
   const X11Session session;
   Program first;
   ASSERT_TRUE(first.isUp()) << first.process().errorOutput();
@@ -171,7 +172,7 @@ TEST(StartOfTheProgram, IsPossibleAgainAfterTheFirstWasKilled) {
   EXPECT_TRUE(second.isUp()) << second.process().errorOutput();
 }
 
-TEST(StartOfTheProgram, SetsDamagedSettingsAside) {
+TEST(ProgramStartTest, SetsDamagedSettingsAside) {
   const X11Session session;
   std::filesystem::create_directories(Program::settingsFile().parent_path());
   std::ofstream(Program::settingsFile()) << "{ damaged";
@@ -181,7 +182,7 @@ TEST(StartOfTheProgram, SetsDamagedSettingsAside) {
   EXPECT_TRUE(program.isUp());
 }
 
-TEST(StartOfTheProgram, WorksOnWithAnUnusableFolderForSettings) {
+TEST(ProgramStartTest, WorksOnWithAnUnusableFolderForSettings) {
   X11Session session;
   std::ofstream(session.home() / "file") << "not a folder";
   Environment environment;
@@ -190,7 +191,7 @@ TEST(StartOfTheProgram, WorksOnWithAnUnusableFolderForSettings) {
   EXPECT_TRUE(program.isUp()) << program.process().errorOutput();
 }
 
-TEST(StartOfTheProgram, WorksWithoutAnyBus) {
+TEST(ProgramStartTest, WorksWithoutAnyBus) {
   X11Session session;
   session.stopBus();
   Environment environment;

@@ -8,7 +8,7 @@ namespace {
 
 constexpr int fingers = 3;
 
-class UsersSwipe : public ::testing::Test {
+class ProgramSwipeTest : public ::testing::Test {
  protected:
   void SetUp() override {
     try {
@@ -36,7 +36,7 @@ class UsersSwipe : public ::testing::Test {
   std::unique_ptr<Touchpad> touchpad_;
 };
 
-TEST_F(UsersSwipe, ShowsTheLabelOfTheDesktopItGoesToAtItsBeginning) {
+TEST_F(ProgramSwipeTest, ShowsTheLabelOfTheDesktopItGoesToAtItsBeginning) {
   touchpad_->beginSwipe(fingers);
   touchpad_->moveSwipe(fingers, -20.0, 1.0);
   EXPECT_TRUE(waitFor([&] { return labelsOnLastDesktop() == 1; }));
@@ -45,7 +45,7 @@ TEST_F(UsersSwipe, ShowsTheLabelOfTheDesktopItGoesToAtItsBeginning) {
   EXPECT_TRUE(user_->isOnDesktop(3));
 }
 
-TEST_F(UsersSwipe, OfTwoFingersOrToTheOtherSideOrUpwardsShowsNothingThere) {
+TEST_F(ProgramSwipeTest, OfTwoFingersOrToTheOtherSideOrUpwardsShowsNothingThere) {
   // All labels in full, so that it is seen when a swipe has been heard.
   user_->movePointerTo({0, 0});
   ASSERT_TRUE(waitFor([&] { return opacityOnFirstDesktop() == 1.0; }));

@@ -10,13 +10,13 @@
 namespace roomlattice::tests {
 namespace {
 
-class MenusOfTheApplication : public ::testing::TestWithParam<WindowManagerKind> {
+class MenuKeepingApplicationTest : public ::testing::TestWithParam<WindowManagerKind> {
  protected:
   X11Session session_{{.windowManager = GetParam()}};
   QtApplication qt_;
 };
 
-TEST_P(MenusOfTheApplication, StayOpenWhenItsWindowLosesTheKeyboard) {
+TEST_P(MenuKeepingApplicationTest, StayOpenWhenItsWindowLosesTheKeyboard) {
   QWidget ordinary;
   ordinary.setGeometry(100, 100, 200, 100);
   ordinary.show();
@@ -33,7 +33,8 @@ TEST_P(MenusOfTheApplication, StayOpenWhenItsWindowLosesTheKeyboard) {
   EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
 }
 
-INSTANTIATE_TEST_SUITE_P(OnEvery, MenusOfTheApplication, everyWindowManager(), ::testing::PrintToStringParamName());
+INSTANTIATE_TEST_SUITE_P(OnEvery, MenuKeepingApplicationTest, everyWindowManager(),
+                         ::testing::PrintToStringParamName());
 
 }  // namespace
 }  // namespace roomlattice::tests

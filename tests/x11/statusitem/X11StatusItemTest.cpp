@@ -85,24 +85,24 @@ void misinform(platform::x11::X11Connection& connection, xcb_window_t window, co
   xcb_flush(connection.raw());
 }
 
-class X11StatusItemUnder : public X11StatusItemTest, public ::testing::WithParamInterface<WindowManagerKind> {
+class X11StatusItemUnderTest : public X11StatusItemTest, public ::testing::WithParamInterface<WindowManagerKind> {
  protected:
-  X11StatusItemUnder() : X11StatusItemTest({.windowManager = GetParam()}) {}
+  X11StatusItemUnderTest() : X11StatusItemTest({.windowManager = GetParam()}) {}
 };
 
-TEST_P(X11StatusItemUnder, StandsAtTheTopRightAsWideAsItsTitle) {
+TEST_P(X11StatusItemUnderTest, StandsAtTheTopRightAsWideAsItsTitle) {
   show(redTitle(" Mail "));
   EXPECT_TRUE(standsRightWithWidth(titleWidth(" Mail ")));
 }
 
-TEST_P(X11StatusItemUnder, KeepsToTheRightEdgeWhenItsTitleChanges) {
+TEST_P(X11StatusItemUnderTest, KeepsToTheRightEdgeWhenItsTitleChanges) {
   StatusItem& item = show(redTitle(" Mail "));
   ASSERT_TRUE(standsRightWithWidth(titleWidth(" Mail ")));
   item.button()->setContent(redTitle(" Letters and parcels "));
   EXPECT_TRUE(standsRightWithWidth(titleWidth(" Letters and parcels ")));
 }
 
-TEST_P(X11StatusItemUnder, IsADockOnAllDesktopsOutsideOfTaskbarsAndPagers) {
+TEST_P(X11StatusItemUnderTest, IsADockOnAllDesktopsOutsideOfTaskbarsAndPagers) {
   show(redTitle(" Mail "));
   ASSERT_TRUE(waitFor([this] { return probe().isViewable(); }));
   EXPECT_EQ(probe().types(), std::vector<std::string>{"_NET_WM_WINDOW_TYPE_DOCK"});
@@ -111,7 +111,7 @@ TEST_P(X11StatusItemUnder, IsADockOnAllDesktopsOutsideOfTaskbarsAndPagers) {
   EXPECT_TRUE(waitFor([this] { return probe().hasState("SKIP_TASKBAR") && probe().hasState("SKIP_PAGER"); }));
 }
 
-TEST_P(X11StatusItemUnder, LeavesTheKeyboardToTheApplicationThatHasIt) {
+TEST_P(X11StatusItemUnderTest, LeavesTheKeyboardToTheApplicationThatHasIt) {
   PlainWindow other({200, 200, 300, 200}, Qt::blue);
   show(redTitle(" Mail "));
   ASSERT_TRUE(standsRightWithWidth(titleWidth(" Mail ")));
@@ -119,7 +119,7 @@ TEST_P(X11StatusItemUnder, LeavesTheKeyboardToTheApplicationThatHasIt) {
   EXPECT_TRUE(other.hasFocus());
 }
 
-TEST_P(X11StatusItemUnder, LiesOverAMaximizedWindow) {
+TEST_P(X11StatusItemUnderTest, LiesOverAMaximizedWindow) {
   show(redTitle(" Mail "));
   ASSERT_TRUE(standsRightWithWidth(titleWidth(" Mail ")));
   PlainWindow other({200, 200, 300, 200}, Qt::blue);
@@ -128,7 +128,7 @@ TEST_P(X11StatusItemUnder, LiesOverAMaximizedWindow) {
   EXPECT_TRUE(waitFor([this] { return similar(pixel(screenWidth - 4, 12), red); }));
 }
 
-TEST_P(X11StatusItemUnder, StaysOnTheScreenWhenTheDesktopChanges) {
+TEST_P(X11StatusItemUnderTest, StaysOnTheScreenWhenTheDesktopChanges) {
   show(redTitle(" Mail "));
   ASSERT_TRUE(waitFor([this] { return similar(pixel(screenWidth - 4, 12), red); }));
   ui_.session.run({"wmctrl", "-s", "2"});
@@ -136,7 +136,7 @@ TEST_P(X11StatusItemUnder, StaysOnTheScreenWhenTheDesktopChanges) {
   EXPECT_TRUE(waitFor([this] { return probe().isViewable() && similar(pixel(screenWidth - 4, 12), red); }));
 }
 
-TEST_P(X11StatusItemUnder, OpensItsMenuBelowItWhereverTheToolkitBelievesItToBe) {
+TEST_P(X11StatusItemUnderTest, OpensItsMenuBelowItWhereverTheToolkitBelievesItToBe) {
   platform::Menu menu;
   menu.items.push_back(platform::CommandItem{.title = "Quit", .action = [] {}});
   show(redTitle(" Mail ")).setMenu(&menu);
@@ -154,14 +154,14 @@ TEST_P(X11StatusItemUnder, OpensItsMenuBelowItWhereverTheToolkitBelievesItToBe) 
   EXPECT_EQ(opened.left() + opened.width(), screenWidth);
 }
 
-INSTANTIATE_TEST_SUITE_P(OnEvery, X11StatusItemUnder, everyWindowManager(), ::testing::PrintToStringParamName());
+INSTANTIATE_TEST_SUITE_P(OnEvery, X11StatusItemUnderTest, everyWindowManager(), ::testing::PrintToStringParamName());
 
-class X11StatusItemUnderI3 : public X11StatusItemTest {
+class X11StatusItemUnderI3Test : public X11StatusItemTest {
  protected:
-  X11StatusItemUnderI3() : X11StatusItemTest({.windowManager = WindowManagerKind::I3}) {}
+  X11StatusItemUnderI3Test() : X11StatusItemTest({.windowManager = WindowManagerKind::I3}) {}
 };
 
-TEST_F(X11StatusItemUnderI3, IsDrawnAtTheRightEndOfAStripWhateverItsTitle) {
+TEST_F(X11StatusItemUnderI3Test, IsDrawnAtTheRightEndOfAStripWhateverItsTitle) {
   StatusItem& item = show(redTitle(" Mail "));
   EXPECT_TRUE(waitFor([this] { return probe().geometry() == QRect(0, 0, screenWidth, height); }));
   for (const char* title : {" Letters and parcels ", " Mail ", " Play "}) {
@@ -174,7 +174,7 @@ TEST_F(X11StatusItemUnderI3, IsDrawnAtTheRightEndOfAStripWhateverItsTitle) {
   EXPECT_FALSE(similar(pixel(3, 12), red));
 }
 
-TEST_F(X11StatusItemUnderI3, OpensItsMenuBelowItAndNotFromTheRestOfTheStrip) {
+TEST_F(X11StatusItemUnderI3Test, OpensItsMenuBelowItAndNotFromTheRestOfTheStrip) {
   platform::Menu menu;
   menu.items.emplace_back(platform::CommandItem{"Command", "", [] {}});
   show(redTitle(" Mail ")).setMenu(&menu);
@@ -264,9 +264,9 @@ struct DoubleScale {
   Environment environment;
 };
 
-class ScaledX11StatusItemTest : DoubleScale, public X11StatusItemTest {};
+class X11StatusItemScaledTest : DoubleScale, public X11StatusItemTest {};
 
-TEST_F(ScaledX11StatusItemTest, TakesTwoPixelsForAPoint) {
+TEST_F(X11StatusItemScaledTest, TakesTwoPixelsForAPoint) {
   show({.title = {}, .image = squareIcon()}, SquareLength{});
   ASSERT_TRUE(comesToStandAt({screenWidth - 2 * height, 0, 2 * height, 2 * height}));
   const auto darkPixels = [this] {

@@ -10,9 +10,9 @@ namespace {
 using namespace std::chrono_literals;
 using platform::Window;
 
-using X11WindowAlpha = X11WindowTest;
+using X11WindowAlphaTest = X11WindowTest;
 
-TEST_F(X11WindowAlpha, AnimatesItsAlphaToTheEnd) {
+TEST_F(X11WindowAlphaTest, AnimatesItsAlphaToTheEnd) {
   const auto window = makeOn(0);
   bool done = false;
   window->animateAlpha(0.0, 50ms, [&done] { done = true; });
@@ -21,14 +21,14 @@ TEST_F(X11WindowAlpha, AnimatesItsAlphaToTheEnd) {
   EXPECT_EQ(window->alpha(), 0.0);
 }
 
-TEST_F(X11WindowAlpha, PassesThroughTheValuesBetween) {
+TEST_F(X11WindowAlphaTest, PassesThroughTheValuesBetween) {
   const auto window = makeOn(0);
   window->animateAlpha(0.0, 200ms, {});
   EXPECT_TRUE(waitFor([&] { return window->alpha() < 0.9 && window->alpha() > 0.1; }));
   EXPECT_TRUE(waitFor([&] { return window->alpha() == 0.0; }));
 }
 
-TEST_F(X11WindowAlpha, EndsAnAnimationWithoutCompletionWhenItsAlphaIsSet) {
+TEST_F(X11WindowAlphaTest, EndsAnAnimationWithoutCompletionWhenItsAlphaIsSet) {
   const auto window = makeOn(0);
   bool done = false;
   window->animateAlpha(0.0, 50ms, [&done] { done = true; });
@@ -38,7 +38,7 @@ TEST_F(X11WindowAlpha, EndsAnAnimationWithoutCompletionWhenItsAlphaIsSet) {
   EXPECT_EQ(window->alpha(), 0.78);
 }
 
-TEST_F(X11WindowAlpha, AnimatesAgainAfterAnimationsThatEndedEarly) {
+TEST_F(X11WindowAlphaTest, AnimatesAgainAfterAnimationsThatEndedEarly) {
   const auto window = makeOn(0);
   for (int time = 0; time < 5; ++time) {
     window->animateAlpha(0.0, 50ms, {});
@@ -52,7 +52,7 @@ TEST_F(X11WindowAlpha, AnimatesAgainAfterAnimationsThatEndedEarly) {
   }
 }
 
-TEST_F(X11WindowAlpha, SetsItsAlphaAtOnceWithoutADuration) {
+TEST_F(X11WindowAlphaTest, SetsItsAlphaAtOnceWithoutADuration) {
   const auto window = makeOn(0);
   bool done = false;
   window->animateAlpha(0.5, 0ms, [&done] { done = true; });
@@ -61,7 +61,7 @@ TEST_F(X11WindowAlpha, SetsItsAlphaAtOnceWithoutADuration) {
   EXPECT_TRUE(waitFor([&done] { return done; }));
 }
 
-TEST_F(X11WindowAlpha, LivesUntilACompletionThatOwnsItHasRun) {
+TEST_F(X11WindowAlphaTest, LivesUntilACompletionThatOwnsItHasRun) {
   auto window = std::shared_ptr<Window>(makeOn(0));
   const std::weak_ptr<Window> watched = window;
   Window& shown = *window;
@@ -75,7 +75,7 @@ TEST_F(X11WindowAlpha, LivesUntilACompletionThatOwnsItHasRun) {
   EXPECT_TRUE(waitFor([&watched] { return watched.expired(); }));
 }
 
-TEST_F(X11WindowAlpha, IsOpaqueWithRoundCornersWithoutACompositor) {
+TEST_F(X11WindowAlphaTest, IsOpaqueWithRoundCornersWithoutACompositor) {
   const auto window = make({.alpha = 0.78}, {1.0, 0.0, 0.0, 0.5});
   window->orderFront();
   EXPECT_TRUE(centerBecomes(Qt::red));
@@ -84,7 +84,7 @@ TEST_F(X11WindowAlpha, IsOpaqueWithRoundCornersWithoutACompositor) {
   EXPECT_TRUE(similar(screenColor(ui_.connection(), labelPixels.topLeft() + QPoint(60, 2)), Qt::red));
 }
 
-TEST_F(X11WindowAlpha, BlendsItsAlphaWithWhatIsBelowUnderACompositor) {
+TEST_F(X11WindowAlphaTest, BlendsItsAlphaWithWhatIsBelowUnderACompositor) {
   ChildProcess picom({"picom", "--backend", "xrender"});
   const auto window = make({.alpha = 0.5});
   window->orderFront();
@@ -92,12 +92,12 @@ TEST_F(X11WindowAlpha, BlendsItsAlphaWithWhatIsBelowUnderACompositor) {
       << centerColor().name().toStdString();
 }
 
-class X11WindowAlphaUnderFluxbox : public X11WindowTest {
+class X11WindowAlphaUnderFluxboxTest : public X11WindowTest {
  protected:
-  X11WindowAlphaUnderFluxbox() : X11WindowTest({.windowManager = WindowManagerKind::Fluxbox}) {}
+  X11WindowAlphaUnderFluxboxTest() : X11WindowTest({.windowManager = WindowManagerKind::Fluxbox}) {}
 };
 
-TEST_F(X11WindowAlphaUnderFluxbox, BlendsItsAlphaThoughItsOpacityIsIgnored) {
+TEST_F(X11WindowAlphaUnderFluxboxTest, BlendsItsAlphaThoughItsOpacityIsIgnored) {
   ChildProcess picom({"picom", "--backend", "xrender"});
   const auto window = make({.alpha = 0.5});
   window->orderFront();
@@ -106,7 +106,7 @@ TEST_F(X11WindowAlphaUnderFluxbox, BlendsItsAlphaThoughItsOpacityIsIgnored) {
   EXPECT_TRUE(centerBecomes(Qt::blue)) << centerColor().name().toStdString();
 }
 
-TEST_F(X11WindowAlpha, BlendsItsBackgroundsAlphaUnderACompositor) {
+TEST_F(X11WindowAlphaTest, BlendsItsBackgroundsAlphaUnderACompositor) {
   ChildProcess picom({"picom", "--backend", "xrender"});
   const auto window = make({.alpha = 1.0}, {1.0, 0.0, 0.0, 0.5});
   window->orderFront();
@@ -114,7 +114,7 @@ TEST_F(X11WindowAlpha, BlendsItsBackgroundsAlphaUnderACompositor) {
       << centerColor().name().toStdString();
 }
 
-TEST_F(X11WindowAlpha, FollowsACompositorThatComesAndGoes) {
+TEST_F(X11WindowAlphaTest, FollowsACompositorThatComesAndGoes) {
   const auto window = make({.alpha = 0.5});
   window->orderFront();
   ASSERT_TRUE(centerBecomes(Qt::red));
@@ -130,7 +130,7 @@ TEST_F(X11WindowAlpha, FollowsACompositorThatComesAndGoes) {
   EXPECT_TRUE(centerBecomes(Qt::blue));
 }
 
-TEST_F(X11WindowAlpha, ChangesNothingOnTheScreenWhenItIsSetToWhatItIs) {
+TEST_F(X11WindowAlphaTest, ChangesNothingOnTheScreenWhenItIsSetToWhatItIs) {
   const auto window = makeOn(0);
   ASSERT_TRUE(centerBecomes(Qt::red));
   settle();

@@ -15,18 +15,18 @@ using platform::CollectionBehavior;
 using platform::Rect;
 using platform::WindowLevel;
 
-class X11WindowUnder : public X11WindowTest, public ::testing::WithParamInterface<WindowManagerKind> {
+class X11WindowUnderTest : public X11WindowTest, public ::testing::WithParamInterface<WindowManagerKind> {
  protected:
-  X11WindowUnder() : X11WindowTest({.windowManager = GetParam()}) {}
+  X11WindowUnderTest() : X11WindowTest({.windowManager = GetParam()}) {}
 };
 
-TEST_P(X11WindowUnder, StandsWhereItsFrameIs) {
+TEST_P(X11WindowUnderTest, StandsWhereItsFrameIs) {
   const auto window = makeOn(0);
   ASSERT_TRUE(appears(*window));
   EXPECT_TRUE(waitFor([&] { return probe(*window).geometry() == labelPixels; }));
 }
 
-TEST_P(X11WindowUnder, IsOutOfTaskbarsAndPagers) {
+TEST_P(X11WindowUnderTest, IsOutOfTaskbarsAndPagers) {
   const auto window = makeOn(0);
   ASSERT_TRUE(appears(*window));
   EXPECT_TRUE(waitFor([&] {
@@ -36,7 +36,7 @@ TEST_P(X11WindowUnder, IsOutOfTaskbarsAndPagers) {
   EXPECT_TRUE(waitFor([&] { return !probe(*window).hasState("DEMANDS_ATTENTION"); }));
 }
 
-TEST_P(X11WindowUnder, StaysInFrontOfAnApplicationThatComesLater) {
+TEST_P(X11WindowUnderTest, StaysInFrontOfAnApplicationThatComesLater) {
   const auto window = makeOn(0);
   ASSERT_TRUE(centerBecomes(Qt::red));
   PlainWindow other({500, 350, 300, 150}, Qt::green);
@@ -44,7 +44,7 @@ TEST_P(X11WindowUnder, StaysInFrontOfAnApplicationThatComesLater) {
   EXPECT_TRUE(centerBecomes(Qt::red));
 }
 
-TEST_P(X11WindowUnder, LeavesTheKeyboardToTheApplicationThatHasIt) {
+TEST_P(X11WindowUnderTest, LeavesTheKeyboardToTheApplicationThatHasIt) {
   PlainWindow other({500, 350, 300, 150}, Qt::green);
   const auto window = makeOn(0);
   ASSERT_TRUE(appears(*window));
@@ -52,7 +52,7 @@ TEST_P(X11WindowUnder, LeavesTheKeyboardToTheApplicationThatHasIt) {
   EXPECT_TRUE(other.hasFocus());
 }
 
-TEST_P(X11WindowUnder, LetsClicksThrough) {
+TEST_P(X11WindowUnderTest, LetsClicksThrough) {
   PlainWindow other({500, 350, 300, 150}, Qt::green);
   const auto window = makeOn(0);
   ASSERT_TRUE(appears(*window));
@@ -61,7 +61,7 @@ TEST_P(X11WindowUnder, LetsClicksThrough) {
   EXPECT_TRUE(waitFor([&] { return other.clicks() == 1; }));
 }
 
-TEST_P(X11WindowUnder, StillLetsClicksThroughAfterItChangedItsSize) {
+TEST_P(X11WindowUnderTest, StillLetsClicksThroughAfterItChangedItsSize) {
   PlainWindow other({500, 350, 300, 150}, Qt::green);
   const auto window = makeOn(0);
   ASSERT_TRUE(appears(*window));
@@ -72,7 +72,7 @@ TEST_P(X11WindowUnder, StillLetsClicksThroughAfterItChangedItsSize) {
   EXPECT_TRUE(waitFor([&] { return other.clicks() == 1; }));
 }
 
-TEST_P(X11WindowUnder, IsOnTheDesktopItWasPutOnAndNowhereElse) {
+TEST_P(X11WindowUnderTest, IsOnTheDesktopItWasPutOnAndNowhereElse) {
   const auto window = makeOn(2);
   ASSERT_TRUE(waitFor([&] { return probe(*window).desktop() == 2U && probe(*window).number("WM_STATE") != 0U; }));
   settle();
@@ -83,7 +83,7 @@ TEST_P(X11WindowUnder, IsOnTheDesktopItWasPutOnAndNowhereElse) {
   EXPECT_TRUE(waitFor([&] { return !similar(centerColor(), Qt::red); }));
 }
 
-TEST_P(X11WindowUnder, LeavesAMenuOpenWhenItAppears) {
+TEST_P(X11WindowUnderTest, LeavesAMenuOpenWhenItAppears) {
   QMenu menu;
   menu.addAction(QStringLiteral("Item"));
   menu.popup({10, 10});
@@ -94,14 +94,14 @@ TEST_P(X11WindowUnder, LeavesAMenuOpenWhenItAppears) {
   EXPECT_EQ(probe(*window).types().front(), "_NET_WM_WINDOW_TYPE_NOTIFICATION");
 }
 
-TEST_P(X11WindowUnder, MovesToAnotherDesktop) {
+TEST_P(X11WindowUnderTest, MovesToAnotherDesktop) {
   const auto window = makeOn(0);
   ASSERT_TRUE(appears(*window));
   server_.addWindowToSpace(window->number(), spaceAt(3));
   EXPECT_TRUE(waitFor([&] { return probe(*window).desktop() == 3U && !similar(centerColor(), Qt::red); }));
 }
 
-TEST_P(X11WindowUnder, GoesBackHoweverOftenItIsTakenAwayInTheCourseOfTime) {
+TEST_P(X11WindowUnderTest, GoesBackHoweverOftenItIsTakenAwayInTheCourseOfTime) {
   const auto window = makeOn(2);
   ASSERT_TRUE(waitFor([&] { return probe(*window).desktop() == 2U && probe(*window).number("WM_STATE") != 0U; }));
   const std::string id = std::to_string(window->number());
@@ -112,7 +112,7 @@ TEST_P(X11WindowUnder, GoesBackHoweverOftenItIsTakenAwayInTheCourseOfTime) {
   }
 }
 
-TEST_P(X11WindowUnder, StaysWhereItIsWhenAnotherWindowOfTheProgramIsActivated) {
+TEST_P(X11WindowUnderTest, StaysWhereItIsWhenAnotherWindowOfTheProgramIsActivated) {
   const auto window = makeOn(2);
   ASSERT_TRUE(waitFor([&] { return probe(*window).desktop() == 2U && probe(*window).number("WM_STATE") != 0U; }));
   settle();
@@ -136,7 +136,7 @@ TEST_P(X11WindowUnder, StaysWhereItIsWhenAnotherWindowOfTheProgramIsActivated) {
   EXPECT_EQ(probe(*window).desktop(), 2U);
 }
 
-TEST_P(X11WindowUnder, ComesBackOnItsOwnDesktopAfterItWasHidden) {
+TEST_P(X11WindowUnderTest, ComesBackOnItsOwnDesktopAfterItWasHidden) {
   const auto window = makeOn(2);
   ASSERT_TRUE(waitFor([&] { return probe(*window).desktop() == 2U; }));
   for (int time = 0; time < 5; ++time) {
@@ -152,7 +152,7 @@ TEST_P(X11WindowUnder, ComesBackOnItsOwnDesktopAfterItWasHidden) {
   EXPECT_TRUE(waitFor([&] { return probe(*window).geometry() == labelPixels; }));
 }
 
-TEST_P(X11WindowUnder, IsOnEveryDesktopWhenItJoinsAll) {
+TEST_P(X11WindowUnderTest, IsOnEveryDesktopWhenItJoinsAll) {
   const auto window = make({.level = WindowLevel::StatusWindow,
                             .collectionBehavior = CollectionBehavior::CanJoinAllSpaces | CollectionBehavior::Stationary,
                             .alpha = 1.0});
@@ -165,7 +165,7 @@ TEST_P(X11WindowUnder, IsOnEveryDesktopWhenItJoinsAll) {
   EXPECT_EQ(probe(*window).desktop(), platform::x11::allDesktops);
 }
 
-TEST_P(X11WindowUnder, OfAHigherLevelStaysInFrontOfALaterOneOfALowerLevel) {
+TEST_P(X11WindowUnderTest, OfAHigherLevelStaysInFrontOfALaterOneOfALowerLevel) {
   const auto high = make({.level = WindowLevel::StatusWindow, .alpha = 1.0});
   high->orderFront();
   ASSERT_TRUE(appears(*high));
@@ -176,14 +176,14 @@ TEST_P(X11WindowUnder, OfAHigherLevelStaysInFrontOfALaterOneOfALowerLevel) {
   EXPECT_TRUE(centerBecomes(Qt::red));
 }
 
-TEST_P(X11WindowUnder, LeavesTheScreenWithItsObject) {
+TEST_P(X11WindowUnderTest, LeavesTheScreenWithItsObject) {
   auto window = makeOn(0);
   ASSERT_TRUE(centerBecomes(Qt::red));
   window.reset();
   EXPECT_TRUE(waitFor([&] { return !similar(centerColor(), Qt::red); }));
 }
 
-TEST_P(X11WindowUnder, ShowsNothingAtAlphaZero) {
+TEST_P(X11WindowUnderTest, ShowsNothingAtAlphaZero) {
   const auto window = makeOn(0, 0.0);
   settle();
   EXPECT_FALSE(similar(centerColor(), Qt::red, 40));
@@ -193,7 +193,7 @@ TEST_P(X11WindowUnder, ShowsNothingAtAlphaZero) {
   EXPECT_TRUE(waitFor([&] { return !similar(centerColor(), Qt::red, 40); }));
 }
 
-INSTANTIATE_TEST_SUITE_P(OnEvery, X11WindowUnder, everyWindowManager(), ::testing::PrintToStringParamName());
+INSTANTIATE_TEST_SUITE_P(OnEvery, X11WindowUnderTest, everyWindowManager(), ::testing::PrintToStringParamName());
 
 TEST_F(X11WindowTest, MovesWithThePrimaryScreenWhenItIsPlacedAnew) {
   ui_.session.run({"xrandr", "--setmonitor", "one", "800/200x600/150+0+0", "screen"});

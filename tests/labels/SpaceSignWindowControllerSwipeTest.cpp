@@ -15,16 +15,16 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::SizeIs;
 
-using SignSwipe = LabelFixture;
+using SpaceSignWindowControllerSwipeTest = LabelFixture;
 
-class SignSwipeAmongFour : public SignSwipe {
+class SpaceSignWindowControllerSwipeAmongFourTest : public SpaceSignWindowControllerSwipeTest {
  protected:
-  SignSwipeAmongFour() : SignSwipe(4) {}
+  SpaceSignWindowControllerSwipeAmongFourTest() : SpaceSignWindowControllerSwipeTest(4) {}
 };
 
 // --- A swipe begins
 
-TEST_F(SignSwipe, ShowsTheOtherLabelsAtOnceWhenASwipeBegins) {
+TEST_F(SpaceSignWindowControllerSwipeTest, ShowsTheOtherLabelsAtOnceWhenASwipeBegins) {
   startBetweenTicks();
   showAllFully();
   signs->hideAll();
@@ -35,7 +35,7 @@ TEST_F(SignSwipe, ShowsTheOtherLabelsAtOnceWhenASwipeBegins) {
   EXPECT_THAT(alphas(), ElementsAre(0.0, 0.78, 0.78));
 }
 
-TEST_F(SignSwipe, LeavesNoFadeOfTheOthersRunning) {
+TEST_F(SpaceSignWindowControllerSwipeTest, LeavesNoFadeOfTheOthersRunning) {
   startBetweenTicks();
   showAllFully();
   signs->hideAll();
@@ -44,14 +44,14 @@ TEST_F(SignSwipe, LeavesNoFadeOfTheOthersRunning) {
   EXPECT_FALSE(label(2).isAnimating());
 }
 
-TEST_F(SignSwipe, ShowsThemAtThePreferredOpacity) {
+TEST_F(SpaceSignWindowControllerSwipeTest, ShowsThemAtThePreferredOpacity) {
   startBetweenTicks();
   preferences().setSignSwipeAlpha(0.25);
   signs->handleSwipeBegan(Left);
   EXPECT_THAT(alphas(), ElementsAre(0.0, 0.25, 0.25));
 }
 
-TEST_F(SignSwipe, SwipesChangeNothingWhereSwipeModeIsOff) {
+TEST_F(SpaceSignWindowControllerSwipeTest, SwipesChangeNothingWhereSwipeModeIsOff) {
   startLabels();
   preferences().setShowSignInSwipeMode(false);
   signs->handleSwipeBegan(Right);
@@ -59,7 +59,7 @@ TEST_F(SignSwipe, SwipesChangeNothingWhereSwipeModeIsOff) {
   EXPECT_EQ(alpha(0), 0.0);
 }
 
-TEST_F(SignSwipe, SwipesChangeNothingDuringATour) {
+TEST_F(SpaceSignWindowControllerSwipeTest, SwipesChangeNothingDuringATour) {
   startLabels();
   post(SpaceManager::tourWillStart);
   signs->handleSwipeBegan(Right);
@@ -69,7 +69,7 @@ TEST_F(SignSwipe, SwipesChangeNothingDuringATour) {
   EXPECT_THAT(labels(), SizeIs(2));
 }
 
-TEST_F(SignSwipe, SwipesBringFullyShownLabelsToTheSwipeOpacityAndGoOnShowing) {
+TEST_F(SpaceSignWindowControllerSwipeTest, SwipesBringFullyShownLabelsToTheSwipeOpacityAndGoOnShowing) {
   startBetweenTicks();
   showAllFully();
   signs->handleSwipeBegan(Right);
@@ -79,14 +79,14 @@ TEST_F(SignSwipe, SwipesBringFullyShownLabelsToTheSwipeOpacityAndGoOnShowing) {
   EXPECT_THAT(alphas(), ElementsAre(0.0, 0.39, 0.39));
 }
 
-TEST_F(SignSwipe, StopsAFlashThatHasNotBegunWhenASwipeBegins) {
+TEST_F(SpaceSignWindowControllerSwipeTest, StopsAFlashThatHasNotBegunWhenASwipeBegins) {
   arriveOnTheSecond();
   signs->handleSwipeBegan(Right);
   desktop.advance(10s);
   EXPECT_EQ(alpha(1), 0.78);
 }
 
-TEST_F(SignSwipe, LetsAFlashThatHasBegunGoOnWhenASwipeBegins) {
+TEST_F(SpaceSignWindowControllerSwipeTest, LetsAFlashThatHasBegunGoOnWhenASwipeBegins) {
   arriveOnTheSecond();
   desktop.advance(250ms);
   signs->handleSwipeBegan(Right);
@@ -95,7 +95,7 @@ TEST_F(SignSwipe, LetsAFlashThatHasBegunGoOnWhenASwipeBegins) {
   EXPECT_EQ(alpha(1), 0.0);
 }
 
-TEST_F(SignSwipe, SwipesShowDismissedLabelsAsWell) {
+TEST_F(SpaceSignWindowControllerSwipeTest, SwipesShowDismissedLabelsAsWell) {
   arriveOnTheSecond();
   user.movesPointerTo(overTheLabels);
   desktop.advance(500ms);
@@ -109,7 +109,7 @@ TEST_F(SignSwipe, SwipesShowDismissedLabelsAsWell) {
   EXPECT_EQ(afterSwipe, 0.78);
 }
 
-TEST_F(SignSwipe, SwipesPastTheFirstOrTheLastDesktopMakeNoLabel) {
+TEST_F(SpaceSignWindowControllerSwipeTest, SwipesPastTheFirstOrTheLastDesktopMakeNoLabel) {
   startLabels();
   signs->handleSwipeBegan(Left);
   EXPECT_THAT(labels(), SizeIs(1));
@@ -119,7 +119,7 @@ TEST_F(SignSwipe, SwipesPastTheFirstOrTheLastDesktopMakeNoLabel) {
   EXPECT_EQ(alpha(0), 0.78);
 }
 
-TEST_F(SignSwipe, MakesTheLabelAheadOfASwipeToTheRight) {
+TEST_F(SpaceSignWindowControllerSwipeTest, MakesTheLabelAheadOfASwipeToTheRight) {
   startLabels();
   preferences().setSignSwipeAlpha(0.5);
   signs->handleSwipeBegan(Right);
@@ -135,7 +135,7 @@ TEST_F(SignSwipe, MakesTheLabelAheadOfASwipeToTheRight) {
   EXPECT_EQ(made.contentView()->frame(), (platform::Rect{{}, made.frame().size}));
 }
 
-TEST_F(SignSwipe, MakesTheLabelAheadOfASwipeToTheLeft) {
+TEST_F(SpaceSignWindowControllerSwipeTest, MakesTheLabelAheadOfASwipeToTheLeft) {
   desktop.switchTo(desktop.desktopAt(2));
   startLabels();
   signs->handleSwipeBegan(Left);
@@ -143,14 +143,14 @@ TEST_F(SignSwipe, MakesTheLabelAheadOfASwipeToTheLeft) {
   EXPECT_EQ(labelOn(desktop.desktopAt(0)), nullptr);
 }
 
-TEST_F(SignSwipe, MakesNoSecondLabelAheadOfASwipe) {
+TEST_F(SpaceSignWindowControllerSwipeTest, MakesNoSecondLabelAheadOfASwipe) {
   startLabels();
   signs->handleSwipeBegan(Right);
   signs->handleSwipeBegan(Right);
   EXPECT_THAT(labels(), SizeIs(2));
 }
 
-TEST_F(SignSwipe, MakesNoLabelForAFullScreenSpaceAheadOfASwipe) {
+TEST_F(SpaceSignWindowControllerSwipeTest, MakesNoLabelForAFullScreenSpaceAheadOfASwipe) {
   const SpaceID space = desktop.addDesktop(NewSpace{.type = fullScreen, .position = 1});
   startLabels();
   signs->handleSwipeBegan(Right);
@@ -158,7 +158,7 @@ TEST_F(SignSwipe, MakesNoLabelForAFullScreenSpaceAheadOfASwipe) {
   EXPECT_NE(labelOn(desktop.desktopAt(1)), nullptr);
 }
 
-TEST_F(SignSwipe, LooksBeyondTheEdgeOfTheDisplayForTheDesktopAhead) {
+TEST_F(SpaceSignWindowControllerSwipeTest, LooksBeyondTheEdgeOfTheDisplayForTheDesktopAhead) {
   desktop.addDisplay("Display 2", 2);
   desktop.switchTo(desktop.desktopAt(2));
   startLabels();
@@ -166,7 +166,7 @@ TEST_F(SignSwipe, LooksBeyondTheEdgeOfTheDisplayForTheDesktopAhead) {
   EXPECT_NE(labelOn(desktop.desktopAt(3)), nullptr);
 }
 
-TEST_F(SignSwipe, MakesNoLabelAheadOfASwipeFromAFullScreenSpace) {
+TEST_F(SpaceSignWindowControllerSwipeTest, MakesNoLabelAheadOfASwipeFromAFullScreenSpace) {
   startLabels();
   const SpaceID space = desktop.enterFullScreen();
   signs->handleSwipeBegan(Right);
@@ -175,7 +175,7 @@ TEST_F(SignSwipe, MakesNoLabelAheadOfASwipeFromAFullScreenSpace) {
   EXPECT_EQ(labelOn(space)->alpha(), 0.0);
 }
 
-TEST_F(SignSwipe, TakesUpTheLabelThatASwipeMade) {
+TEST_F(SpaceSignWindowControllerSwipeTest, TakesUpTheLabelThatASwipeMade) {
   startLabels();
   signs->handleSwipeBegan(Right);
   desktop.switchTo(desktop.desktopAt(1));
@@ -185,7 +185,7 @@ TEST_F(SignSwipe, TakesUpTheLabelThatASwipeMade) {
   EXPECT_DOUBLE_EQ(alpha(1), 0.39);
 }
 
-TEST_F(SignSwipeAmongFour, GoesByListOrderWhicheverDesktopsHaveLabels) {
+TEST_F(SpaceSignWindowControllerSwipeAmongFourTest, GoesByListOrderWhicheverDesktopsHaveLabels) {
   startLabels();
   desktop.switchTo(desktop.desktopAt(3));
   signs->handleSwipeBegan(Left);
@@ -195,7 +195,7 @@ TEST_F(SignSwipeAmongFour, GoesByListOrderWhicheverDesktopsHaveLabels) {
 
 // --- Arriving on a desktop
 
-TEST_F(SignSwipe, FadesTheLabelOfTheDesktopArrivedOn) {
+TEST_F(SpaceSignWindowControllerSwipeTest, FadesTheLabelOfTheDesktopArrivedOn) {
   arriveOnTheSecond();
   EXPECT_EQ(alpha(1), 0.78);
   EXPECT_FALSE(label(1).isAnimating());
@@ -209,13 +209,13 @@ TEST_F(SignSwipe, FadesTheLabelOfTheDesktopArrivedOn) {
   EXPECT_EQ(alpha(1), 0.0);
 }
 
-TEST_F(SignSwipe, PreparesTheDesktopThatWasLeftAtOnce) {
+TEST_F(SpaceSignWindowControllerSwipeTest, PreparesTheDesktopThatWasLeftAtOnce) {
   arriveOnTheSecond();
   EXPECT_EQ(alpha(0), 0.78);
   EXPECT_EQ(alpha(2), 0.78);
 }
 
-TEST_F(SignSwipe, FlashesOnlyTheLastOfSeveralArrivalsInOneTurn) {
+TEST_F(SpaceSignWindowControllerSwipeTest, FlashesOnlyTheLastOfSeveralArrivalsInOneTurn) {
   arriveOnTheSecond();
   desktop.switchTo(desktop.desktopAt(2));
   desktop.advance(0s);
@@ -223,7 +223,7 @@ TEST_F(SignSwipe, FlashesOnlyTheLastOfSeveralArrivalsInOneTurn) {
   EXPECT_TRUE(label(2).isAnimating());
 }
 
-TEST_F(SignSwipe, TakesAFadingLabelBackWhenItsDesktopIsLeft) {
+TEST_F(SpaceSignWindowControllerSwipeTest, TakesAFadingLabelBackWhenItsDesktopIsLeft) {
   arriveOnTheSecond();
   desktop.advance(250ms);
   desktop.switchTo(desktop.desktopAt(2));
@@ -232,7 +232,7 @@ TEST_F(SignSwipe, TakesAFadingLabelBackWhenItsDesktopIsLeft) {
   EXPECT_THAT(alphas(), ElementsAre(0.78, 0.78, 0.0));
 }
 
-TEST_F(SignSwipe, DoesNotFlashALabelThatIsNew) {
+TEST_F(SpaceSignWindowControllerSwipeTest, DoesNotFlashALabelThatIsNew) {
   startLabels();
   desktop.switchTo(desktop.desktopAt(1));
   EXPECT_EQ(alpha(1), 0.0);
@@ -240,7 +240,7 @@ TEST_F(SignSwipe, DoesNotFlashALabelThatIsNew) {
   EXPECT_FALSE(label(1).isAnimating());
 }
 
-TEST_F(SignSwipe, DoesNotFlashOnADesktopThatIsNotInTheList) {
+TEST_F(SpaceSignWindowControllerSwipeTest, DoesNotFlashOnADesktopThatIsNotInTheList) {
   arriveOnTheSecond();
   desktop.overrideActiveSpace(999);
   desktop.reportActiveSpaceChange();
@@ -250,7 +250,7 @@ TEST_F(SignSwipe, DoesNotFlashOnADesktopThatIsNotInTheList) {
   EXPECT_THAT(alphas(), ElementsAre(0.78, 0.78, 0.78));
 }
 
-TEST_F(SignSwipe, DoesNotFlashALabelThatWasLeftInTheSameTurn) {
+TEST_F(SpaceSignWindowControllerSwipeTest, DoesNotFlashALabelThatWasLeftInTheSameTurn) {
   arriveOnTheSecond();
   desktop.switchTo(desktop.addDesktop());
   desktop.advance(0s);
@@ -258,7 +258,7 @@ TEST_F(SignSwipe, DoesNotFlashALabelThatWasLeftInTheSameTurn) {
   EXPECT_EQ(alpha(1), 0.78);
 }
 
-TEST_F(SignSwipe, FadesQuicklyAndDoesNotFlashAfterAChangeWhileAllAreShown) {
+TEST_F(SpaceSignWindowControllerSwipeTest, FadesQuicklyAndDoesNotFlashAfterAChangeWhileAllAreShown) {
   startBetweenTicks();
   showAllFully();
   desktop.switchTo(desktop.desktopAt(1));
@@ -274,7 +274,7 @@ TEST_F(SignSwipe, FadesQuicklyAndDoesNotFlashAfterAChangeWhileAllAreShown) {
   EXPECT_THAT(alphas(), ElementsAre(0.78, 0.0, 0.78));
 }
 
-TEST_F(SignSwipe, HidesAllLabelsAfterAChangeWhereSwipeModeIsOff) {
+TEST_F(SpaceSignWindowControllerSwipeTest, HidesAllLabelsAfterAChangeWhereSwipeModeIsOff) {
   startBetweenTicks();
   preferences().setShowSignInSwipeMode(false);
   desktop.switchTo(desktop.desktopAt(1));
@@ -283,7 +283,7 @@ TEST_F(SignSwipe, HidesAllLabelsAfterAChangeWhereSwipeModeIsOff) {
   EXPECT_FALSE(label(1).isAnimating());
 }
 
-TEST_F(SignSwipe, HidesTheOthersDuringATourAndDoesNotFlash) {
+TEST_F(SpaceSignWindowControllerSwipeTest, HidesTheOthersDuringATourAndDoesNotFlash) {
   startBetweenTicks();
   post(SpaceManager::tourWillStart);
   signs->showAll();
@@ -295,14 +295,14 @@ TEST_F(SignSwipe, HidesTheOthersDuringATourAndDoesNotFlash) {
   EXPECT_THAT(alphas(), ElementsAre(0.0, 0.0, 0.0));
 }
 
-TEST_F(SignSwipe, ForgetsAFlashWhoseDesktopIsRemovedInTheSameTurn) {
+TEST_F(SpaceSignWindowControllerSwipeTest, ForgetsAFlashWhoseDesktopIsRemovedInTheSameTurn) {
   arriveOnTheSecond();
   desktop.removeDesktop(desktop.desktopAt(1));
   desktop.advance(2s);
   EXPECT_THAT(labels(), SizeIs(2));
 }
 
-TEST_F(SignSwipe, FadesNothingOnceTheControllerHasGone) {
+TEST_F(SpaceSignWindowControllerSwipeTest, FadesNothingOnceTheControllerHasGone) {
   arriveOnTheSecond();
   signs.reset();
   desktop.advance(2s);

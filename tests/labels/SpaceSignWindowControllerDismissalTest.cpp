@@ -3,9 +3,9 @@
 namespace roomlattice::tests {
 namespace {
 
-using SignDismissal = LabelFixture;
+using SpaceSignWindowControllerDismissalTest = LabelFixture;
 
-TEST_F(SignDismissal, StartsItsFadeAnewWithEveryMove) {
+TEST_F(SpaceSignWindowControllerDismissalTest, StartsItsFadeAnewWithEveryMove) {
   arriveOnTheSecond();
   desktop.advance(0s);
   user.movesPointerTo(overTheLabels);
@@ -19,7 +19,7 @@ TEST_F(SignDismissal, StartsItsFadeAnewWithEveryMove) {
 }
 
 // The flash takes the place of the dismissal's fade, and fades more slowly.
-TEST_F(SignDismissal, LeavesAFlashThatHasNotBegunToItsTurn) {
+TEST_F(SpaceSignWindowControllerDismissalTest, LeavesAFlashThatHasNotBegunToItsTurn) {
   arriveOnTheSecond();
   user.movesPointerTo(overTheLabels);
   desktop.advance(250ms);
@@ -28,7 +28,7 @@ TEST_F(SignDismissal, LeavesAFlashThatHasNotBegunToItsTurn) {
   EXPECT_EQ(alpha(1), 0.0);
 }
 
-TEST_F(SignDismissal, OutlastsChangesOfTheList) {
+TEST_F(SpaceSignWindowControllerDismissalTest, OutlastsChangesOfTheList) {
   arriveOnTheSecond();
   user.movesPointerTo(overTheLabels);
   desktop.advance(500ms);

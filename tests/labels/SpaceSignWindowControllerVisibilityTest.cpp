@@ -13,11 +13,11 @@ namespace {
 using platform::simulated::SimulatedWindow;
 using ::testing::ElementsAre;
 
-using SignVisibility = LabelFixture;
+using SpaceSignWindowControllerVisibilityTest = LabelFixture;
 
 // --- Showing all
 
-TEST_F(SignVisibility, HidesTheLabelInFrontAtOnceWhenShowingAll) {
+TEST_F(SpaceSignWindowControllerVisibilityTest, HidesTheLabelInFrontAtOnceWhenShowingAll) {
   arriveOnTheSecond();
   signs->showAll();
   EXPECT_EQ(alpha(1), 0.0);
@@ -26,7 +26,7 @@ TEST_F(SignVisibility, HidesTheLabelInFrontAtOnceWhenShowingAll) {
   EXPECT_EQ(alpha(1), 0.0);
 }
 
-TEST_F(SignVisibility, ShowsTheOtherLabelsInFullHalfASecondLater) {
+TEST_F(SpaceSignWindowControllerVisibilityTest, ShowsTheOtherLabelsInFullHalfASecondLater) {
   startBetweenTicks();
   signs->showAll();
   desktop.advance(500ms - 1ns);
@@ -36,7 +36,7 @@ TEST_F(SignVisibility, ShowsTheOtherLabelsInFullHalfASecondLater) {
   EXPECT_EQ(behaviorOf(label(1)), 324U);
 }
 
-TEST_F(SignVisibility, KeepsAllShownFor15SecondsAndFadesThemOut) {
+TEST_F(SpaceSignWindowControllerVisibilityTest, KeepsAllShownFor15SecondsAndFadesThemOut) {
   startBetweenTicks();
   signs->showAll();
   desktop.advance(15s);
@@ -48,7 +48,7 @@ TEST_F(SignVisibility, KeepsAllShownFor15SecondsAndFadesThemOut) {
   EXPECT_EQ(behaviorOf(label(0)), 324U);
 }
 
-TEST_F(SignVisibility, ShowsNothingWhereThePreferenceIsOff) {
+TEST_F(SpaceSignWindowControllerVisibilityTest, ShowsNothingWhereThePreferenceIsOff) {
   arriveOnTheSecond();
   preferences().setShowSignAfterSelection(false);
   signs->showAll();
@@ -58,7 +58,7 @@ TEST_F(SignVisibility, ShowsNothingWhereThePreferenceIsOff) {
   EXPECT_THAT(alphas(), ElementsAre(0.78, 0.0, 0.78));
 }
 
-TEST_F(SignVisibility, ShowsAllWhereSwipeModeIsOff) {
+TEST_F(SpaceSignWindowControllerVisibilityTest, ShowsAllWhereSwipeModeIsOff) {
   preferences().setShowSignInSwipeMode(false);
   startBetweenTicks();
   signs->showAll();
@@ -68,7 +68,7 @@ TEST_F(SignVisibility, ShowsAllWhereSwipeModeIsOff) {
   EXPECT_THAT(alphas(), ElementsAre(0.0, 1.0, 1.0));
 }
 
-TEST_F(SignVisibility, StartsTheFifteenSecondsAnewWhenShowingAllAgain) {
+TEST_F(SpaceSignWindowControllerVisibilityTest, StartsTheFifteenSecondsAnewWhenShowingAllAgain) {
   startBetweenTicks();
   signs->showAll();
   desktop.advance(10s);
@@ -79,7 +79,7 @@ TEST_F(SignVisibility, StartsTheFifteenSecondsAnewWhenShowingAllAgain) {
   EXPECT_THAT(alphas(), ElementsAre(0.0, 0.0, 0.0));
 }
 
-TEST_F(SignVisibility, LetsTheShowingOfAnEarlierCallTakePlace) {
+TEST_F(SpaceSignWindowControllerVisibilityTest, LetsTheShowingOfAnEarlierCallTakePlace) {
   startBetweenTicks();
   signs->showAll();
   desktop.advance(300ms);
@@ -88,7 +88,7 @@ TEST_F(SignVisibility, LetsTheShowingOfAnEarlierCallTakePlace) {
   EXPECT_THAT(alphas(), ElementsAre(0.0, 1.0, 1.0));
 }
 
-TEST_F(SignVisibility, ShowsByTheDesktopThatWasActiveAtTheCall) {
+TEST_F(SpaceSignWindowControllerVisibilityTest, ShowsByTheDesktopThatWasActiveAtTheCall) {
   startBetweenTicks();
   signs->showAll();
   desktop.advance(100ms);
@@ -101,7 +101,7 @@ TEST_F(SignVisibility, ShowsByTheDesktopThatWasActiveAtTheCall) {
   EXPECT_THAT(alphas(), ElementsAre(1.0, 1.0, 1.0));
 }
 
-TEST_F(SignVisibility, ShowsNothingIfItIsOverByThen) {
+TEST_F(SpaceSignWindowControllerVisibilityTest, ShowsNothingIfItIsOverByThen) {
   startBetweenTicks();
   signs->showAll();
   desktop.advance(10ms);
@@ -112,7 +112,7 @@ TEST_F(SignVisibility, ShowsNothingIfItIsOverByThen) {
   EXPECT_THAT(alphas(), ElementsAre(0.0, 0.78, 0.78));
 }
 
-TEST_F(SignVisibility, ShowsTheOthersWhenTheDesktopInFrontHasNoLabel) {
+TEST_F(SpaceSignWindowControllerVisibilityTest, ShowsTheOthersWhenTheDesktopInFrontHasNoLabel) {
   startBetweenTicks();
   desktop.overrideActiveSpace(999);
   desktop.reportActiveSpaceChange();
@@ -120,7 +120,7 @@ TEST_F(SignVisibility, ShowsTheOthersWhenTheDesktopInFrontHasNoLabel) {
   EXPECT_THAT(alphas(), ElementsAre(1.0, 1.0, 1.0));
 }
 
-TEST_F(SignVisibility, StopsAFlashThatHasNotBegunWhenShowingAll) {
+TEST_F(SpaceSignWindowControllerVisibilityTest, StopsAFlashThatHasNotBegunWhenShowingAll) {
   arriveOnTheSecond();
   signs->showAll();
   desktop.advance(0s);
@@ -129,14 +129,14 @@ TEST_F(SignVisibility, StopsAFlashThatHasNotBegunWhenShowingAll) {
 
 // --- Hiding all
 
-TEST_F(SignVisibility, HidesNothingThatIsNotShown) {
+TEST_F(SpaceSignWindowControllerVisibilityTest, HidesNothingThatIsNotShown) {
   startBetweenTicks();
   signs->hideAll();
   EXPECT_THAT(alphas(), ElementsAre(0.0, 0.78, 0.78));
   EXPECT_FALSE(label(1).isAnimating());
 }
 
-TEST_F(SignVisibility, FadesOutWithin350Milliseconds) {
+TEST_F(SpaceSignWindowControllerVisibilityTest, FadesOutWithin350Milliseconds) {
   startVisitedLabels();
   desktop.advance(10ms);
   showAllFully();
@@ -148,7 +148,7 @@ TEST_F(SignVisibility, FadesOutWithin350Milliseconds) {
   EXPECT_THAT(alphas(), ElementsAre(0.0, 0.0, 0.0));
 }
 
-TEST_F(SignVisibility, FadesTheLabelInFrontToo) {
+TEST_F(SpaceSignWindowControllerVisibilityTest, FadesTheLabelInFrontToo) {
   arriveOnTheSecond();
   desktop.overrideActiveSpace(999);
   signs->showAll();
@@ -162,7 +162,7 @@ TEST_F(SignVisibility, FadesTheLabelInFrontToo) {
   EXPECT_THAT(alphas(), ElementsAre(0.0, 0.0, 0.0));
 }
 
-TEST_F(SignVisibility, GivesEveryLabelItsOrdinaryBehaviourBack) {
+TEST_F(SpaceSignWindowControllerVisibilityTest, GivesEveryLabelItsOrdinaryBehaviourBack) {
   startBetweenTicks();
   showAllFully();
   signs->hideAll();
@@ -171,7 +171,7 @@ TEST_F(SignVisibility, GivesEveryLabelItsOrdinaryBehaviourBack) {
   }
 }
 
-TEST_F(SignVisibility, CancelsTheAutomaticHidingOfAShowThatIsOver) {
+TEST_F(SpaceSignWindowControllerVisibilityTest, CancelsTheAutomaticHidingOfAShowThatIsOver) {
   startBetweenTicks();
   showAllFully();
   signs->hideAll();
@@ -185,7 +185,7 @@ TEST_F(SignVisibility, CancelsTheAutomaticHidingOfAShowThatIsOver) {
 
 // --- The pointer
 
-TEST_F(SignVisibility, FadesAVisibleLabelInFrontThatThePointerEnters) {
+TEST_F(SpaceSignWindowControllerVisibilityTest, FadesAVisibleLabelInFrontThatThePointerEnters) {
   arriveOnTheSecond();
   desktop.advance(0s);
   user.movesPointerTo(overTheLabels);
@@ -196,13 +196,13 @@ TEST_F(SignVisibility, FadesAVisibleLabelInFrontThatThePointerEnters) {
   EXPECT_EQ(alpha(1), 0.0);
 }
 
-TEST_F(SignVisibility, LeavesALabelAloneThatThePointerDoesNotEnter) {
+TEST_F(SpaceSignWindowControllerVisibilityTest, LeavesALabelAloneThatThePointerDoesNotEnter) {
   arriveOnTheSecond();
   user.movesPointerTo(besideTheLabels);
   EXPECT_FALSE(label(1).isAnimating());
 }
 
-TEST_F(SignVisibility, CountsALabelsLeftAndBottomEdgesButNotItsRightAndTop) {
+TEST_F(SpaceSignWindowControllerVisibilityTest, CountsALabelsLeftAndBottomEdgesButNotItsRightAndTop) {
   constexpr double infinity = std::numeric_limits<double>::infinity();
   startBetweenTicks();
   const platform::Rect frame = label(1).frame();
@@ -225,7 +225,7 @@ TEST_F(SignVisibility, CountsALabelsLeftAndBottomEdgesButNotItsRightAndTop) {
   }
 }
 
-TEST_F(SignVisibility, TakesALabelOfFivePercentForHidden) {
+TEST_F(SpaceSignWindowControllerVisibilityTest, TakesALabelOfFivePercentForHidden) {
   for (const auto& [opacity, visible] : std::vector<std::pair<double, bool>>{{0.05, false}, {0.0501, true}}) {
     preferences().setSignSwipeAlpha(opacity);
     startVisitedLabels();
@@ -237,14 +237,14 @@ TEST_F(SignVisibility, TakesALabelOfFivePercentForHidden) {
   }
 }
 
-TEST_F(SignVisibility, LeavesTheLabelsOfOtherDesktopsAloneWhileIdle) {
+TEST_F(SpaceSignWindowControllerVisibilityTest, LeavesTheLabelsOfOtherDesktopsAloneWhileIdle) {
   startBetweenTicks();
   user.movesPointerTo(overTheLabels);
   desktop.advance(1s);
   EXPECT_THAT(alphas(), ElementsAre(0.0, 0.78, 0.78));
 }
 
-TEST_F(SignVisibility, KeepsADismissedLabelAwayUntilTheDesktopChanges) {
+TEST_F(SpaceSignWindowControllerVisibilityTest, KeepsADismissedLabelAwayUntilTheDesktopChanges) {
   startLabels();
   signs->handleSwipeBegan(Right);
   desktop.switchTo(desktop.desktopAt(1));
@@ -256,7 +256,7 @@ TEST_F(SignVisibility, KeepsADismissedLabelAwayUntilTheDesktopChanges) {
   EXPECT_EQ(alpha(1), 0.78);
 }
 
-TEST_F(SignVisibility, ForgetsWhichLabelsWereDismissedWhenTheDesktopChanges) {
+TEST_F(SpaceSignWindowControllerVisibilityTest, ForgetsWhichLabelsWereDismissedWhenTheDesktopChanges) {
   arriveOnTheSecond();
   user.movesPointerTo(overTheLabels);
   desktop.advance(500ms);
@@ -267,7 +267,7 @@ TEST_F(SignVisibility, ForgetsWhichLabelsWereDismissedWhenTheDesktopChanges) {
   EXPECT_EQ(alpha(1), 0.3);
 }
 
-TEST_F(SignVisibility, HidesAllWhenThePointerEntersTheLabelArea) {
+TEST_F(SpaceSignWindowControllerVisibilityTest, HidesAllWhenThePointerEntersTheLabelArea) {
   startBetweenTicks();
   showAllFully();
   user.movesPointerTo(besideTheLabels);
@@ -279,7 +279,7 @@ TEST_F(SignVisibility, HidesAllWhenThePointerEntersTheLabelArea) {
   EXPECT_THAT(alphas(), ElementsAre(0.0, 0.0, 0.0));
 }
 
-TEST_F(SignVisibility, HidesAllForAPointerInTheAreaOfAnInvisibleLabel) {
+TEST_F(SpaceSignWindowControllerVisibilityTest, HidesAllForAPointerInTheAreaOfAnInvisibleLabel) {
   startBetweenTicks();
   signs->showAll();
   user.movesPointerTo(overTheLabels);
@@ -288,7 +288,7 @@ TEST_F(SignVisibility, HidesAllForAPointerInTheAreaOfAnInvisibleLabel) {
   EXPECT_THAT(alphas(), ElementsAre(0.0, 0.0, 0.0));
 }
 
-TEST_F(SignVisibility, FadesFromTheStartOfTheHidingHoweverThePointerMovesOn) {
+TEST_F(SpaceSignWindowControllerVisibilityTest, FadesFromTheStartOfTheHidingHoweverThePointerMovesOn) {
   startBetweenTicks();
   showAllFully();
   user.movesPointerTo(overTheLabels);
@@ -298,7 +298,7 @@ TEST_F(SignVisibility, FadesFromTheStartOfTheHidingHoweverThePointerMovesOn) {
   EXPECT_EQ(alpha(1), 0.0);
 }
 
-TEST_F(SignVisibility, LivesWithoutAPointerMonitor) {
+TEST_F(SpaceSignWindowControllerVisibilityTest, LivesWithoutAPointerMonitor) {
   desktop.faults.pointerMonitorsRefused = true;
   startBetweenTicks();
   showAllFully();

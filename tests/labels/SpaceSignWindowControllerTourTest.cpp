@@ -14,7 +14,7 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::SizeIs;
 
-class SignTour : public LabelFixture {
+class SpaceSignWindowControllerTourTest : public LabelFixture {
  protected:
   std::vector<SimulatedWindow*> overlays() { return tourOverlaysOf(desktop); }
 
@@ -22,18 +22,18 @@ class SignTour : public LabelFixture {
   void endTour() { post(SpaceManager::tourDidEnd); }
 };
 
-using SignTourDeathTest = SignTour;
+using SpaceSignWindowControllerTourDeathTest = SpaceSignWindowControllerTourTest;
 
 // --- The labels
 
-TEST_F(SignTour, HidesEveryLabelWhenATourStarts) {
+TEST_F(SpaceSignWindowControllerTourTest, HidesEveryLabelWhenATourStarts) {
   startVisitedLabels();
   desktop.switchTo(desktop.desktopAt(1));
   startTour();
   EXPECT_THAT(alphas(), ElementsAre(0.0, 0.0, 0.0));
 }
 
-TEST_F(SignTour, LeavesTheLabelsHiddenDuringATour) {
+TEST_F(SpaceSignWindowControllerTourTest, LeavesTheLabelsHiddenDuringATour) {
   startVisitedLabels();
   startTour();
   desktop.advance(700ms);
@@ -43,7 +43,7 @@ TEST_F(SignTour, LeavesTheLabelsHiddenDuringATour) {
   EXPECT_THAT(alphas(), ElementsAre(0.0, 0.0, 0.0));
 }
 
-TEST_F(SignTour, MakesTheLabelsOfTheDesktopsATourVisits) {
+TEST_F(SpaceSignWindowControllerTourTest, MakesTheLabelsOfTheDesktopsATourVisits) {
   startLabels();
   startTour();
   desktop.switchTo(desktop.desktopAt(1));
@@ -52,7 +52,7 @@ TEST_F(SignTour, MakesTheLabelsOfTheDesktopsATourVisits) {
   EXPECT_THAT(alphas(), ElementsAre(0.0, 0.0, 0.0));
 }
 
-TEST_F(SignTour, BringsTheLabelsBackAtTheNextTickAfterATour) {
+TEST_F(SpaceSignWindowControllerTourTest, BringsTheLabelsBackAtTheNextTickAfterATour) {
   startVisitedLabels();
   startTour();
   desktop.advance(1100ms);
@@ -62,7 +62,7 @@ TEST_F(SignTour, BringsTheLabelsBackAtTheNextTickAfterATour) {
   EXPECT_THAT(alphas(), ElementsAre(0.0, 0.78, 0.78));
 }
 
-TEST_F(SignTour, HidesTheLabelsAgainWhenASecondTourStartIsReported) {
+TEST_F(SpaceSignWindowControllerTourTest, HidesTheLabelsAgainWhenASecondTourStartIsReported) {
   startVisitedLabels();
   startTour();
   signs->showAll();
@@ -74,7 +74,7 @@ TEST_F(SignTour, HidesTheLabelsAgainWhenASecondTourStartIsReported) {
 
 // --- The overlay
 
-TEST_F(SignTour, ShowsTheOverlayInTheMiddleOfTheScreen) {
+TEST_F(SpaceSignWindowControllerTourTest, ShowsTheOverlayInTheMiddleOfTheScreen) {
   startLabels();
   startTour();
   ASSERT_THAT(overlays(), SizeIs(1));
@@ -87,7 +87,7 @@ TEST_F(SignTour, ShowsTheOverlayInTheMiddleOfTheScreen) {
   EXPECT_EQ(overlay.contentView()->frame(), (Rect{{}, {460.0, 96.0}}));
 }
 
-TEST_F(SignTour, ShowsTheOverlayOnEveryDesktop) {
+TEST_F(SpaceSignWindowControllerTourTest, ShowsTheOverlayOnEveryDesktop) {
   startLabels();
   startTour();
   for (std::size_t index = 0; index < 3; ++index) {
@@ -95,7 +95,7 @@ TEST_F(SignTour, ShowsTheOverlayOnEveryDesktop) {
   }
 }
 
-TEST_F(SignTour, CentresTheOverlayOnTheMainScreenOrElseTheFirst) {
+TEST_F(SpaceSignWindowControllerTourTest, CentresTheOverlayOnTheMainScreenOrElseTheFirst) {
   desktop.setScreens({{{0.0, 0.0}, {1440.0, 900.0}}, {{-1600.0, 100.0}, {1600.0, 1000.0}}});
   desktop.setMainScreen(1);
   startLabels();
@@ -108,14 +108,14 @@ TEST_F(SignTour, CentresTheOverlayOnTheMainScreenOrElseTheFirst) {
   EXPECT_EQ(overlays().front()->frame(), (Rect{{490.0, 402.0}, {460.0, 96.0}}));
 }
 
-TEST_F(SignTourDeathTest, StopsTheProgramWithoutAScreenForTheOverlay) {
+TEST_F(SpaceSignWindowControllerTourDeathTest, StopsTheProgramWithoutAScreenForTheOverlay) {
   desktop.overrideActiveSpace(999);
   desktop.setScreens({});
   startLabels();
   EXPECT_DEATH(startTour(), "there is no screen to show labels on");
 }
 
-TEST_F(SignTour, FadesTheOverlayIn) {
+TEST_F(SpaceSignWindowControllerTourTest, FadesTheOverlayIn) {
   startLabels();
   startTour();
   EXPECT_EQ(overlays().front()->alpha(), 0.0);
@@ -127,7 +127,7 @@ TEST_F(SignTour, FadesTheOverlayIn) {
   EXPECT_EQ(overlays().front()->alpha(), 1.0);
 }
 
-TEST_F(SignTour, FadesTheOverlayOutAndLetsItGo) {
+TEST_F(SpaceSignWindowControllerTourTest, FadesTheOverlayOutAndLetsItGo) {
   startLabels();
   startTour();
   desktop.advance(1s);
@@ -140,7 +140,7 @@ TEST_F(SignTour, FadesTheOverlayOutAndLetsItGo) {
   EXPECT_THAT(overlays(), IsEmpty());
 }
 
-TEST_F(SignTour, FadesAnOverlayOutFromWhereItsFadingInHasCome) {
+TEST_F(SpaceSignWindowControllerTourTest, FadesAnOverlayOutFromWhereItsFadingInHasCome) {
   startLabels();
   startTour();
   desktop.advance(100ms);
@@ -151,7 +151,7 @@ TEST_F(SignTour, FadesAnOverlayOutFromWhereItsFadingInHasCome) {
   EXPECT_THAT(overlays(), IsEmpty());
 }
 
-TEST_F(SignTour, KeepsTheOverlayWhenASecondTourStartIsReported) {
+TEST_F(SpaceSignWindowControllerTourTest, KeepsTheOverlayWhenASecondTourStartIsReported) {
   startLabels();
   startTour();
   desktop.advance(1s);
@@ -161,7 +161,7 @@ TEST_F(SignTour, KeepsTheOverlayWhenASecondTourStartIsReported) {
   EXPECT_EQ(overlay->alpha(), 1.0);
 }
 
-TEST_F(SignTour, ShowsANewOverlayWhileTheLastOneFadesOut) {
+TEST_F(SpaceSignWindowControllerTourTest, ShowsANewOverlayWhileTheLastOneFadesOut) {
   startLabels();
   startTour();
   desktop.advance(1s);
@@ -174,7 +174,7 @@ TEST_F(SignTour, ShowsANewOverlayWhileTheLastOneFadesOut) {
   EXPECT_EQ(overlays().front()->alpha(), 1.0);
 }
 
-TEST_F(SignTour, TakesATourEndWithoutAStart) {
+TEST_F(SpaceSignWindowControllerTourTest, TakesATourEndWithoutAStart) {
   startVisitedLabels();
   endTour();
   desktop.advance(1s);
@@ -182,7 +182,7 @@ TEST_F(SignTour, TakesATourEndWithoutAStart) {
   EXPECT_THAT(alphas(), ElementsAre(0.0, 0.78, 0.78));
 }
 
-TEST_F(SignTour, TakesTheOverlayAlongWhenTheControllerGoes) {
+TEST_F(SpaceSignWindowControllerTourTest, TakesTheOverlayAlongWhenTheControllerGoes) {
   startLabels();
   startTour();
   desktop.advance(50ms);
@@ -193,7 +193,7 @@ TEST_F(SignTour, TakesTheOverlayAlongWhenTheControllerGoes) {
 
 // --- The showing of all labels
 
-TEST_F(SignTour, LeavesAllShownLabelsToTheirOwnCourseWhenATourStarts) {
+TEST_F(SpaceSignWindowControllerTourTest, LeavesAllShownLabelsToTheirOwnCourseWhenATourStarts) {
   startBetweenTicks();
   signs->showAll();
   desktop.advance(100ms);

@@ -11,7 +11,7 @@ using platform::simulated::SimulatedWindow;
 using platform::simulated::WindowWrites;
 using ::testing::ElementsAre;
 
-class SignPriming : public LabelFixture {
+class SpaceSignWindowControllerPrimingTest : public LabelFixture {
  protected:
   using LabelFixture::LabelFixture;
 
@@ -37,7 +37,7 @@ class SignPriming : public LabelFixture {
 
 // --- The timer
 
-TEST_F(SignPriming, PutsTheOtherLabelsBackEveryHalfSecond) {
+TEST_F(SpaceSignWindowControllerPrimingTest, PutsTheOtherLabelsBackEveryHalfSecond) {
   startVisitedLabels();
   for (int tick = 0; tick < 3; ++tick) {
     desktop.advance(10ms);
@@ -50,7 +50,7 @@ TEST_F(SignPriming, PutsTheOtherLabelsBackEveryHalfSecond) {
   }
 }
 
-TEST_F(SignPriming, TicksForTheFirstTimeHalfASecondAfterTheStart) {
+TEST_F(SpaceSignWindowControllerPrimingTest, TicksForTheFirstTimeHalfASecondAfterTheStart) {
   startLabels();
   signs->handleSwipeBegan(Right);
   signs->showAll();
@@ -61,7 +61,7 @@ TEST_F(SignPriming, TicksForTheFirstTimeHalfASecondAfterTheStart) {
   EXPECT_EQ(alpha(1), 0.78);
 }
 
-TEST_F(SignPriming, EndsAFadeThatIsUnderWay) {
+TEST_F(SpaceSignWindowControllerPrimingTest, EndsAFadeThatIsUnderWay) {
   startVisitedLabels();
   desktop.advance(300ms);
   signs->showAll();
@@ -71,7 +71,7 @@ TEST_F(SignPriming, EndsAFadeThatIsUnderWay) {
   EXPECT_FALSE(label(1).isAnimating());
 }
 
-TEST_F(SignPriming, WritesNothingInTheSteadyState) {
+TEST_F(SpaceSignWindowControllerPrimingTest, WritesNothingInTheSteadyState) {
   startVisitedLabels();
   const std::vector<WindowWrites> before = writes();
   desktop.advance(60s);
@@ -80,7 +80,7 @@ TEST_F(SignPriming, WritesNothingInTheSteadyState) {
   EXPECT_EQ(writes(), before);
 }
 
-TEST_F(SignPriming, WritesNothingInTheSteadyStateWithoutSwipeMode) {
+TEST_F(SpaceSignWindowControllerPrimingTest, WritesNothingInTheSteadyStateWithoutSwipeMode) {
   startVisitedLabels();
   preferences().setShowSignInSwipeMode(false);
   desktop.advance(1s);
@@ -89,7 +89,7 @@ TEST_F(SignPriming, WritesNothingInTheSteadyStateWithoutSwipeMode) {
   EXPECT_EQ(writes(), before);
 }
 
-TEST_F(SignPriming, NeverTouchesTheLabelInFront) {
+TEST_F(SpaceSignWindowControllerPrimingTest, NeverTouchesTheLabelInFront) {
   startVisitedLabels();
   desktop.switchTo(desktop.desktopAt(1));
   signs->handleSwipeBegan(Right);
@@ -100,7 +100,7 @@ TEST_F(SignPriming, NeverTouchesTheLabelInFront) {
   EXPECT_EQ(label(1).writes().alpha, before);
 }
 
-TEST_F(SignPriming, LeavesTheFadeOfTheLabelInFrontAlone) {
+TEST_F(SpaceSignWindowControllerPrimingTest, LeavesTheFadeOfTheLabelInFrontAlone) {
   startVisitedLabels();
   desktop.advance(250ms);
   desktop.switchTo(desktop.desktopAt(1));
@@ -110,7 +110,7 @@ TEST_F(SignPriming, LeavesTheFadeOfTheLabelInFrontAlone) {
   EXPECT_TRUE(label(1).isAnimating());
 }
 
-TEST_F(SignPriming, FollowsThePreferredOpacityWithinHalfASecond) {
+TEST_F(SpaceSignWindowControllerPrimingTest, FollowsThePreferredOpacityWithinHalfASecond) {
   startVisitedLabels();
   preferences().setSignSwipeAlpha(0.3);
   desktop.advance(500ms);
@@ -120,7 +120,7 @@ TEST_F(SignPriming, FollowsThePreferredOpacityWithinHalfASecond) {
   EXPECT_THAT(alphas(), ElementsAre(0.0, 0.4, 0.4));
 }
 
-TEST_F(SignPriming, PrimesALabelThatASwipeMade) {
+TEST_F(SpaceSignWindowControllerPrimingTest, PrimesALabelThatASwipeMade) {
   startLabels();
   signs->handleSwipeBegan(Right);
   preferences().setSignSwipeAlpha(0.3);
@@ -128,7 +128,7 @@ TEST_F(SignPriming, PrimesALabelThatASwipeMade) {
   EXPECT_EQ(alpha(1), 0.3);
 }
 
-TEST_F(SignPriming, TicksOnPunctuallyAfterTheMainThreadWasBusy) {
+TEST_F(SpaceSignWindowControllerPrimingTest, TicksOnPunctuallyAfterTheMainThreadWasBusy) {
   startVisitedLabels();
   desktop.time().block(1300ms);
   desktop.advance(0s);
@@ -141,7 +141,7 @@ TEST_F(SignPriming, TicksOnPunctuallyAfterTheMainThreadWasBusy) {
 
 // --- Without swipe mode
 
-TEST_F(SignPriming, HidesEveryLabelWithinHalfASecondOnceSwipeModeIsOff) {
+TEST_F(SpaceSignWindowControllerPrimingTest, HidesEveryLabelWithinHalfASecondOnceSwipeModeIsOff) {
   startVisitedLabels();
   desktop.switchTo(desktop.desktopAt(1));
   signs->handleSwipeBegan(Right);
@@ -151,7 +151,7 @@ TEST_F(SignPriming, HidesEveryLabelWithinHalfASecondOnceSwipeModeIsOff) {
   EXPECT_THAT(alphas(), ElementsAre(0.0, 0.0, 0.0));
 }
 
-TEST_F(SignPriming, ComesBackWithSwipeMode) {
+TEST_F(SpaceSignWindowControllerPrimingTest, ComesBackWithSwipeMode) {
   startVisitedLabels();
   preferences().setShowSignInSwipeMode(false);
   desktop.advance(500ms);
@@ -160,7 +160,7 @@ TEST_F(SignPriming, ComesBackWithSwipeMode) {
   EXPECT_THAT(alphas(), ElementsAre(0.0, 0.78, 0.78));
 }
 
-TEST_F(SignPriming, HidesEvenShownLabelsWithoutSwipeMode) {
+TEST_F(SpaceSignWindowControllerPrimingTest, HidesEvenShownLabelsWithoutSwipeMode) {
   startVisitedLabels();
   preferences().setShowSignInSwipeMode(false);
   desktop.advance(600ms);
@@ -170,7 +170,7 @@ TEST_F(SignPriming, HidesEvenShownLabelsWithoutSwipeMode) {
   EXPECT_THAT(alphas(), ElementsAre(0.0, 0.0, 0.0));
 }
 
-TEST_F(SignPriming, HidesLabelsDuringATourWithoutSwipeMode) {
+TEST_F(SpaceSignWindowControllerPrimingTest, HidesLabelsDuringATourWithoutSwipeMode) {
   startVisitedLabels();
   preferences().setShowSignInSwipeMode(false);
   startTour();
@@ -182,28 +182,28 @@ TEST_F(SignPriming, HidesLabelsDuringATourWithoutSwipeMode) {
 
 // --- Beyond the timer
 
-TEST_F(SignPriming, PrimesAtOnceAfterWakingFromSleep) {
+TEST_F(SpaceSignWindowControllerPrimingTest, PrimesAtOnceAfterWakingFromSleep) {
   startHiding();
   desktop.advance(10ms);
   desktop.sleepFor(2h);
   EXPECT_THAT(alphas(), ElementsAre(0.0, 0.78, 0.78));
 }
 
-TEST_F(SignPriming, PrimesAtOnceWhenTheWorkspaceReportsAChange) {
+TEST_F(SpaceSignWindowControllerPrimingTest, PrimesAtOnceWhenTheWorkspaceReportsAChange) {
   startHiding();
   desktop.advance(10ms);
   desktop.reportActiveSpaceChange();
   EXPECT_THAT(alphas(), ElementsAre(0.0, 0.78, 0.78));
 }
 
-TEST_F(SignPriming, HidesAtOnceAfterWakingWithoutSwipeMode) {
+TEST_F(SpaceSignWindowControllerPrimingTest, HidesAtOnceAfterWakingWithoutSwipeMode) {
   startVisitedLabels();
   preferences().setShowSignInSwipeMode(false);
   desktop.sleepFor(2h);
   EXPECT_THAT(alphas(), ElementsAre(0.0, 0.0, 0.0));
 }
 
-TEST_F(SignPriming, LeavesTheLabelsAloneWhileAllAreShown) {
+TEST_F(SpaceSignWindowControllerPrimingTest, LeavesTheLabelsAloneWhileAllAreShown) {
   startVisitedLabels();
   desktop.advance(100ms);
   showAllFully();
@@ -213,7 +213,7 @@ TEST_F(SignPriming, LeavesTheLabelsAloneWhileAllAreShown) {
   EXPECT_THAT(alphas(), ElementsAre(0.0, 1.0, 1.0));
 }
 
-TEST_F(SignPriming, LeavesDismissedLabelsAlone) {
+TEST_F(SpaceSignWindowControllerPrimingTest, LeavesDismissedLabelsAlone) {
   startVisitedLabels();
   desktop.switchTo(desktop.desktopAt(1));
   user.movesPointerTo(overTheLabels);
@@ -228,7 +228,7 @@ TEST_F(SignPriming, LeavesDismissedLabelsAlone) {
   EXPECT_EQ(alpha(1), 0.78);
 }
 
-TEST_F(SignPriming, DoesNotTickBeforeHalfASecondIsOver) {
+TEST_F(SpaceSignWindowControllerPrimingTest, DoesNotTickBeforeHalfASecondIsOver) {
   desktop.advance(130ms);
   startLabels();
   desktop.switchTo(desktop.desktopAt(1));

@@ -13,7 +13,7 @@ namespace keyCode = platform::keyCode;
 
 using Renames = std::vector<std::string>;
 
-class SpaceRowEditing : public RowFixture {
+class SpaceRowViewEditingTest : public RowFixture {
  protected:
   /// What the program makes of a key, if it is not meant for a field of its own.
   KeyDisposition presses(std::uint16_t code) {
@@ -21,7 +21,7 @@ class SpaceRowEditing : public RowFixture {
   }
 };
 
-TEST_F(SpaceRowEditing, ReplacesTheNameByAFieldWithAllOfItSelected) {
+TEST_F(SpaceRowViewEditingTest, ReplacesTheNameByAFieldWithAllOfItSelected) {
   editRow("Mail");
   EXPECT_TRUE(label().hidden);
   EXPECT_TRUE(pencil().hidden);
@@ -31,14 +31,14 @@ TEST_F(SpaceRowEditing, ReplacesTheNameByAFieldWithAllOfItSelected) {
   EXPECT_TRUE(field().isAllSelected());
 }
 
-TEST_F(SpaceRowEditing, DoesNotBeginAgainForAnotherClickOnThePencil) {
+TEST_F(SpaceRowViewEditingTest, DoesNotBeginAgainForAnotherClickOnThePencil) {
   SpaceRowView& row = editRow("Mail");
   user.types("Post");
   row.buttonClicked();
   EXPECT_EQ(field().text(), "Post");
 }
 
-TEST_F(SpaceRowEditing, EndsWithReturnAndKeypadEnter) {
+TEST_F(SpaceRowViewEditingTest, EndsWithReturnAndKeypadEnter) {
   Renames expected;
   for (const std::uint16_t key : {std::uint16_t{36}, std::uint16_t{76}}) {
     editRow("Mail");
@@ -53,7 +53,7 @@ TEST_F(SpaceRowEditing, EndsWithReturnAndKeypadEnter) {
   }
 }
 
-TEST_F(SpaceRowEditing, HandsOutAndShowsBlanksAsTheyWereTyped) {
+TEST_F(SpaceRowViewEditingTest, HandsOutAndShowsBlanksAsTheyWereTyped) {
   editRow("Mail");
   user.types("  Post  ");
   user.pressesKey(keyCode::returnKey);
@@ -61,7 +61,7 @@ TEST_F(SpaceRowEditing, HandsOutAndShowsBlanksAsTheyWereTyped) {
   EXPECT_EQ(renames, Renames{"  Post  "});
 }
 
-TEST_F(SpaceRowEditing, ShowsTheOldNameForABlankOneAndHandsItOut) {
+TEST_F(SpaceRowViewEditingTest, ShowsTheOldNameForABlankOneAndHandsItOut) {
   Renames expected;
   for (const std::string blank : {"", " ", "  \t ", "\u00A0", "\u2003\u3000", "\n"}) {
     editRow("Mail");
@@ -75,7 +75,7 @@ TEST_F(SpaceRowEditing, ShowsTheOldNameForABlankOneAndHandsItOut) {
   }
 }
 
-TEST_F(SpaceRowEditing, TakesLongAndExoticNames) {
+TEST_F(SpaceRowViewEditingTest, TakesLongAndExoticNames) {
   const std::string family = "\U0001F468\u200D\U0001F469\u200D\U0001F467";
   Renames expected;
   for (const std::string& name : {std::string(2000, 'x'), std::string("\u5de5\u4f5c"), family, std::string("e\u0301"),
@@ -91,7 +91,7 @@ TEST_F(SpaceRowEditing, TakesLongAndExoticNames) {
   EXPECT_EQ(renames, expected);
 }
 
-TEST_F(SpaceRowEditing, IsGivenUpWithEscapeWhileTheMenuStays) {
+TEST_F(SpaceRowViewEditingTest, IsGivenUpWithEscapeWhileTheMenuStays) {
   editRow("Mail");
   user.types("Post");
   user.pressesKey(53);
@@ -103,7 +103,7 @@ TEST_F(SpaceRowEditing, IsGivenUpWithEscapeWhileTheMenuStays) {
   EXPECT_EQ(desktop.menu(), nullptr);
 }
 
-TEST_F(SpaceRowEditing, KeepsTheNewNameWhenALaterEditIsGivenUp) {
+TEST_F(SpaceRowViewEditingTest, KeepsTheNewNameWhenALaterEditIsGivenUp) {
   editRow("Mail");
   user.types("Post");
   user.pressesKey(keyCode::returnKey);
@@ -114,7 +114,7 @@ TEST_F(SpaceRowEditing, KeepsTheNewNameWhenALaterEditIsGivenUp) {
   EXPECT_EQ(label().text, "Post");
 }
 
-TEST_F(SpaceRowEditing, StartsFromTheNameTheRowWasMadeWith) {
+TEST_F(SpaceRowViewEditingTest, StartsFromTheNameTheRowWasMadeWith) {
   editRow("Mail");
   user.types("Post");
   user.pressesKey(keyCode::returnKey);
@@ -127,7 +127,7 @@ TEST_F(SpaceRowEditing, StartsFromTheNameTheRowWasMadeWith) {
   EXPECT_EQ(renames, (Renames{"Post", ""}));
 }
 
-TEST_F(SpaceRowEditing, TakesTheKeysOnlyWhileItLasts) {
+TEST_F(SpaceRowViewEditingTest, TakesTheKeysOnlyWhileItLasts) {
   openRow("Mail");
   EXPECT_EQ(presses(keyCode::returnKey), KeyDisposition::PassOn);
   user.clicksRowButton(0);
@@ -140,7 +140,7 @@ TEST_F(SpaceRowEditing, TakesTheKeysOnlyWhileItLasts) {
   }
 }
 
-TEST_F(SpaceRowEditing, LeavesOtherKeysAloneWhileTheFieldIsNotFocused) {
+TEST_F(SpaceRowViewEditingTest, LeavesOtherKeysAloneWhileTheFieldIsNotFocused) {
   editRow("Mail");
   field().endEditing();
   EXPECT_EQ(presses(49), KeyDisposition::PassOn);
@@ -148,7 +148,7 @@ TEST_F(SpaceRowEditing, LeavesOtherKeysAloneWhileTheFieldIsNotFocused) {
   EXPECT_EQ(renames, Renames{"Mail"});
 }
 
-TEST_F(SpaceRowEditing, FollowsTheCommandsOfTheFieldsEditor) {
+TEST_F(SpaceRowViewEditingTest, FollowsTheCommandsOfTheFieldsEditor) {
   SpaceRowView& row = editRow("Mail");
   user.types("Post");
   EXPECT_EQ(row.doCommand(EditCommand::InsertNewline), CommandDisposition::Handled);
@@ -161,7 +161,7 @@ TEST_F(SpaceRowEditing, FollowsTheCommandsOfTheFieldsEditor) {
   EXPECT_EQ(renames, Renames{"Post"});
 }
 
-TEST_F(SpaceRowEditing, IsNotStartedByCommandsOfTheFieldsEditor) {
+TEST_F(SpaceRowViewEditingTest, IsNotStartedByCommandsOfTheFieldsEditor) {
   SpaceRowView& row = openRow("Mail");
   row.doCommand(EditCommand::InsertNewline);
   row.doCommand(EditCommand::Cancel);
@@ -169,7 +169,7 @@ TEST_F(SpaceRowEditing, IsNotStartedByCommandsOfTheFieldsEditor) {
   EXPECT_FALSE(isEditing());
 }
 
-TEST_F(SpaceRowEditing, KeepsTheHighlightUntilThePointerLeavesAfterwards) {
+TEST_F(SpaceRowViewEditingTest, KeepsTheHighlightUntilThePointerLeavesAfterwards) {
   const SpaceRowView& row = editRow("Mail");
   const auto highlight = row.content().background;
   EXPECT_NE(highlight, std::nullopt);
@@ -185,7 +185,7 @@ TEST_F(SpaceRowEditing, KeepsTheHighlightUntilThePointerLeavesAfterwards) {
   EXPECT_TRUE(pencil().hidden);
 }
 
-TEST_F(SpaceRowEditing, IsNotDisturbedByThePointer) {
+TEST_F(SpaceRowViewEditingTest, IsNotDisturbedByThePointer) {
   SpaceRowView& row = openRow("Mail");
   row.buttonClicked();
   user.entersRow(0);
@@ -194,7 +194,7 @@ TEST_F(SpaceRowEditing, IsNotDisturbedByThePointer) {
   EXPECT_TRUE(isEditing());
 }
 
-TEST_F(SpaceRowEditing, IgnoresClicksBesideTheField) {
+TEST_F(SpaceRowViewEditingTest, IgnoresClicksBesideTheField) {
   editRow("Mail");
   user.types("Post");
   for (const platform::Point point : {onDot, platform::Point{215.0, 12.0}, platform::Point{100.0, 23.0}}) {
@@ -207,7 +207,7 @@ TEST_F(SpaceRowEditing, IgnoresClicksBesideTheField) {
   EXPECT_NE(desktop.menu(), nullptr);
 }
 
-TEST_F(SpaceRowEditing, GivesClicksInTheFieldToTheField) {
+TEST_F(SpaceRowViewEditingTest, GivesClicksInTheFieldToTheField) {
   editRow("Mail");
   clicksRowAt(onLabel);
   EXPECT_FALSE(field().isAllSelected());
@@ -216,7 +216,7 @@ TEST_F(SpaceRowEditing, GivesClicksInTheFieldToTheField) {
   EXPECT_EQ(renames, Renames{"Mailbox"});
 }
 
-TEST_F(SpaceRowEditing, SwitchesAgainAfterwards) {
+TEST_F(SpaceRowViewEditingTest, SwitchesAgainAfterwards) {
   editRow("Mail");
   user.pressesKey(keyCode::escape);
   clicksRowAt(onLabel);
@@ -224,7 +224,7 @@ TEST_F(SpaceRowEditing, SwitchesAgainAfterwards) {
   EXPECT_EQ(switches, 1);
 }
 
-TEST_F(SpaceRowEditing, NeedsNoCallback) {
+TEST_F(SpaceRowViewEditingTest, NeedsNoCallback) {
   editRow("Mail").onCommitRename = nullptr;
   user.types("Post");
   user.pressesKey(keyCode::returnKey);
@@ -232,7 +232,7 @@ TEST_F(SpaceRowEditing, NeedsNoCallback) {
   EXPECT_TRUE(renames.empty());
 }
 
-TEST_F(SpaceRowEditing, HasEndedWhenTheNewNameIsHandedOut) {
+TEST_F(SpaceRowViewEditingTest, HasEndedWhenTheNewNameIsHandedOut) {
   SpaceRowView& row = editRow("Mail");
   bool wasEditing = true;
   KeyDisposition key = KeyDisposition::Swallow;
@@ -245,7 +245,7 @@ TEST_F(SpaceRowEditing, HasEndedWhenTheNewNameIsHandedOut) {
   EXPECT_EQ(key, KeyDisposition::PassOn);
 }
 
-TEST_F(SpaceRowEditing, IsLostWhenTheMenuCloses) {
+TEST_F(SpaceRowViewEditingTest, IsLostWhenTheMenuCloses) {
   for (const std::uint16_t key : {keyCode::returnKey, keyCode::keypadEnter, keyCode::escape, std::uint16_t{0}}) {
     editRow("Mail");
     user.types("Post");
@@ -256,7 +256,7 @@ TEST_F(SpaceRowEditing, IsLostWhenTheMenuCloses) {
   EXPECT_TRUE(renames.empty());
 }
 
-TEST_F(SpaceRowEditing, LetsGoOfTheKeysWithTheRow) {
+TEST_F(SpaceRowViewEditingTest, LetsGoOfTheKeysWithTheRow) {
   editRow("Mail");
   user.clicksStatusItem();
   destroyRow();

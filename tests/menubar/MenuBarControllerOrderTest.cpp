@@ -78,7 +78,7 @@ class WatchedPlatform final : public ForwardingPlatform {
   UserInterface userInterface_;
 };
 
-class MenuBarOrder : public SimulatedFixture {
+class MenuBarControllerOrderTest : public SimulatedFixture {
  protected:
   void startProgram() {
     program_.emplace(watched);
@@ -91,7 +91,7 @@ class MenuBarOrder : public SimulatedFixture {
   std::optional<AppDelegate> program_;
 };
 
-TEST_F(MenuBarOrder, GivesTheStatusItemItsMenuBeforeItShowsAnything) {
+TEST_F(MenuBarControllerOrderTest, GivesTheStatusItemItsMenuBeforeItShowsAnything) {
   std::optional<bool> hadMenu;
   watched.onStatusItemRefresh([&] {
     if (!hadMenu) {
@@ -102,7 +102,7 @@ TEST_F(MenuBarOrder, GivesTheStatusItemItsMenuBeforeItShowsAnything) {
   EXPECT_EQ(hadMenu, true);
 }
 
-TEST_F(MenuBarOrder, ShowsThePreferencesBeforeTheProgramComesToTheFront) {
+TEST_F(MenuBarControllerOrderTest, ShowsThePreferencesBeforeTheProgramComesToTheFront) {
   std::optional<bool> wereVisible;
   watched.application().onActivation = [&] {
     wereVisible = desktop.tabbedWindow() != nullptr && desktop.tabbedWindow()->isVisible();

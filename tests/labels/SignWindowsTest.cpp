@@ -95,7 +95,7 @@ class SlowlyFadingWindow final : public ForwardingWindow {
   }
 };
 
-class SignWindow : public LabelFixture {
+class SignWindowsTest : public LabelFixture {
  protected:
   /// Runs the whole program until the tour is over and all labels are there, and a priming tick just over.
   void runProgram(Disguise disguise) {
@@ -123,7 +123,7 @@ class SignWindow : public LabelFixture {
   std::optional<AppDelegate> program_;
 };
 
-TEST_F(SignWindow, IsOrderedInWithItsContent) {
+TEST_F(SignWindowsTest, IsOrderedInWithItsContent) {
   std::vector<bool> hadContent;
   runProgram([&hadContent](auto inner) { return std::make_unique<NotingWindow>(std::move(inner), hadContent); });
   // The three labels and the tour's overlay.
@@ -131,7 +131,7 @@ TEST_F(SignWindow, IsOrderedInWithItsContent) {
   EXPECT_THAT(hadContent, Each(true));
 }
 
-TEST_F(SignWindow, HasTheSwipeOpacityEvenWhereADirectSetEndsNoFade) {
+TEST_F(SignWindowsTest, HasTheSwipeOpacityEvenWhereADirectSetEndsNoFade) {
   runProgramUntilASwipeMeetsAFade(
       [this](auto inner) { return std::make_unique<StubbornlyFadingWindow>(std::move(inner), desktop.time()); });
   EXPECT_THAT(alphas(), ElementsAre(0.0, 0.78, 0.78));
@@ -139,14 +139,14 @@ TEST_F(SignWindow, HasTheSwipeOpacityEvenWhereADirectSetEndsNoFade) {
   EXPECT_THAT(alphas(), ElementsAre(0.0, 0.78, 0.78));
 }
 
-TEST_F(SignWindow, HasTheSwipeOpacityAtOnceEvenWhereEveryAnimationTakesTime) {
+TEST_F(SignWindowsTest, HasTheSwipeOpacityAtOnceEvenWhereEveryAnimationTakesTime) {
   runProgramUntilASwipeMeetsAFade([](auto inner) { return std::make_unique<SlowlyFadingWindow>(std::move(inner)); });
   EXPECT_THAT(alphas(), ElementsAre(0.0, 0.78, 0.78));
   EXPECT_FALSE(label(1).isAnimating());
   EXPECT_FALSE(label(2).isAnimating());
 }
 
-TEST_F(SignWindow, KeepsItsTextWhenPreferencesAndScreensChange) {
+TEST_F(SignWindowsTest, KeepsItsTextWhenPreferencesAndScreensChange) {
   startVisitedLabels();
   dynamic_cast<SignView&>(*label(1).contentView()).setText("Written by another hand");
   preferences().setSignTextSize(80.0);

@@ -7,12 +7,12 @@ namespace {
 
 using ::testing::ElementsAre;
 
-using SignShowing = LabelFixture;
+using SpaceSignWindowControllerShowingTest = LabelFixture;
 
 /// The name of the tenth desktop is a character longer, so that its label reaches beyond the others on both sides.
-class SignShowingAmongTen : public LabelFixture {
+class SpaceSignWindowControllerShowingAmongTenTest : public LabelFixture {
  protected:
-  SignShowingAmongTen() : LabelFixture(10) {}
+  SpaceSignWindowControllerShowingAmongTenTest() : LabelFixture(10) {}
 
   void movesPointerOverOnlyTheTenth() {
     const platform::Point point{165.0, 450.0};
@@ -24,7 +24,7 @@ class SignShowingAmongTen : public LabelFixture {
   }
 };
 
-TEST_F(SignShowing, EndsWhateverThePreferencesAreByThen) {
+TEST_F(SpaceSignWindowControllerShowingTest, EndsWhateverThePreferencesAreByThen) {
   startBetweenTicks();
   showAllFully();
   preferences().setShowSignAfterSelection(false);
@@ -35,7 +35,7 @@ TEST_F(SignShowing, EndsWhateverThePreferencesAreByThen) {
   EXPECT_THAT(alphas(), ElementsAre(0.0, 0.5, 0.5));
 }
 
-TEST_F(SignShowingAmongTen, EndsWhenThePointerEntersTheHiddenLabelInFront) {
+TEST_F(SpaceSignWindowControllerShowingAmongTenTest, EndsWhenThePointerEntersTheHiddenLabelInFront) {
   startVisitedLabels();
   desktop.switchTo(desktop.desktopAt(9));
   desktop.advance(1s);
@@ -47,7 +47,7 @@ TEST_F(SignShowingAmongTen, EndsWhenThePointerEntersTheHiddenLabelInFront) {
   EXPECT_TRUE(label(0).isAnimating());
 }
 
-TEST_F(SignShowingAmongTen, EndsWhenThePointerEntersAHiddenLabelOfAnotherDesktop) {
+TEST_F(SpaceSignWindowControllerShowingAmongTenTest, EndsWhenThePointerEntersAHiddenLabelOfAnotherDesktop) {
   startVisitedLabels();
   preferences().setShowSignInSwipeMode(false);
   desktop.advance(1s);
