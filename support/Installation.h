@@ -10,8 +10,7 @@
 namespace roomlattice {
 
 /// Makes a platform the one the process runs on, and owns the program's shared instances: they are made on first use
-/// and end, last made first, with this object. One at a time; the platform must outlive it. Main
-/// thread only.
+/// and end, last made first, with this object. One at a time; the platform must outlive it.
 class Installation {
  public:
   explicit Installation(platform::Platform& platform);

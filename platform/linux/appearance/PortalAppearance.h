@@ -12,7 +12,7 @@
 namespace roomlattice::platform::linux {
 
 /// What the desktop portal (org.freedesktop.portal.Settings, namespace org.freedesktop.appearance) tells of the user's
-/// choices. It is asked without waiting, so that everything is unknown at first. Main thread only.
+/// choices. It is asked without waiting, so that everything is unknown at first.
 class PortalAppearance {
  public:
   /// `changed` is called from the event loop when one of the answers has changed.

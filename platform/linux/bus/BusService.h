@@ -10,7 +10,7 @@
 namespace roomlattice::platform::linux {
 
 /// A service on a message bus, known by a name that one program at a time owns. Signals are taken from that program
-/// only. Main thread only.
+/// only.
 class BusService {
  public:
   /// `ownerChanged` is called from the event loop when the service gets an owner, another one or none.

@@ -45,7 +45,7 @@ struct BusSignal {
 
 /// A connection to one of the desktop's message buses (D-Bus), which is never waited for longer than the caller wants.
 /// There may be none, and it may break at any time; nothing is heard from it then. What is asked for while it is still
-/// being made waits for it. Main thread only.
+/// being made waits for it.
 class MessageBus {
  public:
   enum class Kind { Session, System };

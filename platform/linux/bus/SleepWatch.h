@@ -6,7 +6,7 @@
 namespace roomlattice::platform::linux {
 
 /// Hears from logind (org.freedesktop.login1 on the system bus) that the machine has woken from sleep. Without it,
-/// nothing is heard. Main thread only.
+/// nothing is heard.
 class SleepWatch {
  public:
   /// Posts didWake to `workspaceCenter`.

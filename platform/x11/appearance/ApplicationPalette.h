@@ -8,7 +8,7 @@
 namespace roomlattice::platform::x11 {
 
 /// The colours of the Qt application. They come from the desktop's Qt theme where there is one; where there is none, or
-/// it does not go with the appearance wanted, plain light or dark ones stand in. Main thread only.
+/// it does not go with the appearance wanted, plain light or dark ones stand in.
 class ApplicationPalette final : private QWidget {
  public:
   /// `changed` is called from the event loop when the theme itself has brought other colours.

@@ -15,7 +15,7 @@ namespace roomlattice::platform::x11 {
 
 /// Light or dark, and the accent colour, as the desktop has them set: by the portal's word, else by the name of the
 /// theme that the XSETTINGS manager publishes, else by the colours of the Qt theme. The application's own colours
-/// follow. Main thread only.
+/// follow.
 class X11Appearance {
  public:
   /// A change between light and dark is posted to `distributedCenter` as interfaceThemeChanged.

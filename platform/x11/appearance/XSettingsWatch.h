@@ -9,7 +9,7 @@
 
 namespace roomlattice::platform::x11 {
 
-/// The settings that the screen's XSETTINGS manager publishes, as they are now. Main thread only.
+/// The settings that the screen's XSETTINGS manager publishes, as they are now.
 class XSettingsWatch {
  public:
   /// `changed` is called from the event loop when they may have changed.

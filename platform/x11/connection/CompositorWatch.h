@@ -9,7 +9,7 @@
 
 namespace roomlattice::platform::x11 {
 
-/// Whether translucent windows are blended with what is below them. Main thread only.
+/// Whether translucent windows are blended with what is below them.
 ///
 /// A compositing manager owns the selection _NET_WM_CM_Sn (EWMH), but it may take it before it starts and keep it
 /// without compositing; so a window is asked for as well that nobody has redirected unless there is compositing.

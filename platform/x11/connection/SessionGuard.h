@@ -20,8 +20,8 @@ WindowManagerWait waitForWindowManager(X11Connection& connection, const linux::T
 /// the toolkit connects: until there is a SessionGuard, nothing else watches.
 void watchToolkitConnection();
 
-/// Ends the program, with a line on standard error and status 1, when it has lost what it runs on: at once when the
-/// X server has gone, and when the window manager has gone and none has come for a while. Main thread only.
+/// Ends the program, with a line on standard error and status 1, when it has lost what it runs on: at once when the X
+/// server has gone, and when the window manager has gone and none has come for a while.
 class SessionGuard {
  public:
   SessionGuard(X11Connection& connection, WindowManagerWatch& windowManager);

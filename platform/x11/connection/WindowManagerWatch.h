@@ -21,7 +21,7 @@ struct WindowManager {
 /// The window manager that runs on the screen now; nothing while there is none.
 std::optional<WindowManager> findWindowManager(X11Connection& connection);
 
-/// Follows window managers coming, going and replacing each other. Main thread only.
+/// Follows window managers coming, going and replacing each other.
 class WindowManagerWatch {
  public:
   explicit WindowManagerWatch(X11Connection& connection);

@@ -58,7 +58,7 @@ void sendToRoot(xcb_connection_t* connection, xcb_window_t root, xcb_window_t wi
                 const std::array<std::uint32_t, 5>& data);
 
 /// The program's own connection to the X server, beside the toolkit's: what it listens to and asks for goes through
-/// here. Events of windows are only seen by the connection that selected them. Main thread only.
+/// here. Events of windows are only seen by the connection that selected them.
 class X11Connection {
  public:
   using EventHandler = std::function<void(const xcb_generic_event_t& event)>;

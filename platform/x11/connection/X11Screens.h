@@ -19,7 +19,7 @@ namespace roomlattice::platform::x11 {
 
 /// The screens of the Qt application and the ways between the three kinds of coordinates: the program's (points, origin
 /// at the bottom left of the primary screen, y up), Qt's (points, origin at the top left, y down) and the X server's
-/// (pixels, origin at the top left of the root window, y down). Main thread only.
+/// (pixels, origin at the top left of the root window, y down).
 class X11Screens {
  public:
   /// Changes are posted to `defaultCenter` as didChangeScreenParameters, once for all that come together.

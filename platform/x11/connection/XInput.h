@@ -9,7 +9,7 @@
 
 namespace roomlattice::platform::x11 {
 
-/// Version 2 of the X input extension on the program's own connection (XInput 2.4). Main thread only.
+/// Version 2 of the X input extension on the program's own connection (XInput 2.4).
 class XInput {
  public:
   using EventHandler = std::function<void(const xcb_ge_generic_event_t& event)>;

@@ -26,7 +26,7 @@ struct DesktopList {
   bool operator==(const DesktopList&) const = default;
 };
 
-/// Where the desktops of a screen are known and switched. Main thread only.
+/// Where the desktops of a screen are known and switched.
 class DesktopSource {
  public:
   virtual ~DesktopSource() = default;

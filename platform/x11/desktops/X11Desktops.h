@@ -14,7 +14,7 @@
 
 namespace roomlattice::platform::x11 {
 
-/// The desktops of the screen, whoever manages them, and switching between them. Main thread only.
+/// The desktops of the screen, whoever manages them, and switching between them.
 class X11Desktops {
  public:
   /// Every change of the list or of the current desktop is posted to `workspaceCenter` as activeSpaceDidChange.

@@ -8,7 +8,7 @@
 
 namespace roomlattice::platform::x11 {
 
-/// Sees the key presses of the application before its widgets do. Main thread only.
+/// Sees the key presses of the application before its widgets do.
 class KeyMonitor final : private QObject {
  public:
   using Handler = std::function<KeyDisposition(const KeyEvent&)>;

@@ -11,7 +11,7 @@ namespace roomlattice::platform::x11 {
 
 /// Follows the pointer wherever it is, without polling: the server tells of every motion of the devices (raw motion of
 /// XInput 2), also while another application has grabbed the pointer. Nothing is selected while nobody listens. Motions
-/// that a program makes by warping the pointer are not seen. Main thread only.
+/// that a program makes by warping the pointer are not seen.
 class PointerMonitor {
  public:
   PointerMonitor(X11Connection& connection, XInput& input, const X11Screens& screens);

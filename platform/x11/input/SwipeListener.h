@@ -10,7 +10,7 @@
 namespace roomlattice::platform::x11 {
 
 /// Hears the swipes of every touchpad, also of those plugged in later, as long as it lives. Over a window whose
-/// application itself listens to gestures the server tells only that application. Main thread only.
+/// application itself listens to gestures the server tells only that application.
 class SwipeListener {
  public:
   /// `handler` gets the events of Dock swipes, from the event loop. `input` must have gestures.

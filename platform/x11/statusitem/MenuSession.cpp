@@ -16,9 +16,7 @@ MenuSession::MenuSession(Menu& menu, QPoint corner, QObject& owner, std::functio
     : closed_(std::move(closed)), popup_(std::make_unique<QMenu>()) {
   // The click that closes the menu is not to open it again.
   popup_->setAttribute(Qt::WA_NoMouseReplay);
-  if (menu.needsUpdate) {
-    menu.needsUpdate(menu);
-  }
+  menu.needsUpdate(menu);
   addItems(menu, owner);
   connect(popup_.get(), &QMenu::hovered, this, [this](QAction* action) { highlight(hostOf(action)); });
   connect(popup_.get(), &QMenu::aboutToHide, this, [this] { close(); });

@@ -14,7 +14,7 @@ class QWidgetAction;
 namespace roomlattice::platform::x11 {
 
 /// A menu while it is open: a native popup with the menu's items, its rows worked by mouse and keyboard. The rows are
-/// hosted exactly as long as the session lives. Main thread only.
+/// hosted exactly as long as the session lives.
 class MenuSession final : private QObject {
  public:
   /// Has the menu brought up to date and opens it with its top right corner at `corner`, in Qt's coordinates, or where

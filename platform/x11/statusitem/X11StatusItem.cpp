@@ -32,9 +32,8 @@ StatusBarColors barColors(std::optional<Appearance> appearance, bool blended) {
 
 }  // namespace
 
-X11StatusItem::X11StatusItem(X11Connection& connection, WindowManagerWatch& windowManager,
-                                   X11Appearance& appearance, CompositorWatch& compositor,
-                                   const StatusItemLength& length)
+X11StatusItem::X11StatusItem(X11Connection& connection, WindowManagerWatch& windowManager, X11Appearance& appearance,
+                             CompositorWatch& compositor, const StatusItemLength& length)
     : QWidget(nullptr, itemWindowFlags),
       connection_(connection),
       windowManager_(windowManager),
@@ -44,17 +43,15 @@ X11StatusItem::X11StatusItem(X11Connection& connection, WindowManagerWatch& wind
       native_(connection, translucent(*this)) {
   setAttribute(Qt::WA_ShowWithoutActivating);
   setWindowTitle(QStringLiteral("Roomlattice"));
-  layOutSoon_.setSingleShot(true);
-  layOutSoon_.callOnTimeout(this, [this] { layOut(); });
   compositorChanges_ = compositor_.observe([this] { update(); });
   followScreens();
-  layOutSoon_.start(0);
+  layOutSoon_.start();
 }
 
 void X11StatusItem::setLength(const StatusItemLength& length) {
   if (length != length_) {
     length_ = length;
-    layOutSoon_.start(0);
+    layOutSoon_.start();
   }
 }
 
@@ -80,7 +77,7 @@ void X11StatusItem::setContent(const StatusButtonContent& content) {
     content_ = content;
     setAccessibleName(singleLine(content.title.text).trimmed());
     update();
-    layOutSoon_.start(0);
+    layOutSoon_.start();
   }
 }
 
@@ -97,13 +94,13 @@ void X11StatusItem::changeEvent(QEvent* event) {
     update();
   } else if (event->type() == QEvent::FontChange) {
     update();
-    layOutSoon_.start(0);
+    layOutSoon_.start();
   }
   QWidget::changeEvent(event);
 }
 
 void X11StatusItem::followScreens() {
-  const auto moved = [this] { layOutSoon_.start(0); };
+  const auto moved = [this] { layOutSoon_.start(); };
   const auto follow = [this, moved](QScreen* screen) {
     QObject::connect(screen, &QScreen::geometryChanged, this, moved);
   };

@@ -1,13 +1,13 @@
 #pragma once
 
 #include "platform/StatusItem.h"
+#include "platform/linux/system/OneShotTimer.h"
 #include "platform/x11/appearance/X11Appearance.h"
 #include "platform/x11/connection/CompositorWatch.h"
 #include "platform/x11/connection/NativeWindow.h"
 #include "platform/x11/connection/WindowManagerWatch.h"
 #include "platform/x11/statusitem/MenuSession.h"
 
-#include <QTimer>
 #include <QWidget>
 #include <memory>
 
@@ -21,7 +21,7 @@ namespace roomlattice::platform::x11 {
 class X11StatusItem final : public QWidget, public StatusItem, public StatusButton {
  public:
   X11StatusItem(X11Connection& connection, WindowManagerWatch& windowManager, X11Appearance& appearance,
-                   CompositorWatch& compositor, const StatusItemLength& length);
+                CompositorWatch& compositor, const StatusItemLength& length);
 
   StatusButton* button() override { return this; }
   void setLength(const StatusItemLength& length) override;
@@ -53,7 +53,7 @@ class X11StatusItem final : public QWidget, public StatusItem, public StatusButt
   std::unique_ptr<MenuSession> session_;
   double itemWidth_ = 0.0;
   NativeWindow native_;
-  QTimer layOutSoon_;
+  linux::OneShotTimer layOutSoon_{[this] { layOut(); }};
   Registration compositorChanges_;
 };
 

@@ -10,9 +10,7 @@ namespace {
 
 /// On a later turn, whatever has gone by then: the completion may be all that keeps its window.
 void callLater(std::function<void()> completion) {
-  if (completion) {
-    QMetaObject::invokeMethod(qApp, std::move(completion), Qt::QueuedConnection);
-  }
+  QMetaObject::invokeMethod(qApp, std::move(completion), Qt::QueuedConnection);
 }
 
 }  // namespace

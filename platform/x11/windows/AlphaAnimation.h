@@ -7,7 +7,7 @@
 
 namespace roomlattice::platform::x11 {
 
-/// An opacity that is set or moves to a value in the toolkit's own steps. Main thread only.
+/// An opacity that is set or moves to a value in the toolkit's own steps.
 class AlphaAnimation {
  public:
   /// `changed` is called on every change of the value.

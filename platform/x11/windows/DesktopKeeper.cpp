@@ -19,10 +19,8 @@ constexpr std::chrono::milliseconds correctionDelay(20);
 DesktopKeeper::DesktopKeeper(OverlayEnvironment& environment, const QWidget& widget, NativeWindow& window,
                              CollectionBehavior behavior)
     : environment_(environment), widget_(widget), window_(window), behavior_(behavior) {
-  correctSoon_.setSingleShot(true);
-  correctSoon_.callOnTimeout(&correctSoon_, [this] { correct(); });
-  propertyEvents_ =
-      environment_.connection.observe(XCB_PROPERTY_NOTIFY, [this](const auto& event) { propertyChanged(event); });
+  propertyEvents_ = environment_.connection.observe<xcb_property_notify_event_t>(
+      [this](const xcb_property_notify_event_t& property) { propertyChanged(property); });
 }
 
 DesktopKeeper::~DesktopKeeper() {
@@ -57,8 +55,7 @@ void DesktopKeeper::windowWillAppear() {
   corrections_ = maximumCorrections;
 }
 
-void DesktopKeeper::propertyChanged(const xcb_generic_event_t& event) {
-  const auto& property = reinterpret_cast<const xcb_property_notify_event_t&>(event);
+void DesktopKeeper::propertyChanged(const xcb_property_notify_event_t& property) {
   if (property.window == window_.id() && property.atom == environment_.connection.ewmh()->_NET_WM_DESKTOP) {
     correctSoon_.start(correctionDelay);
   }

@@ -1,18 +1,18 @@
 #pragma once
 
 #include "platform/Window.h"
+#include "platform/linux/system/OneShotTimer.h"
 #include "platform/x11/connection/NativeWindow.h"
 #include "platform/x11/windows/OverlayEnvironment.h"
 
 #include <QElapsedTimer>
-#include <QTimer>
 #include <QWidget>
 #include <cstdint>
 
 namespace roomlattice::platform::x11 {
 
 /// Keeps an overlay window on its desktop, or on all desktops: some window managers move windows to the desktop of
-/// another window. Main thread only.
+/// another window.
 class DesktopKeeper {
  public:
   /// `widget` and `window` are the two sides of the overlay window and must outlive the keeper. The window's property
@@ -38,7 +38,7 @@ class DesktopKeeper {
   void windowWillAppear();
 
  private:
-  void propertyChanged(const xcb_generic_event_t& event);
+  void propertyChanged(const xcb_property_notify_event_t& property);
   void correct();
 
   OverlayEnvironment& environment_;
@@ -48,7 +48,7 @@ class DesktopKeeper {
   // How many more times in a row the window manager is asked to put the window back.
   int corrections_ = 0;
   QElapsedTimer sinceCorrection_;
-  QTimer correctSoon_;
+  linux::OneShotTimer correctSoon_{[this] { correct(); }};
   Registration propertyEvents_;
 };
 

@@ -27,8 +27,7 @@ struct Blending {
 enum class Hover { Entered, Left };
 
 /// Shows one of the program's views in a widget, as long as it lives, and brings the view its input; the view must live
-/// as long. The widget is as large as the view's frame, and repainted only when what the view shows has changed. Main
-/// thread only.
+/// as long. The widget is as large as the view's frame, and repainted only when what the view shows has changed.
 class HostedView final : public ViewHost {
  public:
   /// The widget is a child of `parent`, and not shown yet.

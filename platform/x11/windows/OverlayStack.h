@@ -8,7 +8,7 @@
 namespace roomlattice::platform::x11 {
 
 /// The order of the program's overlay windows among themselves: window managers know one layer above ordinary windows,
-/// so windows of a higher level are raised again whenever one of a lower level was. Main thread only.
+/// so windows of a higher level are raised again whenever one of a lower level was.
 class OverlayStack {
  public:
   void add(QWidget& window, WindowLevel level) { entries_.push_back({&window, level}); }

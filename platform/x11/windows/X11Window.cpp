@@ -12,7 +12,6 @@ namespace {
 /// Without blending, a window of no more than this alpha is not on the screen at all.
 constexpr double traceOfAlpha = 0.05;
 
-
 QRect pixelRect(const QRectF& frame) {
   return {static_cast<int>(std::lround(frame.x())), static_cast<int>(std::lround(frame.y())),
           std::max(static_cast<int>(std::ceil(frame.width())), 1),
@@ -29,8 +28,6 @@ X11Window::X11Window(OverlayEnvironment& environment, const OverlayWindowOptions
       alpha_(options.alpha, [this] { present(); }),
       paintsOpacity_(environment.windowManager.traits().ignoresOpacity) {
   surface_.place(pixelRect(environment_.screens.toQt(frame_)));
-  presentSoon_.setSingleShot(true);
-  presentSoon_.callOnTimeout(&surface_, [this] { present(); });
   compositorChanges_ = environment_.compositor.observe([this] {
     applyBlending();
     present();
@@ -76,7 +73,7 @@ void X11Window::orderFront() {
   } else {
     // The caller tells the desktop of the window after this call, in the same turn. A window that was on the screen
     // before that would flash on the active desktop.
-    presentSoon_.start(0);
+    presentSoon_.start();
   }
 }
 
@@ -94,7 +91,7 @@ void X11Window::present() {
   if (!isWantedOnScreen()) {
     presentSoon_.stop();
     surface_.hide();
-  } else if (!surface_.isVisible() && !presentSoon_.isActive()) {
+  } else if (!surface_.isVisible() && !presentSoon_.isRunning()) {
     map();
   }
   native_.flush();
@@ -156,19 +153,19 @@ void X11Window::listen() {
   constexpr std::uint32_t events = XCB_EVENT_MASK_STRUCTURE_NOTIFY | XCB_EVENT_MASK_PROPERTY_CHANGE;
   xcb_change_window_attributes(connection.raw(), native_.id(), XCB_CW_EVENT_MASK, &events);
   connection.flush();
-  reparentEvents_ = connection.observe(XCB_REPARENT_NOTIFY, [this](const auto& event) { reparented(event); });
-  propertyEvents_ = connection.observe(XCB_PROPERTY_NOTIFY, [this](const auto& event) { propertyChanged(event); });
+  reparentEvents_ = connection.observe<xcb_reparent_notify_event_t>(
+      [this](const xcb_reparent_notify_event_t& reparent) { reparented(reparent); });
+  propertyEvents_ = connection.observe<xcb_property_notify_event_t>(
+      [this](const xcb_property_notify_event_t& property) { propertyChanged(property); });
 }
 
-void X11Window::reparented(const xcb_generic_event_t& event) {
-  const auto& reparent = reinterpret_cast<const xcb_reparent_notify_event_t&>(event);
+void X11Window::reparented(const xcb_reparent_notify_event_t& reparent) {
   if (reparent.window == native_.id() && reparent.parent != environment_.connection.root()) {
     native_.passClicksThrough();
   }
 }
 
-void X11Window::propertyChanged(const xcb_generic_event_t& event) {
-  const auto& property = reinterpret_cast<const xcb_property_notify_event_t&>(event);
+void X11Window::propertyChanged(const xcb_property_notify_event_t& property) {
   const xcb_atom_t state = environment_.connection.ewmh()->_NET_WM_STATE;
   const xcb_atom_t attention = environment_.connection.ewmh()->_NET_WM_STATE_DEMANDS_ATTENTION;
   // Some window managers mark what appears without the focus.

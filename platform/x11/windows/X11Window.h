@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Window.h"
+#include "platform/linux/system/OneShotTimer.h"
 #include "platform/x11/connection/NativeWindow.h"
 #include "platform/x11/windows/AlphaAnimation.h"
 #include "platform/x11/windows/DesktopKeeper.h"
@@ -8,7 +9,6 @@
 #include "platform/x11/windows/OverlayEnvironment.h"
 #include "platform/x11/windows/OverlaySurface.h"
 
-#include <QTimer>
 #include <optional>
 #include <vector>
 
@@ -47,8 +47,8 @@ class X11Window final : public Window {
   void applyShape();
 
   void listen();
-  void reparented(const xcb_generic_event_t& event);
-  void propertyChanged(const xcb_generic_event_t& event);
+  void reparented(const xcb_reparent_notify_event_t& reparent);
+  void propertyChanged(const xcb_property_notify_event_t& property);
 
   OverlayEnvironment& environment_;
   Rect frame_;
@@ -62,7 +62,7 @@ class X11Window final : public Window {
   std::optional<double> writtenOpacity_;
   std::vector<xcb_rectangle_t> writtenShape_;
   bool paintsOpacity_ = false;
-  QTimer presentSoon_;
+  linux::OneShotTimer presentSoon_{[this] { present(); }};
   Registration compositorChanges_;
   Registration reparentEvents_;
   Registration propertyEvents_;

@@ -58,7 +58,7 @@ TEST_F(SwipeTranslatorTest, TellsASwipeFromItsDecisiveMotionToItsEnd) {
 TEST_F(SwipeTranslatorTest, MakesEventsOfTheUsersDockSwipes) {
   begin();
   move(-40.0, 0.0);
-  EXPECT_TRUE(isDockSwipe(last()));
+  EXPECT_TRUE(DockSwipe::read(last()));
   EXPECT_EQ(last().integer(EventField::SourceProcessID), 0);
   EXPECT_EQ(last().integer(EventField::SwipeAxis), 1);
   EXPECT_DOUBLE_EQ(last().real(EventField::Progress), 0.1);

@@ -23,7 +23,7 @@ TEST_F(X11WindowAlphaTest, AnimatesItsAlphaToTheEnd) {
 
 TEST_F(X11WindowAlphaTest, PassesThroughTheValuesBetween) {
   const auto window = makeOn(0);
-  window->animateAlpha(0.0, 200ms, {});
+  window->animateAlpha(0.0, 200ms, [] {});
   EXPECT_TRUE(waitFor([&] { return window->alpha() < 0.9 && window->alpha() > 0.1; }));
   EXPECT_TRUE(waitFor([&] { return window->alpha() == 0.0; }));
 }
@@ -41,7 +41,7 @@ TEST_F(X11WindowAlphaTest, EndsAnAnimationWithoutCompletionWhenItsAlphaIsSet) {
 TEST_F(X11WindowAlphaTest, AnimatesAgainAfterAnimationsThatEndedEarly) {
   const auto window = makeOn(0);
   for (int time = 0; time < 5; ++time) {
-    window->animateAlpha(0.0, 50ms, {});
+    window->animateAlpha(0.0, 50ms, [] {});
     window->setAlpha(1.0);
     if (time % 2 == 0) {
       settle();
