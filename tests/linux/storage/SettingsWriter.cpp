@@ -8,7 +8,7 @@
 int main(int, char** arguments) {
   using namespace roomlattice::platform;
   linux::LinuxDefaults defaults(arguments[1],
-                              [](const std::string& line) { std::fprintf(stderr, "%s\n", line.c_str()); });
+                                [](const std::string& line) { std::fprintf(stderr, "%s\n", line.c_str()); });
   const std::int64_t count = std::atoll(arguments[3]);
   for (std::int64_t number = 1; number <= count; ++number) {
     // Of changing length, so that a file put together of two versions would not be one.
