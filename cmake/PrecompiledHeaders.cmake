@@ -3,9 +3,16 @@
 set(precompiled_standard_headers <algorithm> <chrono> <functional> <map> <memory> <optional> <string> <utility> <variant>
                                  <vector>)
 
-# roomlattice_precompile(TARGET HEADER...)
+# roomlattice_precompile(TARGET [HEADER...] [LIKE OTHER]): the standard headers and those given, or what another target
+# has that is compiled with the same options.
 function(roomlattice_precompile target)
-  if(ROOMLATTICE_PRECOMPILED_HEADERS)
-    target_precompile_headers(${target} PRIVATE ${precompiled_standard_headers} ${ARGN})
+  cmake_parse_arguments(arg "" "LIKE" "" ${ARGN})
+  if(NOT ROOMLATTICE_PRECOMPILED_HEADERS)
+    return()
+  endif()
+  if(arg_LIKE)
+    target_precompile_headers(${target} REUSE_FROM ${arg_LIKE})
+  else()
+    target_precompile_headers(${target} PRIVATE ${precompiled_standard_headers} ${arg_UNPARSED_ARGUMENTS})
   endif()
 endfunction()
