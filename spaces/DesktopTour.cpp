@@ -104,7 +104,7 @@ void DesktopTour::end() {
   system_.log("[Roomlattice] tour end");
   onEnd();
   if (run_) {
-    // Another tour has begun meanwhile, and its completion has taken the place of this one's, as with any replaced tour.
+    // Another tour has begun meanwhile, whose completion has taken the place of this one's.
     completion = std::exchange(run_->completion, nullptr);
   }
   if (completion) {

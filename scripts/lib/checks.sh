@@ -37,6 +37,7 @@ check_paths() {
 # The tests of FooTest.cpp are called FooTest.Something; where fixtures or parameters differ, FooVariantTest.Something.
 check_suites() {
   cd "$root"
+  # shellcheck disable=SC2016  # The dollar signs are awk's.
   project_files 'tests/*.cpp' 'tests/*.mm' | xargs -d '\n' awk '
     /^(TEST|TEST_F|TEST_P|TYPED_TEST)\(/ {
       file = FILENAME
