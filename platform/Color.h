@@ -6,7 +6,7 @@ namespace roomlattice::platform {
 
 /// The only thing the program asks of a colour space: whether a colour in it has sRGB components.
 enum class ColorSpace {
-  sRGB,
+  SRGB,
   /// Patterns and the like: the components are whatever the platform reports, and there is no conversion.
   Unconvertible,
 };
@@ -17,10 +17,10 @@ struct Color {
   double green = 0.0;
   double blue = 0.0;
   double alpha = 1.0;
-  ColorSpace space = ColorSpace::sRGB;
+  ColorSpace space = ColorSpace::SRGB;
 
   /// This colour in sRGB, or nothing where it has no sRGB form.
-  std::optional<Color> inSRGB() const { return space == ColorSpace::sRGB ? std::optional(*this) : std::nullopt; }
+  std::optional<Color> inSRGB() const { return space == ColorSpace::SRGB ? std::optional(*this) : std::nullopt; }
 
   constexpr Color withAlpha(double newAlpha) const { return {red, green, blue, newAlpha, space}; }
 

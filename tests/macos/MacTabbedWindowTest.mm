@@ -143,7 +143,7 @@ TEST_F(MacTabbedWindowTest, TellsTheWellsColourInSRGB) {
   [well setColor:[NSColor colorWithCalibratedWhite:0.5 alpha:0.25]];
   [well sendAction:[well action] to:[well target]];
   EXPECT_EQ(heard_, "well 7");
-  EXPECT_EQ(color_.space, ColorSpace::sRGB);
+  EXPECT_EQ(color_.space, ColorSpace::SRGB);
   EXPECT_NEAR(color_.green, 0.5, 1e-6);
   EXPECT_NEAR(color_.alpha, 0.25, 1e-6);
 }

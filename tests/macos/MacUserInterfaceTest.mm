@@ -37,7 +37,7 @@ TEST(MacUserInterfaceTest, AsksForDarkBeforeLight) {
 
 TEST(MacUserInterfaceTest, GivesTheAccentColourInSRGB) {
   EXPECT_EQ(MacUserInterface().accentColor(), toColor([NSColor controlAccentColor]));
-  EXPECT_EQ(MacUserInterface().accentColor().space, ColorSpace::sRGB);
+  EXPECT_EQ(MacUserInterface().accentColor().space, ColorSpace::SRGB);
 }
 
 TEST(MacUserInterfaceTest, MarksColoursWithoutComponents) {

@@ -212,6 +212,17 @@ TEST_F(DesktopMenuTest, StaysWhereTheDesktopOfTheRowHasGoneMeanwhile) {
   EXPECT_EQ(desktop.activeSpace(), desktop.desktopAt(0));
 }
 
+TEST_F(DesktopMenuTest, SwitchesInTheStyleThatIsPreferredWhenTheMenuHasGone) {
+  openMenu();
+  user.clicksRow(1);
+  PreferencesStore::shared().setInstantMenuSwitch(true);
+  desktop.advance(0s);
+  PreferencesStore::shared().setInstantMenuSwitch(false);
+  // An animated swipe would not have ended yet.
+  desktop.advance(desktop.dock().settlingTime() + 10ms);
+  EXPECT_EQ(desktop.activeSpace(), desktop.desktopAt(1));
+}
+
 TEST_F(DesktopMenuTest, SwitchesToTheDesktopItListedWhereverThatIsNow) {
   openMenu();
   const platform::SpaceID third = desktop.desktopAt(2);

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
 namespace roomlattice::platform {
 namespace {
 
@@ -35,6 +37,23 @@ TEST(ViewTest, DoesNotMentionAFrameItHasAlready) {
   plate.setHost(&host);
   plate.setFrame({{0.0, 0.0}, {10.0, 20.0}});
   EXPECT_EQ(host.changes, 0);
+}
+
+TEST(ViewTest, HearsOnceThatItIsShownNoLonger) {
+  class Guest final : public Plate {
+   public:
+    void hostingEnded() override { endings.push_back(host()); }
+
+    std::vector<ViewHost*> endings;
+  };
+  Guest guest;
+  CountingHost host;
+  guest.setHost(nullptr);
+  guest.setHost(&host);
+  EXPECT_TRUE(guest.endings.empty());
+  guest.setHost(nullptr);
+  guest.setHost(nullptr);
+  EXPECT_EQ(guest.endings, std::vector<ViewHost*>{nullptr});
 }
 
 TEST(ViewTest, NeedsNoHost) {
