@@ -19,10 +19,10 @@ constexpr Gap gaps[] = {
     {"simulated", "SystemConformance.KeepsBytesThatAreNoText", noProcesses},
     {"simulated", "SystemConformance.DoesNotLookAtTheExitStatus", noProcesses},
     {"macos", "ApplicationConformance.TellsOnceThatItHasLaunched", exits},
-    {"macos", "DefaultsConformance.KeepsTheTypeOfEqualNumbers",
+    {"macos", "DataDefaultsConformance.KeepsTheTypeOfEqualNumbers",
      "GNUstep's defaults do not write a number over a Boolean that it takes for equal"},
-    {"macos", "JsonConformance.TellsIntegersFromDoubles", "GNUstep's parser makes a double of every number"},
-    {"macos", "JsonConformance.RefusesTrailingText", "GNUstep's parser does not look behind the document's end"},
+    {"macos", "DataJsonConformance.TellsIntegersFromDoubles", "GNUstep's parser makes a double of every number"},
+    {"macos", "DataJsonConformance.RefusesTrailingText", "GNUstep's parser does not look behind the document's end"},
 };
 
 }  // namespace
