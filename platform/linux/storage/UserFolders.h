@@ -5,7 +5,7 @@
 
 namespace roomlattice::platform::linux {
 
-/// The folders that the XDG Base Directory Specification gives the program for a user's files; they need not exist.
+/// The folders that the XDG base directory rules give the program for a user's files; they need not exist.
 /// Nothing for a user without a home.
 std::optional<std::filesystem::path> configurationFolder();
 std::optional<std::filesystem::path> stateFolder();

@@ -1,4 +1,4 @@
-// The runtime of blocks, after the interface that clang publishes ("Block Implementation Specification"). The one that
+// The runtime of blocks, after the interface that clang publishes for them ("Block-ABI-Apple"). The one that
 // Debian has for this compiler does not keep the Objective-C objects that a block has captured.
 #import <Foundation/Foundation.h>
 
