@@ -16,7 +16,7 @@ packages_for() {
       ;;
     # What stands for a Mac's frameworks when the macOS backend is tested.
     gnustep)
-      printf '%s\n' clang libclang-rt-14-dev libobjc-12-dev libgnustep-gui-dev gnustep-base-runtime \
+      printf '%s\n' clang lld libclang-rt-14-dev libobjc-12-dev libgnustep-gui-dev gnustep-base-runtime \
         gnustep-gui-runtime gnustep-back0.29-cairo
       ;;
     bench) printf '%s\n' libbenchmark-dev ;;
