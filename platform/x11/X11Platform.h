@@ -20,6 +20,7 @@
 #include "platform/x11/input/X11Events.h"
 #include "support/InProcessNotifications.h"
 #include "support/JsonText.h"
+#include "support/NoControlEndpoint.h"
 
 #include <memory>
 
@@ -35,6 +36,7 @@ class X11Platform final : public Platform {
   ~X11Platform() override;
 
   Application& application() override { return application_; }
+  ControlEndpoint& control() override { return control_; }
   Defaults& defaults() override { return defaults_; }
   Dispatcher& dispatcher() override { return dispatcher_; }
   Events& events() override { return events_; }
@@ -65,6 +67,7 @@ class X11Platform final : public Platform {
   linux::SleepWatch sleep_;
   X11Events events_;
   X11UserInterface userInterface_;
+  NoControlEndpoint control_;
   Registration termination_;
 };
 
