@@ -3,6 +3,7 @@
 #include "platform/Platform.h"
 #include "platform/linux/bus/MessageBus.h"
 #include "platform/linux/bus/SleepWatch.h"
+#include "platform/linux/control/LinuxControlEndpoint.h"
 #include "platform/linux/storage/LinuxDefaults.h"
 #include "platform/linux/system/LinuxDispatcher.h"
 #include "platform/linux/system/LinuxSystem.h"
@@ -20,7 +21,6 @@
 #include "platform/x11/input/X11Events.h"
 #include "support/InProcessNotifications.h"
 #include "support/JsonText.h"
-#include "support/NoControlEndpoint.h"
 
 #include <memory>
 
@@ -56,6 +56,7 @@ class X11Platform final : public Platform {
   JsonTextCodec json_;
   linux::LinuxDispatcher dispatcher_;
   linux::MessageBus sessionBus_;
+  linux::LinuxControlEndpoint control_;
   linux::MessageBus systemBus_;
   WindowManagerWatch windowManager_;
   SessionGuard guard_;
@@ -67,7 +68,6 @@ class X11Platform final : public Platform {
   linux::SleepWatch sleep_;
   X11Events events_;
   X11UserInterface userInterface_;
-  NoControlEndpoint control_;
   Registration termination_;
 };
 
