@@ -16,7 +16,7 @@ namespace {
 
 using namespace std::string_view_literals;
 
-constexpr std::uint64_t answerLimit = 5'000'000;  // microseconds
+constexpr std::uint64_t answerLimit = 25'000'000;  // microseconds
 constexpr const char* propertiesInterface = "org.freedesktop.DBus.Properties";
 
 /// What the bus says where nobody has the name.

@@ -24,7 +24,9 @@ class ProgramControlTest : public ::testing::Test {
     return user_.startAndTour() && waitFor([this] { return ctl({"list"}) == 0; });
   }
 
-  bool isOnDesktop(int desktop) { return user_.isOnDesktop(desktop); }
+  bool isOnDesktop(int desktop) {
+    return waitFor([&] { return user_.isOnDesktop(desktop); });
+  }
 
   Program& program() { return user_.program(); }
 
