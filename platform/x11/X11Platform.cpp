@@ -4,6 +4,7 @@
 #include "platform/linux/system/CommandLine.h"
 #include "platform/linux/system/EnvironmentVariable.h"
 #include "platform/linux/system/QtMessages.h"
+#include "platform/linux/system/StandardStreams.h"
 
 #include <chrono>
 #include <cstdlib>
@@ -104,6 +105,7 @@ X11Platform::~X11Platform() {
 }  // namespace x11
 
 std::variant<std::unique_ptr<Platform>, ExitStatus> makeNativePlatform(int& argc, char** argv) {
+  linux::prepareStandardStreams();
   if (const std::optional<ExitStatus> status = linux::answerCommandLine(argc, argv)) {
     return *status;
   }

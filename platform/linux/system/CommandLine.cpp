@@ -1,5 +1,6 @@
 #include "platform/linux/system/CommandLine.h"
 
+#include "platform/linux/system/StandardStreams.h"
 #include "platform/linux/system/SystemLog.h"
 
 #include <chrono>
@@ -50,7 +51,7 @@ std::optional<ExitStatus> answerCommandLine(int argc, const char* const* argv) {
 }
 
 void printError(const std::string& message) {
-  std::fprintf(stderr, "roomlattice: %s\n", message.c_str());
+  writeToStandardError("roomlattice: " + message + "\n");
 }
 
 }  // namespace roomlattice::platform::linux

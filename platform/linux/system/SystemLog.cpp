@@ -3,6 +3,7 @@
 #include "platform/linux/storage/UserFolders.h"
 #include "platform/linux/system/ChildRunner.h"
 #include "platform/linux/system/LogLine.h"
+#include "platform/linux/system/StandardStreams.h"
 
 #include <QStandardPaths>
 #include <chrono>
@@ -45,7 +46,7 @@ void SystemLog::write(const std::string& line) {
   const std::string stamped = stampedLogLine(std::chrono::system_clock::now(), line);
   const bool isInJournal = journal_ && journal_->write(line);
   if (!isInJournal || !standardErrorIsJournal()) {
-    writeAll(STDERR_FILENO, stamped);
+    writeToStandardError(stamped);
   }
   if (file_) {
     file_->append(stamped);

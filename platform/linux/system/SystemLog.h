@@ -21,7 +21,7 @@ class SystemLog {
   /// $XDG_STATE_HOME/roomlattice/log; nothing for a user without a home.
   static std::optional<std::filesystem::path> standardPath();
 
-  /// Writes a line, given without its end.
+  /// Writes a line, given without its end. Any thread.
   void write(const std::string& line);
 
  private:
