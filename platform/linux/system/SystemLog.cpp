@@ -5,7 +5,6 @@
 #include "platform/linux/system/LogLine.h"
 #include "platform/linux/system/StandardStreams.h"
 
-#include <QStandardPaths>
 #include <chrono>
 #include <unistd.h>
 #include <utility>
@@ -14,16 +13,18 @@
 namespace roomlattice::platform::linux {
 namespace {
 
-std::string linesOfJournal(std::chrono::minutes duration, const std::filesystem::path& socket) {
-  const std::string tool = QStandardPaths::findExecutable(QStringLiteral("journalctl")).toStdString();
-  if (tool.empty() || !Journal::open(socket)) {
+// A search of a large journal on a slow disk takes seconds.
+constexpr std::chrono::seconds searchLimit{10};
+
+std::string linesOfJournal(std::chrono::minutes duration, const JournalPlace& journal) {
+  if (!Journal::open(journal.socket)) {
     return {};
   }
-  const auto result = ChildRunner().run(tool,
+  const auto result = ChildRunner().run(journal.tool.string(),
                                         {"--quiet", "--no-pager", "--all", "--output=short-iso-precise",
                                          "--since=-" + std::to_string(duration.count()) + "min",
                                          "SYSLOG_IDENTIFIER=Roomlattice", "_UID=" + std::to_string(getuid())},
-                                        {.errorOutput = ChildRunner::ErrorOutput::Discarded});
+                                        {.errorOutput = ChildRunner::ErrorOutput::Discarded, .limit = searchLimit});
   const auto* ended = std::get_if<ChildResult>(&result);
   return ended != nullptr && ended->succeeded ? ended->bytes : std::string();
 }
@@ -53,7 +54,7 @@ void SystemLog::write(const std::string& line) {
   }
 }
 
-std::string recentLog(std::chrono::minutes duration, const std::filesystem::path& journal) {
+std::string recentLog(std::chrono::minutes duration, const JournalPlace& journal) {
   std::string lines = linesOfJournal(duration, journal);
   if (const auto path = SystemLog::standardPath(); lines.empty() && path) {
     lines = logSince(std::chrono::system_clock::now() - duration, LogFile(*path).contents());
