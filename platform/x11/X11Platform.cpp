@@ -87,7 +87,7 @@ X11Platform::X11Platform(std::unique_ptr<X11Connection> connection, std::unique_
       sessionBus_(linux::MessageBus::Kind::Session),
       systemBus_(linux::MessageBus::Kind::System),
       windowManager_(*connection_),
-      guard_(*connection_, windowManager_),
+      guard_(*connection_, *lock_, windowManager_, [this] { defaults_.finishWriting(); }),
       desktops_(*connection_, sessionBus_, windowManager_, notifications_.workspaceCenter()),
       windowServer_(*connection_, desktops_, attachments_),
       screens_(*connection_, notifications_.defaultCenter()),
