@@ -1,10 +1,13 @@
 #include "platform/x11/X11Platform.h"
 
 #include "platform/NativePlatform.h"
+#include "platform/linux/bus/BusAddress.h"
 #include "platform/linux/system/CommandLine.h"
 #include "platform/linux/system/EnvironmentVariable.h"
+#include "platform/linux/system/LastResort.h"
 #include "platform/linux/system/QtMessages.h"
 #include "platform/linux/system/StandardStreams.h"
+#include "platform/x11/ToolkitEnvironment.h"
 
 #include <chrono>
 #include <cstdlib>
@@ -21,6 +24,9 @@ using linux::environmentVariable;
 
 // At the start of a session programs may be started before the window manager is there.
 constexpr std::chrono::milliseconds windowManagerStart = 5s;
+
+// A bus that works lets anybody in within a few milliseconds.
+constexpr std::chrono::milliseconds busAnswer = 1s;
 
 constexpr ExitStatus noDesktop{1};
 
@@ -57,6 +63,12 @@ std::variant<std::unique_ptr<Platform>, ExitStatus> start(int& argc, char** argv
                                      : "no X11 display: DISPLAY is not set");
   }
   static const linux::TerminationSignals signals;
+  if (const std::optional<std::string> lack = linux::lackOfResources()) {
+    return refuse(*lack);
+  }
+  if (const std::optional<std::string> setting = unusableToolkitSetting()) {
+    return refuse(*setting);
+  }
   std::unique_ptr<X11Connection> connection = X11Connection::open();
   if (connection == nullptr) {
     return refuse("cannot connect to the X11 display " + displayName());
@@ -70,6 +82,7 @@ std::variant<std::unique_ptr<Platform>, ExitStatus> start(int& argc, char** argv
   }
   // Also where the environment asks the toolkit for another platform: the windows are X windows.
   setenv("QT_QPA_PLATFORM", "xcb", 1);
+  static const Registration muteBus = linux::hideMuteSessionBus(busAnswer);
   linux::redirectQtMessages();
   watchToolkitConnection();
   return std::make_unique<X11Platform>(std::move(connection), std::move(lock), signals, argc, argv);
@@ -106,6 +119,7 @@ X11Platform::~X11Platform() {
 
 std::variant<std::unique_ptr<Platform>, ExitStatus> makeNativePlatform(int& argc, char** argv) {
   linux::prepareStandardStreams();
+  linux::endWithALineWhereNothingHelps();
   if (const std::optional<ExitStatus> status = linux::answerCommandLine(argc, argv)) {
     return *status;
   }
