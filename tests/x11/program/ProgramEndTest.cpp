@@ -49,6 +49,16 @@ TEST_P(ProgramEndBySignalTest, IsInGoodOrder) {
   EXPECT_THAT(program.complaints(), IsEmpty());
 }
 
+TEST_P(ProgramEndBySignalTest, IsOneForSignalsThatComeTogether) {
+  const X11Session session;
+  Program program;
+  ASSERT_TRUE(program.isUp()) << program.process().errorOutput();
+  for (int i = 0; i < 5; ++i) {
+    program.process().signal(GetParam());
+  }
+  EXPECT_EQ(program.exitStatus(), 0);
+}
+
 INSTANTIATE_TEST_SUITE_P(OfTheProgram, ProgramEndBySignalTest, ::testing::Values(SIGTERM, SIGINT, SIGHUP));
 
 TEST(ProgramEndTest, IsNotBroughtAboutByASignalItWasStartedToIgnore) {
