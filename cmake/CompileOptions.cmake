@@ -17,6 +17,13 @@ target_compile_options(
             -Wno-missing-field-initializers
             $<$<BOOL:${ROOMLATTICE_WARNINGS_AS_ERRORS}>:-Werror>)
 
+if(ROOMLATTICE_FUZZERS)
+  # What the fuzzers read is watched, so that they learn what leads on.
+  set(watched -fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_compile_options(roomlattice_options INTERFACE ${watched})
+  target_link_options(roomlattice_options INTERFACE -fsanitize=address,undefined)
+endif()
+
 if(ROOMLATTICE_SANITIZERS)
   # In the tests themselves undefined behaviour is not worth the time that looking for it takes the compiler.
   target_compile_options(

@@ -1,10 +1,14 @@
 #include "platform/x11/X11Platform.h"
 
 #include "platform/NativePlatform.h"
+#include "platform/linux/bus/BusAddress.h"
 #include "platform/linux/control/ControlNames.h"
 #include "platform/linux/system/CommandLine.h"
 #include "platform/linux/system/EnvironmentVariable.h"
+#include "platform/linux/system/LastResort.h"
 #include "platform/linux/system/QtMessages.h"
+#include "platform/linux/system/StandardStreams.h"
+#include "platform/x11/ToolkitEnvironment.h"
 #include "platform/x11/connection/PanelWait.h"
 #include "platform/x11/connection/SecondStart.h"
 
@@ -26,6 +30,9 @@ using linux::environmentVariable;
 constexpr std::chrono::milliseconds windowManagerStart = 5s;
 constexpr std::chrono::milliseconds windowManagerAtLogin = 60s;
 constexpr std::chrono::milliseconds panelAtLogin = 15s;
+
+// A bus that works lets anybody in within a few milliseconds.
+constexpr std::chrono::milliseconds busAnswer = 1s;
 
 constexpr ExitStatus noDesktop{1};
 
@@ -64,6 +71,12 @@ std::variant<std::unique_ptr<Platform>, ExitStatus> start(int& argc, char** argv
                                      : "no X11 display: DISPLAY is not set");
   }
   static const linux::TerminationSignals signals;
+  if (const std::optional<std::string> lack = linux::lackOfResources()) {
+    return refuse(*lack);
+  }
+  if (const std::optional<std::string> setting = unusableToolkitSetting()) {
+    return refuse(*setting);
+  }
   std::unique_ptr<X11Connection> connection = X11Connection::open();
   if (connection == nullptr) {
     return refuse("cannot connect to the X11 display " + displayName());
@@ -81,6 +94,7 @@ std::variant<std::unique_ptr<Platform>, ExitStatus> start(int& argc, char** argv
   }
   // Also where the environment asks the toolkit for another platform: the windows are X windows.
   setenv("QT_QPA_PLATFORM", "xcb", 1);
+  static const Registration muteBus = linux::hideMuteSessionBus(busAnswer);
   linux::redirectQtMessages();
   watchToolkitConnection();
   return std::make_unique<X11Platform>(std::move(connection), std::move(lock), signals, argc, argv);
@@ -100,7 +114,7 @@ X11Platform::X11Platform(std::unique_ptr<X11Connection> connection, std::unique_
                [this](const std::string& line) { system_.log(line); }),
       systemBus_(linux::MessageBus::Kind::System),
       windowManager_(*connection_),
-      guard_(*connection_, windowManager_),
+      guard_(*connection_, *lock_, windowManager_, [this] { defaults_.finishWriting(); }),
       desktops_(*connection_, sessionBus_, windowManager_, notifications_.workspaceCenter()),
       windowServer_(*connection_, desktops_, attachments_),
       screens_(*connection_, notifications_.defaultCenter()),
@@ -118,6 +132,8 @@ X11Platform::~X11Platform() {
 }  // namespace x11
 
 std::variant<std::unique_ptr<Platform>, ExitStatus> makeNativePlatform(int& argc, char** argv) {
+  linux::prepareStandardStreams();
+  linux::endWithALineWhereNothingHelps();
   if (const std::optional<ExitStatus> status = linux::answerCommandLine(argc, argv)) {
     return *status;
   }

@@ -20,6 +20,9 @@ packages_for() {
         gnustep-gui-runtime gnustep-back0.29-cairo
       ;;
     bench) printf '%s\n' libbenchmark-dev ;;
+    fuzz) printf '%s\n' clang libclang-rt-14-dev ;;
+    # What the campaign of faults injects errors and delays with.
+    faults) printf '%s\n' strace ;;
     # With the X server whose touchpad the tests move, and window managers that have their ways with some windows.
     test)
       printf '%s\n' libgtest-dev libgmock-dev fluxbox i3-wm \

@@ -1,6 +1,6 @@
 #include "platform/linux/bus/MessageBus.h"
 
-#include "platform/linux/system/EnvironmentVariable.h"
+#include "platform/linux/bus/BusAddress.h"
 
 #include <algorithm>
 #include <poll.h>
@@ -16,18 +16,6 @@ using Clock = std::chrono::steady_clock;
 // As many messages are delivered together, and as long, before others have their turn in the event loop.
 constexpr int messagesPerTurn = 100;
 constexpr milliseconds timePerTurn{10};
-
-/// Where the rules of D-Bus have the bus.
-std::optional<std::string> addressOf(MessageBus::Kind kind) {
-  if (kind == MessageBus::Kind::System) {
-    return environmentVariable("DBUS_SYSTEM_BUS_ADDRESS").value_or("unix:path=/var/run/dbus/system_bus_socket");
-  }
-  if (auto address = environmentVariable("DBUS_SESSION_BUS_ADDRESS")) {
-    return address;
-  }
-  const auto folder = environmentVariable("XDG_RUNTIME_DIR");
-  return folder ? std::optional("unix:path=" + *folder + "/bus") : std::nullopt;
-}
 
 sd_bus* open(const std::string& address) {
   sd_bus* bus = nullptr;
@@ -106,7 +94,7 @@ std::string ruleOf(const BusSignal& signal) {
 }  // namespace
 
 MessageBus::MessageBus(Kind kind) {
-  if (const std::optional<std::string> address = addressOf(kind)) {
+  if (const auto address = kind == Kind::System ? systemBusAddress() : sessionBusAddress()) {
     bus_.reset(open(*address));
   }
   if (bus_ != nullptr) {

@@ -2,6 +2,7 @@
 
 #include "platform/linux/system/Autostart.h"
 #include "platform/linux/system/Executable.h"
+#include "platform/linux/system/StandardStreams.h"
 #include "platform/linux/system/SystemLog.h"
 
 #include <algorithm>
@@ -86,7 +87,7 @@ std::optional<ExitStatus> answerCommandLine(int argc, const char* const* argv) {
 }
 
 void printError(const std::string& message) {
-  std::fprintf(stderr, "roomlattice: %s\n", message.c_str());
+  writeToStandardError("roomlattice: " + message + "\n");
 }
 
 }  // namespace roomlattice::platform::linux

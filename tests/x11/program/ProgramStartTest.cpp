@@ -110,16 +110,7 @@ TEST(ProgramStartTest, WaitsForAWindowManagerThatComesLater) {
 TEST(ProgramStartTest, CanBeEndedWhileItWaitsForAWindowManager) {
   const X11Session session({.windowManager = std::nullopt});
   Program program;
-  ASSERT_TRUE(waitFor([&] {
-    // Handled from now on.
-    std::ifstream status("/proc/" + std::to_string(program.process().id()) + "/status");
-    for (std::string line; std::getline(status, line);) {
-      if (line.starts_with("SigCgt:")) {
-        return (std::stoull(line.substr(7), nullptr, 16) >> (SIGTERM - 1U) & 1U) != 0;
-      }
-    }
-    return false;
-  }));
+  ASSERT_TRUE(program.handlesSignals());
   program.process().signal(SIGTERM);
   EXPECT_EQ(program.exitStatus(), 0);
   EXPECT_THAT(program.complaints(), IsEmpty());
