@@ -30,8 +30,14 @@ packages_for() {
     faults) printf '%s\n' strace ;;
     # With the X server whose touchpad the tests move, and window managers that have their ways with some windows.
     test)
-      printf '%s\n' libgtest-dev libgmock-dev fluxbox i3-wm \
+      printf '%s\n' libgtest-dev libgmock-dev fluxbox i3-wm metacity marco mate-settings-daemon-common bspwm \
         xserver-xorg-core xserver-xorg-video-dummy xserver-xorg-dev xinput libxcb-xtest0-dev
+      ;;
+    # What scripts/window-managers tries the program under and beside, and what it tries with.
+    windowmanagers)
+      printf '%s\n' metacity marco mate-settings-daemon-common icewm fluxbox i3-wm awesome bspwm gnome-shell \
+        libgl1-mesa-dri cinnamon kwin-wayland xwayland xfce4-panel mate-panel lxqt-panel tint2 polybar python3 \
+        python3-xlib python3-dbus
       ;;
     check) printf '%s\n' git clang-format clang-tidy python3 shellcheck ;;
     *) die "no packages are known for $1" ;;

@@ -15,9 +15,9 @@
 
 namespace roomlattice::tests {
 
-/// Fluxbox and i3 have their ways with some windows; they are not among those that all tests run under. I3 makes and
-/// drops desktops itself, whatever number is asked for.
-enum class WindowManagerKind { Openbox, Xfwm4, KWin, Fluxbox, I3 };
+/// All but the first three have their ways with some windows; they are not among those that all tests run under. I3
+/// makes and drops desktops itself, whatever number is asked for.
+enum class WindowManagerKind { Openbox, Xfwm4, KWin, Fluxbox, I3, Metacity, Marco, Bspwm };
 
 std::ostream& operator<<(std::ostream& stream, WindowManagerKind kind);
 
@@ -86,6 +86,7 @@ class X11Session {
   void startServer(const SessionOptions& options);
   std::vector<std::string> serverCommand(const SessionOptions& options, const std::string& announcement) const;
   void writeDesktopCount(WindowManagerKind kind) const;
+  void writeBspwmScript() const;
   bool managedBySomebody();
   std::optional<int> rootNumber(const std::string& property);
 

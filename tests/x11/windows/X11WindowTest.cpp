@@ -146,7 +146,7 @@ TEST_P(X11WindowUnderTest, ComesBackOnItsOwnDesktopAfterItWasHidden) {
   }
   settle();
   EXPECT_TRUE(waitFor([&] { return probe(*window).desktop() == 2U; }));
-  EXPECT_FALSE(similar(centerColor(), Qt::red));
+  EXPECT_TRUE(waitFor([&] { return !similar(centerColor(), Qt::red); }));
   switchTo(2);
   EXPECT_TRUE(centerBecomes(Qt::red));
   EXPECT_TRUE(waitFor([&] { return probe(*window).geometry() == labelPixels; }));
@@ -181,6 +181,15 @@ TEST_P(X11WindowUnderTest, LeavesTheScreenWithItsObject) {
   ASSERT_TRUE(centerBecomes(Qt::red));
   window.reset();
   EXPECT_TRUE(waitFor([&] { return !similar(centerColor(), Qt::red); }));
+}
+
+TEST_P(X11WindowUnderTest, RefusesToBeClosed) {
+  const auto window = makeOn(0);
+  ASSERT_TRUE(appears(*window));
+  ui_.session.run({"wmctrl", "-i", "-c", std::to_string(window->number())});
+  settle();
+  EXPECT_TRUE(probe(*window).isViewable());
+  EXPECT_TRUE(centerBecomes(Qt::red));
 }
 
 TEST_P(X11WindowUnderTest, ShowsNothingAtAlphaZero) {
