@@ -44,9 +44,10 @@ DesktopCommands::DesktopCommands(platform::Platform& platform, SpaceManager& man
       switcher_(platform, manager),
       told_(desktops()) {
   platform::NotificationCenter& center = platform.notifications().defaultCenter();
-  const auto tell = [this] { tellChanges(); };
-  observers_ = {center.observe(SpaceManager::didChange, tell), center.observe(SpaceManager::activeChanged, tell),
-                center.observe(PreferencesStore::didChange, tell)};
+  const auto changed = [this] { tell(desktops()); };
+  observers_ = {center.observe(SpaceManager::didChange, changed),
+                center.observe(SpaceManager::activeChanged, [this] { activeChanged(); }),
+                center.observe(PreferencesStore::didChange, changed)};
 }
 
 std::vector<DesktopState> DesktopCommands::desktops() const {
@@ -54,9 +55,7 @@ std::vector<DesktopState> DesktopCommands::desktops() const {
 }
 
 std::optional<DesktopState> DesktopCommands::currentDesktop() const {
-  const std::vector<DesktopState> all = desktops();
-  const auto active = std::ranges::find(all, true, &DesktopState::isActive);
-  return active == all.end() ? std::nullopt : std::optional(*active);
+  return activeDesktopState(manager_, preferences_);
 }
 
 CommandResult DesktopCommands::switchTo(const std::string& desktop) {
@@ -161,8 +160,22 @@ platform::Registration DesktopCommands::observe(std::function<void(const std::ve
   return listeners_.add(std::move(handler));
 }
 
-void DesktopCommands::tellChanges() {
-  std::vector<DesktopState> now = desktops();
+void DesktopCommands::activeChanged() {
+  const std::vector<SpaceInfo>& spaces = manager_.spaces();
+  if (!std::ranges::equal(told_, spaces, {}, &DesktopState::uuid, &SpaceInfo::uuid)) {
+    // A switch from within the news of another list, which is still to come here.
+    tell(desktops());
+    return;
+  }
+  // Looking at everything anew would cost each switch more than there are desktops.
+  std::vector<DesktopState> now = told_;
+  for (std::size_t index = 0; index < now.size(); ++index) {
+    now[index].isActive = spaces[index].spaceID == manager_.activeSpaceID();
+  }
+  tell(std::move(now));
+}
+
+void DesktopCommands::tell(std::vector<DesktopState> now) {
   const std::vector<DesktopChange> changes = changesBetween(told_, now);
   told_ = std::move(now);
   if (!changes.empty()) {

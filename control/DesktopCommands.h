@@ -46,7 +46,8 @@ class DesktopCommands final : public platform::Commands {
  private:
   platform::CommandResult step(platform::Direction direction);
   platform::CommandResult setName(const SpaceInfo& space, const std::string& name);
-  void tellChanges();
+  void activeChanged();
+  void tell(std::vector<platform::DesktopState> now);
 
   /// Carries `act` out when the answer is on its way: it may take as long as a menu is open, or end the program.
   platform::CommandResult later(std::function<void()> act);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <functional>
 #include <map>
+#include <span>
 #include <string>
 
 namespace roomlattice {
@@ -34,6 +35,16 @@ void addChanges(std::vector<DesktopChange>& changes, const DesktopState& before,
   }
 }
 
+/// `number` means nothing unless the space is regular.
+DesktopState stateOf(const SpaceInfo& space, int number, const SpaceManager& manager, const DesktopColors& colors) {
+  return {.number = space.isRegular() ? std::optional(number) : std::nullopt,
+          .name = manager.displayName(space),
+          .color = colors.usedColor(space.uuid).color(),
+          .isActive = space.spaceID == manager.activeSpaceID(),
+          .uuid = space.uuid,
+          .display = space.displayUUID};
+}
+
 }  // namespace
 
 std::vector<DesktopState> desktopStates(const SpaceManager& manager, const PreferencesStore& preferences) {
@@ -41,14 +52,19 @@ std::vector<DesktopState> desktopStates(const SpaceManager& manager, const Prefe
   std::vector<DesktopState> states;
   int number = 0;
   for (const SpaceInfo& space : manager.spaces()) {
-    states.push_back({.number = space.isRegular() ? std::optional(++number) : std::nullopt,
-                      .name = manager.displayName(space),
-                      .color = colors.usedColor(space.uuid).color(),
-                      .isActive = space.spaceID == manager.activeSpaceID(),
-                      .uuid = space.uuid,
-                      .display = space.displayUUID});
+    states.push_back(stateOf(space, space.isRegular() ? ++number : 0, manager, colors));
   }
   return states;
+}
+
+std::optional<DesktopState> activeDesktopState(const SpaceManager& manager, const PreferencesStore& preferences) {
+  const SpaceInfo* active = manager.activeSpace();
+  if (active == nullptr) {
+    return std::nullopt;
+  }
+  const auto before = std::span(manager.spaces().data(), active);
+  const auto number = std::ranges::count_if(before, &SpaceInfo::isRegular) + 1;
+  return stateOf(*active, static_cast<int>(number), manager, preferences.desktopColors());
 }
 
 std::vector<DesktopChange> changesBetween(const std::vector<DesktopState>& before,

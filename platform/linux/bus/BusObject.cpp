@@ -84,6 +84,7 @@ void BusObject::emitPropertiesChanged(const std::vector<std::string>& names) {
   }
   // The library takes a list that ends in a null, and changes nothing in it.
   std::vector<char*> list;
+  list.reserve(names.size() + 1);
   for (const std::string& name : names) {
     list.push_back(const_cast<char*>(name.c_str()));
   }

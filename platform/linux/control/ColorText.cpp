@@ -25,6 +25,11 @@ std::string colorText(const Color& color) {
   return text.data();
 }
 
+Color textColorOn(const Color& color) {
+  const Color given = color.inSRGB().value_or(Color::black());
+  return 0.299 * given.red + 0.587 * given.green + 0.114 * given.blue > 0.5 ? Color::black() : Color::white();
+}
+
 std::optional<Color> colorFrom(const std::string& text) {
   constexpr std::size_t length = 7;
   const bool isHexadecimal =

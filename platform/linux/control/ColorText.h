@@ -13,4 +13,7 @@ std::string colorText(const Color& color);
 /// The colour that is written that way, in lower or upper case; nothing where it is not.
 std::optional<Color> colorFrom(const std::string& text);
 
+/// Black or white, whichever reads better on `color`.
+Color textColorOn(const Color& color);
+
 }  // namespace roomlattice::platform::linux

@@ -16,6 +16,7 @@ struct Shown {
   std::string number;
   std::string name;
   std::string color;
+  std::string textColor;
   std::string uuid;
   std::string display;
   std::string count;
@@ -32,6 +33,7 @@ Shown shownOf(const std::vector<DesktopState>& desktops) {
   return {.number = active->number ? std::to_string(*active->number) : "",
           .name = plainText(active->name),
           .color = colorText(active->color),
+          .textColor = colorText(textColorOn(active->color)),
           .uuid = plainText(active->uuid),
           .display = plainText(active->display),
           .count = std::to_string(regular)};
@@ -44,10 +46,10 @@ std::string replaced(std::string text, std::string_view from, std::string_view t
   return text;
 }
 
-/// As the markup of Pango has it.
+/// As the markup of Pango has it, without a character that JSON would have to escape.
 std::string inMarkup(std::string text) {
-  constexpr std::array<std::pair<std::string_view, std::string_view>, 5> entities{
-      {{"&", "&amp;"}, {"<", "&lt;"}, {">", "&gt;"}, {"\"", "&quot;"}, {"'", "&apos;"}}};
+  constexpr std::array<std::pair<std::string_view, std::string_view>, 6> entities{
+      {{"&", "&amp;"}, {"<", "&lt;"}, {">", "&gt;"}, {"\"", "&quot;"}, {"'", "&apos;"}, {"\\", "&#92;"}}};
   for (const auto& [character, entity] : entities) {
     text = replaced(std::move(text), character, entity);
   }
@@ -59,24 +61,35 @@ std::string json(const Value::Dictionary& dictionary) {
 }
 
 std::string polybar(const Shown& shown) {
-  // It has no way to write "%{": a blank without width keeps the two apart.
-  return shown.isEmpty() ? "" : "%{F" + shown.color + "}" + replaced(shown.name, "%{", "%\u200b{") + "%{F-}";
-}
-
-std::string i3blocks(const Shown& shown) {
-  return shown.isEmpty() ? json({{"full_text", ""}}) : json({{"full_text", shown.name}, {"color", shown.color}});
-}
-
-std::string i3bar(const Shown& shown) {
-  Value::Dictionary block{{"name", "roomlattice"}, {"full_text", shown.name}};
-  if (!shown.isEmpty()) {
-    block.emplace("color", shown.color);
+  if (shown.isEmpty()) {
+    return "";
   }
-  return "[" + json(block) + "],";
+  // It has no way to write "%{": a blank without width keeps the two apart.
+  const std::string name = replaced(shown.name, "%{", "%\u200b{");
+  return "%{B" + shown.color + "}%{F" + shown.textColor + "} " + name + " %{F-}%{B-}";
 }
 
 std::string markup(const Shown& shown) {
-  return shown.isEmpty() ? "" : "<span foreground=\"" + shown.color + "\">" + inMarkup(shown.name) + "</span>";
+  return shown.isEmpty() ? ""
+                         : "<span background='" + shown.color + "' foreground='" + shown.textColor + "'> " +
+                               inMarkup(shown.name) + " </span>";
+}
+
+std::string i3blocks(const Shown& shown) {
+  // It knows no background but that of markup, and takes no character in JSON that has a backslash before it.
+  return json({{"full_text", markup(shown)}, {"markup", "pango"}});
+}
+
+/// i3's documentation, "i3bar input protocol".
+std::string i3bar(const Shown& shown) {
+  Value::Dictionary block{{"name", "roomlattice"}, {"full_text", ""}};
+  if (!shown.isEmpty()) {
+    block = {{"name", "roomlattice"},
+             {"full_text", " " + shown.name + " "},
+             {"color", shown.textColor},
+             {"background", shown.color}};
+  }
+  return "[" + json(block) + "],";
 }
 
 std::string genmon(const Shown& shown) {
@@ -87,8 +100,9 @@ std::string waybar(const Shown& shown) {
   return json({{"text", markup(shown)}, {"class", "desktop-" + shown.number}, {"alt", shown.number}});
 }
 
-std::string plain(const Shown& shown) {
-  return shown.name;
+std::string lxqt(const Shown& shown) {
+  // A single one underlines the character behind it.
+  return replaced(shown.name, "&", "&&");
 }
 
 struct Bar {
@@ -102,7 +116,7 @@ constexpr std::array<Bar, 7> bars{{{"polybar", polybar},
                                    {"genmon", genmon},
                                    {"tint2", markup},
                                    {"waybar", waybar},
-                                   {"lxqt", plain}}};
+                                   {"lxqt", lxqt}}};
 
 using Place = std::pair<std::string_view, std::string Shown::*>;
 constexpr std::array<Place, 6> places{{{"{number}", &Shown::number},

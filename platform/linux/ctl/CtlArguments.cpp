@@ -82,7 +82,7 @@ class Sorter {
         words.push_back(argument);
       } else if (argument == "--") {
         onlyWords_ = true;
-      } else if (const Outcome outcome = takeOption(argument)) {
+      } else if (Outcome outcome = takeOption(argument)) {
         return outcome;
       }
     }

@@ -29,7 +29,7 @@ std::string padded(const std::string& text, std::size_t width) {
 /// `text` on the desktop's colour, in black or white.
 std::string onColor(const std::string& text, const Color& color) {
   const auto component = [](double value) { return std::to_string(std::lround(value * 255.0)); };
-  const bool isLight = 0.299 * color.red + 0.587 * color.green + 0.114 * color.blue > 0.5;
+  const bool isLight = textColorOn(color) == Color::black();
   return "\x1b[" + std::string(isLight ? "30" : "97") + ";48;2;" + component(color.red) + ";" + component(color.green) +
          ";" + component(color.blue) + "m" + text + "\x1b[0m";
 }

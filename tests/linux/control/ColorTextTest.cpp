@@ -9,6 +9,7 @@ using platform::Color;
 using platform::ColorSpace;
 using platform::linux::colorFrom;
 using platform::linux::colorText;
+using platform::linux::textColorOn;
 
 TEST(ColorTextTest, IsHexadecimal) {
   EXPECT_EQ(colorText({1.0, 0.5, 0.0}), "#ff8000");
@@ -25,6 +26,12 @@ TEST(ColorTextTest, IsReadBack) {
   for (const char* text : {"", "#", "ff8000", "#ff800", "#ff80000", "#ff800g", "#+1+1+1"}) {
     EXPECT_FALSE(colorFrom(text)) << text;
   }
+}
+
+TEST(ColorTextTest, HasAColorThatReadsWellOnIt) {
+  EXPECT_EQ(textColorOn({1.0, 1.0, 0.0}), Color::black());
+  EXPECT_EQ(textColorOn({0.0, 0.0, 1.0}), Color::white());
+  EXPECT_EQ(textColorOn({1.0, 1.0, 1.0, 1.0, ColorSpace::Unconvertible}), Color::white());
 }
 
 }  // namespace

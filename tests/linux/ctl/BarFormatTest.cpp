@@ -12,7 +12,7 @@ using platform::linux::isBarFormat;
 
 std::vector<DesktopState> desktopsWithActive(const std::string& name) {
   return {{.number = 1, .name = "Other", .uuid = "a", .display = "D"},
-          {.number = 2, .name = name, .color = {1.0, 0.0, 0.0}, .isActive = true, .uuid = "b", .display = "D"},
+          {.number = 2, .name = name, .color = {1.0, 1.0, 0.0}, .isActive = true, .uuid = "b", .display = "D"},
           {.number = std::nullopt, .name = "Film", .uuid = "c", .display = "D"}};
 }
 
@@ -23,7 +23,8 @@ struct Row {
   std::string empty;
 };
 
-const std::string oddName = "<a> & \"b\" '%{c}\x1b";
+const std::string oddName = "<a> & \"b\" '%{c}\x1b\\";
+const std::string oddMarkup = "&lt;a&gt; &amp; &quot;b&quot; &apos;%{c}?&#92;";
 
 class BarFormatOfBarTest : public ::testing::TestWithParam<Row> {};
 
@@ -37,24 +38,32 @@ TEST_P(BarFormatOfBarTest, IsWhatTheBarReads) {
 INSTANTIATE_TEST_SUITE_P(
     OfEachBar, BarFormatOfBarTest,
     ::testing::Values(
-        Row{"polybar", "%{F#ff0000}Mail%{F-}", "%{F#ff0000}<a> & \"b\" '%\u200b{c}?%{F-}", ""},
-        Row{"i3blocks", R"({"color":"#ff0000","full_text":"Mail"})",
-            R"({"color":"#ff0000","full_text":"<a> & \"b\" '%{c}?"})", R"({"full_text":""})"},
-        Row{"i3bar", R"([{"color":"#ff0000","full_text":"Mail","name":"roomlattice"}],)",
-            R"([{"color":"#ff0000","full_text":"<a> & \"b\" '%{c}?","name":"roomlattice"}],)",
+        Row{"polybar", "%{B#ffff00}%{F#000000} Mail %{F-}%{B-}",
+            "%{B#ffff00}%{F#000000} <a> & \"b\" '%\u200b{c}?\\ %{F-}%{B-}", ""},
+        Row{"i3blocks",
+            R"({"full_text":"<span background='#ffff00' foreground='#000000'> Mail </span>","markup":"pango"})",
+            R"({"full_text":"<span background='#ffff00' foreground='#000000'> )" + oddMarkup +
+                R"( </span>","markup":"pango"})",
+            R"({"full_text":"","markup":"pango"})"},
+        Row{"i3bar", R"([{"background":"#ffff00","color":"#000000","full_text":" Mail ","name":"roomlattice"}],)",
+            R"([{"background":"#ffff00","color":"#000000","full_text":" <a> & \"b\" '%{c}?\\ ","name":"roomlattice"}],)",
             R"([{"full_text":"","name":"roomlattice"}],)"},
-        Row{"genmon", "<txt><span foreground=\"#ff0000\">Mail</span></txt><txtclick>roomlatticectl menu</txtclick>",
-            "<txt><span foreground=\"#ff0000\">&lt;a&gt; &amp; &quot;b&quot; &apos;%{c}?</span></txt>"
+        Row{"genmon",
+            "<txt><span background='#ffff00' foreground='#000000'> Mail </span></txt>"
             "<txtclick>roomlatticectl menu</txtclick>",
+            "<txt><span background='#ffff00' foreground='#000000'> " + oddMarkup +
+                " </span></txt><txtclick>roomlatticectl menu</txtclick>",
             "<txt></txt><txtclick>roomlatticectl menu</txtclick>"},
-        Row{"tint2", "<span foreground=\"#ff0000\">Mail</span>",
-            "<span foreground=\"#ff0000\">&lt;a&gt; &amp; &quot;b&quot; &apos;%{c}?</span>", ""},
-        Row{"waybar", R"({"alt":"2","class":"desktop-2","text":"<span foreground=\"#ff0000\">Mail</span>"})",
-            R"({"alt":"2","class":"desktop-2","text":"<span foreground=\"#ff0000\">&lt;a&gt; &amp; &quot;b&quot; &apos;%{c}?</span>"})",
+        Row{"tint2", "<span background='#ffff00' foreground='#000000'> Mail </span>",
+            "<span background='#ffff00' foreground='#000000'> " + oddMarkup + " </span>", ""},
+        Row{"waybar",
+            R"({"alt":"2","class":"desktop-2","text":"<span background='#ffff00' foreground='#000000'> Mail </span>"})",
+            R"({"alt":"2","class":"desktop-2","text":"<span background='#ffff00' foreground='#000000'> )" + oddMarkup +
+                R"( </span>"})",
             R"({"alt":"","class":"desktop-","text":""})"},
-        Row{"lxqt", "Mail", "<a> & \"b\" '%{c}?", ""},
-        Row{"{number}/{count} {name} {color} {uuid} {display} {other} {", "2/2 Mail #ff0000 b D {other} {",
-            "2/2 <a> & \"b\" '%{c}? #ff0000 b D {other} {", ""}));
+        Row{"lxqt", "Mail", "<a> && \"b\" '%{c}?\\", ""},
+        Row{"{number}/{count} {name} {color} {uuid} {display} {other} {", "2/2 Mail #ffff00 b D {other} {",
+            "2/2 <a> & \"b\" '%{c}?\\ #ffff00 b D {other} {", ""}));
 
 TEST(BarFormatTest, FillsNothingIntoWhatItHasFilledIn) {
   EXPECT_EQ(barFormatLine("{name}", desktopsWithActive("{number}")), "{number}");
