@@ -22,6 +22,11 @@ struct WindowManagerTraits {
   /// It makes docks as wide as the screen, and does not always tell them so. Asked for that width, it has nothing to
   /// tell.
   bool makesStripsOfDocks = false;
+  /// The panel is its own, there as soon as itself, and no window.
+  bool hasPanel = false;
+  /// An overlay window may be mapped while the desktop it belongs to is not in front. Where it may not, because it is
+  /// put on a wrong screen or keeps a desktop alive that would go, it is on all desktops and mapped only in time.
+  bool letsOverlaysWait = true;
 };
 
 /// `name` is what the window manager calls itself. The only place that knows any by name.
