@@ -50,7 +50,7 @@ inline constexpr std::string_view didWake = "NSWorkspaceDidWakeNotification";
 /// Default centre: screens were added, removed, moved or resized.
 inline constexpr std::string_view didChangeScreenParameters = "NSApplicationDidChangeScreenParametersNotification";
 
-/// Distributed centre: the desktop went from light to dark or back.
+/// Distributed centre: the desktop went from light to dark or back. One change may be told more than once.
 inline constexpr std::string_view interfaceThemeChanged = "AppleInterfaceThemeChangedNotification";
 
 }  // namespace notification

@@ -1,6 +1,8 @@
-// The values that the program depends on, checked against the headers of the system it is built on.
+// The values that the program depends on, checked against the headers of the system it is built on. docs/MACOS.md lists
+// those that no header has a name for.
 #import <AppKit/AppKit.h>
 #import <ApplicationServices/ApplicationServices.h>
+#import <Carbon/Carbon.h>
 
 #include "platform/Events.h"
 #include "platform/Window.h"
@@ -24,6 +26,15 @@ static_assert(kCGEventTapOptionListenOnly == 1);
 static_assert(kCGEventMaskForAllEvents == ~CGEventMask{0});
 static_assert(kCGEventTapDisabledByTimeout == tapEvent::disabledByTimeout);
 static_assert(kCGEventTapDisabledByUserInput == tapEvent::disabledByUserInput);
+static_assert(static_cast<std::uint32_t>(EventField::SourceProcessID) == kCGEventSourceUnixProcessID);
+static_assert(keyCode::returnKey == kVK_Return);
+static_assert(keyCode::escape == kVK_Escape);
+static_assert(keyCode::keypadEnter == kVK_ANSI_KeypadEnter);
+// Some releases have a function tell the levels.
+static_assert(!__builtin_constant_p(NSFloatingWindowLevel) ||
+              static_cast<NSInteger>(WindowLevel::Floating) == NSFloatingWindowLevel);
+static_assert(!__builtin_constant_p(NSStatusWindowLevel) ||
+              static_cast<NSInteger>(WindowLevel::StatusWindow) == NSStatusWindowLevel);
 static_assert(static_cast<NSUInteger>(CollectionBehavior::CanJoinAllSpaces) ==
               NSWindowCollectionBehaviorCanJoinAllSpaces);
 static_assert(static_cast<NSUInteger>(CollectionBehavior::Managed) == NSWindowCollectionBehaviorManaged);

@@ -18,8 +18,8 @@ class ElementView {
 
   virtual NSView* get() const = 0;
 
-  /// Shows `element`, which is of the kind this was made for.
-  void update(const ViewElement& element);
+  /// Shows `element`, which is of the kind this was made for, in a view that is or will be a subview of `container`.
+  void update(const ViewElement& element, NSView* container);
 
   /// The text field, for the element that has one.
   virtual MacTextField* textField() { return nullptr; }

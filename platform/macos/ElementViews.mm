@@ -133,9 +133,10 @@ struct ElementViewMaker {
 
 }  // namespace
 
-void ElementView::update(const ViewElement& element) {
+void ElementView::update(const ViewElement& element, NSView* container) {
   show(element);
-  [get() setFrame:frameFor(element)];
+  // Its edges on pixels, or text would be blurred; outward, or it would lack room.
+  [get() setFrame:[container backingAlignedRect:frameFor(element) options:NSAlignAllEdgesOutward]];
   [get() setHidden:element.hidden];
 }
 
@@ -144,9 +145,7 @@ NSRect ElementView::frameFor(const ViewElement& element) const {
 }
 
 std::unique_ptr<ElementView> makeElementView(const ViewElement& element, View& view) {
-  std::unique_ptr<ElementView> made = std::visit(ElementViewMaker{view}, element.kind);
-  made->update(element);
-  return made;
+  return std::visit(ElementViewMaker{view}, element.kind);
 }
 
 }  // namespace roomlattice::platform::macos

@@ -27,6 +27,9 @@ class HostedView final : public ViewHost {
 
   NSView* get() const;
 
+  /// The pixels of what shows it are others.
+  void pixelsChanged();
+
   /// The subview that takes a click at `point`, in the view's coordinates; nil for none.
   NSView* hitTest(Point point) const;
 

@@ -46,6 +46,22 @@ void tell(HostedView* host, News news) {
   [self addTrackingArea:trackingArea_];
 }
 
+- (void)viewDidMoveToWindow {
+  [super viewDidMoveToWindow];
+  [self pixelsChanged];
+}
+
+- (void)viewDidChangeBackingProperties {
+  [super viewDidChangeBackingProperties];
+  [self pixelsChanged];
+}
+
+- (void)pixelsChanged {
+  if (host_ != nullptr && [self window] != nil) {
+    host_->pixelsChanged();
+  }
+}
+
 - (NSView*)hitTest:(NSPoint)point {
   return host_ == nullptr ? nil : host_->hitTest(toPoint([self convertPoint:point fromView:[self superview]]));
 }
@@ -103,13 +119,22 @@ void HostedView::viewChanged() {
     for (std::size_t i = 0; i < content.elements.size(); ++i) {
       if (i == elements_.size()) {
         elements_.push_back(makeElementView(content.elements[i], view_));
+        elements_.back()->update(content.elements[i], native_.get());
         [native_.get() addSubview:elements_.back()->get()];
       } else if (content.elements[i] != shown_.elements[i]) {
-        elements_[i]->update(content.elements[i]);
+        elements_[i]->update(content.elements[i], native_.get());
       }
     }
     shown_ = std::move(content);
     [native_.get() setNeedsDisplay:YES];
+  }
+}
+
+void HostedView::pixelsChanged() {
+  @autoreleasepool {
+    for (std::size_t i = 0; i < elements_.size(); ++i) {
+      elements_[i]->update(shown_.elements[i], native_.get());
+    }
   }
 }
 

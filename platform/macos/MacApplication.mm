@@ -11,6 +11,11 @@
   [self invoke:notification];
 }
 
+// Nothing is restored; without this answer macOS 14 complains in the log.
+- (BOOL)applicationSupportsSecureRestorableState:(NSApplication*)application {
+  return YES;
+}
+
 - (BOOL)applicationShouldTerminateAfterLastWindowClosed:(NSApplication*)application {
   return NO;
 }

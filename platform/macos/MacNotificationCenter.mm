@@ -1,5 +1,7 @@
 #import "platform/macos/MacNotificationCenter.h"
 
+#import <dispatch/dispatch.h>
+
 #import "platform/macos/Action.h"
 #import "platform/macos/NotificationNames.h"
 
@@ -11,7 +13,7 @@ namespace roomlattice::platform::macos {
 class MacNotificationCenter::Relay {
  public:
   Relay(const ObjectPointer<NSNotificationCenter>& center, std::string_view name) : center_(center) {
-    const auto deliver = [observers = observers_, name = std::string(name)](id) { observers->post(name); };
+    const auto deliver = [observers = observers_, name = std::string(name)](id) { Relay::deliver(observers, name); };
     observer_ = adopt([[RoomlatticeAction alloc] initWithFunction:deliver]);
     [center_.get() addObserver:observer_.get() selector:@selector(invoke:) name:notificationName(name) object:nil];
   }
@@ -22,9 +24,22 @@ class MacNotificationCenter::Relay {
   Registration observe(std::string_view name, Handler handler) { return observers_->observe(name, std::move(handler)); }
 
  private:
+  using Observers = std::shared_ptr<InProcessNotificationCenter>;
+
+  static void deliver(const Observers& observers, const std::string& name) {
+    observers->post(name);
+    if (name == notification::interfaceThemeChanged) {
+      // It may come before the application has its new appearance.
+      const Observers again = observers;
+      dispatch_async(dispatch_get_main_queue(), ^{
+        again->post(notification::interfaceThemeChanged);
+      });
+    }
+  }
+
   ObjectPointer<NSNotificationCenter> center_;
   ObjectPointer<RoomlatticeAction> observer_;
-  std::shared_ptr<InProcessNotificationCenter> observers_ = std::make_shared<InProcessNotificationCenter>();
+  Observers observers_ = std::make_shared<InProcessNotificationCenter>();
 };
 
 Registration MacNotificationCenter::observe(std::string_view name, Handler handler) {

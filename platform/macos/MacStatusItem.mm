@@ -18,11 +18,12 @@ CGFloat toLength(const StatusItemLength& length) {
   return std::visit(ToLength{}, length);
 }
 
-/// No font: the bar's own applies.
 NSAttributedString* attributedTitle(const StatusTitle& title) {
-  NSDictionary* attributes = [NSDictionary dictionary];
+  // The menu bar's own font would not apply to an attributed title without one, but a plain 12-point one.
+  NSMutableDictionary* attributes = [NSMutableDictionary dictionaryWithObject:[NSFont menuBarFontOfSize:0.0]
+                                                                       forKey:NSFontAttributeName];
   if (title.color) {
-    attributes = [NSDictionary dictionaryWithObject:toNSColor(*title.color) forKey:NSForegroundColorAttributeName];
+    [attributes setObject:toNSColor(*title.color) forKey:NSForegroundColorAttributeName];
   }
   return [[[NSAttributedString alloc] initWithString:toNSString(title.text) attributes:attributes] autorelease];
 }

@@ -72,6 +72,8 @@ NSTabViewItem* MacTabbedWindow::makePage(const TabPage& page) {
 
 void MacTabbedWindow::show() {
   [controller_.get() showWindow:nil];
+  // From macOS 14 on, the system may be slow to make an accessory application the active one, or refuse to.
+  [[controller_.get() window] orderFrontRegardless];
 }
 
 void MacTabbedWindow::setText(ControlReference label, const std::string& text) {

@@ -3,6 +3,7 @@
 #import <AppKit/AppKit.h>
 
 #import "platform/macos/ObjectPointer.h"
+#import "platform/macos/ShortcutTextField.h"
 
 #include "platform/View.h"
 
@@ -26,7 +27,7 @@ class MacTextField final : public TextField {
   NSTextField* get() const { return field_.get(); }
 
  private:
-  ObjectPointer<NSTextField> field_;
+  ObjectPointer<RoomlatticeShortcutTextField> field_;
   ObjectPointer<RoomlatticeTextFieldDelegate> delegate_;
 };
 

@@ -52,7 +52,7 @@ std::optional<EditCommand> editCommand(SEL selector) {
 namespace roomlattice::platform::macos {
 
 MacTextField::MacTextField(View& view)
-    : field_(adopt([[NSTextField alloc] initWithFrame:NSZeroRect])),
+    : field_(adopt([[RoomlatticeShortcutTextField alloc] initWithFrame:NSZeroRect])),
       delegate_(adopt([[RoomlatticeTextFieldDelegate alloc] initWithView:&view])) {
   NSTextField* field = field_.get();
   [field setEditable:YES];
@@ -76,6 +76,8 @@ void MacTextField::setText(const std::string& text) {
 }
 
 void MacTextField::focusAndSelectAll() {
+  // A menu's window is seldom the one with the keyboard. Once it is, keys come to the editor without a monitor, too.
+  [[field_.get() window] makeKeyWindow];
   [[field_.get() window] makeFirstResponder:field_.get()];
   [[field_.get() currentEditor] selectAll:nil];
 }
@@ -85,7 +87,10 @@ bool MacTextField::interpret(const KeyEvent& event) {
   if (editor == nil) {
     return false;
   }
-  [editor interpretKeyEvents:[NSArray arrayWithObject:static_cast<const MacKeyEvent&>(event).get()]];
+  NSEvent* key = static_cast<const MacKeyEvent&>(event).get();
+  if (![field_.get() performShortcut:key]) {
+    [editor interpretKeyEvents:[NSArray arrayWithObject:key]];
+  }
   return true;
 }
 

@@ -6,8 +6,10 @@
 #import "platform/macos/ObjectPointer.h"
 
 #include "platform/Window.h"
+#include "support/Lifetime.h"
 
 #include <memory>
+#include <optional>
 
 namespace roomlattice::platform::macos {
 
@@ -32,21 +34,16 @@ class MacWindow final : public Window {
   void orderOut() override;
 
  private:
-  /// One change of the opacity. The next takes its place, so that the end of an animation that has been replaced finds
-  /// it gone.
-  struct AlphaChange {
-    // The window may keep it with less precision.
-    double alpha = 0.0;
-    bool isUnderWay = false;
-  };
-
   /// Has the animator take the value at once, in place of what it was about.
-  void settle(double alpha);
+  void settle();
 
   ObjectPointer<NSWindow> window_;
   std::unique_ptr<View> view_;
   std::unique_ptr<HostedView> host_;
-  std::shared_ptr<AlphaChange> change_;
+  // Set or aimed at.
+  double alpha_;
+  // While an animation is under way.
+  std::optional<Lifetime> fade_;
 };
 
 }  // namespace roomlattice::platform::macos

@@ -4,27 +4,37 @@
 
 #import "platform/macos/Geometry.h"
 
+#include <cmath>
 #include <utility>
 
 namespace roomlattice::platform::macos {
 namespace {
 
-NSWindowCollectionBehavior bits(CollectionBehavior behavior) {
+// A window keeps its opacity in fewer bits than it was given.
+constexpr double alphaPrecision = 1e-4;
+
+NSWindowCollectionBehavior toNSCollectionBehavior(CollectionBehavior behavior) {
   return static_cast<NSWindowCollectionBehavior>(behavior);
 }
 
-NSTimeInterval seconds(Duration duration) {
+NSTimeInterval toTimeInterval(Duration duration) {
   return std::chrono::duration<NSTimeInterval>(duration).count();
+}
+
+/// With its edges on pixels, or what is in it would be blurred. A window that is out of sight is on no screen.
+NSRect toWindowFrame(const Rect& frame, NSWindow* window) {
+  NSScreen* screen = [window screen] == nil ? [NSScreen mainScreen] : [window screen];
+  return screen == nil ? toNSRect(frame) : [screen backingAlignedRect:toNSRect(frame) options:NSAlignAllEdgesNearest];
 }
 
 }  // namespace
 
 MacWindow::MacWindow(const OverlayWindowOptions& options)
-    : window_(adopt([[NSWindow alloc] initWithContentRect:toNSRect(options.frame)
+    : window_(adopt([[NSWindow alloc] initWithContentRect:toWindowFrame(options.frame, nil)
                                                 styleMask:NSWindowStyleMaskBorderless
                                                   backing:NSBackingStoreBuffered
                                                     defer:NO])),
-      change_(std::make_shared<AlphaChange>(AlphaChange{.alpha = options.alpha})) {
+      alpha_(options.alpha) {
   NSWindow* window = window_.get();
   [window setReleasedWhenClosed:NO];
   [window setOpaque:NO];
@@ -32,13 +42,13 @@ MacWindow::MacWindow(const OverlayWindowOptions& options)
   [window setHasShadow:YES];
   [window setIgnoresMouseEvents:YES];
   [window setLevel:static_cast<NSInteger>(options.level)];
-  [window setCollectionBehavior:bits(options.collectionBehavior)];
+  [window setCollectionBehavior:toNSCollectionBehavior(options.collectionBehavior)];
   [window setAlphaValue:options.alpha];
 }
 
 MacWindow::~MacWindow() {
-  if (change_->isUnderWay) {
-    settle(alpha());
+  if (fade_) {
+    setAlpha(alpha());
   }
   [window_.get() orderOut:nil];
   host_.reset();
@@ -63,53 +73,58 @@ Rect MacWindow::frame() const {
 }
 
 void MacWindow::setFrame(const Rect& frame) {
-  [window_.get() setFrame:toNSRect(frame) display:YES];
+  [window_.get() setFrame:toWindowFrame(frame, window_.get()) display:YES];
+  // It would keep the shape of what was shown before.
+  [window_.get() invalidateShadow];
 }
 
 void MacWindow::setCollectionBehavior(CollectionBehavior behavior) {
-  [window_.get() setCollectionBehavior:bits(behavior)];
+  [window_.get() setCollectionBehavior:toNSCollectionBehavior(behavior)];
 }
 
 double MacWindow::alpha() const {
-  return change_->isUnderWay ? [window_.get() alphaValue] : change_->alpha;
+  const double shown = [window_.get() alphaValue];
+  return std::abs(shown - alpha_) < alphaPrecision ? alpha_ : shown;
 }
 
 void MacWindow::setAlpha(double alpha) {
-  const auto replaced = std::exchange(change_, std::make_shared<AlphaChange>(AlphaChange{.alpha = alpha}));
-  if (replaced->isUnderWay) {
-    settle(alpha);
+  alpha_ = alpha;
+  if (fade_) {
+    fade_.reset();
+    settle();
   } else {
     [window_.get() setAlphaValue:alpha];
   }
 }
 
-void MacWindow::settle(double alpha) {
+void MacWindow::settle() {
   [NSAnimationContext beginGrouping];
   [[NSAnimationContext currentContext] setDuration:0.0];
   [[NSAnimationContext currentContext] setAllowsImplicitAnimation:NO];
-  [[window_.get() animator] setAlphaValue:alpha];
+  [[window_.get() animator] setAlphaValue:alpha_];
   [NSAnimationContext endGrouping];
 }
 
 void MacWindow::animateAlpha(double alpha, Duration duration, std::function<void()> completion) {
-  const bool isAtOnce = duration <= Duration::zero();
-  change_ = std::make_shared<AlphaChange>(AlphaChange{.alpha = alpha, .isUnderWay = !isAtOnce});
-  const std::weak_ptr<AlphaChange> weak = change_;
-  void (^finish)() = ^{
-    if (const auto change = weak.lock()) {
-      change->isUnderWay = false;
-      completion();
-    }
+  alpha_ = alpha;
+  fade_.emplace();
+  const auto end = [this, completion = std::move(completion)] {
+    fade_.reset();
+    completion();
   };
-  if (isAtOnce) {
-    settle(alpha);
+  const auto shared = std::make_shared<std::function<void()>>(fade_->guard(end));
+  void (^finish)() = ^{
+    (*shared)();
+  };
+  if (duration <= Duration::zero()) {
+    settle();
     dispatch_async(dispatch_get_main_queue(), finish);
     return;
   }
   NSWindow* window = window_.get();
   [NSAnimationContext
       runAnimationGroup:^(NSAnimationContext* context) {
-        [context setDuration:seconds(duration)];
+        [context setDuration:toTimeInterval(duration)];
         [[window animator] setAlphaValue:alpha];
       }
       completionHandler:finish];

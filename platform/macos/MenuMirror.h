@@ -26,14 +26,16 @@ class MenuMirror {
   bool isOpen() const { return session_.has_value(); }
 
   // For the menu's delegate.
-  void opens();
-  void hasClosed() { session_.reset(); }
+  void needsUpdate();
+  void willOpen() { isOpen_ = true; }
+  void hasClosed();
 
  private:
   Menu& menu_;
   ObjectPointer<NSMenu> native_;
   ObjectPointer<RoomlatticeMenuDelegate> delegate_;
   std::optional<MenuSession> session_;
+  bool isOpen_ = false;
 };
 
 }  // namespace roomlattice::platform::macos

@@ -10,7 +10,11 @@
 @implementation RoomlatticeMenuDelegate
 
 - (void)menuNeedsUpdate:(NSMenu*)menu {
-  mirror_->opens();
+  mirror_->needsUpdate();
+}
+
+- (void)menuWillOpen:(NSMenu*)menu {
+  mirror_->willOpen();
 }
 
 - (void)menuDidClose:(NSMenu*)menu {
@@ -36,10 +40,19 @@ MenuMirror::~MenuMirror() {
   [native_.get() removeAllItems];
 }
 
-void MenuMirror::opens() {
+void MenuMirror::needsUpdate() {
+  // AppKit also asks before it looks for the key of an item, and the rows that are on show must not go then.
+  if (isOpen_) {
+    return;
+  }
   // The program's rows go when it rebuilds its menu: what shows them goes first.
   session_.reset();
   session_.emplace(menu_, native_.get());
+}
+
+void MenuMirror::hasClosed() {
+  isOpen_ = false;
+  session_.reset();
 }
 
 }  // namespace roomlattice::platform::macos

@@ -3,6 +3,7 @@
 #import "platform/macos/Colors.h"
 #import "platform/macos/Fonts.h"
 #import "platform/macos/Geometry.h"
+#import "platform/macos/ShortcutTextField.h"
 #import "platform/macos/Strings.h"
 
 #include <utility>
@@ -102,7 +103,7 @@ struct Maker {
   }
 
   NativeControl operator()(const SelectableTextControl& text) const {
-    NSTextField* field = [NSTextField textFieldWithString:toNSString(text.text)];
+    NSTextField* field = [RoomlatticeShortcutTextField textFieldWithString:toNSString(text.text)];
     [field setEditable:NO];
     [field setSelectable:YES];
     [field setBezeled:YES];

@@ -104,7 +104,40 @@ TEST(MacNotificationsTest, HearsOtherProcessesOnTheDistributedCentre) {
       notifications.distributedCenter().observe(notification::interfaceThemeChanged, [&] { ++calls; });
   [[NSDistributedNotificationCenter defaultCenter] postNotificationName:@"AppleInterfaceThemeChangedNotification"
                                                                  object:nil];
-  EXPECT_TRUE(gnustep::runUntil([&] { return calls == 1; }));
+  EXPECT_TRUE(gnustep::runUntil([&] { return calls >= 1; }));
+}
+
+TEST(MacNotificationsTest, TellsOfANewAppearanceAgainWhenTheApplicationHasIt) {
+  MacNotifications notifications;
+  int calls = 0;
+  bool turned = false;
+  const Registration observation = notifications.distributedCenter().observe(notification::interfaceThemeChanged, [&] {
+    if (++calls == 1) {
+      dispatch_async(dispatch_get_main_queue(), ^{
+        turned = true;
+      });
+    }
+  });
+  notifications.distributedCenter().post(notification::interfaceThemeChanged);
+  EXPECT_TRUE(gnustep::runUntil([&] { return turned && calls == 2; }));
+}
+
+TEST(MacNotificationsTest, TellsNobodyAgainWhoseRegistrationHasEnded) {
+  MacNotifications notifications;
+  int calls = 0;
+  Registration observation = notifications.distributedCenter().observe(notification::interfaceThemeChanged, [&] {
+    ++calls;
+    observation.cancel();
+  });
+  bool turned = false;
+  notifications.distributedCenter().post(notification::interfaceThemeChanged);
+  ASSERT_TRUE(gnustep::runUntil([&] { return calls >= 1; }));
+  bool* const turn = &turned;
+  dispatch_async(dispatch_get_main_queue(), ^{
+    *turn = true;
+  });
+  EXPECT_TRUE(gnustep::runUntil([&] { return turned; }));
+  EXPECT_EQ(calls, 1);
 }
 
 }  // namespace

@@ -45,6 +45,7 @@ TEST(MacStatusItemTest, ShowsAColouredTitleOnItsBackground) {
   NSRange range;
   NSDictionary* attributes = [title attributesAtIndex:0 effectiveRange:&range];
   EXPECT_EQ(toColor([attributes objectForKey:NSForegroundColorAttributeName]), Color::black());
+  EXPECT_TRUE([[attributes objectForKey:NSFontAttributeName] isEqual:[NSFont menuBarFontOfSize:0]]);
   EXPECT_EQ(range.length, 6U);
   EXPECT_EQ([button contentTintColor], nil);
   EXPECT_TRUE([button wantsLayer]);

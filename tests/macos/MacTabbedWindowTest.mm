@@ -170,6 +170,25 @@ TEST_F(MacTabbedWindowTest, HasTextToSelectButNotToEdit) {
   EXPECT_EQ([field bezelStyle], NSTextFieldRoundedBezel);
 }
 
+TEST_F(MacTabbedWindowTest, HasTextToCopyWithoutAMainMenu) {
+  [tabs() selectTabViewItemAtIndex:1];
+  NSTextField* field = control<NSTextField>(1, 3);
+  [field selectText:nil];
+  ASSERT_NE([field currentEditor], nil);
+  [[NSPasteboard generalPasteboard] declareTypes:[NSArray arrayWithObject:NSStringPboardType] owner:nil];
+  EXPECT_TRUE([native() performKeyEquivalent:[NSEvent keyEventWithType:NSKeyDown
+                                                                    location:NSZeroPoint
+                                                               modifierFlags:NSCommandKeyMask
+                                                                   timestamp:0
+                                                                windowNumber:[native() windowNumber]
+                                                                     context:nil
+                                                                  characters:@"c"
+                                                 charactersIgnoringModifiers:@"c"
+                                                                   isARepeat:NO
+                                                                     keyCode:8]]);
+  EXPECT_EQ(toString([[NSPasteboard generalPasteboard] stringForType:NSStringPboardType]), "log show");
+}
+
 TEST_F(MacTabbedWindowTest, GoesWithItsWindow) {
   window_.reset();
   EXPECT_EQ(native(), nil);

@@ -11,8 +11,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include "tests/macos/MainLoop.h"
 #include "tests/macos/supplement/Animation.h"
+#include "tests/macos/supplement/Views.h"
 
 namespace roomlattice::platform::macos {
 namespace {
@@ -134,6 +137,42 @@ TEST(MacWindowTest, FollowsItsView) {
   static_cast<PlateView*>(window.contentView())->setText("Música");
   NSTextField* label = [[[native(window) contentView] subviews] objectAtIndex:0];
   EXPECT_EQ(toString([label stringValue]), "Música");
+}
+
+TEST(MacWindowTest, HasItsShadowFollowItsSize) {
+  MacWindow window({.frame = windowFrame});
+  const int before = gnustep::shadowChanges(native(window));
+  window.setFrame({windowFrame.origin, {200.0, 60.0}});
+  EXPECT_GT(gnustep::shadowChanges(native(window)), before);
+}
+
+// With pixels of several points, as GNUstep's own windows stand on whole points.
+TEST(MacWindowTest, StandsOnWholePixels) {
+  gnustep::setBackingScale(0.5);
+  const Rect between{{200.6, 300.1}, {400.9, 120.3}};
+  const Rect onPixels{{200.0, 300.0}, {402.0, 120.0}};
+  MacWindow window({.frame = between});
+  EXPECT_EQ(window.frame(), onPixels);
+  window.setFrame(windowFrame);
+  window.setFrame(between);
+  EXPECT_EQ(window.frame(), onPixels);
+  gnustep::setBackingScale(std::nullopt);
+}
+
+TEST(MacWindowTest, ShowsItsPartsOnWholePixelsWithAllTheirRoom) {
+  MacWindow window({.frame = windowFrame});
+  window.setContentView(std::make_unique<PlateView>());
+  NSTextField* label = [[[native(window) contentView] subviews] objectAtIndex:0];
+  const NSRect exact = [label frame];
+  // As when the window comes to a screen with other pixels.
+  gnustep::setBackingScale(1.0 / 16.0);
+  [[native(window) contentView] viewDidChangeBackingProperties];
+  gnustep::setBackingScale(std::nullopt);
+  const NSRect frame = [label frame];
+  EXPECT_TRUE(NSContainsRect(frame, exact));
+  for (const double edge : {NSMinX(frame), NSMinY(frame), NSMaxX(frame), NSMaxY(frame)}) {
+    EXPECT_EQ(std::fmod(edge, 16.0), 0.0);
+  }
 }
 
 TEST(MacWindowTest, SetsItsAlphaAtOnce) {

@@ -5,6 +5,7 @@
 
 #import "platform/macos/FoundationValues.h"
 #import "platform/macos/Geometry.h"
+#import "platform/macos/MacEvents.h"
 #import "platform/macos/MacStatusItem.h"
 #import "platform/macos/Strings.h"
 
@@ -94,6 +95,19 @@ class MenuMirrorTest : public testing::Test {
                            eventNumber:0
                             clickCount:1
                               pressure:1.0];
+  }
+
+  NSEvent* key(NSString* characters) {
+    return [NSEvent keyEventWithType:NSKeyDown
+                            location:NSZeroPoint
+                       modifierFlags:0
+                           timestamp:0
+                        windowNumber:[gnustep::menuWindow() windowNumber]
+                             context:nil
+                          characters:characters
+         charactersIgnoringModifiers:characters
+                           isARepeat:NO
+                             keyCode:0];
   }
 
   std::string heard_;
@@ -259,6 +273,36 @@ TEST_F(MenuMirrorTest, OffersTheRowTheEditorsCommands) {
   EXPECT_TRUE([delegate control:field textView:editor doCommandBySelector:@selector(cancelOperation:)]);
   EXPECT_FALSE([delegate control:field textView:editor doCommandBySelector:@selector(moveLeft:)]);
   EXPECT_EQ(heard_, "newline cancel ");
+}
+
+TEST_F(MenuMirrorTest, TakesKeysThatNoMonitorHears) {
+  int monitored = 0;
+  const Registration monitor = MacEvents().monitorLocalKeyDown([&](const KeyEvent&) {
+    ++monitored;
+    return KeyDisposition::PassOn;
+  });
+  open();
+  row().edit();
+  row().host()->textField()->focusAndSelectAll();
+  [gnustep::menuWindow() sendEvent:key(@"F")];
+  EXPECT_EQ(row().host()->textField()->text(), "F");
+  [gnustep::menuWindow() sendEvent:key(@"\r")];
+  // GNUstep has no key for this one.
+  [[[[rowView() subviews] objectAtIndex:1] currentEditor] doCommandBySelector:@selector(cancelOperation:)];
+  EXPECT_EQ(heard_, "newline cancel ");
+  EXPECT_EQ(monitored, 0);
+}
+
+TEST_F(MenuMirrorTest, KeepsItsRowsWhenAnUpdateIsAskedForWhileItIsOpen) {
+  open();
+  row().edit();
+  RowView* const edited = &row();
+  [[native() delegate] menuNeedsUpdate:native()];
+  EXPECT_EQ(&row(), edited);
+  EXPECT_NE(row().host(), nullptr);
+  EXPECT_TRUE(row().isEditing);
+  open();
+  EXPECT_FALSE(row().isEditing);
 }
 
 TEST_F(MenuMirrorTest, ClosesTheMenuForARow) {

@@ -14,8 +14,8 @@ const char linesKey[] = "maximum number of lines";
 constexpr CGFloat sliderHeight = 15.0;
 const char layoutWidthKey[] = "preferred layout width";
 
-NSTextField* makeField(NSString* text, BOOL bezeled) {
-  NSTextField* field = [[[NSTextField alloc] initWithFrame:NSMakeRect(0, 0, 100, 22)] autorelease];
+NSTextField* makeField(Class kind, NSString* text, BOOL bezeled) {
+  NSTextField* field = [[[kind alloc] initWithFrame:NSMakeRect(0, 0, 100, 22)] autorelease];
   [field setStringValue:text];
   [field setBezeled:bezeled];
   [field setEditable:bezeled];
@@ -104,7 +104,7 @@ NSTextField* makeField(NSString* text, BOOL bezeled) {
 @implementation NSTextField (Supplement)
 
 + (NSTextField*)labelWithString:(NSString*)text {
-  return makeField(text, NO);
+  return makeField(self, text, NO);
 }
 
 + (NSTextField*)wrappingLabelWithString:(NSString*)text {
@@ -116,7 +116,7 @@ NSTextField* makeField(NSString* text, BOOL bezeled) {
 }
 
 + (NSTextField*)textFieldWithString:(NSString*)text {
-  return makeField(text, YES);
+  return makeField(self, text, YES);
 }
 
 - (void)setMaximumNumberOfLines:(NSInteger)lines {

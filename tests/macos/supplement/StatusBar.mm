@@ -301,6 +301,9 @@ void openMenu(NSStatusItem* item) {
   closeMenu();
   openedMenu = [[item menu] retain];
   [[openedMenu delegate] menuNeedsUpdate:openedMenu];
+  if ([[openedMenu delegate] respondsToSelector:@selector(menuWillOpen:)]) {
+    [[openedMenu delegate] menuWillOpen:openedMenu];
+  }
   openWindow = makeWindow(openedMenu);
   [openWindow setReleasedWhenClosed:NO];
   [openWindow setLevel:NSPopUpMenuWindowLevel];

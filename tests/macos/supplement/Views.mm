@@ -2,6 +2,8 @@
 #import <QuartzCore/QuartzCore.h>
 #import <objc/runtime.h>
 
+#include <cmath>
+
 #include "tests/macos/supplement/Properties.h"
 #include "tests/macos/supplement/Views.h"
 
@@ -16,6 +18,26 @@ const char tagsKey[] = "tracking tags";
 const char accessibilityKey[] = "accessibility label";
 const char appearanceKey[] = "appearance";
 const char behaviorKey[] = "collection behavior";
+const char shadowKey[] = "shadow changes";
+
+std::optional<double> backingScale;
+
+NSRect aligned(NSRect rect, NSAlignmentOptions options) {
+  if (!backingScale) {
+    return rect;
+  }
+  const double scale = *backingScale;
+  const bool isOutward = options == NSAlignAllEdgesOutward;
+  const auto lower = [&](double edge) {
+    return (isOutward ? std::floor(edge * scale) : std::round(edge * scale)) / scale;
+  };
+  const auto upper = [&](double edge) {
+    return (isOutward ? std::ceil(edge * scale) : std::round(edge * scale)) / scale;
+  };
+  const double left = lower(NSMinX(rect));
+  const double bottom = lower(NSMinY(rect));
+  return NSMakeRect(left, bottom, upper(NSMaxX(rect)) - left, upper(NSMaxY(rect)) - bottom);
+}
 
 }  // namespace
 
@@ -113,6 +135,13 @@ const char behaviorKey[] = "collection behavior";
   return property(self, appearanceKey);
 }
 
+- (NSRect)backingAlignedRect:(NSRect)rect options:(NSAlignmentOptions)options {
+  return aligned(rect, options);
+}
+
+- (void)viewDidChangeBackingProperties {
+}
+
 - (NSRect)alignmentRectForFrame:(NSRect)frame {
   return frame;
 }
@@ -123,7 +152,20 @@ const char behaviorKey[] = "collection behavior";
 
 @end
 
+@implementation NSScreen (Supplement)
+
+- (NSRect)backingAlignedRect:(NSRect)rect options:(NSAlignmentOptions)options {
+  return aligned(rect, options);
+}
+
+@end
+
 @implementation NSWindow (SupplementBehavior)
+
+- (void)invalidateShadow {
+  const int changes = roomlattice::gnustep::shadowChanges(self) + 1;
+  setProperty(self, shadowKey, [NSNumber numberWithInt:changes]);
+}
 
 - (void)setCollectionBehavior:(NSWindowCollectionBehavior)behavior {
   setProperty(self, behaviorKey, [NSNumber numberWithUnsignedInteger:behavior]);
@@ -136,6 +178,14 @@ const char behaviorKey[] = "collection behavior";
 @end
 
 namespace roomlattice::gnustep {
+
+void setBackingScale(std::optional<double> scale) {
+  backingScale = scale;
+}
+
+int shadowChanges(NSWindow* window) {
+  return [property(window, shadowKey) intValue];
+}
 
 void paintLayer(NSView* view) {
   NSColor* color = (NSColor*)[[view layer] backgroundColor];

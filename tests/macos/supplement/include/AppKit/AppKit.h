@@ -14,7 +14,13 @@ extern "C" NSString* const NSWorkspaceActiveSpaceDidChangeNotification;
 enum {
   NSEventMaskMouseMoved = NSMouseMovedMask,
   NSEventMaskKeyDown = NSKeyDownMask,
+  NSEventModifierFlagShift = NSShiftKeyMask,
+  NSEventModifierFlagControl = NSControlKeyMask,
+  NSEventModifierFlagOption = NSAlternateKeyMask,
+  NSEventModifierFlagCommand = NSCommandKeyMask,
 };
+
+enum NSAlignmentOptions { NSAlignAllEdgesOutward, NSAlignAllEdgesNearest };
 
 inline constexpr NSProgressIndicatorStyle NSProgressIndicatorStyleSpinning = NSProgressIndicatorSpinningStyle;
 inline constexpr NSBezelStyle NSBezelStyleRounded = NSRoundedBezelStyle;
@@ -71,6 +77,12 @@ inline constexpr NSBezelStyle NSBezelStyleRegularSquare = NSRegularSquareBezelSt
 - (NSAppearance*)appearance;
 - (NSRect)alignmentRectForFrame:(NSRect)frame;
 - (NSRect)frameForAlignmentRect:(NSRect)rect;
+- (NSRect)backingAlignedRect:(NSRect)rect options:(NSAlignmentOptions)options;
+- (void)viewDidChangeBackingProperties;
+@end
+
+@interface NSScreen (Supplement)
+- (NSRect)backingAlignedRect:(NSRect)rect options:(NSAlignmentOptions)options;
 @end
 
 @interface NSButton (Supplement)
