@@ -2,12 +2,15 @@
 
 #include "platform/NativePlatform.h"
 #include "platform/linux/bus/BusAddress.h"
+#include "platform/linux/control/ControlNames.h"
 #include "platform/linux/system/CommandLine.h"
 #include "platform/linux/system/EnvironmentVariable.h"
 #include "platform/linux/system/LastResort.h"
 #include "platform/linux/system/QtMessages.h"
 #include "platform/linux/system/StandardStreams.h"
 #include "platform/x11/ToolkitEnvironment.h"
+#include "platform/x11/connection/PanelWait.h"
+#include "platform/x11/connection/SecondStart.h"
 
 #include <chrono>
 #include <cstdlib>
@@ -22,8 +25,11 @@ namespace {
 using namespace std::chrono_literals;
 using linux::environmentVariable;
 
-// At the start of a session programs may be started before the window manager is there.
+// At the start of a session programs may be started before the window manager is there, and long before a panel, which
+// not every session has.
 constexpr std::chrono::milliseconds windowManagerStart = 5s;
+constexpr std::chrono::milliseconds windowManagerAtLogin = 60s;
+constexpr std::chrono::milliseconds panelAtLogin = 15s;
 
 // A bus that works lets anybody in within a few milliseconds.
 constexpr std::chrono::milliseconds busAnswer = 1s;
@@ -43,8 +49,9 @@ bool isWaylandSession() {
   return environmentVariable("WAYLAND_DISPLAY") || environmentVariable("XDG_SESSION_TYPE") == "wayland";
 }
 
-std::optional<ExitStatus> waitForWindowManager(X11Connection& connection, const linux::TerminationSignals& signals) {
-  switch (waitForWindowManager(connection, signals, windowManagerStart)) {
+std::optional<ExitStatus> findWindowManager(X11Connection& connection, const linux::TerminationSignals& signals,
+                                            std::chrono::milliseconds limit) {
+  switch (waitForWindowManager(connection, signals, limit)) {
     case WindowManagerWait::Found:
       return std::nullopt;
     case WindowManagerWait::TimedOut:
@@ -58,6 +65,7 @@ std::optional<ExitStatus> waitForWindowManager(X11Connection& connection, const 
 }
 
 std::variant<std::unique_ptr<Platform>, ExitStatus> start(int& argc, char** argv) {
+  const linux::Start began = linux::startOf(argc, argv);
   if (!environmentVariable("DISPLAY")) {
     return refuse(isWaylandSession() ? "no X11 display: DISPLAY is not set, and pure Wayland sessions are not supported"
                                      : "no X11 display: DISPLAY is not set");
@@ -75,10 +83,14 @@ std::variant<std::unique_ptr<Platform>, ExitStatus> start(int& argc, char** argv
   }
   std::unique_ptr<InstanceLock> lock = InstanceLock::acquire(*connection);
   if (lock == nullptr) {
-    return refuse("already running on the X11 display " + displayName());
+    return passOnStart(began, environmentVariable("DISPLAY").value_or(""), signals);
   }
-  if (const std::optional<ExitStatus> status = waitForWindowManager(*connection, signals)) {
+  const auto patience = began == linux::Start::AtLogin ? windowManagerAtLogin : windowManagerStart;
+  if (const std::optional<ExitStatus> status = findWindowManager(*connection, signals, patience)) {
     return *status;
+  }
+  if (began == linux::Start::AtLogin && waitForPanel(*connection, signals, panelAtLogin) == PanelWait::Terminated) {
+    return ExitStatus{EXIT_SUCCESS};
   }
   // Also where the environment asks the toolkit for another platform: the windows are X windows.
   setenv("QT_QPA_PLATFORM", "xcb", 1);
@@ -98,6 +110,8 @@ X11Platform::X11Platform(std::unique_ptr<X11Connection> connection, std::unique_
       system_(linux::SystemLog(linux::SystemLog::standardPath(), linux::Journal::open())),
       defaults_(linux::LinuxDefaults::standardPath(), [this](const std::string& line) { system_.log(line); }),
       sessionBus_(linux::MessageBus::Kind::Session),
+      control_(sessionBus_, linux::controlNameOfDisplay(environmentVariable("DISPLAY").value_or("")),
+               [this](const std::string& line) { system_.log(line); }),
       systemBus_(linux::MessageBus::Kind::System),
       windowManager_(*connection_),
       guard_(*connection_, *lock_, windowManager_, [this] { defaults_.finishWriting(); }),

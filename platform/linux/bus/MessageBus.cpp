@@ -13,8 +13,9 @@ using std::chrono::microseconds;
 using std::chrono::milliseconds;
 using Clock = std::chrono::steady_clock;
 
-// As many messages are delivered together before others have their turn in the event loop.
+// As many messages are delivered together, and as long, before others have their turn in the event loop.
 constexpr int messagesPerTurn = 100;
+constexpr milliseconds timePerTurn{10};
 
 sd_bus* open(const std::string& address) {
   sd_bus* bus = nullptr;
@@ -179,7 +180,8 @@ void MessageBus::process() {
   // An event loop that a handler opens cannot hear of the bus, and need not be woken up for it.
   readable_.setEnabled(false);
   writable_.setEnabled(false);
-  for (int count = 0; count < messagesPerTurn && processOne(); ++count) {
+  const auto end = Clock::now() + timePerTurn;
+  for (int count = 0; count < messagesPerTurn && Clock::now() < end && processOne(); ++count) {
   }
   if (sd_bus_is_open(bus_.get()) <= 0 && !std::exchange(lossReported_, true)) {
     lossListeners_.notify();

@@ -22,6 +22,8 @@ struct WindowManagerTraits {
   /// It makes docks as wide as the screen, and does not always tell them so. Asked for that width, it has nothing to
   /// tell.
   bool makesStripsOfDocks = false;
+  /// The panel is its own, there as soon as itself, and no window.
+  bool hasPanel = false;
 };
 
 /// `name` is what the window manager calls itself. The only place that knows any by name.
