@@ -65,7 +65,7 @@ Value SettingsChange::appliedTo(const Value& current) const {
   return result;
 }
 
-void follow(SettingsChanges& changes, SettingsChanges later) {
+void follow(SettingsChanges& changes, SettingsChanges&& later) {
   for (auto& [key, change] : later) {
     if (const auto former = changes.find(key); former != changes.end()) {
       former->second.follow(std::move(change));

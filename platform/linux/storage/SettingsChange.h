@@ -33,7 +33,7 @@ class SettingsChange {
 using SettingsChanges = std::map<std::string, SettingsChange>;
 
 /// Adds changes to earlier ones.
-void follow(SettingsChanges& changes, SettingsChanges later);
+void follow(SettingsChanges& changes, SettingsChanges&& later);
 
 /// Settings after changes.
 Value::Dictionary applied(const SettingsChanges& changes, Value::Dictionary settings);

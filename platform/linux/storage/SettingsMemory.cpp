@@ -1,7 +1,5 @@
 #include "platform/linux/storage/SettingsMemory.h"
 
-#include "platform/linux/storage/SettingsUpdate.h"
-
 #include <utility>
 #include <variant>
 
@@ -26,7 +24,7 @@ std::optional<Value> SettingsMemory::object(const std::string& key) {
     value = current(key);
     known_[key] = value;
   }
-  this->report(lines);
+  report(lines);
   return value.isNull() ? std::nullopt : std::optional(std::move(value));
 }
 
@@ -46,7 +44,7 @@ SettingsMemory::Change SettingsMemory::set(const std::string& key, const Value& 
     }
     known_[key] = value;
   }
-  this->report(lines);
+  report(lines);
   return change;
 }
 
@@ -54,38 +52,40 @@ SettingsMemory::Write SettingsMemory::write() {
   if (!file_) {
     return Write::Done;
   }
-  SettingsChanges changes;
-  Value::Dictionary lastKnown;
-  {
-    const std::scoped_lock lock(mutex_);
-    beingWritten_ = std::exchange(waiting_, {});
-    changes = beingWritten_;
-    lastKnown = settings_;
-    writing_ = true;
-  }
+  auto [changes, lastKnown] = beginWrite();
   SettingsUpdate::Result result = SettingsUpdate(*file_, std::move(lastKnown), settling_).run(std::move(changes));
-  const std::string path = file_->path().string();
+  const bool failed = result.mayWorkLater;
   Lines lines;
-  {
-    const std::scoped_lock lock(mutex_);
-    SettingsChanges later = std::exchange(waiting_, std::move(result.left));
-    follow(waiting_, std::move(later));
-    beingWritten_.clear();
-    writing_ = false;
-    if (result.setAside) {
-      const auto& [aside, reason] = *result.setAside;
-      lines.push_back("[Roomlattice] settings file " + path + " was damaged (" + reason + ") and is kept as " +
-                      aside.string());
-    }
-    if (result.file) {
-      take(std::move(*result.file), lines);
-    }
-    tellTrouble(writeTrouble_,
-                result.trouble ? "[Roomlattice] settings cannot be written to " + path + ": " + *result.trouble : "",
-                lines);
+  endWrite(std::move(result), lines);
+  report(lines);
+  return failed ? Write::Failed : Write::Done;
+}
+
+std::pair<SettingsChanges, Value::Dictionary> SettingsMemory::beginWrite() {
+  const std::scoped_lock lock(mutex_);
+  beingWritten_ = std::exchange(waiting_, {});
+  writing_ = true;
+  return {beingWritten_, settings_};
+}
+
+void SettingsMemory::endWrite(SettingsUpdate::Result result, Lines& lines) {
+  const std::scoped_lock lock(mutex_);
+  const std::string path = file_->path().string();
+  SettingsChanges later = std::exchange(waiting_, std::move(result.left));
+  follow(waiting_, std::move(later));
+  beingWritten_.clear();
+  writing_ = false;
+  if (result.setAside) {
+    const auto& [aside, reason] = *result.setAside;
+    lines.push_back("[Roomlattice] settings file " + path + " was damaged (" + reason + ") and is kept as " +
+                    aside.string());
   }
-  this->report(lines);
-  return result.mayWorkLater ? Write::Failed : Write::Done;
+  if (result.file) {
+    take(std::move(*result.file), lines);
+  }
+  tellTrouble(writeTrouble_,
+              result.trouble ? "[Roomlattice] settings cannot be written to " + path + ": " + *result.trouble : "",
+              lines);
 }
 
 bool SettingsMemory::isWritten() const {

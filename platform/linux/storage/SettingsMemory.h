@@ -2,6 +2,7 @@
 
 #include "platform/linux/storage/SettingsChange.h"
 #include "platform/linux/storage/SettingsFile.h"
+#include "platform/linux/storage/SettingsUpdate.h"
 
 #include <chrono>
 #include <functional>
@@ -9,6 +10,7 @@
 #include <mutex>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace roomlattice::platform::linux {
@@ -44,6 +46,9 @@ class SettingsMemory {
  private:
   using Lines = std::vector<std::string>;
 
+  /// What was changed and is to be written now, and what was last read.
+  std::pair<SettingsChanges, Value::Dictionary> beginWrite();
+  void endWrite(SettingsUpdate::Result result, Lines& lines);
   void refresh(Lines& lines);
   void take(SettingsFile::ReadResult state, Lines& lines);
   void report(const Lines& lines);

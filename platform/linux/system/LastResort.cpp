@@ -11,7 +11,8 @@
 namespace roomlattice::platform::linux {
 namespace {
 
-// The program has up to forty files open, and libraries that cannot open one more crash.
+// Sixteen are open while nothing happens, and more while plug-ins and fonts are loaded. Libraries that cannot open one
+// crash, or wait for ever.
 constexpr rlim_t leastFiles = 96;
 constexpr rlim_t enoughFiles = 1024;
 
