@@ -22,8 +22,8 @@ struct WindowManagerTraits {
   /// It makes docks as wide as the screen, and does not always tell them so. Asked for that width, it has nothing to
   /// tell.
   bool makesStripsOfDocks = false;
-  /// An overlay window may be mapped while the desktop it belongs to is not in front. Where it may not, because it is
-  /// put on a wrong screen or keeps a desktop alive that would go, it is on all desktops and mapped only in time.
+  /// An overlay window may be on its desktop while that is not in front. Where it may not, because it would get a wrong
+  /// place or keep a desktop alive that would go, it is on all desktops and shown only in time.
   bool letsOverlaysWait = true;
 };
 

@@ -56,7 +56,7 @@ void Excursion::holdKeyboard() {
 
 void Excursion::returnHome() {
   const std::optional<std::size_t> place = home_ ? desktops_.indexOf(*home_) : std::nullopt;
-  if (place && desktops_.list().current != place) {
+  if (place && desktops_.destination() != place) {
     returning_ = true;
     desktops_.activate(*place);
   }

@@ -64,7 +64,9 @@ void X11Window::setFrame(const Rect& frame) {
 }
 
 void X11Window::animateAlpha(double alpha, Duration duration, std::function<void()> completion) {
-  alpha_.moveTo(alpha, duration, std::move(completion));
+  // Where nothing is blended, a fade is but a wait for its end.
+  const auto steps = environment_.compositor.isCompositing() ? AlphaAnimation::Steps::Many : AlphaAnimation::Steps::One;
+  alpha_.moveTo(alpha, duration, steps, std::move(completion));
   if (alpha == 0.0) {
     excursion_.reset();
   }
@@ -92,8 +94,11 @@ void X11Window::orderOut() {
 }
 
 bool X11Window::isWantedOnScreen() const {
-  return orderedIn_ && desktop_.mayBeMapped() &&
-         (environment_.compositor.isCompositing() || alpha_.value() > traceOfAlpha);
+  return orderedIn_ && (environment_.compositor.isCompositing() || shownAlpha() > traceOfAlpha);
+}
+
+double X11Window::shownAlpha() const {
+  return desktop_.mayBeSeen() ? alpha_.value() : 0.0;
 }
 
 void X11Window::present() {
@@ -141,7 +146,7 @@ void X11Window::raise() {
 void X11Window::applyBlending() {
   if (hosted_ != nullptr) {
     const bool blends = environment_.compositor.isCompositing();
-    hosted_->setBlending({.solid = !blends, .opacity = blends && paintsOpacity_ ? alpha_.value() : 1.0});
+    hosted_->setBlending({.solid = !blends, .opacity = blends && paintsOpacity_ ? shownAlpha() : 1.0});
   }
   applyShape();
 }
@@ -149,9 +154,9 @@ void X11Window::applyBlending() {
 void X11Window::applyOpacity() {
   if (paintsOpacity_) {
     applyBlending();
-  } else if (writtenOpacity_ != alpha_.value()) {
-    writtenOpacity_ = alpha_.value();
-    native_.setOpacity(alpha_.value());
+  } else if (writtenOpacity_ != shownAlpha()) {
+    writtenOpacity_ = shownAlpha();
+    native_.setOpacity(shownAlpha());
   }
 }
 

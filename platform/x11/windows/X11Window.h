@@ -42,6 +42,7 @@ class X11Window final : public Window {
 
  private:
   bool isWantedOnScreen() const;
+  double shownAlpha() const;
 
   /// Brings what is on the screen in line with what was asked for.
   void present();
