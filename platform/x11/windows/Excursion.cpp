@@ -41,7 +41,8 @@ Excursion::~Excursion() {
   xcb_ungrab_keyboard(connection_.raw(), XCB_CURRENT_TIME);
   returnHome();
   giveFocusBack();
-  connection_.flush();
+  // The program may be about to end, and a busy server drops what it has not read of a client that is gone.
+  connection_.waitForServer();
 }
 
 void Excursion::holdKeyboard() {
