@@ -66,6 +66,10 @@ bool BusMessage::read(bool& value) const {
   return isRead;
 }
 
+bool BusMessage::read(std::int32_t& value) const {
+  return sd_bus_message_read_basic(message_.get(), 'i', &value) > 0;
+}
+
 bool BusMessage::read(std::uint32_t& value) const {
   return sd_bus_message_read_basic(message_.get(), 'u', &value) > 0;
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/linux/bus/BusTypes.h"
+
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -22,8 +24,8 @@ class BusMessage {
   /// The unique name of the connection that sent it, as the bus has it.
   std::string sender() const;
 
-  /// The argument at `index`, from 0, also out of variants. A T is a bool, uint32_t, double or string, a tuple of these
-  /// for a structure, or a vector for an array.
+  /// The argument at `index`, from 0, also out of variants. A T is a bool, int32_t, uint32_t, double or string, a
+  /// tuple of these for a structure, or a vector for an array.
   template <class T>
   std::optional<T> argument(std::size_t index) const {
     return rewindTo(index) ? readNext<T>() : std::nullopt;
@@ -49,24 +51,11 @@ class BusMessage {
   std::optional<T> readNext() const {
     enterVariants();
     T value{};
-    return typeOfNext() == typeOf(value) && read(value) ? std::optional(std::move(value)) : std::nullopt;
-  }
-
-  // The types as D-Bus writes them; the values only tell which.
-  static std::string typeOf(bool) { return "b"; }
-  static std::string typeOf(std::uint32_t) { return "u"; }
-  static std::string typeOf(double) { return "d"; }
-  static std::string typeOf(const std::string&) { return "s"; }
-  template <class... T>
-  static std::string typeOf(const std::tuple<T...>&) {
-    return "(" + (typeOf(T{}) + ...) + ")";
-  }
-  template <class T>
-  static std::string typeOf(const std::vector<T>&) {
-    return "a" + typeOf(T{});
+    return typeOfNext() == busType<T>() && read(value) ? std::optional(std::move(value)) : std::nullopt;
   }
 
   bool read(bool& value) const;
+  bool read(std::int32_t& value) const;
   bool read(std::uint32_t& value) const;
   bool read(double& value) const;
   bool read(std::string& value) const;

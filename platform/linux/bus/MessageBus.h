@@ -75,6 +75,11 @@ class MessageBus {
   /// Calls a method whose answer is of no interest.
   void send(const BusCall& call);
 
+  /// The library's own connection, for what is offered on the bus; null where there is no bus. What has been queued on
+  /// it by itself goes out after `listen`.
+  sd_bus* raw() const { return bus_.get(); }
+  void listen();
+
  private:
   struct Close {
     void operator()(sd_bus* bus) const { sd_bus_close_unref(bus); }
@@ -82,7 +87,6 @@ class MessageBus {
 
   void process();
   bool processOne();
-  void listen();
 
   std::unique_ptr<sd_bus, Close> bus_;
   Listeners<> lossListeners_;

@@ -62,14 +62,22 @@ void X11StatusItem::setMenu(Menu* menu) {
 
 void X11StatusItem::mousePressEvent(QMouseEvent* event) {
   event->accept();
-  if (menu_ == nullptr || session_ != nullptr || !itemRect().contains(event->position())) {
-    return;
+  if (itemRect().contains(event->position())) {
+    // The event knows where the window is. The toolkit's own account of it may be out of date while a window manager
+    // moves the window.
+    openMenuAt(event->globalPosition() - event->position());
   }
-  // The event knows where the window is. The toolkit's own account of it may be out of date while a window manager
-  // moves the window.
-  const QPointF origin = event->globalPosition() - event->position();
-  const QPoint corner = (origin + itemRect().bottomRight()).toPoint();
-  session_ = std::make_unique<MenuSession>(*menu_, corner, *this, [this] { session_.reset(); });
+}
+
+void X11StatusItem::openMenu() {
+  openMenuAt(mapToGlobal(QPointF()));
+}
+
+void X11StatusItem::openMenuAt(QPointF origin) {
+  if (menu_ != nullptr && session_ == nullptr) {
+    const QPoint corner = (origin + itemRect().bottomRight()).toPoint();
+    session_ = std::make_unique<MenuSession>(*menu_, corner, *this, [this] { session_.reset(); });
+  }
 }
 
 void X11StatusItem::setContent(const StatusButtonContent& content) {

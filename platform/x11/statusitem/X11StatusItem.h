@@ -26,6 +26,7 @@ class X11StatusItem final : public QWidget, public StatusItem, public StatusButt
   StatusButton* button() override { return this; }
   void setLength(const StatusItemLength& length) override;
   void setMenu(Menu* menu) override;
+  void openMenu() override;
   void setContent(const StatusButtonContent& content) override;
 
  protected:
@@ -38,6 +39,9 @@ class X11StatusItem final : public QWidget, public StatusItem, public StatusButt
   void layOut();
   void appear();
   void reserveScreenEdge();
+
+  /// Opens the menu unless it is open; `origin` is the window's, in Qt's coordinates.
+  void openMenuAt(QPointF origin);
 
   /// Where the item is in the window, which is wider under some window managers.
   QRectF itemRect() const;

@@ -64,7 +64,9 @@ class X11Session {
 
   /// Sends the server a signal that ends it, and waits for its end.
   void endServer(int signal);
+  void signalServer(int signal) { server_->signal(signal); }
   void stopBus();
+  void signalBus(int signal) { bus_->signal(signal); }
 
   /// Asks the window manager until it has that many desktops.
   void setDesktopCount(int count);

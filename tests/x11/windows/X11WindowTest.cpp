@@ -220,7 +220,7 @@ TEST_F(X11WindowTest, KeepsTheFrameItWasGiven) {
   const Rect frame{{10.25, 20.5}, {300.75, 100.125}};
   window->setFrame(frame);
   EXPECT_EQ(window->frame(), frame);
-  const QRect expected(10, 800.0 - 121, 301, 101);
+  const QRect expected(10, 800 - 121, 301, 101);
   EXPECT_TRUE(waitFor([&] { return probe(*window).geometry() == expected; }));
 }
 
