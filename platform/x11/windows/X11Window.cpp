@@ -94,11 +94,10 @@ void X11Window::orderOut() {
 }
 
 bool X11Window::isWantedOnScreen() const {
-  return orderedIn_ && (environment_.compositor.isCompositing() || shownAlpha() > traceOfAlpha);
-}
-
-double X11Window::shownAlpha() const {
-  return desktop_.mayBeSeen() ? alpha_.value() : 0.0;
+  // GNOME's window manager on Wayland overlooks the opacity that a window has when it is mapped. One that faded out
+  // while it was still being mapped would stay on the screen for good.
+  const bool staysUnseen = environment_.compositor.isCompositing() && environment_.management.mayWaitOnDesktops();
+  return orderedIn_ && desktop_.mayBeSeen() && (staysUnseen || alpha_.value() > traceOfAlpha);
 }
 
 void X11Window::present() {
@@ -146,7 +145,7 @@ void X11Window::raise() {
 void X11Window::applyBlending() {
   if (hosted_ != nullptr) {
     const bool blends = environment_.compositor.isCompositing();
-    hosted_->setBlending({.solid = !blends, .opacity = blends && paintsOpacity_ ? shownAlpha() : 1.0});
+    hosted_->setBlending({.solid = !blends, .opacity = blends && paintsOpacity_ ? alpha_.value() : 1.0});
   }
   applyShape();
 }
@@ -154,9 +153,9 @@ void X11Window::applyBlending() {
 void X11Window::applyOpacity() {
   if (paintsOpacity_) {
     applyBlending();
-  } else if (writtenOpacity_ != shownAlpha()) {
-    writtenOpacity_ = shownAlpha();
-    native_.setOpacity(shownAlpha());
+  } else if (writtenOpacity_ != alpha_.value()) {
+    writtenOpacity_ = alpha_.value();
+    native_.setOpacity(alpha_.value());
   }
 }
 

@@ -42,7 +42,6 @@ class X11Window final : public Window {
 
  private:
   bool isWantedOnScreen() const;
-  double shownAlpha() const;
 
   /// Brings what is on the screen in line with what was asked for.
   void present();
