@@ -24,8 +24,8 @@ struct WindowManagerTraits {
   bool makesStripsOfDocks = false;
   /// The panel is its own, there as soon as itself, and no window.
   bool hasPanel = false;
-  /// An overlay window may be mapped while the desktop it belongs to is not in front. Where it may not, because it is
-  /// put on a wrong screen or keeps a desktop alive that would go, it is on all desktops and mapped only in time.
+  /// An overlay window may be on its desktop while that is not in front. Where it may not, because it would get a wrong
+  /// place or keep a desktop alive that would go, it is on all desktops and shown only in time.
   bool letsOverlaysWait = true;
 };
 

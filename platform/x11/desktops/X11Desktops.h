@@ -36,6 +36,9 @@ class X11Desktops {
   /// Asks the window manager to switch. Nothing happens for a place that is not in the list.
   void activate(std::size_t index);
 
+  /// The place of the desktop where the switches asked for will lead, which is the current one when there are none.
+  std::optional<std::size_t> destination();
+
   /// Asks for a switch by one desktop, counted from where the switches asked for before will lead, so that quick steps
   /// add up. Nothing happens beyond either end.
   void step(Direction direction);
@@ -48,7 +51,6 @@ class X11Desktops {
   void selectSource(Moment moment);
   void sourceChanged();
   void settleRequests();
-  std::optional<std::size_t> destination();
 
   X11Connection& connection_;
   linux::MessageBus& sessionBus_;

@@ -42,6 +42,9 @@ void PointerMonitor::select() {
   }
   motions_ = input_.observe(
       [this](const xcb_ge_generic_event_t& event) { moved_ = moved_ || event.event_type == XCB_INPUT_RAW_MOTION; });
+  if (!corners_ && isXwayland(connection_)) {
+    corners_.emplace(screens_, [this](const Point& point) { deliver(point); });
+  }
   batches_ = connection_.observeBatches([this] { deliver(); });
   input_.select(XCB_INPUT_DEVICE_ALL_MASTER, {XCB_INPUT_RAW_MOTION});
 }
@@ -56,9 +59,12 @@ void PointerMonitor::deliver() {
     return;
   }
   const Point point = query();
-  if (isOverOwnWindow(screens_.toQt(point).toPoint())) {
-    return;
+  if (!isOverOwnWindow(screens_.toQt(point).toPoint())) {
+    deliver(point);
   }
+}
+
+void PointerMonitor::deliver(const Point& point) {
   delivered_ = point;
   listeners_.notify();
   delivered_.reset();

@@ -8,6 +8,8 @@
 namespace roomlattice::platform::x11 {
 namespace {
 
+constexpr QEasingCurve::Type easing = QEasingCurve::InOutSine;
+
 /// On a later turn, whatever has gone by then: the completion may be all that keeps its window.
 void callLater(std::function<void()> completion) {
   QMetaObject::invokeMethod(qApp, std::move(completion), Qt::QueuedConnection);
@@ -17,21 +19,27 @@ void callLater(std::function<void()> completion) {
 
 AlphaAnimation::AlphaAnimation(double value, std::function<void()> changed)
     : value_(value), changed_(std::move(changed)) {
-  animation_.setEasingCurve(QEasingCurve::InOutSine);
+  animation_.setEasingCurve(easing);
   QObject::connect(&animation_, &QVariantAnimation::valueChanged, &animation_, [this](const QVariant& now) {
     // The toolkit also reports a value while the next move is being set up.
     if (animation_.state() == QAbstractAnimation::Running) {
       assign(now.toDouble());
     }
   });
-  QObject::connect(&animation_, &QVariantAnimation::finished, &animation_, [this] {
-    assign(animation_.endValue().toDouble());
-    callLater(std::exchange(completion_, nullptr));
-  });
+  QObject::connect(&animation_, &QVariantAnimation::finished, &animation_, [this] { arrive(); });
 }
 
 AlphaAnimation::~AlphaAnimation() {
   animation_.disconnect();
+}
+
+double AlphaAnimation::value() const {
+  if (!jump_.isRunning()) {
+    return value_;
+  }
+  const double progress =
+      std::min(static_cast<double>(sinceStart_.elapsed()) / static_cast<double>(duration_.count()), 1.0);
+  return value_ + (target_ - value_) * QEasingCurve(easing).valueForProgress(progress);
 }
 
 void AlphaAnimation::set(double value) {
@@ -40,7 +48,7 @@ void AlphaAnimation::set(double value) {
   assign(value);
 }
 
-void AlphaAnimation::moveTo(double target, Duration duration, std::function<void()> completion) {
+void AlphaAnimation::moveTo(double target, Duration duration, Steps steps, std::function<void()> completion) {
   const std::function<void()> replaced = end();
   if (duration <= Duration::zero()) {
     assign(target);
@@ -48,11 +56,22 @@ void AlphaAnimation::moveTo(double target, Duration duration, std::function<void
     return;
   }
   completion_ = std::move(completion);
+  target_ = target;
+  duration_ = std::chrono::ceil<std::chrono::milliseconds>(duration);
+  if (steps == Steps::One) {
+    sinceStart_.start();
+    jump_.start(duration_);
+    return;
+  }
   animation_.setStartValue(value_);
   animation_.setEndValue(target);
-  const auto milliseconds = std::chrono::ceil<std::chrono::milliseconds>(duration);
-  animation_.setDuration(static_cast<int>(milliseconds.count()));
+  animation_.setDuration(static_cast<int>(duration_.count()));
   animation_.start();
+}
+
+void AlphaAnimation::arrive() {
+  assign(target_);
+  callLater(std::exchange(completion_, nullptr));
 }
 
 void AlphaAnimation::assign(double value) {
@@ -63,7 +82,9 @@ void AlphaAnimation::assign(double value) {
 }
 
 std::function<void()> AlphaAnimation::end() {
+  value_ = value();
   animation_.stop();
+  jump_.stop();
   return std::exchange(completion_, nullptr);
 }
 

@@ -49,7 +49,7 @@ bool DesktopKeeper::isInFront() const {
   return desktop == allDesktops || desktop == environment_.desktops.list().current;
 }
 
-bool DesktopKeeper::mayBeMapped() const {
+bool DesktopKeeper::mayBeSeen() const {
   return environment_.management.mayWaitOnDesktops() || isInFront();
 }
 

@@ -37,8 +37,8 @@ class DesktopKeeper {
   /// Whether the window belongs to the desktop in front, or to all.
   bool isInFront() const;
 
-  /// Whether the window may be mapped now.
-  bool mayBeMapped() const;
+  /// Whether the window may be seen now, as far as it is for the program and not for the window manager to see to that.
+  bool mayBeSeen() const;
 
   /// To be called before the window is mapped: the window manager may be corrected again.
   void windowWillAppear();

@@ -41,7 +41,8 @@ Excursion::~Excursion() {
   xcb_ungrab_keyboard(connection_.raw(), XCB_CURRENT_TIME);
   returnHome();
   giveFocusBack();
-  connection_.flush();
+  // The program may be about to end, and a busy server drops what it has not read of a client that is gone.
+  connection_.waitForServer();
 }
 
 void Excursion::holdKeyboard() {
@@ -56,7 +57,7 @@ void Excursion::holdKeyboard() {
 
 void Excursion::returnHome() {
   const std::optional<std::size_t> place = home_ ? desktops_.indexOf(*home_) : std::nullopt;
-  if (place && desktops_.list().current != place) {
+  if (place && desktops_.destination() != place) {
     returning_ = true;
     desktops_.activate(*place);
   }

@@ -15,7 +15,7 @@ class OverlayManagement {
  public:
   OverlayManagement(X11Connection& connection, WindowManagerWatch& windowManager);
 
-  /// Whether an overlay may be mapped while its desktop is not in front.
+  /// Whether an overlay may be on its desktop while that is not in front, for the window manager to show it in time.
   bool mayWaitOnDesktops() const;
 
   /// To be called when an overlay was mapped: after a while it should be among the windows that the window manager

@@ -64,7 +64,9 @@ void X11Window::setFrame(const Rect& frame) {
 }
 
 void X11Window::animateAlpha(double alpha, Duration duration, std::function<void()> completion) {
-  alpha_.moveTo(alpha, duration, std::move(completion));
+  // Where nothing is blended, a fade is but a wait for its end.
+  const auto steps = environment_.compositor.isCompositing() ? AlphaAnimation::Steps::Many : AlphaAnimation::Steps::One;
+  alpha_.moveTo(alpha, duration, steps, std::move(completion));
   if (alpha == 0.0) {
     excursion_.reset();
   }
@@ -92,8 +94,10 @@ void X11Window::orderOut() {
 }
 
 bool X11Window::isWantedOnScreen() const {
-  return orderedIn_ && desktop_.mayBeMapped() &&
-         (environment_.compositor.isCompositing() || alpha_.value() > traceOfAlpha);
+  // GNOME's window manager on Wayland overlooks the opacity that a window has when it is mapped. One that faded out
+  // while it was still being mapped would stay on the screen for good.
+  const bool staysUnseen = environment_.compositor.isCompositing() && environment_.management.mayWaitOnDesktops();
+  return orderedIn_ && desktop_.mayBeSeen() && (staysUnseen || alpha_.value() > traceOfAlpha);
 }
 
 void X11Window::present() {

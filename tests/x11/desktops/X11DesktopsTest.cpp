@@ -37,6 +37,14 @@ TEST_P(X11DesktopsTest, AreTheSameAfterARestartOfTheProgram) {
   EXPECT_EQ(again.list(), before);
 }
 
+TEST(X11DesktopsOnWaylandTest, AreOnTheFirstWhileNobodyTellsTheCurrentOne) {
+  FollowedDesktops followed({.windowManager = WindowManagerKind::Openbox, .desktops = 3});
+  followed.session.run({"wmctrl", "-s", "2"});
+  ASSERT_TRUE(waitFor([&] { return followed.current() == 2; }));
+  followed.session.run({"xprop", "-root", "-remove", "_NET_CURRENT_DESKTOP"});
+  EXPECT_TRUE(waitFor([&] { return followed.current() == 0; }));
+}
+
 TEST_P(X11DesktopsTest, FollowASwitchMadeByOthers) {
   followed_.session.run({"wmctrl", "-s", "2"});
   EXPECT_TRUE(waitFor([this] { return followed_.current() == 2; }));

@@ -156,7 +156,12 @@ TEST_P(ProgramLabelsUnderTest, FollowWhatTheUserDoes) {
   EXPECT_TRUE(waitFor([&] { return opacityOf(arriving) == 0.0; }));
   EXPECT_TRUE(waitFor([&] { return screenIsClear(2); }));
   user_.connection().deliverEvents();
-  EXPECT_GT(steps, 1);
+  if (GetParam().compositing == Compositing::Picom) {
+    EXPECT_GT(steps, 5);
+  } else if (GetParam().windowManager != WindowManagerKind::KWin) {
+    // Without a compositor nothing fades, and a label that has come goes at the end. KWin may be one.
+    EXPECT_EQ(steps, 1);
+  }
 
   // The corner shows those of all other desktops, and the pointer sends them away.
   user_.movePointerTo(corner);

@@ -203,6 +203,8 @@ void X11Session::startWindowManager(WindowManagerKind kind) {
     // It may still drop what it is asked for. Once the number has changed, it has begun to serve requests.
     setDesktopCount(desktops_ + 1);
     setDesktopCount(desktops_);
+  } else if (kind == WindowManagerKind::Bspwm) {
+    require(waitFor([this] { return desktopCount() == desktops_; }), "the window manager's script does not run");
   }
 }
 

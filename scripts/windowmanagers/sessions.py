@@ -1,0 +1,240 @@
+"""Desktops without a screen: a server or compositor, a message bus and a window manager, all of the run's own."""
+import os
+import pathlib
+import re
+import shutil
+import tempfile
+from dataclasses import dataclass, field
+
+from . import screen
+from .processes import Processes, is_installed, output_of, wait_for
+
+size = "1366x768"
+desktop_count = 4
+
+openbox_settings = """<?xml version="1.0"?>
+<openbox_config xmlns="http://openbox.org/3.4/rc">
+  <desktops><number>4</number><popupTime>0</popupTime></desktops>
+</openbox_config>
+"""
+kwin_settings = "[Desktops]\nNumber=4\nRows=1\n" + "".join(f"Id_{n}=matrix-{n}\n" for n in range(1, 5))
+bspwm_settings = "#!/bin/sh\nbspc monitor -d 1 2 3 4\n"
+polybar_settings = """[bar/matrix]
+width = 100%
+height = 24
+modules-right = date
+[module/date]
+type = internal/date
+date = %H:%M
+"""
+
+
+@dataclass
+class Desktop:
+    """A row of the table: how to start a window manager and what belongs to it."""
+    name: str
+    command: list
+    server: str = "xvfb"  # or "wayland": the window manager is the compositor and starts Xwayland
+    files: dict = field(default_factory=dict)  # below the home folder
+    environment: dict = field(default_factory=dict)
+    companions: list = field(default_factory=list)  # started after it
+    makes_desktops: bool = True  # obeys _NET_NUMBER_OF_DESKTOPS
+    dynamic: bool = False  # makes and drops desktops by itself
+    obeys_opacity: bool = True
+    drawing_time: float = 0.0  # seconds until what is mapped is on the screen
+
+    def programs(self):
+        server = ["Xvfb"] if self.server == "xvfb" else ["Xwayland"]
+        return server + [self.command[0]] + [companion[0] for companion in self.companions]
+
+    def is_installed(self):
+        return is_installed(*self.programs())
+
+
+gnome_environment = {"XDG_CURRENT_DESKTOP": "GNOME", "LIBGL_ALWAYS_SOFTWARE": "1", "GSETTINGS_BACKEND": "keyfile"}
+gnome_settings = {".config/glib-2.0/settings/keyfile": "[org/gnome/shell]\nwelcome-dialog-last-shown-version='9999'\n"}
+memory_settings = {"GSETTINGS_BACKEND": "memory"}
+openbox_files = {".config/openbox/rc.xml": openbox_settings}
+openbox = ["openbox", "--sm-disable"]
+picom = ["picom", "--config", "/dev/null", "--backend", "xrender"]
+
+
+def plain(name, command, **rest):
+    """A window manager without and with a compositor beside it."""
+    return [Desktop(name, command, **rest), Desktop(name + "+picom", command, companions=[picom], **rest)]
+
+
+def beside_panel(panel, *command, files=None):
+    return Desktop(f"openbox+{panel}", openbox, files={**openbox_files, **(files or {})},
+                   environment=memory_settings, companions=[list(command or [panel])])
+
+
+desktops = [
+    *plain("openbox", openbox, files=openbox_files),
+    Desktop("xfwm4", ["xfwm4", "--compositor=off"]),
+    Desktop("xfwm4 composited", ["xfwm4", "--compositor=on"]),
+    Desktop("kwin_x11", ["kwin_x11"], files={".config/kwinrc": kwin_settings}, makes_desktops=False),
+    *plain("metacity", ["metacity", "--sm-disable", "--no-composite"], environment=memory_settings),
+    *plain("marco", ["marco", "--sm-disable", "--no-composite"], environment=memory_settings),
+    Desktop("marco composited", ["marco", "--sm-disable", "--composite"], environment=memory_settings),
+    *plain("icewm", ["icewm"]),
+    *plain("fluxbox", ["fluxbox"], files={".fluxbox/overlay": "background: none\n"}, obeys_opacity=False),
+    *plain("i3", ["i3"], files={".config/i3/config": "font pango:DejaVu Sans 8\n"}, makes_desktops=False, dynamic=True),
+    *plain("awesome", ["awesome"], makes_desktops=False),
+    *plain("bspwm", ["bspwm"], files={".config/bspwm/bspwmrc": bspwm_settings}, makes_desktops=False),
+    Desktop("gnome-shell", ["gnome-shell", "--x11", "--sm-disable", "--unsafe-mode"], files=gnome_settings,
+            environment={**gnome_environment, "XDG_SESSION_TYPE": "x11"}, makes_desktops=False, dynamic=True,
+            drawing_time=0.2),
+    Desktop("cinnamon", ["cinnamon"], environment={"LIBGL_ALWAYS_SOFTWARE": "1", **memory_settings},
+            makes_desktops=False, drawing_time=0.2),
+    Desktop("kwin_wayland", ["kwin_wayland", "--virtual", "--width", "1366", "--height", "768", "--xwayland"],
+            server="wayland", files={".config/kwinrc": kwin_settings}, makes_desktops=False,
+            environment={"LIBGL_ALWAYS_SOFTWARE": "1", "KWIN_SCREENSHOT_NO_PERMISSION_CHECKS": "1"}),
+    Desktop("gnome-shell wayland",
+            ["gnome-shell", "--wayland", "--headless", "--unsafe-mode", "--virtual-monitor", size],
+            server="wayland", files=gnome_settings, environment={**gnome_environment, "XDG_SESSION_TYPE": "wayland"},
+            makes_desktops=False, dynamic=True),
+    beside_panel("xfce4-panel"),
+    beside_panel("mate-panel"),
+    beside_panel("lxqt-panel"),
+    beside_panel("tint2"),
+    beside_panel("polybar", "polybar", "matrix", files={".config/polybar/config.ini": polybar_settings}),
+]
+
+
+class Session:
+    """One desktop, ready to use, to which the environment of this process points. One in the life of a process."""
+
+    def __init__(self, desktop):
+        self.desktop = desktop
+        self.folder = tempfile.mkdtemp(prefix="roomlattice-wm.")
+        self.processes = Processes(self.folder)
+        self.prepare_environment()
+        self.start_buses()
+        self.start_server()
+        self.screen = screen.Screen()
+        self.start_companions()
+        self.set_desktops()
+
+    def prepare_environment(self):
+        for name in list(os.environ):
+            if name.startswith(("XDG_", "QT_", "GTK_", "KDE_", "DBUS_", "WAYLAND_", "GNOME_")):
+                del os.environ[name]
+        for name in ("XAUTHORITY", "SESSION_MANAGER", "DISPLAY"):
+            os.environ.pop(name, None)
+        home = pathlib.Path(self.folder, "home")
+        runtime = pathlib.Path(self.folder, "run")
+        runtime.mkdir(mode=0o700)
+        home.mkdir()
+        os.environ.update(HOME=str(home), XDG_RUNTIME_DIR=str(runtime), XDG_CONFIG_HOME=str(home / ".config"),
+                          XDG_DATA_HOME=str(home / ".local/share"), XDG_STATE_HOME=str(home / ".local/state"),
+                          XDG_CACHE_HOME=str(home / ".cache"), **self.desktop.environment)
+        for name, text in self.desktop.files.items():
+            path = home / name
+            path.parent.mkdir(parents=True, exist_ok=True)
+            path.write_text(text, encoding="utf-8")
+            path.chmod(0o755)
+        os.chdir(home)
+
+    def start_buses(self):
+        """What asks the system's bus gets an empty one of the run's own."""
+        for name, variable in (("session", "DBUS_SESSION_BUS_ADDRESS"), ("system", "DBUS_SYSTEM_BUS_ADDRESS")):
+            path = os.path.join(os.environ["XDG_RUNTIME_DIR"], name + "-bus")
+            os.environ[variable] = "unix:path=" + path
+            self.processes.start(name + "-bus", "dbus-daemon", "--session", "--nofork", "--nopidfile",
+                                 "--address=unix:path=" + path)
+            self.require(wait_for(lambda path=path: os.path.exists(path)), "the message bus")
+
+    def start_server(self):
+        if self.desktop.server == "wayland":
+            self.start_window_manager()
+            os.environ["DISPLAY"] = self.require(wait_for(self.xwayland_display, 60), "Xwayland")
+            authority = next(pathlib.Path(os.environ["XDG_RUNTIME_DIR"]).glob("*[xX]wayland*auth*"), None)
+            if authority:
+                os.environ["XAUTHORITY"] = str(authority)
+        else:
+            os.environ["DISPLAY"] = self.start_xvfb()
+            output_of("hsetroot", "-solid", "#204060")
+            self.start_window_manager()
+        self.require(wait_for(lambda: output_of("wmctrl", "-m"), 60), "the window manager")
+
+    def start_xvfb(self):
+        reader, writer = os.pipe()
+        self.processes.start("xvfb", "Xvfb", "-r", "-displayfd", str(writer), "-screen", "0", size + "x24", "-nolisten",
+                             "tcp", "-noreset", "+extension", "GLX", "+iglx", keep_descriptors=(writer,))
+        os.close(writer)
+        with os.fdopen(reader) as announcement:
+            return ":" + self.require(announcement.readline().strip(), "the X server")
+
+    def start_window_manager(self):
+        command = list(self.desktop.command)
+        if command[0] == "kwin_wayland":
+            # The installed file has capabilities, which a container may refuse to execute; a copy has none.
+            command[0] = shutil.copy(shutil.which(command[0]), self.folder)
+        self.window_manager = self.processes.start("window-manager", *command)
+
+    def xwayland_display(self):
+        """Of the Xwayland that the compositor has started; its number is the first argument."""
+        children = output_of("pgrep", "--full", "--parent", str(self.window_manager.pid), "Xwayland").split()
+        for child in children:
+            with open(f"/proc/{child}/cmdline", encoding="utf-8") as file:
+                number = next((word for word in file.read().split("\0") if word.startswith(":")), None)
+            if number:
+                return number
+        return None
+
+    def start_companions(self):
+        for command in self.desktop.companions:
+            self.processes.start(command[0], *command)
+            if command is picom:
+                self.require(wait_for(self.screen.is_composited), "the compositor")
+            else:
+                self.require(wait_for(lambda: self.screen.windows_of_type("DOCK"), 30), command[0])
+
+    def set_desktops(self):
+        if self.desktop.dynamic:
+            if "gnome" in self.desktop.name:
+                screen.leave_overview()
+            return
+
+        def has_desktops():
+            if self.desktop.makes_desktops and self.screen.desktop_count() != desktop_count:
+                output_of("wmctrl", "-n", str(desktop_count))
+            return (self.screen.desktop_count() or 0) >= desktop_count
+        self.require(wait_for(has_desktops, 30), "the desktops")
+
+    def require(self, value, what):
+        if not value:
+            raise RuntimeError(f"{what} did not start (logs in {self.folder})")
+        return value
+
+    def picture(self, path):
+        """Of the whole screen, by the means of the session."""
+        if self.desktop.server == "xvfb":
+            output_of("import", "-silent", "-window", "root", path)
+        elif "kwin" in self.desktop.name:
+            screen.kwin_picture(path)
+        else:
+            output_of("gdbus", "call", "--session", "--dest", "org.gnome.Shell.Screenshot", "--object-path",
+                      "/org/gnome/Shell/Screenshot", "--method", "org.gnome.Shell.Screenshot.Screenshot", "false",
+                      "false", path)
+
+    def panel_item(self):
+        """The bus name and the path of the StatusNotifierItem in a panel of the session; nothing without one."""
+        answer = output_of("gdbus", "call", "--session", "--dest", "org.kde.StatusNotifierWatcher", "--object-path",
+                           "/StatusNotifierWatcher", "--method", "org.freedesktop.DBus.Properties.Get",
+                           "org.kde.StatusNotifierWatcher", "RegisteredStatusNotifierItems")
+        found = re.search(r"'([^'/]+)(/[^']*)?'", answer)
+        return (found[1], found[2] or "/StatusNotifierItem") if found else None
+
+    def activate_panel_item(self):
+        """As a panel does for a click."""
+        item = self.panel_item()
+        if item:
+            output_of("gdbus", "call", "--session", "--dest", item[0], "--object-path", item[1], "--method",
+                      "org.kde.StatusNotifierItem.Activate", "600", "100")
+        return item is not None
+
+    def end(self):
+        self.processes.end_all()
+        shutil.rmtree(self.folder, ignore_errors=True)
