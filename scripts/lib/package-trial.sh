@@ -25,6 +25,9 @@ files_of_system() {
     -o -type d -printf '%p %m %u\n' -o -printf '%p %m %u %s %l\n' | sort
 }
 
+# Where the trial has failed, which takes its folder along.
+show_logs() { if [[ $? != 0 ]]; then tail -n 20 "$trial"/*.log >&2; fi; }
+
 prepare() {
   export DEBIAN_FRONTEND=noninteractive
   apt-get --quiet update
@@ -78,6 +81,7 @@ run_and_upgrade() {
 
 main() {
   local program_pid
+  trap show_logs EXIT
   prepare
   files_of_system >"$trial/before"
   dpkg --install "$trial/roomlattice.deb"
