@@ -50,6 +50,8 @@ start_program() {
   start roomlattice as_user roomlattice
   program_pid=$!
   wait_for "the program" 30 as_user roomlatticectl current
+  # During the tour other desktops are in front.
+  wait_for "the end of the tour" 60 grep -q 'tour end' "$log_folder/roomlattice.log"
 }
 
 quit_program() {
