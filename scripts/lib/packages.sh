@@ -24,6 +24,10 @@ packages_for() {
       printf '%s\n' build-essential cmake ninja-build lld llvm libplist-utils python3 zip
       if ! command -v npm >/dev/null; then printf '%s\n' npm; fi
       ;;
+    # What the Debian package is made and checked with.
+    package) printf '%s\n' git dpkg-dev lintian appstream desktop-file-utils ;;
+    # What the Debian package is tried with.
+    packagetest) printf '%s\n' mmdebstrap debian-archive-keyring dpkg-dev util-linux ;;
     bench) printf '%s\n' libbenchmark-dev ;;
     fuzz) printf '%s\n' clang libclang-rt-14-dev ;;
     # What the campaign of faults injects errors and delays with.
