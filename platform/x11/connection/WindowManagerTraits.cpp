@@ -12,6 +12,7 @@ using Entry = std::pair<std::string_view, WindowManagerTraits>;
 constexpr std::array table = {
     Entry{"KWin", {.tellsDesktopsOnTheBus = true}},
     Entry{"i3", {.desktopIdentity = DesktopIdentity::Name, .makesStripsOfDocks = true}},
+    Entry{"Xfwm4", {.keepsDocksAboveFullScreen = true}},
     Entry{"Fluxbox", {.ignoresOpacity = true}},
 };
 

@@ -22,6 +22,8 @@ struct WindowManagerTraits {
   /// It makes docks as wide as the screen, and does not always tell them so. Asked for that width, it has nothing to
   /// tell.
   bool makesStripsOfDocks = false;
+  /// It keeps docks above windows that fill the screen.
+  bool keepsDocksAboveFullScreen = false;
 };
 
 /// `name` is what the window manager calls itself. The only place that knows any by name.

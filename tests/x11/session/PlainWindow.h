@@ -24,10 +24,15 @@ class PlainWindow {
   /// Asks the window manager to show it as large as it can.
   void maximize();
 
+  /// Asks the window manager to have it fill the screen, without a frame.
+  void fillScreen();
+
   /// The presses of the first button so far.
   int clicks();
 
  private:
+  void addStates(xcb_atom_t first, xcb_atom_t second);
+
   std::unique_ptr<platform::x11::X11Connection> connection_;
   xcb_window_t window_ = XCB_WINDOW_NONE;
   int clicks_ = 0;
