@@ -28,6 +28,8 @@ void AppDelegate::applicationDidFinishLaunching() {
   signs_.emplace(platform_, manager, preferences);
   startHotCornerWatcher();
   startSwipeWatcher();
+  commands_.emplace(platform_, manager, preferences, *menuBar_, *signs_);
+  service_ = platform_.control().serve(*commands_);
   platform_.dispatcher().asyncAfter(tourDelay, lifetime_.guard([&manager] { manager.performAutoTour(); }));
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "control/DesktopCommands.h"
 #include "input/HotCornerWatcher.h"
 #include "input/SwipeWatcher.h"
 #include "labels/SpaceSignWindowController.h"
@@ -30,6 +31,8 @@ class AppDelegate {
   std::optional<SpaceSignWindowController> signs_;
   std::optional<HotCornerWatcher> hot_;
   std::optional<SwipeWatcher> swipes_;
+  std::optional<DesktopCommands> commands_;
+  platform::Registration service_;
   Lifetime lifetime_;
 };
 

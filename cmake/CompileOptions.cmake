@@ -6,7 +6,8 @@ target_compile_options(
   INTERFACE -Wall
             -Wextra
             -Wpedantic
-            -Wshadow
+            # Where several sources are one, the names of each would seem to hide those of another.
+            $<$<NOT:$<BOOL:$<TARGET_PROPERTY:UNITY_BUILD>>>:-Wshadow>
             -Wconversion
             -Wsign-conversion
             -Wnon-virtual-dtor
@@ -16,8 +17,18 @@ target_compile_options(
             -Wno-missing-field-initializers
             $<$<BOOL:${ROOMLATTICE_WARNINGS_AS_ERRORS}>:-Werror>)
 
+if(ROOMLATTICE_FUZZERS)
+  # What the fuzzers read is watched, so that they learn what leads on.
+  set(watched -fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_compile_options(roomlattice_options INTERFACE ${watched})
+  target_link_options(roomlattice_options INTERFACE -fsanitize=address,undefined)
+endif()
+
 if(ROOMLATTICE_SANITIZERS)
-  set(sanitizers -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
-  target_compile_options(roomlattice_options INTERFACE ${sanitizers})
-  target_link_options(roomlattice_options INTERFACE ${sanitizers})
+  # In the tests themselves undefined behaviour is not worth the time that looking for it takes the compiler.
+  target_compile_options(
+    roomlattice_options
+    INTERFACE -fsanitize=address $<$<NOT:$<BOOL:$<TARGET_PROPERTY:ROOMLATTICE_IS_TEST>>>:-fsanitize=undefined>
+              -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(roomlattice_options INTERFACE -fsanitize=address,undefined)
 endif()

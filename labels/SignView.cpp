@@ -8,7 +8,7 @@ namespace {
 
 constexpr double plateAlpha = 0.78;
 constexpr double plateCornerRadius = 40.0;
-constexpr double sideMargin = 40.0;
+constexpr double textMargin = 40.0;
 
 }  // namespace
 
@@ -39,7 +39,7 @@ void SignView::prefsChanged() {
 platform::Rect SignView::labelFrame() const {
   const platform::Size plate = frame().size;
   const platform::Size text = platform_.userInterface().measure(text_, font_);
-  const double width = std::min(text.width, std::max(plate.width - 2 * sideMargin, 0.0));
+  const double width = std::min(text.width, std::max(plate.width - 2 * textMargin, 0.0));
   return {{(plate.width - width) * 0.5, (plate.height - text.height) * 0.5}, {width, text.height}};
 }
 

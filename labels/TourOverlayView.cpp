@@ -9,10 +9,10 @@ namespace {
 
 constexpr const char* message = "initializing the plink";
 constexpr platform::Font messageFont{.size = 22.0, .weight = platform::FontWeight::Semibold};
-constexpr double plateAlpha = 0.72;
+constexpr double overlayAlpha = 0.72;
 constexpr platform::Size spinnerSize{24.0, 24.0};
 constexpr double spacing = 16.0;
-constexpr double sideMargin = 28.0;
+constexpr double overlayMargin = 28.0;
 
 }  // namespace
 
@@ -24,13 +24,13 @@ TourOverlayView::TourOverlayView(const platform::UserInterface& userInterface, c
 platform::ViewContent TourOverlayView::content() const {
   const platform::Size plate = frame().size;
   platform::Size text = userInterface_.measure(message, messageFont);
-  text.width = std::min(text.width, std::max(plate.width - 2 * sideMargin - spinnerSize.width - spacing, 0.0));
+  text.width = std::min(text.width, std::max(plate.width - 2 * overlayMargin - spinnerSize.width - spacing, 0.0));
   Stack stack = horizontalStack({spinnerSize, text}, spacing);
   for (platform::Rect& child : stack.frames) {
     child.origin.x += (plate.width - stack.size.width) * 0.5;
     child.origin.y += (plate.height - stack.size.height) * 0.5;
   }
-  return {.background = platform::Color::black().withAlpha(plateAlpha),
+  return {.background = platform::Color::black().withAlpha(overlayAlpha),
           .cornerRadius = plate.height * 0.5,
           .elements = {{.frame = stack.frames[0], .kind = platform::SpinnerElement()},
                        {.frame = stack.frames[1],

@@ -28,6 +28,9 @@ class MenuBarController {
   /// Brings the menu up to date before it opens: a row for each regular desktop, then the commands.
   void menuNeedsUpdate(platform::Menu& menu) { desktopMenu_.fill(menu); }
 
+  /// Opens the menu as a click on the item does.
+  void openMenu() { statusItem_->openMenu(); }
+
   /// Brings the preferences window to the front of all applications.
   void showPreferences();
 

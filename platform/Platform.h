@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Application.h"
+#include "platform/ControlEndpoint.h"
 #include "platform/Defaults.h"
 #include "platform/Dispatcher.h"
 #include "platform/Events.h"
@@ -26,6 +27,7 @@ class Platform {
   virtual ~Platform() = default;
 
   virtual Application& application() = 0;
+  virtual ControlEndpoint& control() = 0;
   virtual Defaults& defaults() = 0;
   virtual Dispatcher& dispatcher() = 0;
   virtual Events& events() = 0;

@@ -69,6 +69,10 @@ class StatusItem {
 
   /// The menu a click opens, or null. It must outlive the item or be replaced before it goes.
   virtual void setMenu(Menu* menu) = 0;
+
+  /// Opens the menu as a click does, from within this call or on a later turn. Nothing happens while it is open, or
+  /// where there is none to open.
+  virtual void openMenu() = 0;
 };
 
 }  // namespace roomlattice::platform

@@ -97,8 +97,14 @@ void PreferencesStore::setColorMode(ColorMode mode) {
 SpaceColors PreferencesStore::spaceColors() const {
   const std::optional<Value> stored = platform_.defaults().object(spaceColorsKey);
   const Value::Data* data = stored ? stored->asData() : nullptr;
-  const std::optional<Value> document = data == nullptr ? std::nullopt : platform_.json().decode(*data);
-  return document ? decodeSpaceColors(*document).value_or(SpaceColors()) : SpaceColors();
+  if (data == nullptr) {
+    return {};
+  }
+  if (decoded_.text != *data) {
+    const std::optional<Value> document = platform_.json().decode(*data);
+    decoded_ = {*data, document ? decodeSpaceColors(*document).value_or(SpaceColors()) : SpaceColors()};
+  }
+  return decoded_.colors;
 }
 
 void PreferencesStore::setSpaceColors(const SpaceColors& colors) {

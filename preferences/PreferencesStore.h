@@ -13,8 +13,8 @@ namespace roomlattice {
 /// The width of the status item.
 enum class MenuBarWidthMode { FitToTitle, MaxTitleLength };
 
-/// Typed access to the settings. Nothing is kept here: every read goes to the defaults, and an absent key or a value of
-/// another type reads as the setting's default. Every write posts didChange once, synchronously, on the default centre.
+/// Typed access to the settings. Every read goes to the defaults, and an absent key or a value of another type reads as
+/// the setting's default. Every write posts didChange once, synchronously, on the default centre.
 /// No value is clamped.
 class PreferencesStore {
  public:
@@ -80,6 +80,13 @@ class PreferencesStore {
 
   platform::Platform& platform_;
   const SpaceManager& spaces_;
+
+  // What was last decoded: the same text means the same colours, and there may be very many.
+  struct Decoded {
+    platform::Value::Data text;
+    SpaceColors colors;
+  };
+  mutable Decoded decoded_;
 };
 
 }  // namespace roomlattice

@@ -3,7 +3,6 @@
 #import "platform/macos/Geometry.h"
 #import "platform/macos/Layers.h"
 
-using roomlattice::platform::Point;
 using roomlattice::platform::View;
 using roomlattice::platform::macos::HostedView;
 using roomlattice::platform::macos::toPoint;
@@ -61,7 +60,7 @@ void tell(HostedView* host, News news) {
 
 - (void)mouseUp:(NSEvent*)event {
   [[self retain] autorelease];
-  const Point point = toPoint([self convertPoint:[event locationInWindow] fromView:nil]);
+  const auto point = toPoint([self convertPoint:[event locationInWindow] fromView:nil]);
   tell(host_, [point](View& view) { view.mouseUp(point); });
 }
 

@@ -10,12 +10,15 @@
 #import "platform/macos/MacUserInterface.h"
 #import "platform/macos/MacWindowServer.h"
 
+#include "support/NoControlEndpoint.h"
+
 namespace roomlattice::platform::macos {
 namespace {
 
 class MacPlatform final : public Platform {
  public:
   Application& application() override { return application_; }
+  ControlEndpoint& control() override { return control_; }
   Defaults& defaults() override { return defaults_; }
   Dispatcher& dispatcher() override { return dispatcher_; }
   Events& events() override { return events_; }
@@ -28,6 +31,7 @@ class MacPlatform final : public Platform {
  private:
   // First, because AppKit wants its application before anything else.
   MacApplication application_;
+  NoControlEndpoint control_;
   MacDefaults defaults_;
   MacDispatcher dispatcher_;
   MacEvents events_;

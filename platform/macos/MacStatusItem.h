@@ -21,6 +21,7 @@ class MacStatusItem final : public StatusItem, private StatusButton {
   StatusButton* button() override;
   void setLength(const StatusItemLength& length) override;
   void setMenu(Menu* menu) override;
+  void openMenu() override;
 
  private:
   void setContent(const StatusButtonContent& content) override;

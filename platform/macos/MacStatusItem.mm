@@ -51,6 +51,13 @@ void MacStatusItem::setMenu(Menu* menu) {
   menu_ = std::move(mirror);
 }
 
+void MacStatusItem::openMenu() {
+  if (menu_ != nullptr && !menu_->isOpen()) {
+    // AppKit stays in the click until the menu has closed.
+    [[item_.get() button] performSelector:@selector(performClick:) withObject:nil afterDelay:0.0];
+  }
+}
+
 void MacStatusItem::setContent(const StatusButtonContent& content) {
   @autoreleasepool {
     NSStatusBarButton* button = [item_.get() button];

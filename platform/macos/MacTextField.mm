@@ -3,6 +3,8 @@
 #import "platform/macos/MacKeyEvent.h"
 #import "platform/macos/Strings.h"
 
+#include <objc/runtime.h>
+
 #include <optional>
 
 namespace {

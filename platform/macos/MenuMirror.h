@@ -23,6 +23,7 @@ class MenuMirror {
   MenuMirror& operator=(const MenuMirror&) = delete;
 
   NSMenu* get() const { return native_.get(); }
+  bool isOpen() const { return session_.has_value(); }
 
   // For the menu's delegate.
   void opens();

@@ -2,6 +2,7 @@
 
 #include "platform/Platform.h"
 #include "platform/simulated/SimulatedApplication.h"
+#include "platform/simulated/SimulatedControlEndpoint.h"
 #include "platform/simulated/SimulatedDefaults.h"
 #include "platform/simulated/SimulatedDesktop.h"
 #include "platform/simulated/SimulatedDispatcher.h"
@@ -22,6 +23,7 @@ class SimulatedPlatform final : public Platform {
   ~SimulatedPlatform() override;
 
   SimulatedApplication& application() override { return application_; }
+  SimulatedControlEndpoint& control() override { return control_; }
   SimulatedDefaults& defaults() override { return defaults_; }
   SimulatedDispatcher& dispatcher() override { return dispatcher_; }
   SimulatedEvents& events() override { return events_; }
@@ -34,6 +36,7 @@ class SimulatedPlatform final : public Platform {
  private:
   SimulatedDispatcher dispatcher_;
   SimulatedApplication application_;
+  SimulatedControlEndpoint control_;
   SimulatedDefaults defaults_;
   SimulatedEvents events_;
   JsonTextCodec json_;

@@ -46,6 +46,12 @@ Rect SimulatedStatusItem::frame() const {
   return {{screen.maxX() - distanceFromRight - width(), screen.maxY() - barHeight}, {width(), barHeight}};
 }
 
+void SimulatedStatusItem::openMenu() {
+  if (!bar_.isMenuOpenOf(*this)) {
+    click();
+  }
+}
+
 void SimulatedStatusItem::click() {
   bar_.click(*this, button() == nullptr ? nullptr : menu_, frame().origin);
 }

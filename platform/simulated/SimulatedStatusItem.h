@@ -18,6 +18,7 @@ class SimulatedStatusItem final : public StatusItem, private StatusButton {
   StatusButton* button() override;
   void setLength(const StatusItemLength& length) override { length_ = length; }
   void setMenu(Menu* menu) override;
+  void openMenu() override;
 
   const StatusButtonContent& content() const { return content_; }
   const StatusItemLength& length() const { return length_; }

@@ -18,7 +18,7 @@ Registration StatusBar::add(SimulatedStatusItem& item) {
 }
 
 void StatusBar::click(const SimulatedStatusItem& item, Menu* menu, Point topLeft) {
-  const bool wasOpen = this->menu() != nullptr && menuOwner_ == &item;
+  const bool wasOpen = isMenuOpenOf(item);
   // Views of the last opening may go when the menu is brought up to date: nothing may show them then.
   closeMenu();
   if (!wasOpen && menu != nullptr) {

@@ -21,6 +21,7 @@ class StatusBar {
   Registration add(SimulatedStatusItem& item);
   /// Closes the open menu, and unless that is the item's, opens `menu`, where there is one.
   void click(const SimulatedStatusItem& item, Menu* menu, Point topLeft);
+  bool isMenuOpenOf(const SimulatedStatusItem& item) { return menu() != nullptr && menuOwner_ == &item; }
   void closeMenuOf(const SimulatedStatusItem& item);
 
  private:

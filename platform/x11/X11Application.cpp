@@ -1,5 +1,6 @@
 #include "platform/x11/X11Application.h"
 
+#include <QAccessible>
 #include <QWidget>
 #include <utility>
 
@@ -14,7 +15,11 @@ bool takesKeyboard(const QWidget& window) {
 
 X11Application::X11Application(X11Connection& connection, int& argc, char** argv)
     : connection_(connection), application_(argc, argv) {
+  application_.installNativeEventFilter(&oversizeFilter_);
   connection_.attachToEventLoop();
+  // Asking makes the toolkit connect to the session bus for its services to people with disabilities, and wait for it.
+  // That is to be now, as the bus has just been found to answer.
+  QAccessible::isActive();
 }
 
 void X11Application::setActivationPolicy(ActivationPolicy) {

@@ -3,6 +3,7 @@
 #include "platform/Application.h"
 #include "platform/x11/connection/X11Connection.h"
 #include "platform/x11/statusitem/MenuKeepingApplication.h"
+#include "platform/x11/windows/OversizeFilter.h"
 
 namespace roomlattice::platform::x11 {
 
@@ -22,6 +23,7 @@ class X11Application final : public Application {
 
   X11Connection& connection_;
   MenuKeepingApplication application_;
+  OversizeFilter oversizeFilter_;
   State state_ = State::Ready;
 };
 

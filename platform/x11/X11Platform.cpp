@@ -1,9 +1,16 @@
 #include "platform/x11/X11Platform.h"
 
 #include "platform/NativePlatform.h"
+#include "platform/linux/bus/BusAddress.h"
+#include "platform/linux/control/ControlNames.h"
 #include "platform/linux/system/CommandLine.h"
 #include "platform/linux/system/EnvironmentVariable.h"
+#include "platform/linux/system/LastResort.h"
 #include "platform/linux/system/QtMessages.h"
+#include "platform/linux/system/StandardStreams.h"
+#include "platform/x11/ToolkitEnvironment.h"
+#include "platform/x11/connection/PanelWait.h"
+#include "platform/x11/connection/SecondStart.h"
 
 #include <chrono>
 #include <cstdlib>
@@ -18,8 +25,14 @@ namespace {
 using namespace std::chrono_literals;
 using linux::environmentVariable;
 
-// At the start of a session programs may be started before the window manager is there.
+// At the start of a session programs may be started before the window manager is there, and long before a panel, which
+// not every session has.
 constexpr std::chrono::milliseconds windowManagerStart = 5s;
+constexpr std::chrono::milliseconds windowManagerAtLogin = 60s;
+constexpr std::chrono::milliseconds panelAtLogin = 15s;
+
+// A bus that works lets anybody in within a few milliseconds.
+constexpr std::chrono::milliseconds busAnswer = 1s;
 
 constexpr ExitStatus noDesktop{1};
 
@@ -36,8 +49,9 @@ bool isWaylandSession() {
   return environmentVariable("WAYLAND_DISPLAY") || environmentVariable("XDG_SESSION_TYPE") == "wayland";
 }
 
-std::optional<ExitStatus> waitForWindowManager(X11Connection& connection, const linux::TerminationSignals& signals) {
-  switch (waitForWindowManager(connection, signals, windowManagerStart)) {
+std::optional<ExitStatus> findWindowManager(X11Connection& connection, const linux::TerminationSignals& signals,
+                                            std::chrono::milliseconds limit) {
+  switch (waitForWindowManager(connection, signals, limit)) {
     case WindowManagerWait::Found:
       return std::nullopt;
     case WindowManagerWait::TimedOut:
@@ -51,24 +65,36 @@ std::optional<ExitStatus> waitForWindowManager(X11Connection& connection, const 
 }
 
 std::variant<std::unique_ptr<Platform>, ExitStatus> start(int& argc, char** argv) {
+  const linux::Start began = linux::startOf(argc, argv);
   if (!environmentVariable("DISPLAY")) {
     return refuse(isWaylandSession() ? "no X11 display: DISPLAY is not set, and pure Wayland sessions are not supported"
                                      : "no X11 display: DISPLAY is not set");
   }
   static const linux::TerminationSignals signals;
+  if (const std::optional<std::string> lack = linux::lackOfResources()) {
+    return refuse(*lack);
+  }
+  if (const std::optional<std::string> setting = unusableToolkitSetting()) {
+    return refuse(*setting);
+  }
   std::unique_ptr<X11Connection> connection = X11Connection::open();
   if (connection == nullptr) {
     return refuse("cannot connect to the X11 display " + displayName());
   }
   std::unique_ptr<InstanceLock> lock = InstanceLock::acquire(*connection);
   if (lock == nullptr) {
-    return refuse("already running on the X11 display " + displayName());
+    return passOnStart(began, environmentVariable("DISPLAY").value_or(""), signals);
   }
-  if (const std::optional<ExitStatus> status = waitForWindowManager(*connection, signals)) {
+  const auto patience = began == linux::Start::AtLogin ? windowManagerAtLogin : windowManagerStart;
+  if (const std::optional<ExitStatus> status = findWindowManager(*connection, signals, patience)) {
     return *status;
+  }
+  if (began == linux::Start::AtLogin && waitForPanel(*connection, signals, panelAtLogin) == PanelWait::Terminated) {
+    return ExitStatus{EXIT_SUCCESS};
   }
   // Also where the environment asks the toolkit for another platform: the windows are X windows.
   setenv("QT_QPA_PLATFORM", "xcb", 1);
+  static const Registration muteBus = linux::hideMuteSessionBus(busAnswer);
   linux::redirectQtMessages();
   watchToolkitConnection();
   return std::make_unique<X11Platform>(std::move(connection), std::move(lock), signals, argc, argv);
@@ -84,11 +110,13 @@ X11Platform::X11Platform(std::unique_ptr<X11Connection> connection, std::unique_
       system_(linux::SystemLog(linux::SystemLog::standardPath(), linux::Journal::open())),
       defaults_(linux::LinuxDefaults::standardPath(), [this](const std::string& line) { system_.log(line); }),
       sessionBus_(linux::MessageBus::Kind::Session),
+      control_(sessionBus_, linux::controlNameOfDisplay(environmentVariable("DISPLAY").value_or("")),
+               [this](const std::string& line) { system_.log(line); }),
       systemBus_(linux::MessageBus::Kind::System),
       windowManager_(*connection_),
-      guard_(*connection_, windowManager_),
+      guard_(*connection_, *lock_, windowManager_, [this] { defaults_.finishWriting(); }),
       desktops_(*connection_, sessionBus_, windowManager_, notifications_.workspaceCenter()),
-      windowServer_(*connection_, desktops_, attachments_),
+      windowServer_(connection_->screenNumber(), desktops_, attachments_),
       screens_(*connection_, notifications_.defaultCenter()),
       appearance_(*connection_, sessionBus_, notifications_.distributedCenter()),
       sleep_(systemBus_, notifications_.workspaceCenter()),
@@ -105,6 +133,8 @@ X11Platform::~X11Platform() {
 }  // namespace x11
 
 std::variant<std::unique_ptr<Platform>, ExitStatus> makeNativePlatform(int& argc, char** argv) {
+  linux::prepareStandardStreams();
+  linux::endWithALineWhereNothingHelps();
   if (const std::optional<ExitStatus> status = linux::answerCommandLine(argc, argv)) {
     return *status;
   }

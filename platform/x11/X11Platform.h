@@ -3,6 +3,7 @@
 #include "platform/Platform.h"
 #include "platform/linux/bus/MessageBus.h"
 #include "platform/linux/bus/SleepWatch.h"
+#include "platform/linux/control/LinuxControlEndpoint.h"
 #include "platform/linux/storage/LinuxDefaults.h"
 #include "platform/linux/system/LinuxDispatcher.h"
 #include "platform/linux/system/LinuxSystem.h"
@@ -35,6 +36,7 @@ class X11Platform final : public Platform {
   ~X11Platform() override;
 
   Application& application() override { return application_; }
+  ControlEndpoint& control() override { return control_; }
   Defaults& defaults() override { return defaults_; }
   Dispatcher& dispatcher() override { return dispatcher_; }
   Events& events() override { return events_; }
@@ -54,6 +56,7 @@ class X11Platform final : public Platform {
   JsonTextCodec json_;
   linux::LinuxDispatcher dispatcher_;
   linux::MessageBus sessionBus_;
+  linux::LinuxControlEndpoint control_;
   linux::MessageBus systemBus_;
   WindowManagerWatch windowManager_;
   SessionGuard guard_;

@@ -17,7 +17,8 @@ X11UserInterface::X11UserInterface(X11Connection& connection, WindowManagerWatch
       screens_(screens),
       appearance_(appearance),
       compositor_(connection),
-      overlays_{connection, windowManager, screens, desktops, attachments, compositor_, {}} {}
+      overlayManagement_(connection, windowManager),
+      overlays_{connection, windowManager, screens, desktops, attachments, compositor_, overlayManagement_, {}} {}
 
 double X11UserInterface::systemFontSize() const {
   return x11::systemFontSize();

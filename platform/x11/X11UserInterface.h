@@ -35,6 +35,7 @@ class X11UserInterface final : public UserInterface {
   X11Screens& screens_;
   X11Appearance& appearance_;
   CompositorWatch compositor_;
+  OverlayManagement overlayManagement_;
   OverlayEnvironment overlays_;
 };
 

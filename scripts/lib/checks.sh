@@ -1,7 +1,7 @@
 # shellcheck shell=bash
 # The checks of the sources that `scripts/test` runs. To be sourced after common.sh.
 
-source_folders=(app spaces input labels menubar preferences platform support tests benchmarks)
+source_folders=(app control spaces input labels menubar preferences platform support tests benchmarks)
 
 # Prints the project's own C++ files: sources with the argument `sources`, headers and Objective-C++ too with `all`.
 cpp_files() {

@@ -49,3 +49,5 @@ build_preset() {
   local preset=$1
   (cd "$root" && cmake --preset "$preset" && cmake --build --preset "$preset" --parallel "$(core_count)")
 }
+
+project_version() { sed -n 's/^project(Roomlattice VERSION \([0-9.]*\).*/\1/p' "$root/CMakeLists.txt"; }

@@ -16,14 +16,28 @@ packages_for() {
       ;;
     # What stands for a Mac's frameworks when the macOS backend is tested.
     gnustep)
-      printf '%s\n' clang libclang-rt-14-dev libobjc-12-dev libgnustep-gui-dev gnustep-base-runtime \
+      printf '%s\n' clang lld libclang-rt-14-dev libobjc-12-dev libgnustep-gui-dev gnustep-base-runtime \
         gnustep-gui-runtime gnustep-back0.29-cairo
       ;;
+    # What makes the application for a Mac, besides the compiler from npm. Node.js of another source brings its own npm.
+    mac)
+      printf '%s\n' build-essential cmake ninja-build lld llvm libplist-utils python3 zip
+      if ! command -v npm >/dev/null; then printf '%s\n' npm; fi
+      ;;
     bench) printf '%s\n' libbenchmark-dev ;;
+    fuzz) printf '%s\n' clang libclang-rt-14-dev ;;
+    # What the campaign of faults injects errors and delays with.
+    faults) printf '%s\n' strace ;;
     # With the X server whose touchpad the tests move, and window managers that have their ways with some windows.
     test)
-      printf '%s\n' libgtest-dev libgmock-dev fluxbox i3-wm \
+      printf '%s\n' libgtest-dev libgmock-dev fluxbox i3-wm metacity marco mate-settings-daemon-common bspwm \
         xserver-xorg-core xserver-xorg-video-dummy xserver-xorg-dev xinput libxcb-xtest0-dev
+      ;;
+    # What scripts/window-managers tries the program under and beside, and what it tries with.
+    windowmanagers)
+      printf '%s\n' metacity marco mate-settings-daemon-common icewm fluxbox i3-wm awesome bspwm gnome-shell \
+        libgl1-mesa-dri cinnamon kwin-wayland xwayland xfce4-panel mate-panel lxqt-panel tint2 polybar python3 \
+        python3-xlib python3-dbus
       ;;
     check) printf '%s\n' git clang-format clang-tidy python3 shellcheck ;;
     *) die "no packages are known for $1" ;;

@@ -5,6 +5,7 @@
 #include <chrono>
 #include <functional>
 #include <memory>
+#include <string>
 #include <string_view>
 
 namespace roomlattice::tests {
@@ -32,6 +33,9 @@ class Backend {
 
   /// Presses Return while the program has the keyboard.
   virtual void pressReturn() = 0;
+
+  /// Another program asks this one to switch to a desktop, where there is a way to; waits for no answer.
+  virtual void askForSwitch(const std::string& desktop) = 0;
 };
 
 /// Defined once in each test program.

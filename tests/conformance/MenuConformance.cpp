@@ -114,6 +114,18 @@ TEST_F(MenuConformance, IsBroughtUpToDateBeforeEachOpening) {
   EXPECT_EQ(updates_, 2);
 }
 
+TEST_F(MenuConformance, OpensForTheProgramAndStaysOpen) {
+  item_->openMenu();
+  ASSERT_TRUE(runUntil([this] { return backend().isMenuOpen(); }));
+  item_->openMenu();
+  EXPECT_EQ(updates_, 1);
+  EXPECT_TRUE(backend().isMenuOpen());
+  close();
+  item_->setMenu(nullptr);
+  item_->openMenu();
+  EXPECT_EQ(updates_, 1);
+}
+
 TEST_F(MenuConformance, HostsARowExactlyWhileItIsOpen) {
   EXPECT_EQ(row().host(), nullptr);
   for (int opening = 1; opening <= 2; ++opening) {

@@ -25,6 +25,11 @@ class SimulatedBackend final : public Backend {
   void openMenu() override { user_.clicksStatusItem(); }
   void closeMenu() override { user_.clicks({}); }
   bool isMenuOpen() override { return desktop_.menu() != nullptr; }
+  void askForSwitch(const std::string& desktop) override {
+    if (platform::Commands* commands = platform_.control().commands()) {
+      static_cast<void>(commands->switchTo(desktop));
+    }
+  }
   void pressReturn() override { user_.pressesKey(platform::keyCode::returnKey); }
 
  private:

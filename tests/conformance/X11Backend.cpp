@@ -1,4 +1,6 @@
 #include "platform/NativePlatform.h"
+#include "platform/linux/bus/MessageBus.h"
+#include "platform/linux/control/ControlNames.h"
 #include "tests/conformance/Backend.h"
 #include "tests/x11/session/X11Session.h"
 
@@ -9,6 +11,7 @@
 #include <QWindow>
 #include <array>
 #include <gtest/gtest.h>
+#include <optional>
 #include <variant>
 
 namespace roomlattice::tests {
@@ -22,6 +25,7 @@ class X11Backend final : public Backend {
   X11Backend() {
     auto made = platform::makeNativePlatform(count_, arguments_.data());
     platform_ = std::move(std::get<std::unique_ptr<platform::Platform>>(made));
+    other_.emplace(platform::linux::MessageBus::Kind::Session);
   }
 
   platform::Platform& platform() override { return *platform_; }
@@ -47,12 +51,23 @@ class X11Backend final : public Backend {
     QCoreApplication::sendEvent(shown->windowHandle(), &press);
   }
 
+  void askForSwitch(const std::string& desktop) override {
+    other_->send({.service = platform::linux::controlName,
+                  .path = platform::linux::controlPath,
+                  .interface = platform::linux::controlInterface,
+                  .method = "SwitchTo",
+                  .arguments = {desktop},
+                  .activation = platform::linux::BusCall::Activation::Never});
+  }
+
  private:
   X11Session session_;
   std::string name_ = "roomlattice-test";
   std::array<char*, 2> arguments_{name_.data(), nullptr};
   int count_ = 1;
   std::unique_ptr<platform::Platform> platform_;
+  // Of another program; made once the toolkit is there.
+  std::optional<platform::linux::MessageBus> other_;
 };
 
 }  // namespace

@@ -44,6 +44,8 @@ class MacBackend final : public Backend {
     }
   }
 
+  void askForSwitch(const std::string&) override {}
+
  private:
   std::unique_ptr<platform::Platform> platform_ = platform::macos::makePlatform();
 };

@@ -45,6 +45,7 @@ class WatchedStatusItem final : public platform::StatusItem {
     inner_->setLength(length);
   }
   void setMenu(platform::Menu* menu) override { inner_->setMenu(menu); }
+  void openMenu() override { inner_->openMenu(); }
 
  private:
   std::unique_ptr<platform::StatusItem> inner_;

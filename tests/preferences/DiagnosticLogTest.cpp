@@ -1,5 +1,6 @@
 #include "preferences/DiagnosticLog.h"
 
+#include "tests/preferences/LogCommand.h"
 #include "tests/support/SimulatedFixture.h"
 
 #include <algorithm>
@@ -12,8 +13,6 @@ namespace {
 using platform::LaunchError;
 using platform::ProcessOutput;
 
-const std::string logTool = "/usr/bin/log";
-const std::string command = "log show --predicate 'process == \"Roomlattice\"' --last 10m --style compact";
 const std::string nothingLogged = "(no log output \u2014 make sure you reproduced the issue recently)";
 
 class DiagnosticLogTest : public SimulatedFixture {
@@ -28,7 +27,7 @@ class DiagnosticLogTest : public SimulatedFixture {
 
 TEST_F(DiagnosticLogTest, OffersTheCommandAsAUserWouldTypeIt) {
   const platform::LogQuery query = diagnosticLogQuery(platform().system());
-  EXPECT_EQ(query.command, command);
+  EXPECT_EQ(query.command, logCommand);
   EXPECT_EQ(query.command.size(), 74U);
 }
 
@@ -74,14 +73,14 @@ TEST_F(DiagnosticLogTest, SaysWhyTheToolCouldNotBeRunAndWhatToTypeInstead) {
   desktop.childProcesses().install(logTool, {.run = [](const auto&) -> platform::simulated::Executable::Outcome {
                                      return LaunchError{"Permission denied."};
                                    }});
-  EXPECT_EQ(gather(), "Failed to run log command: Permission denied.\n\nRun this in Terminal instead:\n" + command);
+  EXPECT_EQ(gather(), "Failed to run log command: Permission denied.\n\nRun this in Terminal instead:\n" + logCommand);
 }
 
 TEST_F(DiagnosticLogTest, DoesNotStopTheProgramWithoutATool) {
   desktop.childProcesses().remove(logTool);
   const std::string text = gather();
   EXPECT_TRUE(text.starts_with("Failed to run log command: "));
-  EXPECT_TRUE(text.ends_with("\n\nRun this in Terminal instead:\n" + command));
+  EXPECT_TRUE(text.ends_with("\n\nRun this in Terminal instead:\n" + logCommand));
 }
 
 TEST(DiagnosticLogLinesTest, AreCountedUnlessTheyAreEmpty) {

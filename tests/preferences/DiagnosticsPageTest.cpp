@@ -1,3 +1,4 @@
+#include "tests/preferences/LogCommand.h"
 #include "tests/preferences/PreferencesFixture.h"
 
 #include <cstddef>
@@ -16,8 +17,6 @@ using platform::Rect;
 using platform::SelectableTextControl;
 using platform::SystemColor;
 
-const std::string logTool = "/usr/bin/log";
-const std::string command = "log show --predicate 'process == \"Roomlattice\"' --last 10m --style compact";
 const std::string copyLog = "Copy Diagnostic Log to Clipboard";
 const std::string copyCommand = "Copy Command";
 const std::string gathering = "Gathering log\u2026";
@@ -69,7 +68,7 @@ TEST_F(DiagnosticsPageTest, HasItsTextsAndFonts) {
   EXPECT_EQ(at<PushButtonControl>(2).title, "Copy Diagnostic Log to Clipboard");
   EXPECT_EQ(at<LabelControl>(3).text, "");
   EXPECT_EQ(at<LabelControl>(4).text, "Or run this in Terminal and paste the output:");
-  EXPECT_EQ(at<SelectableTextControl>(5).text, command);
+  EXPECT_EQ(at<SelectableTextControl>(5).text, logCommand);
   EXPECT_EQ(at<SelectableTextControl>(5).font,
             (platform::Font{.family = FontFamily::MonospacedSystem, .size = 11.0, .weight = FontWeight::Regular}));
   EXPECT_EQ(at<PushButtonControl>(6).title, "Copy Command");
@@ -128,7 +127,7 @@ TEST_F(DiagnosticsPageTest, CopiesWhyThereIsNoLog) {
   user.pushes(copyLog);
   settle();
   EXPECT_TRUE(desktop.pasteboard().value().starts_with("Failed to run log command: "));
-  EXPECT_TRUE(desktop.pasteboard().value().ends_with(command));
+  EXPECT_TRUE(desktop.pasteboard().value().ends_with(logCommand));
   EXPECT_EQ(status(), "Copied 3 log lines to clipboard.");
   EXPECT_TRUE(canCopyLog());
 }
@@ -136,7 +135,7 @@ TEST_F(DiagnosticsPageTest, CopiesWhyThereIsNoLog) {
 TEST_F(DiagnosticsPageTest, CopiesTheCommand) {
   openPreferences();
   user.pushes(copyCommand);
-  EXPECT_EQ(desktop.pasteboard(), command);
+  EXPECT_EQ(desktop.pasteboard(), logCommand);
   EXPECT_EQ(status(), commandCopied);
   EXPECT_TRUE(window().isEnabled(reference(copyCommand)));
   EXPECT_TRUE(desktop.childProcesses().launches().empty());
@@ -177,7 +176,7 @@ TEST_F(DiagnosticsPageTest, CopiesTheCommandWhileItGathersAndTheLogAfterwards) {
   user.pushes(copyLog);
   desktop.advance(1s);
   user.pushes(copyCommand);
-  EXPECT_EQ(desktop.pasteboard(), command);
+  EXPECT_EQ(desktop.pasteboard(), logCommand);
   EXPECT_EQ(status(), commandCopied);
   EXPECT_FALSE(canCopyLog());
   desktop.advance(2s);

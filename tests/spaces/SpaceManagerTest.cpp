@@ -14,12 +14,11 @@ namespace {
 
 using platform::Value;
 
-const SpaceInfo first{1, "A", "Main", 0};
-const SpaceInfo second{2, "B", "Main", 0};
-const SpaceInfo fullScreen{3, "F", "Main", 4};
-
 class SpaceManagerTest : public tests::SimulatedFixture {
  protected:
+  const SpaceInfo first{1, "A", "Main", 0};
+  const SpaceInfo second{2, "B", "Main", 0};
+  const SpaceInfo fullScreen{3, "F", "Main", 4};
   SpaceManager& manager = SpaceManager::shared();
 
   /// What was posted since the last call, in order.

@@ -10,6 +10,7 @@ class ForwardingPlatform : public platform::Platform {
   explicit ForwardingPlatform(platform::Platform& inner) : inner_(inner) {}
 
   platform::Application& application() override { return inner_.application(); }
+  platform::ControlEndpoint& control() override { return inner_.control(); }
   platform::Defaults& defaults() override { return inner_.defaults(); }
   platform::Dispatcher& dispatcher() override { return inner_.dispatcher(); }
   platform::Events& events() override { return inner_.events(); }

@@ -11,10 +11,11 @@ constexpr std::uint32_t alreadyOwner = 4;
 
 }  // namespace
 
-BusName::BusName(MessageBus& bus, std::string name, std::function<void(Ownership)> answered)
+BusName::BusName(MessageBus& bus, std::string name, std::function<void(Ownership)> answered, WhenTaken whenTaken)
     : bus_(bus), name_(std::move(name)), answered_(std::move(answered)) {
   if (bus_.raw() != nullptr) {
-    sd_bus_request_name_async(bus_.raw(), &question_, name_.c_str(), 0, answer, this);
+    const std::uint64_t flags = whenTaken == WhenTaken::Wait ? SD_BUS_NAME_QUEUE : 0;
+    sd_bus_request_name_async(bus_.raw(), &question_, name_.c_str(), flags, answer, this);
     bus_.listen();
   }
 }

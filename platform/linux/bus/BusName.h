@@ -8,15 +8,21 @@
 namespace roomlattice::platform::linux {
 
 /// A name on a message bus by which others find this program as long as the object lives. It is not taken from another
-/// program that has it, and not waited for.
+/// program that has it.
 class BusName {
  public:
   enum class Ownership { Ours, Refused };
+  enum class WhenTaken {
+    GiveUp,
+    /// It becomes ours when the others have given it up.
+    Wait,
+  };
 
-  /// `answered` is called from the event loop when the bus has decided. Without a bus it never is. Calls that are made
-  /// on the bus after this arrive after the name does.
+  /// `answered` is called from the event loop when the bus has decided, with Refused also where the name is waited for.
+  /// Without a bus it never is. Calls that are made on the bus after this arrive after the name does.
   BusName(
-      MessageBus& bus, std::string name, std::function<void(Ownership)> answered = [](Ownership) {});
+      MessageBus& bus, std::string name, std::function<void(Ownership)> answered = [](Ownership) {},
+      WhenTaken whenTaken = WhenTaken::GiveUp);
   ~BusName();
   BusName(const BusName&) = delete;
   BusName& operator=(const BusName&) = delete;

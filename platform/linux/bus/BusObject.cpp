@@ -15,21 +15,38 @@ struct Unref {
 };
 using MessagePointer = std::unique_ptr<sd_bus_message, Unref>;
 
+// As many of the flags as an entry of the table holds.
+constexpr std::uint64_t flagBits = (std::uint64_t{1} << 56U) - 1;
+
+std::uint64_t flagOf(BusProperty::Changes changes) {
+  switch (changes) {
+    case BusProperty::Changes::ToldWithValue:
+      return SD_BUS_VTABLE_PROPERTY_EMITS_CHANGE;
+    case BusProperty::Changes::ToldWithoutValue:
+      return SD_BUS_VTABLE_PROPERTY_EMITS_INVALIDATION;
+    case BusProperty::Changes::Never:
+      break;
+  }
+  return SD_BUS_VTABLE_PROPERTY_CONST;
+}
+
 }  // namespace
 
 BusObject::BusObject(MessageBus& bus, std::string path, BusInterface interface)
     : bus_(bus), path_(std::move(path)), interface_(std::move(interface)) {
   table_.push_back(SD_BUS_VTABLE_START(0));
   for (const BusMethod& method : interface_.methods) {
-    table_.push_back(SD_BUS_METHOD(method.name.c_str(), method.argumentTypes.c_str(), method.resultTypes.c_str(), call,
-                                   SD_BUS_VTABLE_UNPRIVILEGED));
+    // The macro joins the literals of two lists of names; this is both.
+    table_.push_back(SD_BUS_METHOD_WITH_NAMES(method.name.c_str(), method.argumentTypes.c_str(), kept(method.names),
+                                              method.resultTypes.c_str(), , call, SD_BUS_VTABLE_UNPRIVILEGED));
   }
   for (const BusProperty& property : interface_.properties) {
     table_.push_back(SD_BUS_PROPERTY(property.name.c_str(), property.type.c_str(), readProperty, 0,
-                                     SD_BUS_VTABLE_PROPERTY_EMITS_CHANGE));
+                                     flagOf(property.changes) & flagBits));
   }
   for (const BusSignalType& signal : interface_.signalTypes) {
-    table_.push_back(SD_BUS_SIGNAL(signal.name.c_str(), signal.argumentTypes.c_str(), 0));
+    table_.push_back(
+        SD_BUS_SIGNAL_WITH_NAMES(signal.name.c_str(), signal.argumentTypes.c_str(), kept(signal.names), 0));
   }
   table_.push_back(SD_BUS_VTABLE_END);
   if (bus_.raw() != nullptr && sd_bus_add_object_vtable(bus_.raw(), &slot_, path_.c_str(), interface_.name.c_str(),
@@ -40,6 +57,15 @@ BusObject::BusObject(MessageBus& bus, std::string path, BusInterface interface)
 
 BusObject::~BusObject() {
   sd_bus_slot_unref(slot_);
+}
+
+/// The names as the library wants them, each with a zero behind it.
+const char* BusObject::kept(const std::vector<std::string>& names) {
+  std::string& all = names_.emplace_back();
+  for (const std::string& name : names) {
+    all += name + '\0';
+  }
+  return all.c_str();
 }
 
 void BusObject::emit(const std::string& signal, const std::function<void(BusWriter&)>& write) {

@@ -4,6 +4,7 @@
 #include "platform/linux/bus/BusWriter.h"
 #include "platform/linux/bus/MessageBus.h"
 
+#include <deque>
 #include <functional>
 #include <optional>
 #include <string>
@@ -27,19 +28,26 @@ struct BusMethod {
   std::string argumentTypes;
   std::string resultTypes;
   Run run;
+  /// Of the arguments and then the results, as introspection gives them.
+  std::vector<std::string> names = {};
 };
 
 /// A property that others may read.
 struct BusProperty {
+  /// How others learn that the property has another value.
+  enum class Changes { ToldWithValue, ToldWithoutValue, Never };
+
   std::string name;
   std::string type;
   std::function<void(BusWriter& value)> read;
+  Changes changes = Changes::ToldWithValue;
 };
 
 /// A signal that the object may send.
 struct BusSignalType {
   std::string name;
   std::string argumentTypes;
+  std::vector<std::string> names = {};
 };
 
 /// A property of a type that BusTypeOf knows, read by a function without arguments.
@@ -74,6 +82,8 @@ class BusObject {
   void emitPropertiesChanged(const std::vector<std::string>& names);
 
  private:
+  const char* kept(const std::vector<std::string>& names);
+
   static int call(sd_bus_message* call, void* object, sd_bus_error* error);
   static int readProperty(sd_bus* bus, const char* path, const char* interface, const char* property,
                           sd_bus_message* value, void* object, sd_bus_error* error);
@@ -81,6 +91,8 @@ class BusObject {
   MessageBus& bus_;
   std::string path_;
   BusInterface interface_;
+  // What the table points to; its elements stay where they are.
+  std::deque<std::string> names_;
   std::vector<sd_bus_vtable> table_;
   sd_bus_slot* slot_ = nullptr;
 };

@@ -1,6 +1,6 @@
 #include "platform/linux/bus/MessageBus.h"
 
-#include "platform/linux/system/EnvironmentVariable.h"
+#include "platform/linux/bus/BusAddress.h"
 
 #include <algorithm>
 #include <poll.h>
@@ -13,20 +13,9 @@ using std::chrono::microseconds;
 using std::chrono::milliseconds;
 using Clock = std::chrono::steady_clock;
 
-// As many messages are delivered together before others have their turn in the event loop.
+// As many messages are delivered together, and as long, before others have their turn in the event loop.
 constexpr int messagesPerTurn = 100;
-
-/// Where the rules of D-Bus have the bus.
-std::optional<std::string> addressOf(MessageBus::Kind kind) {
-  if (kind == MessageBus::Kind::System) {
-    return environmentVariable("DBUS_SYSTEM_BUS_ADDRESS").value_or("unix:path=/var/run/dbus/system_bus_socket");
-  }
-  if (auto address = environmentVariable("DBUS_SESSION_BUS_ADDRESS")) {
-    return address;
-  }
-  const auto folder = environmentVariable("XDG_RUNTIME_DIR");
-  return folder ? std::optional("unix:path=" + *folder + "/bus") : std::nullopt;
-}
+constexpr milliseconds timePerTurn{10};
 
 sd_bus* open(const std::string& address) {
   sd_bus* bus = nullptr;
@@ -105,7 +94,7 @@ std::string ruleOf(const BusSignal& signal) {
 }  // namespace
 
 MessageBus::MessageBus(Kind kind) {
-  if (const std::optional<std::string> address = addressOf(kind)) {
+  if (const auto address = kind == Kind::System ? systemBusAddress() : sessionBusAddress()) {
     bus_.reset(open(*address));
   }
   if (bus_ != nullptr) {
@@ -191,7 +180,8 @@ void MessageBus::process() {
   // An event loop that a handler opens cannot hear of the bus, and need not be woken up for it.
   readable_.setEnabled(false);
   writable_.setEnabled(false);
-  for (int count = 0; count < messagesPerTurn && processOne(); ++count) {
+  const auto end = Clock::now() + timePerTurn;
+  for (int count = 0; count < messagesPerTurn && Clock::now() < end && processOne(); ++count) {
   }
   if (sd_bus_is_open(bus_.get()) <= 0 && !std::exchange(lossReported_, true)) {
     lossListeners_.notify();

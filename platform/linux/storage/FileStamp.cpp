@@ -1,7 +1,5 @@
 #include "platform/linux/storage/FileStamp.h"
 
-#include <chrono>
-
 namespace roomlattice::platform::linux {
 
 FileStamp::FileStamp(const struct stat& status)
@@ -11,12 +9,10 @@ FileStamp::FileStamp(const struct stat& status)
       modified(status.st_mtim),
       changed(status.st_ctim) {}
 
-bool FileStamp::isTooFreshToTrust() const {
+std::chrono::nanoseconds FileStamp::age() const {
   timespec now{};
   clock_gettime(CLOCK_REALTIME, &now);
-  const auto age =
-      std::chrono::seconds(now.tv_sec - changed.tv_sec) + std::chrono::nanoseconds(now.tv_nsec - changed.tv_nsec);
-  return age < std::chrono::milliseconds(50);
+  return std::chrono::seconds(now.tv_sec - changed.tv_sec) + std::chrono::nanoseconds(now.tv_nsec - changed.tv_nsec);
 }
 
 bool FileStamp::operator==(const FileStamp& other) const {

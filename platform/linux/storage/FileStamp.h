@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <sys/stat.h>
 
 namespace roomlattice::platform::linux {
@@ -8,8 +9,11 @@ namespace roomlattice::platform::linux {
 struct FileStamp {
   explicit FileStamp(const struct stat& status);
 
+  /// How long ago the file was changed, by the clock; negative where that was set back meanwhile.
+  std::chrono::nanoseconds age() const;
+
   /// True while a further change of the file could go without a change of the stamp: clocks of file systems are coarse.
-  bool isTooFreshToTrust() const;
+  bool isTooFreshToTrust() const { return age() < std::chrono::milliseconds(50); }
 
   bool operator==(const FileStamp& other) const;
 

@@ -1,11 +1,13 @@
 #pragma once
 
 #include "platform/Defaults.h"
-#include "platform/linux/storage/SettingsFile.h"
+#include "platform/linux/storage/BackgroundWork.h"
+#include "platform/linux/storage/SettingsMemory.h"
 
+#include <chrono>
 #include <filesystem>
 #include <functional>
-#include <map>
+#include <memory>
 #include <optional>
 #include <string>
 
@@ -13,14 +15,28 @@ namespace roomlattice::platform::linux {
 
 /// Settings in a file that people can read and edit, and that several processes may write. What is changed in the file
 /// by any means is seen by the next read. A file that cannot be read or written is never replaced: the values last
-/// known hold, and new ones are kept in memory and tried again with the next write. A damaged file is set aside under
-/// another name before the next write.
+/// known hold, and new ones are kept in memory and tried again later and with the next write. A damaged file is set
+/// aside under another name before the next write.
+///
+/// Writing keeps nobody waiting: a change holds in memory at once, and a thread writes it. Changes that come while it
+/// writes go together into its next write. So the file lags behind by one write at most, and what is lost when the
+/// process is killed is what was set since the last write began. What waitUntilWritten has vouched for is on the disk.
 class LinuxDefaults final : public Defaults {
  public:
-  using Report = std::function<void(const std::string& line)>;
+  /// Called by any thread, but one at a time.
+  using Report = SettingsMemory::Report;
+
+  /// How long a file that makes no sense must have stayed the same to count as damaged, not as half written.
+  static constexpr std::chrono::milliseconds usualSettling{1000};
+  /// How long the end of the program waits for the last write.
+  static constexpr std::chrono::milliseconds endLimit{2000};
 
   /// Each trouble with the file is reported once, when it begins. Without a path everything stays in memory.
-  LinuxDefaults(std::optional<std::filesystem::path> path, Report report);
+  LinuxDefaults(std::optional<std::filesystem::path> path, Report report,
+                std::chrono::milliseconds settling = usualSettling);
+
+  /// Waits for the last write, but not beyond `endLimit`.
+  ~LinuxDefaults() override;
 
   /// Where the XDG base directory rules have it; nothing for a user without a home.
   static std::optional<std::filesystem::path> standardPath();
@@ -28,26 +44,17 @@ class LinuxDefaults final : public Defaults {
   std::optional<Value> object(const std::string& key) const override;
   void set(const std::string& key, const Value& value) override;
 
- private:
-  void refresh() const;
-  void load() const;
-  void writePending();
-  std::optional<std::string> tryToWrite();
-  std::optional<std::string> replaceFile(const Value::Dictionary& settings);
-  std::optional<std::string> setAside();
+  /// Waits until all that was set is in the file or has failed to get there, but not beyond `limit`. Gives whether it
+  /// is in the file.
+  bool waitUntilWritten(std::chrono::milliseconds limit) const;
 
-  std::optional<SettingsFile> file_;
-  Report report_;
-  // What was last read, which is what holds while the file cannot be read.
-  mutable Value::Dictionary settings_;
-  // What is not in the file yet; a null there removes the key.
-  std::map<std::string, Value> pending_;
-  mutable SettingsFile::ReadResult state_ = SettingsFile::Absent{};
-  // The file's stamp at that reading, and whether the same stamp means the same contents.
-  mutable std::optional<FileStamp> stamp_;
-  mutable bool stampCounts_ = false;
-  mutable std::string readTrouble_;
-  std::string writeTrouble_;
+  /// To be called when the process is about to end without this object ending: as its end does.
+  void finishWriting();
+
+ private:
+  // The thread may outlive this object where a write does not end.
+  std::shared_ptr<SettingsMemory> memory_;
+  BackgroundWork writer_;
 };
 
 }  // namespace roomlattice::platform::linux

@@ -3,9 +3,11 @@
 #include "platform/linux/storage/SettingsText.h"
 #include "platform/linux/storage/UserFolders.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <chrono>
+#include <cstdint>
 #include <cstdio>
 #include <fcntl.h>
 #include <sys/file.h>
@@ -17,10 +19,14 @@ namespace {
 
 using Path = std::filesystem::path;
 
-// Settings are some kilobytes. What is larger than this was not written by this program.
-constexpr off_t maximumSize = 16 << 20;
+// So many damaged files are kept.
+constexpr int maximumSetAside = 3;
+
+// Between two looks at a file that somebody may be writing.
+constexpr std::chrono::milliseconds longestPause{50};
 
 constexpr mode_t privateFile = S_IRUSR | S_IWUSR;
+constexpr mode_t permissionBits = S_IRWXU | S_IRWXG | S_IRWXO;
 
 std::string errorText(int number) {
   return std::generic_category().message(number);
@@ -35,7 +41,7 @@ Path withSuffix(Path base, const std::string& suffix) {
 std::optional<std::string> readAll(int file) {
   std::string text;
   std::array<char, 16384> buffer{};
-  while (text.size() <= static_cast<std::size_t>(maximumSize)) {
+  while (text.size() <= maximumSettingsSize) {
     const ssize_t count = ::read(file, buffer.data(), buffer.size());
     if (count < 0 && errno == EINTR) {
       continue;
@@ -55,7 +61,8 @@ std::optional<std::string> unsuitable(const struct stat& status) {
   if (!S_ISREG(status.st_mode)) {
     return "it is not an ordinary file";
   }
-  return status.st_size > maximumSize ? std::optional<std::string>("it is too large") : std::nullopt;
+  const bool isTooLarge = static_cast<std::uintmax_t>(status.st_size) > maximumSettingsSize;
+  return isTooLarge ? std::optional<std::string>("it is too large") : std::nullopt;
 }
 
 SettingsFile::ReadResult readError(int number) {
@@ -85,11 +92,38 @@ void syncFolder(const Path& folder) {
   }
 }
 
-bool writeNewFile(const Path& name, const std::string& text) {
+/// The new file gets the mode of `model`, if any, and its owner where the system allows that.
+bool writeNewFile(const Path& name, const std::string& text, const std::optional<struct stat>& model) {
   // What a killed process left there goes first.
   unlink(name.c_str());
   const FileDescriptor file(open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, privateFile));
-  return file && writeAll(file.get(), text) && fsync(file.get()) == 0;
+  if (!file) {
+    return false;
+  }
+  if (model) {
+    [[maybe_unused]] const int ignored = fchown(file.get(), model->st_uid, model->st_gid);
+    fchmod(file.get(), model->st_mode & permissionBits);
+  }
+  return writeAll(file.get(), text) && fsync(file.get()) == 0;
+}
+
+/// Where links lead to, whether anything stands there or not.
+Path endOfLinks(Path name) {
+  // As many links as the system itself follows.
+  for (int links = 0; links < 40; ++links) {
+    std::error_code error;
+    const Path next = std::filesystem::read_symlink(name, error);
+    if (error) {
+      break;
+    }
+    name = name.parent_path() / next;
+  }
+  return name;
+}
+
+bool isLink(const Path& name) {
+  struct stat status {};
+  return lstat(name.c_str(), &status) == 0 && S_ISLNK(status.st_mode);
 }
 
 }  // namespace
@@ -121,28 +155,52 @@ SettingsFile::ReadResult SettingsFile::read() const {
   }
   std::optional<Value::Dictionary> settings = fromSettingsText(*text);
   if (!settings) {
-    return Damaged{"it is not a JSON object"};
+    return Damaged{"it is not a JSON object", FileStamp(status)};
   }
   return Contents{std::move(*settings), FileStamp(status)};
 }
 
-std::optional<std::string> SettingsFile::write(const std::string& text) const {
-  const Path name = target();
+SettingsFile::ReadResult SettingsFile::readSettled(std::chrono::milliseconds settling) const {
+  const auto end = std::chrono::steady_clock::now() + 3 * settling;
+  for (;;) {
+    ReadResult result = read();
+    const auto* damage = std::get_if<Damaged>(&result);
+    if (damage == nullptr || !damage->unfinished || damage->unfinished->age() >= settling ||
+        std::chrono::steady_clock::now() >= end) {
+      return result;
+    }
+    std::this_thread::sleep_for(std::min(settling / 10, longestPause));
+  }
+}
+
+SettingsFile::WriteResult SettingsFile::write(const std::string& text, const std::optional<FileStamp>& expected,
+                                              std::string& reason) const {
+  const Path name = place();
   const Path temporary = withSuffix(name, ".new");
-  if (!writeNewFile(temporary, text) || rename(temporary.c_str(), name.c_str()) != 0) {
+  struct stat status {};
+  const bool keepsAccess = name != path_ && ::stat(name.c_str(), &status) == 0;
+  const bool prepared = writeNewFile(temporary, text, keepsAccess ? std::optional(status) : std::nullopt);
+  if (prepared && stamp() != expected) {
+    unlink(temporary.c_str());
+    return WriteResult::ChangedMeanwhile;
+  }
+  if (!prepared || rename(temporary.c_str(), name.c_str()) != 0) {
     const int number = errno;
     unlink(temporary.c_str());
-    return errorText(number);
+    reason = errorText(number);
+    return WriteResult::Failed;
   }
   syncFolder(name.parent_path());
-  return std::nullopt;
+  return WriteResult::Written;
 }
 
 std::optional<std::filesystem::path> SettingsFile::setAside() const {
-  const Path name = target();
-  for (int number = 1; number < 10000; ++number) {
+  const Path name = place();
+  for (int number = 1; number <= maximumSetAside; ++number) {
     const Path aside = withSuffix(name, ".damaged-" + std::to_string(number));
-    if (renameToFreeName(name, aside)) {
+    const bool moved = renameToFreeName(name, aside) ||
+                       (number == maximumSetAside && errno == EEXIST && rename(name.c_str(), aside.c_str()) == 0);
+    if (moved) {
       syncFolder(name.parent_path());
       return aside;
     }
@@ -155,7 +213,7 @@ std::optional<std::filesystem::path> SettingsFile::setAside() const {
 
 FileDescriptor SettingsFile::lock(std::string& reason) const {
   using namespace std::chrono_literals;
-  const Path name = withSuffix(target(), ".lock");
+  const Path name = withSuffix(place(), ".lock");
   makeFolder(name.parent_path());
   // Others hold it for as long as a write takes. One that was stopped meanwhile must not stop this process, too.
   for (const auto end = std::chrono::steady_clock::now() + 2s; std::chrono::steady_clock::now() < end;) {
@@ -174,18 +232,14 @@ FileDescriptor SettingsFile::lock(std::string& reason) const {
   return {};
 }
 
-std::filesystem::path SettingsFile::target() const {
-  Path name = path_;
-  // As many links as the system itself follows.
-  for (int links = 0; links < 40; ++links) {
-    std::error_code error;
-    const Path next = std::filesystem::read_symlink(name, error);
-    if (error) {
-      break;
-    }
-    name = name.parent_path() / next;
+/// Where it is written and what is set aside: itself, or the ordinary file that a link leads or promises to lead to.
+std::filesystem::path SettingsFile::place() const {
+  if (!isLink(path_)) {
+    return path_;
   }
-  return name;
+  struct stat status {};
+  const bool leadsToOther = ::stat(path_.c_str(), &status) == 0 && !S_ISREG(status.st_mode);
+  return leadsToOther ? path_ : endOfLinks(path_);
 }
 
 }  // namespace roomlattice::platform::linux

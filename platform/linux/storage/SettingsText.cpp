@@ -62,7 +62,12 @@ Value encoded(const Value& value) {
   }
   if (const Value::Dictionary* dictionary = value.asDictionary()) {
     Value::Dictionary result = encodedEntries(*dictionary);
-    return looksLikeAForm(*dictionary) ? Value::Dictionary{{dictionaryForm, std::move(result)}} : result;
+    if (!looksLikeAForm(*dictionary)) {
+      return result;
+    }
+    Value::Dictionary form;
+    form.emplace(dictionaryForm, std::move(result));
+    return form;
   }
   return value;
 }
@@ -113,14 +118,15 @@ Value decoded(const Value& value) {
 std::optional<std::string> toSettingsText(const Value::Dictionary& settings) {
   // The outermost object is never a form, whatever its keys are.
   std::optional<std::string> text = toJson(encodedEntries(settings), JsonLayout::Indented);
-  if (text) {
-    *text += '\n';
+  if (!text) {
+    return std::nullopt;
   }
-  return text;
+  *text += '\n';
+  return fromSettingsText(*text) == settings ? text : std::nullopt;
 }
 
 std::optional<Value::Dictionary> fromSettingsText(std::string_view text) {
-  const std::optional<Value> value = fromJson(text);
+  const std::optional<Value> value = text.size() > maximumSettingsSize ? std::nullopt : fromJson(text);
   const Value::Dictionary* settings = value ? value->asDictionary() : nullptr;
   return settings == nullptr ? std::nullopt : std::optional(decodedEntries(*settings));
 }

@@ -8,8 +8,8 @@
 #include <fcntl.h>
 #include <limits>
 #include <poll.h>
-#include <spawn.h>
 #include <sys/eventfd.h>
+#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <system_error>
 #include <unistd.h>
@@ -33,48 +33,73 @@ Pipe makePipe() {
   return {FileDescriptor(ends[0]), FileDescriptor(ends[1])};
 }
 
-/// How the child starts: its output to the pipe, no input, and signals as a program expects them.
-class SpawnSettings {
+/// What becomes of a copy of this process. Another thread may have held any lock when it was made: only calls that are
+/// safe in signal handlers may be made.
+class Beginning {
  public:
-  SpawnSettings(int output, ChildRunner::ErrorOutput errorOutput) {
-    posix_spawn_file_actions_init(&actions_);
-    posix_spawn_file_actions_addopen(&actions_, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
-    posix_spawn_file_actions_adddup2(&actions_, output, STDOUT_FILENO);
-    if (errorOutput == ChildRunner::ErrorOutput::WithOutput) {
-      posix_spawn_file_actions_adddup2(&actions_, output, STDERR_FILENO);
-    } else {
-      posix_spawn_file_actions_addopen(&actions_, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
-    }
-    posix_spawnattr_init(&attributes_);
-    sigset_t signals;
-    sigfillset(&signals);
-    posix_spawnattr_setsigdefault(&attributes_, &signals);
-    sigemptyset(&signals);
-    posix_spawnattr_setsigmask(&attributes_, &signals);
-    posix_spawnattr_setflags(&attributes_, POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_SETSIGMASK);
-  }
-  ~SpawnSettings() {
-    posix_spawn_file_actions_destroy(&actions_);
-    posix_spawnattr_destroy(&attributes_);
-  }
-  SpawnSettings(const SpawnSettings&) = delete;
-  SpawnSettings& operator=(const SpawnSettings&) = delete;
+  Beginning(const std::string& path, const std::vector<std::string>& arguments, ChildRunner::ErrorOutput errorOutput)
+      : arguments_(argumentPointers(path, arguments)), errorOutput_(errorOutput), parent_(getpid()) {}
 
-  const posix_spawn_file_actions_t* actions() const { return &actions_; }
-  const posix_spawnattr_t* attributes() const { return &attributes_; }
+  /// Runs the program, its output going to a pipe, with no input, with signals as programs expect them, and in a
+  /// process group of its own, so that all it starts can be ended with it. It ends with the process that started it.
+  /// Writes the reason to `failure` when there is no such program.
+  [[noreturn]] void become(int output, int failure) const {
+    setpgid(0, 0);
+    prctl(PR_SET_PDEATHSIG, SIGKILL);
+    if (getppid() == parent_ && redirect(output)) {
+      resetSignals();
+      execv(arguments_.front(), arguments_.data());
+    }
+    const int number = errno;
+    [[maybe_unused]] const ssize_t written = write(failure, &number, sizeof(number));
+    _exit(127);
+  }
 
  private:
-  posix_spawn_file_actions_t actions_{};
-  posix_spawnattr_t attributes_{};
+  static std::vector<char*> argumentPointers(const std::string& path, const std::vector<std::string>& arguments) {
+    std::vector<char*> pointers{const_cast<char*>(path.c_str())};
+    for (const std::string& argument : arguments) {
+      pointers.push_back(const_cast<char*>(argument.c_str()));
+    }
+    pointers.push_back(nullptr);
+    return pointers;
+  }
+
+  bool redirect(int output) const {
+    const int nothing = open("/dev/null", O_RDWR | O_CLOEXEC);
+    const int errors = errorOutput_ == ChildRunner::ErrorOutput::WithOutput ? output : nothing;
+    return dup2(nothing, STDIN_FILENO) >= 0 && dup2(output, STDOUT_FILENO) >= 0 && dup2(errors, STDERR_FILENO) >= 0;
+  }
+
+  static void resetSignals() {
+    struct sigaction standard {};
+    standard.sa_handler = SIG_DFL;
+    for (int signal = 1; signal < NSIG; ++signal) {
+      sigaction(signal, &standard, nullptr);
+    }
+    sigset_t none;
+    sigemptyset(&none);
+    pthread_sigmask(SIG_SETMASK, &none, nullptr);
+  }
+
+  std::vector<char*> arguments_;
+  ChildRunner::ErrorOutput errorOutput_;
+  pid_t parent_;
 };
 
-std::vector<char*> argumentPointers(const std::string& path, const std::vector<std::string>& arguments) {
-  std::vector<char*> pointers{const_cast<char*>(path.c_str())};
-  for (const std::string& argument : arguments) {
-    pointers.push_back(const_cast<char*>(argument.c_str()));
+/// Why the program could not be run; 0 when it runs, which closes the other end.
+int failureOf(const FileDescriptor& reader) {
+  int number = 0;
+  ssize_t count = 0;
+  do {
+    count = read(reader.get(), &number, sizeof(number));
+  } while (count < 0 && errno == EINTR);
+  return count == static_cast<ssize_t>(sizeof(number)) ? number : 0;
+}
+
+void waitForEnd(pid_t child, int& status) {
+  while (waitpid(child, &status, 0) < 0 && errno == EINTR) {
   }
-  pointers.push_back(nullptr);
-  return pointers;
 }
 
 /// For poll: in milliseconds, 0 once it is too late.
@@ -95,22 +120,28 @@ std::variant<ChildResult, LaunchError> ChildRunner::run(const std::string& path,
                                                         const std::vector<std::string>& arguments,
                                                         const Options& options) const {
   Pipe pipe = makePipe();
-  if (!pipe.writer) {
+  Pipe failure = makePipe();
+  if (!pipe.writer || !failure.writer) {
     return launchError(path, errno);
   }
-  const SpawnSettings settings(pipe.writer.get(), options.errorOutput);
-  pid_t child = -1;
-  const int failure = posix_spawn(&child, path.c_str(), settings.actions(), settings.attributes(),
-                                  argumentPointers(path, arguments).data(), environ);
-  if (failure != 0) {
-    return launchError(path, failure);
+  const Beginning beginning(path, arguments, options.errorOutput);
+  const pid_t child = fork();
+  if (child == 0) {
+    beginning.become(pipe.writer.get(), failure.writer.get());
+  }
+  if (child < 0) {
+    return launchError(path, errno);
   }
   // The output ends when the last process that holds this end is gone, and that must not be this one.
   pipe.writer.close();
-  std::string bytes = collect(pipe.reader.get(), child, options.limit);
+  failure.writer.close();
   int status = -1;
-  while (waitpid(child, &status, 0) < 0 && errno == EINTR) {
+  if (const int number = failureOf(failure.reader); number != 0) {
+    waitForEnd(child, status);
+    return launchError(path, number);
   }
+  std::string bytes = collect(pipe.reader.get(), child, options.limit);
+  waitForEnd(child, status);
   return ChildResult{std::move(bytes), status == 0};
 }
 
@@ -130,7 +161,7 @@ std::string ChildRunner::collect(int output, pid_t child, std::optional<std::chr
       continue;
     }
     if (ready == 0 || waiting[1].revents != 0) {
-      kill(child, SIGKILL);
+      kill(-child, SIGKILL);
       return bytes;
     }
     const ssize_t count = read(output, buffer.data(), buffer.size());

@@ -17,14 +17,14 @@ struct ChildResult {
   bool succeeded = false;
 };
 
-/// Runs child processes and collects what they write. Any thread.
+/// Runs child processes and collects what they write. They end with this process, however it ends. Any thread.
 class ChildRunner {
  public:
   enum class ErrorOutput { WithOutput, Discarded };
 
   struct Options {
     ErrorOutput errorOutput = ErrorOutput::WithOutput;
-    /// How long it may take; a child that takes longer is killed.
+    /// How long it may take; a child that takes longer is killed, with all it has started.
     std::optional<std::chrono::milliseconds> limit;
   };
 
@@ -35,7 +35,7 @@ class ChildRunner {
   std::variant<ChildResult, LaunchError> run(const std::string& path, const std::vector<std::string>& arguments,
                                              const Options& options) const;
 
-  /// Ends the runs under way and all later ones: their children are killed.
+  /// Ends the runs under way and all later ones: their children are killed, with all they have started.
   void interrupt();
 
  private:

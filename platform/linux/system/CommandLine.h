@@ -10,6 +10,11 @@ namespace roomlattice::platform::linux {
 /// Asks for the log lines of the last ten minutes.
 inline constexpr const char* recentLogOption = "--recent-log";
 
+/// How the program came to be started.
+enum class Start { ByUser, AtLogin };
+
+Start startOf(int argc, const char* const* argv);
+
 /// Answers the options that need no desktop on standard output, and an option that is not known on standard error.
 /// Nothing when the program is to run.
 std::optional<ExitStatus> answerCommandLine(int argc, const char* const* argv);

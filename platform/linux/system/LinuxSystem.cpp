@@ -7,6 +7,7 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QStandardPaths>
+#include <chrono>
 #include <filesystem>
 #include <sys/prctl.h>
 #include <utility>
@@ -16,6 +17,9 @@ namespace {
 
 // In nanoseconds; the kernel takes the least it knows for 1.
 constexpr unsigned long leastTimerSlack = 1;
+
+// Of all that the program runs nothing takes nearly as long.
+constexpr std::chrono::seconds childLimit{60};
 
 std::string quotedForShell(const std::string& word) {
   std::string quoted = "'";
@@ -59,7 +63,7 @@ void LinuxSystem::log(const std::string& line) {
 
 std::variant<ProcessOutput, LaunchError> LinuxSystem::run(const std::string& path,
                                                           const std::vector<std::string>& arguments) {
-  auto result = children_.run(path, arguments, {});
+  auto result = children_.run(path, arguments, {.limit = childLimit});
   if (auto* ended = std::get_if<ChildResult>(&result)) {
     return ProcessOutput{std::move(ended->bytes)};
   }

@@ -3,10 +3,10 @@
 #include "platform/linux/storage/FileDescriptor.h"
 #include "platform/linux/storage/UserFolders.h"
 
+#include <algorithm>
 #include <chrono>
 #include <fcntl.h>
 #include <fstream>
-#include <iterator>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <thread>
@@ -36,13 +36,20 @@ void lock(const FileDescriptor& file) {
   }
 }
 
-std::string textOf(const Path& path) {
+/// The whole lines among the last `limit` bytes.
+std::string lastLines(const Path& path, std::uintmax_t limit) {
   std::error_code error;
   if (!std::filesystem::is_regular_file(path, error)) {
     return {};
   }
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+  std::ifstream file(path, std::ios::binary | std::ios::ate);
+  const auto size = static_cast<std::uintmax_t>(std::max<std::streamoff>(file.tellg(), 0));
+  const bool whole = size <= limit;
+  std::string text(whole ? size : limit, '\0');
+  file.seekg(static_cast<std::streamoff>(size - text.size()));
+  file.read(text.data(), static_cast<std::streamsize>(text.size()));
+  text.resize(static_cast<std::size_t>(file.gcount()));
+  return whole ? text : text.substr(std::min(text.find('\n'), text.size() - 1) + 1);
 }
 
 }  // namespace
@@ -69,7 +76,9 @@ void LogFile::append(const std::string& line) {
 }
 
 std::string LogFile::contents() const {
-  return textOf(formerPath()) + textOf(path_);
+  // One line may be longer than the bound.
+  const std::uintmax_t most = limit_ + 65536;
+  return lastLines(formerPath(), most) + lastLines(path_, most);
 }
 
 Path LogFile::formerPath() const {

@@ -18,7 +18,7 @@ class LogFile {
   /// Adds a line, given with its end.
   void append(const std::string& line);
 
-  /// All lines there are, the oldest first.
+  /// All lines there are, the oldest first; of files that others have made larger than the bound only the last ones.
   std::string contents() const;
 
  private:

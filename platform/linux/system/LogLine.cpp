@@ -15,7 +15,10 @@ using std::chrono::system_clock;
 
 constexpr const char* dateFormat = "%Y-%m-%d %H:%M:%S";
 
-std::optional<system_clock::time_point> stampOf(const std::string& line) {
+// The clock's own time points count nanoseconds: they end in the year 2262, and what a line says may be any year.
+using Stamp = std::chrono::sys_time<milliseconds>;
+
+std::optional<Stamp> stampOf(const std::string& line) {
   std::tm date{};
   const char* rest = strptime(line.c_str(), dateFormat, &date);
   int thousandths = 0;
@@ -27,7 +30,7 @@ std::optional<system_clock::time_point> stampOf(const std::string& line) {
   if (strptime(rest + digits, "%z", &zone) == nullptr) {
     return std::nullopt;
   }
-  return system_clock::from_time_t(timegm(&date) - zone.tm_gmtoff) + milliseconds(thousandths);
+  return Stamp(std::chrono::seconds(timegm(&date) - zone.tm_gmtoff) + milliseconds(thousandths));
 }
 
 }  // namespace
@@ -50,13 +53,14 @@ std::string stampedLogLine(system_clock::time_point time, const std::string& lin
 }
 
 std::string logSince(system_clock::time_point start, std::string_view log) {
+  const auto earliest = std::chrono::ceil<milliseconds>(start);
   std::string recent;
   bool isRecent = false;
   while (!log.empty()) {
     const std::string line(log.substr(0, log.find('\n')));
     log.remove_prefix(std::min(line.size() + 1, log.size()));
     if (const auto stamp = stampOf(line)) {
-      isRecent = *stamp >= start;
+      isRecent = *stamp >= earliest;
     }
     if (isRecent) {
       recent += line + "\n";

@@ -1,8 +1,8 @@
 #include "platform/linux/system/QtMessages.h"
 
-#include "platform/linux/storage/FileDescriptor.h"
 #include "platform/linux/system/CommandLine.h"
 #include "platform/linux/system/LogLine.h"
+#include "platform/linux/system/StandardStreams.h"
 
 #include <QCoreApplication>
 #include <QString>
@@ -25,8 +25,7 @@ void handleMessage(QtMsgType type, const QMessageLogContext&, const QString& mes
   const std::string line = "Qt: " + message.toStdString();
   QMetaObject::invokeMethod(
       QCoreApplication::instance(),
-      [line] { writeAll(STDERR_FILENO, stampedLogLine(std::chrono::system_clock::now(), line)); },
-      Qt::QueuedConnection);
+      [line] { writeToStandardError(stampedLogLine(std::chrono::system_clock::now(), line)); }, Qt::QueuedConnection);
 }
 
 }  // namespace

@@ -3,8 +3,8 @@
 #include "platform/linux/storage/UserFolders.h"
 #include "platform/linux/system/ChildRunner.h"
 #include "platform/linux/system/LogLine.h"
+#include "platform/linux/system/StandardStreams.h"
 
-#include <QStandardPaths>
 #include <chrono>
 #include <unistd.h>
 #include <utility>
@@ -13,16 +13,18 @@
 namespace roomlattice::platform::linux {
 namespace {
 
-std::string linesOfJournal(std::chrono::minutes duration, const std::filesystem::path& socket) {
-  const std::string tool = QStandardPaths::findExecutable(QStringLiteral("journalctl")).toStdString();
-  if (tool.empty() || !Journal::open(socket)) {
+// A search of a large journal on a slow disk takes seconds.
+constexpr std::chrono::seconds searchLimit{10};
+
+std::string linesOfJournal(std::chrono::minutes duration, const JournalPlace& journal) {
+  if (!Journal::open(journal.socket)) {
     return {};
   }
-  const auto result = ChildRunner().run(tool,
+  const auto result = ChildRunner().run(journal.tool.string(),
                                         {"--quiet", "--no-pager", "--all", "--output=short-iso-precise",
                                          "--since=-" + std::to_string(duration.count()) + "min",
                                          "SYSLOG_IDENTIFIER=Roomlattice", "_UID=" + std::to_string(getuid())},
-                                        {.errorOutput = ChildRunner::ErrorOutput::Discarded});
+                                        {.errorOutput = ChildRunner::ErrorOutput::Discarded, .limit = searchLimit});
   const auto* ended = std::get_if<ChildResult>(&result);
   return ended != nullptr && ended->succeeded ? ended->bytes : std::string();
 }
@@ -45,14 +47,14 @@ void SystemLog::write(const std::string& line) {
   const std::string stamped = stampedLogLine(std::chrono::system_clock::now(), line);
   const bool isInJournal = journal_ && journal_->write(line);
   if (!isInJournal || !standardErrorIsJournal()) {
-    writeAll(STDERR_FILENO, stamped);
+    writeToStandardError(stamped);
   }
   if (file_) {
     file_->append(stamped);
   }
 }
 
-std::string recentLog(std::chrono::minutes duration, const std::filesystem::path& journal) {
+std::string recentLog(std::chrono::minutes duration, const JournalPlace& journal) {
   std::string lines = linesOfJournal(duration, journal);
   if (const auto path = SystemLog::standardPath(); lines.empty() && path) {
     lines = logSince(std::chrono::system_clock::now() - duration, LogFile(*path).contents());

@@ -21,7 +21,7 @@ class SystemLog {
   /// $XDG_STATE_HOME/roomlattice/log; nothing for a user without a home.
   static std::optional<std::filesystem::path> standardPath();
 
-  /// Writes a line, given without its end.
+  /// Writes a line, given without its end. Any thread.
   void write(const std::string& line);
 
  private:
@@ -29,8 +29,14 @@ class SystemLog {
   std::optional<Journal> journal_;
 };
 
+struct JournalPlace {
+  std::filesystem::path socket = Journal::usualSocket;
+  /// Not looked up where the user's own environment says: what it searches is the system's.
+  std::filesystem::path tool = "/usr/bin/journalctl";
+};
+
 /// What was written in the last `duration`, by this process and earlier ones: from the journal where it has anything,
-/// otherwise from the file. Blocks until the journal has been searched.
-std::string recentLog(std::chrono::minutes duration, const std::filesystem::path& journal = Journal::usualSocket);
+/// otherwise from the file. Blocks until the journal has been searched, for ten seconds at most.
+std::string recentLog(std::chrono::minutes duration, const JournalPlace& journal = {});
 
 }  // namespace roomlattice::platform::linux

@@ -1,9 +1,14 @@
 #include "platform/linux/system/TerminationSignals.h"
 
+#include "platform/linux/system/StandardStreams.h"
+
 #include <QSocketNotifier>
 #include <cerrno>
 #include <csignal>
 #include <cstdint>
+#include <cstdlib>
+#include <ctime>
+#include <initializer_list>
 #include <memory>
 #include <sys/eventfd.h>
 #include <unistd.h>
@@ -12,14 +17,45 @@
 namespace roomlattice::platform::linux {
 namespace {
 
+// In seconds, as alarm(2) has them.
+constexpr unsigned timeToEnd = 4;
+
+// In seconds. Some send a signal twice, to the process and to its group; a person presses the keys again later.
+constexpr std::time_t impatience = 2;
+
 // Signal handlers have nothing else to find it by.
 int eventFile = -1;
 
+std::time_t now() {
+  timespec time{};
+  clock_gettime(CLOCK_MONOTONIC, &time);
+  return time.tv_sec;
+}
+
 void signalCame(int) {
+  static volatile std::time_t firstSignal = 0;
   const int error = errno;
+  if (firstSignal == 0) {
+    firstSignal = now();
+    // A timer of the kernel's needs no thread and no event loop.
+    alarm(timeToEnd);
+  } else if (now() - firstSignal >= impatience) {
+    _exit(EXIT_FAILURE);
+  }
   const std::uint64_t one = 1;
   [[maybe_unused]] const ssize_t written = write(eventFile, &one, sizeof(one));
   errno = error;
+}
+
+void timeIsOver(int) {
+  writeAtOnce(STDERR_FILENO, "roomlattice: something kept the program from ending in good order\n");
+  _exit(EXIT_FAILURE);
+}
+
+void handleTimeout() {
+  struct sigaction action {};
+  action.sa_handler = timeIsOver;
+  sigaction(SIGALRM, &action, nullptr);
 }
 
 /// A signal that whoever started the process had it ignore, as nohup does, stays ignored.
@@ -30,19 +66,32 @@ void handle(int signal) {
   }
   struct sigaction action {};
   action.sa_handler = signalCame;
-  action.sa_flags = static_cast<int>(SA_RESTART | SA_RESETHAND);
+  action.sa_flags = SA_RESTART;
   sigaction(signal, &action, nullptr);
+}
+
+/// Signals that whoever started the process happened to have blocked would never come.
+void unblock(std::initializer_list<int> signals) {
+  sigset_t set;
+  sigemptyset(&set);
+  for (const int signal : signals) {
+    sigaddset(&set, signal);
+  }
+  pthread_sigmask(SIG_UNBLOCK, &set, nullptr);
 }
 
 }  // namespace
 
 TerminationSignals::TerminationSignals() {
   eventFile = eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
+  handleTimeout();
   for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
     handle(signal);
   }
+  unblock({SIGTERM, SIGINT, SIGHUP, SIGALRM});
   std::signal(SIGPIPE, SIG_IGN);
   std::signal(SIGXFSZ, SIG_IGN);
+  std::signal(SIGTTOU, SIG_IGN);
 }
 
 int TerminationSignals::file() const {

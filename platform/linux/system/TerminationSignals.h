@@ -6,11 +6,13 @@
 
 namespace roomlattice::platform::linux {
 
-/// The signals that ask a process to end (SIGTERM, SIGINT, SIGHUP), as an event of the main thread. A second one of the
-/// same kind ends the process the hard way. One object in a process.
+/// The signals that ask a process to end (SIGTERM, SIGINT, SIGHUP), as an event of the main thread. Where the process
+/// has not ended four seconds after the first, whatever keeps it from that, it ends the hard way with status 1; one
+/// that comes two seconds after the first or later has it end so at once. One object in a process; SIGALRM is its own.
 ///
-/// Writing to a closed pipe or beyond a size limit becomes an ordinary error as well: neither a log that nobody reads
-/// nor a settings file that may not grow is a reason to die.
+/// Writing to a closed pipe, beyond a size limit or to a terminal from the background becomes an ordinary error or
+/// nothing special as well: neither a log that nobody reads nor a settings file that may not grow is a reason to die or
+/// to stop.
 class TerminationSignals {
  public:
   TerminationSignals();

@@ -19,6 +19,7 @@ class XSettingsWatch {
   std::optional<std::string> text(const std::string& name) const;
 
  private:
+  void batchEnded();
   void followManager();
   void read();
 
@@ -28,9 +29,13 @@ class XSettingsWatch {
   xcb_atom_t property_;
   xcb_window_t manager_ = XCB_WINDOW_NONE;
   std::map<std::string, std::string> texts_;
+  // What was heard is looked into once for each batch of events: anybody may send as many as he likes.
+  bool otherManager_ = false;
+  bool otherSettings_ = false;
   Registration announcements_;
   Registration propertyEvents_;
   Registration destroyEvents_;
+  Registration batches_;
 };
 
 }  // namespace roomlattice::platform::x11

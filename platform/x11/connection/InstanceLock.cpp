@@ -1,27 +1,52 @@
 #include "platform/x11/connection/InstanceLock.h"
 
+#include "platform/x11/connection/Properties.h"
+
+#include <cstdint>
 #include <string>
+#include <string_view>
 
 namespace roomlattice::platform::x11 {
+namespace {
+
+// Instance and class, as ICCCM has them.
+constexpr std::string_view ownClass("roomlattice\0Roomlattice\0", 24);
+
+bool isRoomlattice(X11Connection& connection, xcb_window_t window) {
+  return window != XCB_WINDOW_NONE && readBytes(connection, window, XCB_ATOM_WM_CLASS, XCB_ATOM_STRING) == ownClass;
+}
+
+}  // namespace
 
 std::unique_ptr<InstanceLock> InstanceLock::acquire(X11Connection& connection) {
   const xcb_atom_t selection = connection.atom("_ROOMLATTICE_S" + std::to_string(connection.screenNumber()));
-  // Two that start at once must not both find the selection free.
-  xcb_grab_server(connection.raw());
-  std::unique_ptr<InstanceLock> lock;
-  if (connection.selectionOwner(selection) == XCB_WINDOW_NONE) {
-    lock.reset(new InstanceLock(connection));
-    xcb_set_selection_owner(connection.raw(), lock->owner_, selection, XCB_CURRENT_TIME);
+  if (isRoomlattice(connection, connection.selectionOwner(selection))) {
+    return nullptr;
   }
-  xcb_ungrab_server(connection.raw());
-  connection.flush();
-  return lock;
+  std::unique_ptr<InstanceLock> lock(new InstanceLock(connection, selection));
+  return connection.selectionOwner(selection) == lock->owner_ ? std::move(lock) : nullptr;
 }
 
-InstanceLock::InstanceLock(X11Connection& connection)
+InstanceLock::InstanceLock(X11Connection& connection, xcb_atom_t selection)
     : connection_(connection), owner_(xcb_generate_id(connection.raw())) {
-  xcb_create_window(connection.raw(), XCB_COPY_FROM_PARENT, owner_, connection.root(), -1, -1, 1, 1, 0,
-                    XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, 0, nullptr);
+  clearEvents_ = connection.observe(XCB_SELECTION_CLEAR, [this](const xcb_generic_event_t& event) {
+    if (reinterpret_cast<const xcb_selection_clear_event_t&>(event).owner == owner_) {
+      lossListeners_.notify();
+    }
+  });
+  destroyEvents_ = connection.observe<xcb_destroy_notify_event_t>([this](const auto& event) {
+    if (event.window == owner_) {
+      lossListeners_.notify();
+    }
+  });
+  constexpr std::uint32_t events = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
+  xcb_connection_t* raw = connection.raw();
+  xcb_create_window(raw, XCB_COPY_FROM_PARENT, owner_, connection.root(), -1, -1, 1, 1, 0, XCB_WINDOW_CLASS_INPUT_ONLY,
+                    XCB_COPY_FROM_PARENT, XCB_CW_EVENT_MASK, &events);
+  // Whoever sees the claim sees whose it is.
+  xcb_change_property(raw, XCB_PROP_MODE_REPLACE, owner_, XCB_ATOM_WM_CLASS, XCB_ATOM_STRING, 8, ownClass.size(),
+                      ownClass.data());
+  xcb_set_selection_owner(raw, owner_, selection, XCB_CURRENT_TIME);
 }
 
 InstanceLock::~InstanceLock() {

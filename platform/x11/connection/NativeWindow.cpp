@@ -44,11 +44,15 @@ void NativeWindow::writeHints(const WindowHints& hints) {
                       &hints.desktop);
 }
 
-void NativeWindow::leaveGroup() {
+void NativeWindow::refuseKeyboard() {
   const std::array<std::uint32_t, 9> hints = {
       inputHint | stateHint | windowGroupHint, noInput, normalState, 0, 0, 0, 0, 0, id_};
   xcb_change_property(raw_, XCB_PROP_MODE_REPLACE, id_, XCB_ATOM_WM_HINTS, XCB_ATOM_WM_HINTS, 32, hints.size(),
                       hints.data());
+  // The toolkit also announces WM_TAKE_FOCUS, whatever the window wants. Without input that is ICCCM's globally active
+  // model: such a window is offered the keyboard, and nobody has it when the window does not take it.
+  writeAtoms(connection_.ewmh()->WM_PROTOCOLS,
+             {connection_.atom("WM_DELETE_WINDOW"), connection_.ewmh()->_NET_WM_PING});
 }
 
 void NativeWindow::requestDesktop(std::uint32_t desktop) {

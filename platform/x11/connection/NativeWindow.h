@@ -49,9 +49,10 @@ class NativeWindow {
   /// when a window is withdrawn.
   void writeHints(const WindowHints& hints);
 
-  /// Makes the window a group of its own (ICCCM) that wants no keyboard; to be called before it is mapped. Some window
-  /// managers move what belongs to the same group as the window that is being activated to that window's desktop.
-  void leaveGroup();
+  /// Makes the window a group of its own (ICCCM) that no window manager gives the keyboard; to be called before it is
+  /// mapped. Some window managers move what belongs to the same group as the window that is being activated to that
+  /// window's desktop.
+  void refuseKeyboard();
 
   /// Asks the window manager to move a mapped window to `desktop`.
   void requestDesktop(std::uint32_t desktop);

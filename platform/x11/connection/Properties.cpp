@@ -64,13 +64,14 @@ std::optional<std::string> readText(X11Connection& connection, xcb_window_t wind
 
 std::optional<std::vector<std::string>> readTexts(X11Connection& connection, xcb_window_t window, xcb_atom_t property) {
   const auto bytes = readBytes(connection, window, property, connection.ewmh()->UTF8_STRING);
-  if (!bytes) {
-    return std::nullopt;
-  }
+  return bytes ? std::optional(textsOf(*bytes)) : std::nullopt;
+}
+
+std::vector<std::string> textsOf(const std::string& bytes) {
   std::vector<std::string> texts;
-  for (std::size_t start = 0; start < bytes->size();) {
-    const std::size_t end = std::min(bytes->find('\0', start), bytes->size());
-    texts.push_back(validUtf8(bytes->substr(start, end - start)));
+  for (std::size_t start = 0; start < bytes.size();) {
+    const std::size_t end = std::min(bytes.find('\0', start), bytes.size());
+    texts.push_back(validUtf8(bytes.substr(start, end - start)));
     start = end + 1;
   }
   return texts;

@@ -27,6 +27,9 @@ std::optional<std::string> readBytes(X11Connection& connection, xcb_window_t win
 /// A UTF8_STRING property; what is not UTF-8 in it reads as U+FFFD.
 std::optional<std::string> readText(X11Connection& connection, xcb_window_t window, xcb_atom_t property);
 
+/// Texts that end in a zero byte each, the last one's optional; what is not UTF-8 in them is U+FFFD.
+std::vector<std::string> textsOf(const std::string& bytes);
+
 /// A UTF8_STRING property of texts that end in a zero byte each, the last one's optional.
 std::optional<std::vector<std::string>> readTexts(X11Connection& connection, xcb_window_t window, xcb_atom_t property);
 

@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <poll.h>
 #include <unistd.h>
+#include <utility>
 
 namespace roomlattice::platform::x11 {
 namespace {
@@ -20,11 +21,22 @@ constexpr int failure = 1;
 
 bool guarding = false;
 
+// What the toolkit calls has nothing else to find it by.
+std::function<void()>& lastWork() {
+  static std::function<void()> work = [] {};
+  return work;
+}
+
 [[noreturn]] void serverHasGone() {
   linux::printError("the X server has gone");
-  // There is nothing left to do: without the server the toolkit's own way out would only meet its broken connection.
-  // The settings are on the disk already.
+  lastWork()();
+  // Without the server the toolkit's own way out would only meet its broken connection.
   _exit(failure);
+}
+
+void end(const char* reason) {
+  linux::printError(reason);
+  QCoreApplication::exit(failure);
 }
 
 /// The toolkit calls exit, from wherever it is, when it finds its connection broken.
@@ -65,11 +77,11 @@ WindowManagerWait waitForWindowManager(X11Connection& connection, const linux::T
   return WindowManagerWait::Found;
 }
 
-SessionGuard::SessionGuard(X11Connection& connection, WindowManagerWatch& windowManager)
-    : windowManager_(windowManager), patience_([] {
-        linux::printError("the window manager has gone, and no other has come");
-        QCoreApplication::exit(failure);
-      }) {
+SessionGuard::SessionGuard(X11Connection& connection, InstanceLock& lock, WindowManagerWatch& windowManager,
+                           std::function<void()> work)
+    : windowManager_(windowManager), patience_([] { end("the window manager has gone, and no other has come"); }) {
+  lossOfClaim_ = lock.observeLoss([] { end("another program has taken over the X11 display"); });
+  lastWork() = std::move(work);
   loss_ = connection.observeLoss(serverHasGone);
   windowManagerChanges_ = windowManager.observe([this] { windowManagerChanged(); });
   // This is the second call. The toolkit has installed an error handler of its own since the first, and ours has to
@@ -82,6 +94,7 @@ SessionGuard::SessionGuard(X11Connection& connection, WindowManagerWatch& window
 
 SessionGuard::~SessionGuard() {
   guarding = false;
+  lastWork() = [] {};
 }
 
 void SessionGuard::windowManagerChanged() {

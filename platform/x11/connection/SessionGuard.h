@@ -2,10 +2,12 @@
 
 #include "platform/linux/system/OneShotTimer.h"
 #include "platform/linux/system/TerminationSignals.h"
+#include "platform/x11/connection/InstanceLock.h"
 #include "platform/x11/connection/WindowManagerWatch.h"
 #include "platform/x11/connection/X11Connection.h"
 
 #include <chrono>
+#include <functional>
 
 namespace roomlattice::platform::x11 {
 
@@ -21,10 +23,13 @@ WindowManagerWait waitForWindowManager(X11Connection& connection, const linux::T
 void watchToolkitConnection();
 
 /// Ends the program, with a line on standard error and status 1, when it has lost what it runs on: at once when the X
-/// server has gone, and when the window manager has gone and none has come for a while.
+/// server has gone or another program has taken the claim to the display, and when the window manager has gone and none
+/// has come for a while.
 class SessionGuard {
  public:
-  SessionGuard(X11Connection& connection, WindowManagerWatch& windowManager);
+  /// `work` is called, by any thread, before the process ends without leaving the event loop.
+  SessionGuard(X11Connection& connection, InstanceLock& lock, WindowManagerWatch& windowManager,
+               std::function<void()> work);
   ~SessionGuard();
   SessionGuard(const SessionGuard&) = delete;
   SessionGuard& operator=(const SessionGuard&) = delete;
@@ -35,6 +40,7 @@ class SessionGuard {
   WindowManagerWatch& windowManager_;
   linux::OneShotTimer patience_;
   Registration loss_;
+  Registration lossOfClaim_;
   Registration windowManagerChanges_;
 };
 

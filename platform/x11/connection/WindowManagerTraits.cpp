@@ -11,7 +11,9 @@ using Entry = std::pair<std::string_view, WindowManagerTraits>;
 
 constexpr std::array table = {
     Entry{"KWin", {.tellsDesktopsOnTheBus = true}},
-    Entry{"i3", {.desktopIdentity = DesktopIdentity::Name, .makesStripsOfDocks = true}},
+    Entry{"i3", {.desktopIdentity = DesktopIdentity::Name, .makesStripsOfDocks = true, .letsOverlaysWait = false}},
+    Entry{"GNOME Shell", {.hasPanel = true, .letsOverlaysWait = false}},
+    Entry{"Mutter (Muffin)", {.hasPanel = true}},
     Entry{"Xfwm4", {.keepsDocksAboveFullScreen = true}},
     Entry{"Fluxbox", {.ignoresOpacity = true}},
 };

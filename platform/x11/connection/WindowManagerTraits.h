@@ -24,6 +24,11 @@ struct WindowManagerTraits {
   bool makesStripsOfDocks = false;
   /// It keeps docks above windows that fill the screen.
   bool keepsDocksAboveFullScreen = false;
+  /// The panel is its own, there as soon as itself, and no window.
+  bool hasPanel = false;
+  /// An overlay window may be mapped while the desktop it belongs to is not in front. Where it may not, because it is
+  /// put on a wrong screen or keeps a desktop alive that would go, it is on all desktops and mapped only in time.
+  bool letsOverlaysWait = true;
 };
 
 /// `name` is what the window manager calls itself. The only place that knows any by name.

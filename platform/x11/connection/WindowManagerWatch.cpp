@@ -32,12 +32,11 @@ WindowManagerWatch::WindowManagerWatch(X11Connection& connection) : connection_(
     const bool onRoot =
         notify.window == connection_.root() && notify.atom == connection_.ewmh()->_NET_SUPPORTING_WM_CHECK;
     const bool named = current_ && notify.window == current_->checkWindow;
-    if (onRoot || named) {
-      update();
-    }
+    dirty_ = dirty_ || onRoot || named;
   });
   destroyEvents_ =
       connection.observe<xcb_destroy_notify_event_t>([this](const auto& event) { checkWindowDestroyed(event.window); });
+  batches_ = connection.observeBatches([this] { batchEnded(); });
   connection.selectOnRoot(XCB_EVENT_MASK_PROPERTY_CHANGE);
   current_ = findWindowManager(connection_);
   follow();
@@ -45,6 +44,12 @@ WindowManagerWatch::WindowManagerWatch(X11Connection& connection) : connection_(
 
 Registration WindowManagerWatch::observe(std::function<void()> handler) {
   return listeners_.add(std::move(handler));
+}
+
+void WindowManagerWatch::batchEnded() {
+  if (std::exchange(dirty_, false)) {
+    update();
+  }
 }
 
 void WindowManagerWatch::update() {

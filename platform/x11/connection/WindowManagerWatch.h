@@ -35,6 +35,7 @@ class WindowManagerWatch {
   Registration observe(std::function<void()> handler);
 
  private:
+  void batchEnded();
   void update();
   void checkWindowDestroyed(xcb_window_t window);
   void follow();
@@ -42,8 +43,11 @@ class WindowManagerWatch {
   X11Connection& connection_;
   std::optional<WindowManager> current_;
   Listeners<> listeners_;
+  // What was heard is looked into once for each batch of events: anybody may send as many as he likes.
+  bool dirty_ = false;
   Registration propertyEvents_;
   Registration destroyEvents_;
+  Registration batches_;
 };
 
 }  // namespace roomlattice::platform::x11

@@ -8,6 +8,9 @@
 namespace roomlattice::platform::x11 {
 namespace {
 
+/// Between two windows that are active, none may be for a moment.
+constexpr std::chrono::milliseconds handoverTime(50);
+
 /// Where Qt's y axis has the bottom edge of the primary screen.
 double bottomOfPrimary() {
   const QScreen* primary = QGuiApplication::primaryScreen();
@@ -53,7 +56,9 @@ X11Screens::X11Screens(X11Connection& connection, NotificationCenter& defaultCen
   });
   QObject::connect(qGuiApp, &QGuiApplication::screenRemoved, &context_, [this] { changed(); });
   QObject::connect(qGuiApp, &QGuiApplication::primaryScreenChanged, &context_, [this] { changed(); });
+  followActiveWindow();
   posted_ = geometries();
+  postedMain_ = mainScreen();
 }
 
 std::vector<Screen> X11Screens::screens() const {
@@ -112,14 +117,27 @@ void X11Screens::follow(QScreen* screen) {
   QObject::connect(screen, &QScreen::geometryChanged, &context_, [this] { changed(); });
 }
 
+void X11Screens::followActiveWindow() {
+  propertyEvents_ = connection_.observe<xcb_property_notify_event_t>([this](const auto& notify) {
+    const xcb_ewmh_connection_t& ewmh = *connection_.ewmh();
+    const bool leads = notify.atom == ewmh._NET_ACTIVE_WINDOW || notify.atom == ewmh._NET_CURRENT_DESKTOP;
+    if (leads && notify.window == connection_.root() && QGuiApplication::screens().size() > 1) {
+      coalescing_.start(handoverTime);
+    }
+  });
+  connection_.selectOnRoot(XCB_EVENT_MASK_PROPERTY_CHANGE);
+}
+
 void X11Screens::changed() {
   coalescing_.start(std::chrono::milliseconds(0));
 }
 
 void X11Screens::postIfChanged() {
   std::vector<QRect> now = geometries();
-  if (now != posted_) {
+  const std::optional<Screen> nowMain = mainScreen();
+  if (now != posted_ || nowMain != postedMain_) {
     posted_ = std::move(now);
+    postedMain_ = nowMain;
     defaultCenter_.post(notification::didChangeScreenParameters);
   }
 }

@@ -22,7 +22,8 @@ namespace roomlattice::platform::x11 {
 /// (pixels, origin at the top left of the root window, y down).
 class X11Screens {
  public:
-  /// Changes are posted to `defaultCenter` as didChangeScreenParameters, once for all that come together.
+  /// Changes, and that another screen has become the main one, are posted to `defaultCenter` as
+  /// didChangeScreenParameters, once for all that come together.
   X11Screens(X11Connection& connection, NotificationCenter& defaultCenter);
 
   /// The primary screen first. While no output is on, one of those there were before.
@@ -41,6 +42,7 @@ class X11Screens {
 
  private:
   void follow(QScreen* screen);
+  void followActiveWindow();
   void changed();
   void postIfChanged();
   Rect frameOf(const QScreen& screen) const;
@@ -52,7 +54,9 @@ class X11Screens {
   NotificationCenter& defaultCenter_;
   // As Qt has them: the program's coordinates stay the same when all screens move together.
   std::vector<QRect> posted_;
+  std::optional<Screen> postedMain_;
   linux::OneShotTimer coalescing_{[this] { postIfChanged(); }};
+  Registration propertyEvents_;
   QObject context_;  // ends the connections to Qt's signals
 };
 

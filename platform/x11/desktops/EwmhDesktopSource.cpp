@@ -55,8 +55,9 @@ std::optional<DesktopList> EwmhDesktopSource::read() {
   }
   DesktopList list{.desktops = readDesktops(*count)};
   const auto current = readNumber(connection_, root, ewmh._NET_CURRENT_DESKTOP, XCB_ATOM_CARDINAL);
-  if (current && *current < *count) {
-    list.current = *current;
+  // On Wayland GNOME's window manager writes it with the first switch only.
+  if (current.value_or(0) < *count) {
+    list.current = current.value_or(0);
   }
   return list;
 }

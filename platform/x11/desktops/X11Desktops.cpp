@@ -95,6 +95,7 @@ void X11Desktops::sourceChanged() {
   settleRequests();
   if (differs) {
     workspaceCenter_.post(notification::activeSpaceDidChange);
+    listeners_.notify();
   }
 }
 

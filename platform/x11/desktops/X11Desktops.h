@@ -6,11 +6,14 @@
 #include "platform/x11/connection/WindowManagerWatch.h"
 #include "platform/x11/connection/X11Connection.h"
 #include "platform/x11/desktops/DesktopSource.h"
+#include "support/Listeners.h"
 
 #include <chrono>
 #include <deque>
+#include <functional>
 #include <memory>
 #include <optional>
+#include <utility>
 
 namespace roomlattice::platform::x11 {
 
@@ -26,6 +29,9 @@ class X11Desktops {
 
   /// The place of the desktop in the list, as window managers count them, from 0.
   std::optional<std::size_t> indexOf(SpaceID desktop) const;
+
+  /// Calls `handler` after each change of the list or of the current desktop, when the notice of it was posted.
+  Registration observe(std::function<void()> handler) { return listeners_.add(std::move(handler)); }
 
   /// Asks the window manager to switch. Nothing happens for a place that is not in the list.
   void activate(std::size_t index);
@@ -52,6 +58,7 @@ class X11Desktops {
   // The switches asked for and not yet seen, oldest first.
   std::deque<std::size_t> requests_;
   Clock::time_point lastRequest_;
+  Listeners<> listeners_;
   Registration windowManagerChanges_;
   std::unique_ptr<DesktopSource> source_;
 };

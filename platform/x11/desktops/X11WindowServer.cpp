@@ -1,23 +1,6 @@
 #include "platform/x11/desktops/X11WindowServer.h"
 
-#include "platform/x11/connection/Properties.h"
-
-#include <limits>
-
 namespace roomlattice::platform::x11 {
-namespace {
-
-bool isWindow(WindowNumber number) {
-  return number > 0 && number <= std::numeric_limits<xcb_window_t>::max();
-}
-
-/// ICCCM: a window manager keeps WM_STATE on the windows it manages.
-bool isManaged(X11Connection& connection, xcb_window_t window) {
-  const xcb_atom_t state = connection.atom("WM_STATE");
-  return readNumber(connection, window, state, state).value_or(0) != 0;
-}
-
-}  // namespace
 
 Value X11WindowServer::managedDisplaySpaces() {
   const DesktopList& list = desktops_.list();
@@ -29,7 +12,7 @@ Value X11WindowServer::managedDisplaySpaces() {
     spaces.emplace_back(Value::Dictionary{
         {"ManagedSpaceID", static_cast<std::int64_t>(desktop.id)}, {"uuid", desktop.uuid}, {"type", std::int64_t{0}}});
   }
-  return Value::Array{Value::Dictionary{{"Display Identifier", "screen-" + std::to_string(connection_.screenNumber())},
+  return Value::Array{Value::Dictionary{{"Display Identifier", "screen-" + std::to_string(screenNumber_)},
                                         {"Spaces", std::move(spaces)}}};
 }
 
@@ -39,20 +22,9 @@ SpaceID X11WindowServer::activeSpace() {
 }
 
 void X11WindowServer::addWindowToSpace(WindowNumber window, SpaceID space) {
-  const std::optional<std::size_t> index = desktops_.indexOf(space);
-  if (!index || !isWindow(window)) {
-    return;
+  if (desktops_.indexOf(space)) {
+    attachments_.set(window, space);
   }
-  attachments_.set(window, space);
-  const auto xWindow = static_cast<xcb_window_t>(window);
-  const auto desktop = static_cast<std::uint32_t>(*index);
-  const xcb_atom_t atom = connection_.ewmh()->_NET_WM_DESKTOP;
-  if (!isManaged(connection_, xWindow)) {
-    // The window manager reads it when it starts to manage the window; and should it do so right now, the message
-    // finds the window managed.
-    xcb_change_property(connection_.raw(), XCB_PROP_MODE_REPLACE, xWindow, atom, XCB_ATOM_CARDINAL, 32, 1, &desktop);
-  }
-  connection_.sendToRoot(xWindow, atom, {desktop, sourceIsPager, 0, 0, 0});
 }
 
 void X11WindowServer::removeWindowFromSpace(WindowNumber window, SpaceID space) {

@@ -27,6 +27,18 @@ QFont::Weight toQt(FontWeight weight) {
   return QFont::Normal;
 }
 
+// What is ever shown of a text, in UTF-16 units, and the bytes that suffice for one more.
+constexpr qsizetype mostUnits = 1000;
+constexpr std::size_t mostBytes = 4 * (mostUnits + 1);
+
+QString shortened(const QString& text) {
+  if (text.size() <= mostUnits) {
+    return text;
+  }
+  const bool splitsPair = text.at(mostUnits - 1).isHighSurrogate();
+  return text.left(splitsPair ? mostUnits - 1 : mostUnits) + u'\u2026';
+}
+
 /// `text` shortened at its tail to `width`, keeping the blanks around it where there is room for them.
 QString elided(const QString& text, const QFontMetricsF& metrics, double width) {
   const QString core = text.trimmed();
@@ -56,7 +68,7 @@ double systemFontSize() {
 }
 
 QString singleLine(const std::string& text) {
-  QString line = QString::fromStdString(text);
+  QString line = shortened(QString::fromUtf8(text.data(), static_cast<qsizetype>(std::min(text.size(), mostBytes))));
   for (QChar& character : line) {
     const char16_t code = character.unicode();
     if (code == u'\n' || code == u'\r' || code == QChar::LineSeparator || code == QChar::ParagraphSeparator) {

@@ -21,7 +21,8 @@ QFont toQt(const Font& font);
 /// 13 points, or the size of the desktop's general font where that is larger.
 double systemFontSize();
 
-/// Text for a single line: a line break is a blank.
+/// Text for a single line: a line break is a blank. Of a very long text only the first thousand UTF-16 units are shown,
+/// and an ellipsis: fonts take too long for more.
 QString singleLine(const std::string& text);
 
 /// Advance, blanks at both ends included, and line height.

@@ -36,8 +36,9 @@ std::unique_ptr<Event> X11Events::createEvent() {
 }
 
 void X11Events::post(const Event& event) {
-  if (const auto swipe = DockSwipe::read(event); swipe && swipe->phase == DockSwipe::Ended) {
-    desktops_.step(swipe->progress >= 0.0 ? Direction::Right : Direction::Left);
+  // Nothing slides here that a swipe could take back, so a swipe is as good as done when it begins.
+  if (const auto swipe = DockSwipe::read(event); swipe && swipe->phase == DockSwipe::Began) {
+    desktops_.step(swipe->direction());
   }
   FieldEvent posted(event);
   posted.setInteger(EventField::SourceProcessID, getpid());

@@ -12,9 +12,9 @@
 
 namespace roomlattice::platform::x11 {
 
-/// The event stream as far as X11 has one: the user's touchpad swipes and the swipes this program posts. Each completed
-/// swipe that is posted switches by one desktop; those of the user are only listened to, since what they do is for the
-/// desktop's own gestures to say. X11 asks for no permission.
+/// The event stream as far as X11 has one: the user's touchpad swipes and the swipes this program posts. Each swipe
+/// that is posted switches by one desktop as soon as it begins; those of the user are only listened to, since what they
+/// do is for the desktop's own gestures to say. X11 asks for no permission.
 class X11Events final : public Events {
  public:
   X11Events(X11Connection& connection, X11Desktops& desktops, const X11Screens& screens);

@@ -1,5 +1,6 @@
 #include "platform/x11/statusitem/ItemOptions.h"
 
+#include "platform/linux/system/Executable.h"
 #include "platform/x11/drawing/QtValues.h"
 
 #include <QAction>
@@ -14,16 +15,15 @@ ItemOptions::ItemOptions(ItemPlacement& placement, ItemSettings& settings, std::
     : placement_(placement), settings_(settings), settingsChanged_(std::move(settingsChanged)) {}
 
 std::vector<ExportedItem> ItemOptions::items() {
-  const bool keptFree = settings_.edgeUse() == EdgeUse::KeptFree;
-  return {
-      placeItem("In the Panel", ItemPlace::Panel),
-      placeItem("Floating", ItemPlace::Floating),
-      placeItem("In the Panel and Floating", ItemPlace::Both),
-      {},
-      {.title = "Keep the Edge Free", .mark = MenuMark{MenuMark::Kind::Switch, keptFree}, .activate = [this, keptFree] {
-         settings_.setEdgeUse(keptFree ? EdgeUse::Shared : EdgeUse::KeptFree);
-         settingsChanged_();
-       }}};
+  std::vector<ExportedItem> items = {placeItem("In the Panel", ItemPlace::Panel),
+                                     placeItem("Floating", ItemPlace::Floating),
+                                     placeItem("In the Panel and Floating", ItemPlace::Both),
+                                     {},
+                                     keepEdgeFreeItem()};
+  if (const auto entry = linux::Autostart::standardPath()) {
+    items.push_back(autostartItem(linux::Autostart(*entry)));
+  }
+  return items;
 }
 
 void ItemOptions::open(QPoint pointer) {
@@ -48,6 +48,25 @@ ExportedItem ItemOptions::placeItem(const char* title, ItemPlace place) {
   return {.title = title,
           .mark = MenuMark{MenuMark::Kind::OneOfSeveral, placement_.choice() == place},
           .activate = [this, place] { placement_.choose(place); }};
+}
+
+ExportedItem ItemOptions::keepEdgeFreeItem() {
+  const bool isOn = settings_.edgeUse() == EdgeUse::KeptFree;
+  return {.title = "Keep the Edge Free", .mark = MenuMark{MenuMark::Kind::Switch, isOn}, .activate = [this, isOn] {
+            settings_.setEdgeUse(isOn ? EdgeUse::Shared : EdgeUse::KeptFree);
+            settingsChanged_();
+          }};
+}
+
+ExportedItem ItemOptions::autostartItem(const linux::Autostart& autostart) {
+  using State = linux::Autostart::State;
+  const bool isOn = autostart.state() == State::On;
+  return {.title = "Start with the Session",
+          .mark = MenuMark{MenuMark::Kind::Switch, isOn},
+          .activate = [this, autostart, isOn] {
+            autostart.set(isOn ? State::Off : State::On, linux::pathOfExecutable());
+            settingsChanged_();
+          }};
 }
 
 }  // namespace roomlattice::platform::x11

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/linux/system/Autostart.h"
 #include "platform/linux/tray/ExportedMenu.h"
 #include "platform/x11/statusitem/ItemPlacement.h"
 #include "platform/x11/statusitem/ItemSettings.h"
@@ -15,7 +16,7 @@ namespace roomlattice::platform::x11 {
 /// What the user can choose about the status item itself, as the items of a menu, and that menu.
 class ItemOptions {
  public:
-  /// `settingsChanged` is called after a choice that concerns the floating item. The others must outlive this object.
+  /// `settingsChanged` is called after a choice other than of the place. The others must outlive this object.
   ItemOptions(ItemPlacement& placement, ItemSettings& settings, std::function<void()> settingsChanged);
 
   /// The items as things are now. What they do ends with this object.
@@ -26,6 +27,8 @@ class ItemOptions {
 
  private:
   linux::ExportedItem placeItem(const char* title, ItemPlace place);
+  linux::ExportedItem keepEdgeFreeItem();
+  linux::ExportedItem autostartItem(const linux::Autostart& autostart);
 
   ItemPlacement& placement_;
   ItemSettings& settings_;

@@ -1,10 +1,8 @@
 #pragma once
 
 #include "platform/StatusItem.h"
-#include "platform/UserInterface.h"
 
 #include <QImage>
-#include <optional>
 
 namespace roomlattice::platform::x11 {
 

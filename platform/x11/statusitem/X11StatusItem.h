@@ -25,10 +25,9 @@ class X11StatusItem final : public StatusItem, public StatusButton {
   StatusButton* button() override { return this; }
   void setLength(const StatusItemLength& length) override;
   void setMenu(Menu* menu) override;
+  /// At the floating item, or at the pointer where there is none.
+  void openMenu() override;
   void setContent(const StatusButtonContent& content) override;
-
-  /// Opens the menu at the floating item, or at the pointer where there is none.
-  void openMenu();
 
  private:
   ItemHandlers handlers();

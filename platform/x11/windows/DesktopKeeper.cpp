@@ -19,12 +19,13 @@ constexpr std::chrono::milliseconds correctionDelay(20);
 DesktopKeeper::DesktopKeeper(OverlayEnvironment& environment, const QWidget& widget, NativeWindow& window,
                              CollectionBehavior behavior)
     : environment_(environment), widget_(widget), window_(window), behavior_(behavior) {
+  attachment_ = environment.attachments.observe(window.id(), [this] { attachmentChanged(); });
   propertyEvents_ = environment_.connection.observe<xcb_property_notify_event_t>(
       [this](const xcb_property_notify_event_t& property) { propertyChanged(property); });
 }
 
 DesktopKeeper::~DesktopKeeper() {
-  environment_.attachments.forget(window_.id());
+  environment_.attachments.drop(window_.id());
 }
 
 void DesktopKeeper::setCollectionBehavior(CollectionBehavior behavior) {
@@ -40,6 +41,19 @@ bool DesktopKeeper::joinsAllDesktops() const {
 }
 
 std::uint32_t DesktopKeeper::wantedDesktop() const {
+  return environment_.management.mayWaitOnDesktops() ? ownDesktop() : allDesktops;
+}
+
+bool DesktopKeeper::isInFront() const {
+  const std::uint32_t desktop = ownDesktop();
+  return desktop == allDesktops || desktop == environment_.desktops.list().current;
+}
+
+bool DesktopKeeper::mayBeMapped() const {
+  return environment_.management.mayWaitOnDesktops() || isInFront();
+}
+
+std::uint32_t DesktopKeeper::ownDesktop() const {
   if (joinsAllDesktops()) {
     return allDesktops;
   }
@@ -49,6 +63,13 @@ std::uint32_t DesktopKeeper::wantedDesktop() const {
     }
   }
   return static_cast<std::uint32_t>(environment_.desktops.list().current.value_or(0));
+}
+
+void DesktopKeeper::attachmentChanged() {
+  // One that is not mapped yet says where it belongs when it is.
+  if (widget_.isVisible()) {
+    window_.requestDesktop(wantedDesktop());
+  }
 }
 
 void DesktopKeeper::windowWillAppear() {

@@ -34,10 +34,18 @@ class DesktopKeeper {
   /// Where the window has to be, as window managers count desktops.
   std::uint32_t wantedDesktop() const;
 
+  /// Whether the window belongs to the desktop in front, or to all.
+  bool isInFront() const;
+
+  /// Whether the window may be mapped now.
+  bool mayBeMapped() const;
+
   /// To be called before the window is mapped: the window manager may be corrected again.
   void windowWillAppear();
 
  private:
+  std::uint32_t ownDesktop() const;
+  void attachmentChanged();
   void propertyChanged(const xcb_property_notify_event_t& property);
   void correct();
 
@@ -49,6 +57,7 @@ class DesktopKeeper {
   int corrections_ = 0;
   QElapsedTimer sinceCorrection_;
   linux::OneShotTimer correctSoon_{[this] { correct(); }};
+  Registration attachment_;
   Registration propertyEvents_;
 };
 

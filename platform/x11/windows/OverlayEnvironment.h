@@ -6,6 +6,7 @@
 #include "platform/x11/connection/X11Screens.h"
 #include "platform/x11/desktops/WindowAttachments.h"
 #include "platform/x11/desktops/X11Desktops.h"
+#include "platform/x11/windows/OverlayManagement.h"
 #include "platform/x11/windows/OverlayStack.h"
 
 namespace roomlattice::platform::x11 {
@@ -18,6 +19,7 @@ struct OverlayEnvironment {
   X11Desktops& desktops;
   WindowAttachments& attachments;
   CompositorWatch& compositor;
+  OverlayManagement& management;
   OverlayStack stack;
 };
 

@@ -1,5 +1,6 @@
 #include "platform/x11/windows/OverlaySurface.h"
 
+#include <QCloseEvent>
 #include <QMetaObject>
 
 namespace roomlattice::platform::x11 {
@@ -39,6 +40,10 @@ void OverlaySurface::appear() {
   overrideWindowFlags(Qt::Tool | surfaceHints);
   show();
   overrideWindowFlags(surfaceFlags);
+}
+
+void OverlaySurface::closeEvent(QCloseEvent* event) {
+  event->ignore();
 }
 
 void OverlaySurface::moveEvent(QMoveEvent* event) {

@@ -5,7 +5,8 @@
 
 namespace roomlattice::platform::x11 {
 
-/// The widget of an overlay window: translucent, without a frame, never focused. Clicks pass through it. Some window
+/// The widget of an overlay window: translucent, without a frame, never focused. Clicks pass through it. It
+/// cannot be closed from outside: a window manager's request to close it is not obeyed. Some window
 /// managers choose a place of their own for a window that appears; the widget then moves back to its place.
 class OverlaySurface final : public QWidget {
  public:
@@ -18,6 +19,7 @@ class OverlaySurface final : public QWidget {
   void appear();
 
  protected:
+  void closeEvent(QCloseEvent* event) override;
   void moveEvent(QMoveEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
 

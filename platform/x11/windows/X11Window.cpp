@@ -32,6 +32,8 @@ X11Window::X11Window(OverlayEnvironment& environment, const OverlayWindowOptions
     applyBlending();
     present();
   });
+  managementChanges_ = environment_.management.observe([this] { mapAnew(); });
+  desktopChanges_ = environment_.desktops.observe([this] { present(); });
   environment_.stack.add(surface_, options.level);
   listen();
   applyBlending();
@@ -63,12 +65,18 @@ void X11Window::setFrame(const Rect& frame) {
 
 void X11Window::animateAlpha(double alpha, Duration duration, std::function<void()> completion) {
   alpha_.moveTo(alpha, duration, std::move(completion));
+  if (alpha == 0.0) {
+    excursion_.reset();
+  }
 }
 
 void X11Window::orderFront() {
   orderedIn_ = true;
+  if (desktop_.joinsAllDesktops() && !excursion_) {
+    excursion_.emplace(environment_.connection, environment_.desktops);
+  }
   if (surface_.isVisible()) {
-    environment_.stack.raise(surface_);
+    raise();
     native_.flush();
   } else {
     // The caller tells the desktop of the window after this call, in the same turn. A window that was on the screen
@@ -79,11 +87,13 @@ void X11Window::orderFront() {
 
 void X11Window::orderOut() {
   orderedIn_ = false;
+  excursion_.reset();
   present();
 }
 
 bool X11Window::isWantedOnScreen() const {
-  return orderedIn_ && (environment_.compositor.isCompositing() || alpha_.value() > traceOfAlpha);
+  return orderedIn_ && desktop_.mayBeMapped() &&
+         (environment_.compositor.isCompositing() || alpha_.value() > traceOfAlpha);
 }
 
 void X11Window::present() {
@@ -103,15 +113,29 @@ void X11Window::map() {
       .types = {atoms._NET_WM_WINDOW_TYPE_NOTIFICATION, atoms._NET_WM_WINDOW_TYPE_UTILITY},
       .states = {atoms._NET_WM_STATE_SKIP_TASKBAR, atoms._NET_WM_STATE_SKIP_PAGER, atoms._NET_WM_STATE_ABOVE},
       .desktop = desktop_.wantedDesktop()};
-  if (desktop_.joinsAllDesktops()) {
+  if (hints.desktop == allDesktops) {
     hints.states.push_back(atoms._NET_WM_STATE_STICKY);
   }
   applyShape();
   native_.writeHints(hints);
-  native_.leaveGroup();
+  native_.refuseKeyboard();
   desktop_.windowWillAppear();
   surface_.appear();
-  environment_.stack.raise(surface_);
+  raise();
+  environment_.management.check(native_.id());
+}
+
+void X11Window::mapAnew() {
+  // The window manager takes hints of a window that it does not know yet.
+  surface_.hide();
+  present();
+}
+
+void X11Window::raise() {
+  // Some window managers take the user to the desktop of a window that is raised.
+  if (desktop_.isInFront()) {
+    environment_.stack.raise(surface_);
+  }
 }
 
 void X11Window::applyBlending() {

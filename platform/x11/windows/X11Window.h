@@ -5,6 +5,7 @@
 #include "platform/x11/connection/NativeWindow.h"
 #include "platform/x11/windows/AlphaAnimation.h"
 #include "platform/x11/windows/DesktopKeeper.h"
+#include "platform/x11/windows/Excursion.h"
 #include "platform/x11/windows/HostedView.h"
 #include "platform/x11/windows/OverlayEnvironment.h"
 #include "platform/x11/windows/OverlaySurface.h"
@@ -19,6 +20,9 @@ namespace roomlattice::platform::x11 {
 ///
 /// Where windows are blended, the alpha is the window's opacity. Elsewhere the window is drawn without any
 /// transparency, cut to the shape of its background, and it is on the screen only while its alpha is more than a trace.
+///
+/// A window on all desktops stands for an excursion: while it is ordered in, until it begins to fade out, keys are
+/// held and the user is brought back in the end.
 class X11Window final : public Window {
  public:
   X11Window(OverlayEnvironment& environment, const OverlayWindowOptions& options);
@@ -42,6 +46,8 @@ class X11Window final : public Window {
   /// Brings what is on the screen in line with what was asked for.
   void present();
   void map();
+  void mapAnew();
+  void raise();
   void applyBlending();
   void applyOpacity();
   void applyShape();
@@ -63,7 +69,10 @@ class X11Window final : public Window {
   std::vector<xcb_rectangle_t> writtenShape_;
   bool paintsOpacity_ = false;
   linux::OneShotTimer presentSoon_{[this] { present(); }};
+  std::optional<Excursion> excursion_;
   Registration compositorChanges_;
+  Registration managementChanges_;
+  Registration desktopChanges_;
   Registration reparentEvents_;
   Registration propertyEvents_;
 };

@@ -41,8 +41,8 @@ TEST_P(DamagedSettingsTest, AreSetAsideBeforeAWriteAndReportedOnce) {
   struct stat after {};
   ASSERT_EQ(lstat(path_.c_str(), &before), 0);
   LinuxDefaults subject = defaults();
-  subject.set("key", 1);
-  subject.set("key", 2);
+  setAndWait(subject, "key", 1);
+  setAndWait(subject, "key", 2);
   EXPECT_EQ(defaults().object("key"), Value(2));
   ASSERT_EQ(lstat((path_.string() + ".damaged-1").c_str(), &after), 0);
   EXPECT_EQ(before.st_ino, after.st_ino);
@@ -64,8 +64,8 @@ TEST_P(DamagedSettingsTest, StayAsTheyAreWhereTheyCannotBeRenamed) {
   std::filesystem::permissions(path_.parent_path(),
                                std::filesystem::perms::owner_read | std::filesystem::perms::owner_exec);
   LinuxDefaults subject = defaults();
-  subject.set("key", 1);
-  subject.set("key", 2);
+  setAndWait(subject, "key", 1);
+  setAndWait(subject, "key", 2);
   EXPECT_EQ(subject.object("key"), Value(2));
   EXPECT_THAT(reports_, ElementsAre(HasSubstr("cannot be written")));
   std::filesystem::permissions(path_.parent_path(), std::filesystem::perms::owner_all);

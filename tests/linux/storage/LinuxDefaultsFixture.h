@@ -5,6 +5,7 @@
 #include "tests/linux/session/TextFile.h"
 
 #include <algorithm>
+#include <chrono>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <string>
@@ -15,7 +16,15 @@ namespace roomlattice::tests {
 class LinuxDefaultsTest : public ::testing::Test {
  protected:
   platform::linux::LinuxDefaults defaults() {
-    return platform::linux::LinuxDefaults(path_, [this](const std::string& line) { reports_.push_back(line); });
+    return platform::linux::LinuxDefaults(
+        path_, [this](const std::string& line) { reports_.push_back(line); }, std::chrono::milliseconds(20));
+  }
+
+  /// Sets a value and waits until it is in the file, or has failed to get there.
+  static void setAndWait(platform::linux::LinuxDefaults& defaults, const std::string& key,
+                         const platform::Value& value) {
+    defaults.set(key, value);
+    defaults.waitUntilWritten(std::chrono::seconds(30));
   }
 
   std::vector<std::string> names() const {

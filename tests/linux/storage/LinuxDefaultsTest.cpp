@@ -47,8 +47,8 @@ TEST_F(LinuxDefaultsTest, WritesAFileForItsOwnerOnly) {
 
 TEST_F(LinuxDefaultsTest, RemovesAKeySetToNull) {
   LinuxDefaults first = defaults();
-  first.set("key", 1);
-  first.set("key", Value());
+  setAndWait(first, "key", 1);
+  setAndWait(first, "key", Value());
   EXPECT_EQ(first.object("key"), std::nullopt);
   EXPECT_EQ(textOf(path_), "{}\n");
 }
@@ -70,7 +70,7 @@ TEST_F(LinuxDefaultsTest, SeesWhatOthersWriteWithTheNextRead) {
 
 TEST_F(LinuxDefaultsTest, SeesThatTheFileWasRemoved) {
   LinuxDefaults subject = defaults();
-  subject.set("key", 1);
+  setAndWait(subject, "key", 1);
   std::filesystem::remove(path_);
   EXPECT_EQ(subject.object("key"), std::nullopt);
 }
@@ -78,9 +78,9 @@ TEST_F(LinuxDefaultsTest, SeesThatTheFileWasRemoved) {
 TEST_F(LinuxDefaultsTest, MergesWithTheKeysOfAnotherProcess) {
   LinuxDefaults first = defaults();
   LinuxDefaults second = defaults();
-  first.set("a", 1);
-  second.set("b", 2);
-  first.set("c", 3);
+  setAndWait(first, "a", 1);
+  setAndWait(second, "b", 2);
+  setAndWait(first, "c", 3);
   EXPECT_EQ(second.object("a"), Value(1));
   EXPECT_EQ(first.object("b"), Value(2));
   EXPECT_EQ(second.object("c"), Value(3));
@@ -88,11 +88,11 @@ TEST_F(LinuxDefaultsTest, MergesWithTheKeysOfAnotherProcess) {
 
 TEST_F(LinuxDefaultsTest, LeavesTheFileAloneWhenNothingChanges) {
   LinuxDefaults subject = defaults();
-  subject.set("key", 1);
+  setAndWait(subject, "key", 1);
   struct stat before {};
   struct stat after {};
   ASSERT_EQ(stat(path_.c_str(), &before), 0);
-  subject.set("key", 1);
+  setAndWait(subject, "key", 1);
   ASSERT_EQ(stat(path_.c_str(), &after), 0);
   EXPECT_EQ(before.st_ino, after.st_ino);
 }
@@ -123,8 +123,8 @@ TEST_F(LinuxDefaultsTest, LeavesOnlyTheFileAndItsLock) {
 
 TEST_F(LinuxDefaultsTest, KeepsAValueThatHasNoFormInMemory) {
   LinuxDefaults subject = defaults();
-  subject.set("bad", "\xff");
-  subject.set("good", 1);
+  setAndWait(subject, "bad", "\xff");
+  setAndWait(subject, "good", 1);
   EXPECT_EQ(subject.object("bad"), Value("\xff"));
   EXPECT_EQ(textOf(path_), "{\n  \"good\": 1\n}\n");
   EXPECT_THAT(reports_, ElementsAre(HasSubstr("bad")));
@@ -132,7 +132,7 @@ TEST_F(LinuxDefaultsTest, KeepsAValueThatHasNoFormInMemory) {
 
 TEST_F(LinuxDefaultsTest, WorksInMemoryWithoutAPath) {
   LinuxDefaults subject(std::nullopt, [this](const std::string& line) { reports_.push_back(line); });
-  subject.set("key", 1);
+  setAndWait(subject, "key", 1);
   EXPECT_EQ(subject.object("key"), Value(1));
   EXPECT_THAT(reports_, SizeIs(1));
 }
@@ -143,8 +143,8 @@ TEST_F(LinuxDefaultsTest, WorksInMemoryWhileTheFileCannotBeReadAndNeverReplacesI
   std::filesystem::permissions(path_, std::filesystem::perms::none);
   LinuxDefaults subject = defaults();
   EXPECT_EQ(subject.object("key"), std::nullopt);
-  subject.set("other", 2);
-  subject.set("other", 3);
+  setAndWait(subject, "other", 2);
+  setAndWait(subject, "other", 3);
   EXPECT_EQ(subject.object("other"), Value(3));
   EXPECT_THAT(reports_, ElementsAre(HasSubstr("cannot be read")));
   std::filesystem::permissions(path_, std::filesystem::perms::owner_all);
@@ -156,26 +156,26 @@ TEST_F(LinuxDefaultsTest, WritesWhatWaitedOnceTheFileCanBeRead) {
   const WithoutPrivileges unprivileged(folder_.path());
   std::filesystem::permissions(path_, std::filesystem::perms::none);
   LinuxDefaults subject = defaults();
-  subject.set("other", 2);
+  setAndWait(subject, "other", 2);
   std::filesystem::permissions(path_, std::filesystem::perms::owner_all);
   EXPECT_EQ(subject.object("key"), Value(1));
-  subject.set("third", 3);
+  setAndWait(subject, "third", 3);
   EXPECT_EQ(defaults().object("other"), Value(2));
 }
 
 TEST_F(LinuxDefaultsTest, KeepsAValueWhoseWriteFailsAndTriesAgainWithTheNext) {
   LinuxDefaults subject = defaults();
-  subject.set("key", 1);
+  setAndWait(subject, "key", 1);
   {
     const FileSizeLimit full(4);
-    subject.set("first", 2);
-    subject.set("second", 3);
+    setAndWait(subject, "first", 2);
+    setAndWait(subject, "second", 3);
     EXPECT_EQ(subject.object("first"), Value(2));
     EXPECT_EQ(defaults().object("first"), std::nullopt);
     EXPECT_THAT(reports_, ElementsAre(HasSubstr("cannot be written")));
     EXPECT_THAT(names(), ElementsAre("settings.json", "settings.json.lock"));
   }
-  subject.set("third", 4);
+  setAndWait(subject, "third", 4);
   EXPECT_EQ(defaults().object("first"), Value(2));
   EXPECT_EQ(defaults().object("second"), Value(3));
 }
@@ -185,9 +185,9 @@ TEST_F(LinuxDefaultsTest, ReportsAFullDiskAgainAfterItHadRoom) {
   for (int round = 1; round <= 2; ++round) {
     {
       const FileSizeLimit full(1);
-      subject.set("key", round);
+      setAndWait(subject, "key", round);
     }
-    subject.set("other", round);
+    setAndWait(subject, "other", round);
   }
   EXPECT_THAT(reports_, SizeIs(2));
 }
@@ -205,19 +205,19 @@ TEST_F(LinuxDefaultsTest, FollowsTheBaseDirectorySpecification) {
 
 TEST_F(LinuxDefaultsTest, KeepsTheLastGoodValuesWhenTheFileIsDamagedMeanwhile) {
   LinuxDefaults subject = defaults();
-  subject.set("key", 1);
+  setAndWait(subject, "key", 1);
   writeText(path_, "{");
   EXPECT_EQ(subject.object("key"), Value(1));
-  subject.set("other", 2);
+  setAndWait(subject, "other", 2);
   EXPECT_EQ(defaults().object("key"), Value(1));
   EXPECT_EQ(textOf(path_.string() + ".damaged-1"), "{");
 }
 
 TEST_F(LinuxDefaultsTest, ReplacesADamagedFileEvenByTheSameValues) {
   LinuxDefaults subject = defaults();
-  subject.set("key", 1);
+  setAndWait(subject, "key", 1);
   writeText(path_, "{");
-  subject.set("key", 1);
+  setAndWait(subject, "key", 1);
   EXPECT_EQ(defaults().object("key"), Value(1));
 }
 

@@ -4,6 +4,7 @@
 
 #include <gmock/gmock.h>
 #include <random>
+#include <sstream>
 
 namespace roomlattice::tests {
 namespace {
@@ -17,6 +18,15 @@ class SettingsProcessesTest : public LinuxDefaultsTest {
   std::unique_ptr<ChildProcess> writer(const std::string& key, int count) {
     return std::make_unique<ChildProcess>(
         std::vector<std::string>{SETTINGS_WRITER, path_.string(), key, std::to_string(count)});
+  }
+
+  static std::int64_t lastNumber(const std::string& lines) {
+    std::istringstream numbers(lines);
+    std::int64_t last = 0;
+    for (std::int64_t number = 0; numbers >> number;) {
+      last = number;
+    }
+    return last;
   }
 
   /// The number last stored under `key`; 0 before the first.
@@ -47,6 +57,7 @@ TEST_F(SettingsProcessesTest, StayWholeWhenOneIsKilledAtAnyMoment) {
     }
     process->kill();
     ASSERT_GT(number("key"), 0) << textOf(path_);
+    ASSERT_GE(number("key"), lastNumber(process->output()));
     ASSERT_EQ(defaults().object("kept"), Value("for ever"));
     ASSERT_THAT(names(), IsSubsetOf({"settings.json", "settings.json.lock", "settings.json.new"}));
     defaults().set("key", Value());

@@ -1,4 +1,5 @@
-// Writes numbers to a settings file: SettingsWriter FILE KEY COUNT stores 1 to COUNT under KEY, one after the other.
+// Writes numbers to a settings file: SettingsWriter FILE KEY COUNT stores 1 to COUNT under KEY, one after the other,
+// and prints now and then the last that is certain to be in the file.
 
 #include "platform/linux/storage/LinuxDefaults.h"
 
@@ -14,6 +15,10 @@ int main(int, char** arguments) {
     // Of changing length, so that a file put together of two versions would not be one.
     const std::string filling(static_cast<std::size_t>(number * 7919 % 20000), 'x');
     defaults.set(arguments[2], Value::Array{number, filling});
+    if (number % 5 == 0 && defaults.waitUntilWritten(std::chrono::seconds(10))) {
+      std::printf("%lld\n", static_cast<long long>(number));
+      std::fflush(stdout);
+    }
   }
   return EXIT_SUCCESS;
 }

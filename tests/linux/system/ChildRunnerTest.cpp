@@ -1,6 +1,13 @@
 #include "platform/linux/system/ChildRunner.h"
 
+#include "tests/linux/session/Wait.h"
+
+#include <array>
+#include <csignal>
+#include <fstream>
 #include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace roomlattice::tests {
 namespace {
@@ -34,6 +41,36 @@ TEST(ChildRunnerTest, LeavesAChildThatIsInTimeAlone) {
   const ChildResult result = resultOf("echo early", {.limit = 100s});
   EXPECT_TRUE(result.succeeded);
   EXPECT_EQ(result.bytes, "early\n");
+}
+
+bool isRunning(pid_t process) {
+  std::ifstream status("/proc/" + std::to_string(process) + "/stat");
+  std::string line;
+  std::getline(status, line);
+  return !line.empty() && line.find(") Z ") == std::string::npos;
+}
+
+TEST(ChildRunnerTest, EndsWhatAChildHasStartedWithIt) {
+  const ChildResult result = resultOf("sleep 1000 & echo $!; wait", {.limit = 500ms});
+  const pid_t grandchild = std::stoi(result.bytes);
+  EXPECT_TRUE(waitFor([&] { return !isRunning(grandchild); }));
+}
+
+TEST(ChildRunnerTest, LetsNoChildOutliveTheProcess) {
+  std::array<int, 2> ends{-1, -1};
+  ASSERT_EQ(pipe(ends.data()), 0);
+  const pid_t process = fork();
+  if (process == 0) {
+    ChildRunner().run("/bin/sh", {"-c", "echo $$ >&" + std::to_string(ends[1]) + "; exec sleep 1000"}, {});
+    _exit(0);
+  }
+  std::array<char, 32> text{};
+  ASSERT_GT(read(ends[0], text.data(), text.size() - 1), 0);
+  kill(process, SIGKILL);
+  waitpid(process, nullptr, 0);
+  EXPECT_TRUE(waitFor([&] { return !isRunning(std::stoi(text.data())); }));
+  close(ends[0]);
+  close(ends[1]);
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <fcntl.h>
+#include <fstream>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/file.h>
@@ -99,6 +100,14 @@ TEST_F(LogFileTest, DoesNotWaitForTheReaderOfAPipe) {
   LogFile file(path_);
   file.append("one\n");
   EXPECT_EQ(file.contents(), "");
+}
+
+TEST_F(LogFileTest, ReadsOnlyTheEndOfWhatOthersHaveMadeLarge) {
+  LogFile file(path_, 100);
+  file.append("first\n");
+  std::filesystem::resize_file(path_, std::uintmax_t{1} << 40U);
+  std::ofstream(path_, std::ios::app) << "\nlast\n";
+  EXPECT_EQ(file.contents(), "last\n");
 }
 
 TEST_F(LogFileTest, DoesWithoutAFolderThatCannotBeMade) {

@@ -44,6 +44,12 @@ TEST(LogLineSinceTest, ReadsStampsOfOtherTimeZones) {
   EXPECT_EQ(logSince(noon, old + recent), recent);
 }
 
+TEST(LogLineSinceTest, ReadsStampsOfAnyYear) {
+  const std::string old = "1600-01-01 00:00:00.000+0000 Roomlattice[1] old\n";
+  const std::string far = "2500-01-01 00:00:00.000+0000 Roomlattice[1] far\n";
+  EXPECT_EQ(logSince(noon, old + far), far);
+}
+
 TEST(LogLineSinceTest, CountsALineWithoutAStampToTheOneBefore) {
   const std::string old = stampedLogLine(noon - std::chrono::hours(1), "a\nb");
   const std::string recent = stampedLogLine(noon, "c\nd");

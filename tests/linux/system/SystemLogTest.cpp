@@ -17,6 +17,7 @@ namespace {
 
 using platform::linux::FileDescriptor;
 using platform::linux::Journal;
+using platform::linux::JournalPlace;
 using platform::linux::LogFile;
 using platform::linux::recentLog;
 using platform::linux::stampedLogLine;
@@ -73,16 +74,16 @@ class SystemLogTest : public ::testing::Test {
  protected:
   SystemLogTest() { environment_.set("XDG_STATE_HOME", folder_.path().string()); }
 
-  /// A journalctl that is first in PATH.
+  /// In place of the system's journalctl.
   void installJournalTool(const std::string& script) {
-    writeText(folder_.path() / "bin" / "journalctl", "#!/bin/sh\n" + script + "\n");
-    std::filesystem::permissions(folder_.path() / "bin" / "journalctl", std::filesystem::perms::owner_all);
-    environment_.set("PATH", (folder_.path() / "bin").string() + ":/usr/bin:/bin");
+    writeText(journal_.tool, "#!/bin/sh\n" + script + "\n");
+    std::filesystem::permissions(journal_.tool, std::filesystem::perms::owner_all);
   }
 
   Environment environment_;
   TemporaryFolder folder_;
   std::filesystem::path socket_ = folder_.path() / "socket";
+  JournalPlace journal_{.socket = socket_, .tool = folder_.path() / "bin" / "journalctl"};
   std::filesystem::path file_ = folder_.path() / "roomlattice" / "log";
 };
 
@@ -133,14 +134,14 @@ TEST_F(SystemLogTest, ReadsTheFileWhereThereIsNoJournal) {
   const auto now = std::chrono::system_clock::now();
   file.append(stampedLogLine(now - minutes(11), "old"));
   file.append(stampedLogLine(now - minutes(9), "recent"));
-  EXPECT_EQ(recentLog(minutes(10), socket_), stampedLogLine(now - minutes(9), "recent"));
+  EXPECT_EQ(recentLog(minutes(10), journal_), stampedLogLine(now - minutes(9), "recent"));
 }
 
 TEST_F(SystemLogTest, AsksTheJournalWhereThereIsOne) {
   const FakeJournal journal(socket_);
   LogFile(file_).append(stampedLogLine(std::chrono::system_clock::now(), "of the file"));
   installJournalTool("echo \"$@\"");
-  EXPECT_EQ(recentLog(minutes(10), socket_),
+  EXPECT_EQ(recentLog(minutes(10), journal_),
             "--quiet --no-pager --all --output=short-iso-precise --since=-10min SYSLOG_IDENTIFIER=Roomlattice _UID=" +
                 std::to_string(getuid()) + "\n");
 }
@@ -150,8 +151,15 @@ TEST_F(SystemLogTest, ReadsTheFileWhereTheJournalGivesNothing) {
   LogFile(file_).append(stampedLogLine(std::chrono::system_clock::now(), "of the file"));
   for (const char* script : {"exit 0", "echo no permission; exit 1", "kill -9 $$"}) {
     installJournalTool(script);
-    EXPECT_THAT(recentLog(minutes(10), socket_), EndsWith("of the file\n")) << script;
+    EXPECT_THAT(recentLog(minutes(10), journal_), EndsWith("of the file\n")) << script;
   }
+}
+
+TEST_F(SystemLogTest, TakesNoToolFromTheUsersPath) {
+  const FakeJournal journal(socket_);
+  installJournalTool("echo of somebody else");
+  environment_.set("PATH", journal_.tool.parent_path().string() + ":/usr/bin:/bin");
+  EXPECT_THAT(recentLog(minutes(10), {.socket = socket_}), ::testing::Not(HasSubstr("of somebody else")));
 }
 
 }  // namespace

@@ -82,6 +82,20 @@ TEST_F(X11ScreensTest, HaveTheMainOneWhereTheActiveWindowIs) {
   EXPECT_TRUE(waitFor([this] { return screens_.mainScreen() == screens_.screens()[1]; }));
 }
 
+TEST_F(X11ScreensTest, PostThatTheMainOneIsAnother) {
+  addSecondMonitor();
+  ASSERT_TRUE(waitFor([this] { return screens_.screens().size() == 2; }));
+  session_.run({"xdotool", "mousemove", "10", "10"});
+  const PlainWindow left(QRect(100, 200, 100, 100), Qt::red);
+  ASSERT_TRUE(waitFor([this] { return screens_.mainScreen() == screens_.screens()[0]; }));
+  posts_ = 0;
+  const PlainWindow right(QRect(900, 200, 100, 100), Qt::red);
+  EXPECT_TRUE(waitFor([this] { return posts_ == 1; }));
+  const PlainWindow besideIt(QRect(1100, 200, 100, 100), Qt::red);
+  const PlainWindow leftAgain(QRect(300, 200, 100, 100), Qt::red);
+  EXPECT_TRUE(waitFor([this] { return posts_ == 2; }));
+}
+
 TEST_F(X11ScreensTest, HaveTheMainOneWhereThePointerIsWhenNoWindowIsActive) {
   addSecondMonitor();
   ASSERT_TRUE(waitFor([this] { return screens_.screens().size() == 2; }));

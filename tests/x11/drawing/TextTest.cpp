@@ -100,5 +100,19 @@ TEST_F(TextTest, KeepsToItsFrameAndItsBlanksWhenItIsTooLong) {
   EXPECT_LE(last, 150 - widthOf(" ") / 2);
 }
 
+TEST_F(TextTest, IsCutWhereItIsFarTooLong) {
+  EXPECT_EQ(platform::x11::singleLine(std::string(1000, 'x')).size(), 1000);
+  const QString cut = platform::x11::singleLine(std::string(1'000'000, 'x'));
+  EXPECT_EQ(cut.size(), 1001);
+  EXPECT_TRUE(cut.endsWith(u'\u2026'));
+}
+
+TEST_F(TextTest, IsNeverCutInsideACharacter) {
+  std::string text(999, 'x');
+  text += "\xF0\x9F\x98\x80\xF0\x9F\x98\x80";
+  EXPECT_EQ(platform::x11::singleLine(text).size(), 1000);
+  EXPECT_TRUE(platform::x11::singleLine(text).isValidUtf16());
+}
+
 }  // namespace
 }  // namespace roomlattice::tests

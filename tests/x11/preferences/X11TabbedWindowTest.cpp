@@ -57,7 +57,7 @@ class X11TabbedWindowTest : public ::testing::Test {
     }
     panel_ = ui_.userInterface.createTabbedWindow(model);
     panel_->show();
-    ASSERT_TRUE(waitFor([this] { return window() != nullptr && window()->isActiveWindow(); }));
+    ASSERT_TRUE(waitFor([] { return window() != nullptr && window()->isActiveWindow(); }));
   }
 
   static QWidget* window() {

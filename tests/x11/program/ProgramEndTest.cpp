@@ -16,6 +16,28 @@ using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 
+// Not the program's own limit, which is shorter, but one that a test ends by.
+constexpr std::chrono::seconds deadline{15};
+
+/// As long as it lives, children start with the signals blocked that ask a process to end.
+class SignalsBlocked {
+ public:
+  SignalsBlocked() {
+    sigset_t signals;
+    sigemptyset(&signals);
+    for (const int signal : {SIGTERM, SIGINT, SIGHUP, SIGALRM}) {
+      sigaddset(&signals, signal);
+    }
+    pthread_sigmask(SIG_BLOCK, &signals, &former_);
+  }
+  ~SignalsBlocked() { pthread_sigmask(SIG_SETMASK, &former_, nullptr); }
+  SignalsBlocked(const SignalsBlocked&) = delete;
+  SignalsBlocked& operator=(const SignalsBlocked&) = delete;
+
+ private:
+  sigset_t former_{};
+};
+
 class ProgramEndBySignalTest : public ::testing::TestWithParam<int> {};
 
 TEST_P(ProgramEndBySignalTest, IsInGoodOrder) {
@@ -25,6 +47,16 @@ TEST_P(ProgramEndBySignalTest, IsInGoodOrder) {
   program.process().signal(GetParam());
   EXPECT_EQ(program.exitStatus(), 0);
   EXPECT_THAT(program.complaints(), IsEmpty());
+}
+
+TEST_P(ProgramEndBySignalTest, IsOneForSignalsThatComeTogether) {
+  const X11Session session;
+  Program program;
+  ASSERT_TRUE(program.isUp()) << program.process().errorOutput();
+  for (int i = 0; i < 5; ++i) {
+    program.process().signal(GetParam());
+  }
+  EXPECT_EQ(program.exitStatus(), 0);
 }
 
 INSTANTIATE_TEST_SUITE_P(OfTheProgram, ProgramEndBySignalTest, ::testing::Values(SIGTERM, SIGINT, SIGHUP));
@@ -40,6 +72,37 @@ TEST(ProgramEndTest, IsNotBroughtAboutByASignalItWasStartedToIgnore) {
   session.setDesktopCount(6);
   EXPECT_TRUE(program.knowsDesktop("desktop-6"));
   EXPECT_TRUE(program.process().isRunning());
+}
+
+class ProgramEndWhileStuckTest : public ::testing::TestWithParam<int> {};
+
+TEST_P(ProgramEndWhileStuckTest, ComesAlthoughTheServerHasStopped) {
+  X11Session session;
+  Program program;
+  ASSERT_TRUE(program.hasLogged("tour end")) << program.process().errorOutput();
+  session.signalServer(SIGSTOP);
+  program.process().signal(GetParam());
+  EXPECT_TRUE(program.process().waitForEnd(deadline));
+}
+
+TEST_P(ProgramEndWhileStuckTest, ComesAlthoughItCannotConnect) {
+  X11Session session;
+  session.signalServer(SIGSTOP);
+  Program program;
+  ASSERT_TRUE(program.handlesSignals());
+  program.process().signal(GetParam());
+  EXPECT_TRUE(program.process().waitForEnd(deadline));
+}
+
+INSTANTIATE_TEST_SUITE_P(OfTheProgram, ProgramEndWhileStuckTest, ::testing::Values(SIGTERM, SIGINT, SIGHUP));
+
+TEST(ProgramEndBySignalTest, ComesAlthoughWhoeverStartedItHadBlockedThem) {
+  const X11Session session;
+  const SignalsBlocked blocked;
+  Program program;
+  ASSERT_TRUE(program.isUp()) << program.process().errorOutput();
+  program.process().signal(SIGTERM);
+  EXPECT_EQ(program.exitStatus(), 0);
 }
 
 class ProgramEndWithServerTest : public ::testing::TestWithParam<int> {};

@@ -12,7 +12,7 @@ namespace {
 using platform::Value;
 
 constexpr int rows = 2;
-constexpr QPoint elsewhere(20, 760);
+constexpr QPoint besideThePanel(20, 760);
 // Of "Show desktop name in menu bar", from the top left of the window's contents.
 constexpr QPoint nameCheckbox(42, 114);
 
@@ -124,7 +124,7 @@ TEST_P(ProgramPreferencesUnderTest, HasItsKeysAgainWhenTheMenuClosesWhileANameIs
   ASSERT_TRUE(user_.openMenu());
   user_.editMenuRow(1);
   user_.typeText("lost");
-  user_.clickAt(elsewhere);
+  user_.clickAt(besideThePanel);
   ASSERT_TRUE(user_.menuCloses());
   ASSERT_TRUE(isInFront()) << situation();
   user_.pressKeys({"Return", "KP_Enter", "ctrl+Tab", "ctrl+Tab", "Tab", "Down"});

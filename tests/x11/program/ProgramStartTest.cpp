@@ -1,5 +1,6 @@
 #include "tests/linux/session/Limits.h"
 #include "tests/x11/session/Program.h"
+#include "tests/x11/session/ProgramWindows.h"
 #include "tests/x11/session/X11Session.h"
 
 #include <csignal>
@@ -109,16 +110,7 @@ TEST(ProgramStartTest, WaitsForAWindowManagerThatComesLater) {
 TEST(ProgramStartTest, CanBeEndedWhileItWaitsForAWindowManager) {
   const X11Session session({.windowManager = std::nullopt});
   Program program;
-  ASSERT_TRUE(waitFor([&] {
-    // Handled from now on.
-    std::ifstream status("/proc/" + std::to_string(program.process().id()) + "/status");
-    for (std::string line; std::getline(status, line);) {
-      if (line.starts_with("SigCgt:")) {
-        return (std::stoull(line.substr(7), nullptr, 16) >> (SIGTERM - 1U) & 1U) != 0;
-      }
-    }
-    return false;
-  }));
+  ASSERT_TRUE(program.handlesSignals());
   program.process().signal(SIGTERM);
   EXPECT_EQ(program.exitStatus(), 0);
   EXPECT_THAT(program.complaints(), IsEmpty());
@@ -139,14 +131,41 @@ INSTANTIATE_TEST_SUITE_P(EveryWindowManager, ProgramStartUnderTest,
                                            WindowManagerKind::KWin),
                          ::testing::PrintToStringParamName());
 
-TEST(ProgramStartTest, IsRefusedToASecondOneOnTheSameScreen) {
-  const X11Session session;
+TEST(ProgramStartTest, IsRefusedToASecondOneOnTheSameScreenWithoutABus) {
+  X11Session session;
+  session.stopBus();
   Program first;
   ASSERT_TRUE(first.isUp()) << first.process().errorOutput();
   Program second;
   EXPECT_EQ(second.exitStatus(), 1);
   EXPECT_THAT(second.complaints(), ElementsAre(HasSubstr("already")));
   EXPECT_TRUE(first.process().isRunning());
+}
+
+TEST(ProgramStartTest, AtLoginLeavesTheOneThatRunsAlone) {
+  const X11Session session;
+  Program first;
+  ASSERT_TRUE(first.isUp()) << first.process().errorOutput();
+  Program second({"--at-login"});
+  EXPECT_EQ(second.exitStatus(), 0);
+  EXPECT_THAT(second.complaints(), IsEmpty());
+  const auto connection = platform::x11::X11Connection::open();
+  EXPECT_FALSE(ProgramWindows(*connection, first.process().id()).popup());
+}
+
+TEST(ProgramStartTest, AtLoginWaitsForTheWindowManagerAndThenForAPanel) {
+  X11Session session({.windowManager = std::nullopt});
+  const auto panel = platform::x11::X11Connection::open();
+  Program program({"--at-login"});
+  const auto shows = [&] { return ProgramWindows(*panel, program.process().id()).statusItem().has_value(); };
+  session.startWindowManager(WindowManagerKind::Openbox);
+  EXPECT_FALSE(waitFor(shows, std::chrono::seconds(2)));
+  const xcb_window_t window = xcb_generate_id(panel->raw());
+  xcb_create_window(panel->raw(), XCB_COPY_FROM_PARENT, window, panel->root(), -1, -1, 1, 1, 0,
+                    XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, 0, nullptr);
+  xcb_set_selection_owner(panel->raw(), window, panel->atom("_NET_SYSTEM_TRAY_S0"), XCB_CURRENT_TIME);
+  panel->flush();
+  EXPECT_TRUE(waitFor(shows)) << program.process().errorOutput();
 }
 
 TEST(ProgramStartTest, IsGrantedToOneOfManyThatStartAtOnce) {

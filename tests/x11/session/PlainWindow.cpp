@@ -13,8 +13,8 @@ using platform::x11::XcbPointer;
 PlainWindow::PlainWindow(const QRect& frame, const QColor& color) : connection_(X11Connection::open()) {
   xcb_connection_t* raw = connection_->raw();
   window_ = xcb_generate_id(raw);
-  const std::array<std::uint32_t, 2> values = {color.rgb() & 0xFFFFFF,
-                                               XCB_EVENT_MASK_BUTTON_PRESS | XCB_EVENT_MASK_STRUCTURE_NOTIFY};
+  const std::array<std::uint32_t, 2> values = {
+      color.rgb() & 0xFFFFFF, XCB_EVENT_MASK_BUTTON_PRESS | XCB_EVENT_MASK_KEY_PRESS | XCB_EVENT_MASK_STRUCTURE_NOTIFY};
   const auto x = static_cast<std::int16_t>(frame.x());
   const auto y = static_cast<std::int16_t>(frame.y());
   const auto width = static_cast<std::uint16_t>(frame.width());
@@ -66,12 +66,22 @@ void PlainWindow::addStates(xcb_atom_t first, xcb_atom_t second) {
 }
 
 int PlainWindow::clicks() {
-  while (const XcbPointer<xcb_generic_event_t> event{xcb_poll_for_event(connection_->raw())}) {
-    if ((event->response_type & 0x7f) == XCB_BUTTON_PRESS) {
-      ++clicks_;
-    }
-  }
+  countInput();
   return clicks_;
+}
+
+int PlainWindow::keys() {
+  connection_->waitForServer();
+  countInput();
+  return keys_;
+}
+
+void PlainWindow::countInput() {
+  while (const XcbPointer<xcb_generic_event_t> event{xcb_poll_for_event(connection_->raw())}) {
+    const int type = event->response_type & 0x7f;
+    clicks_ += type == XCB_BUTTON_PRESS ? 1 : 0;
+    keys_ += type == XCB_KEY_PRESS ? 1 : 0;
+  }
 }
 
 }  // namespace roomlattice::tests

@@ -9,7 +9,7 @@
 namespace roomlattice::tests {
 
 /// A window of another application, so to say: on a connection of its own, filled with one colour, counting the
-/// clicks it gets.
+/// clicks and keys it gets.
 class PlainWindow {
  public:
   /// Waits until it is mapped and has the keyboard. Where there is a window manager, it adds its decoration.
@@ -30,12 +30,17 @@ class PlainWindow {
   /// The presses of the first button so far.
   int clicks();
 
+  /// The keys pressed so far.
+  int keys();
+
  private:
   void addStates(xcb_atom_t first, xcb_atom_t second);
+  void countInput();
 
   std::unique_ptr<platform::x11::X11Connection> connection_;
   xcb_window_t window_ = XCB_WINDOW_NONE;
   int clicks_ = 0;
+  int keys_ = 0;
 };
 
 }  // namespace roomlattice::tests

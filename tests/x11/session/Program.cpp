@@ -5,6 +5,8 @@
 #include "tests/x11/session/ProgramWindows.h"
 
 #include <algorithm>
+#include <csignal>
+#include <fstream>
 #include <regex>
 #include <sstream>
 
@@ -27,6 +29,22 @@ bool isLogged(const std::string& line) {
 }  // namespace
 
 Program::Program(const std::vector<std::string>& arguments) : process_(commandWith(arguments)) {}
+
+Program Program::throughShell(const std::string& script) {
+  return Program(Command{{"sh", "-c", script, ROOMLATTICE_PROGRAM}});
+}
+
+bool Program::handlesSignals() const {
+  return waitFor([this] {
+    std::ifstream status("/proc/" + std::to_string(process_.id()) + "/status");
+    for (std::string line; std::getline(status, line);) {
+      if (line.starts_with("SigCgt:")) {
+        return (std::stoull(line.substr(7), nullptr, 16) >> (SIGTERM - 1U) & 1U) != 0;
+      }
+    }
+    return false;
+  });
+}
 
 bool Program::isUp() {
   return waitFor([this] { return showsStatusItem() || !process_.isRunning(); }) && process_.isRunning();

@@ -15,7 +15,13 @@ class Program {
  public:
   explicit Program(const std::vector<std::string>& arguments = {});
 
+  /// Started by a shell: `script` prepares what it inherits, and then becomes it by `exec "$0"`.
+  static Program throughShell(const std::string& script);
+
   ChildProcess& process() { return process_; }
+
+  /// Waits until it would take a signal that asks it to end for more than its default.
+  bool handlesSignals() const;
 
   /// Waits until its status item is to be seen.
   bool isUp();
@@ -38,6 +44,11 @@ class Program {
   static std::filesystem::path settingsFile();
 
  private:
+  struct Command {
+    std::vector<std::string> words;
+  };
+  explicit Program(const Command& command) : process_(command.words) {}
+
   bool showsStatusItem();
 
   ChildProcess process_;

@@ -95,8 +95,19 @@ std::vector<std::string> commandOf(WindowManagerKind kind) {
       return {"fluxbox"};
     case WindowManagerKind::I3:
       return {"i3"};
+    case WindowManagerKind::Metacity:
+      return {"metacity", "--sm-disable", "--no-composite"};
+    case WindowManagerKind::Marco:
+      return {"marco", "--sm-disable", "--no-composite"};
+    case WindowManagerKind::Bspwm:
+      return {"bspwm"};
   }
   throw std::runtime_error("no such window manager");
+}
+
+/// Others have a number of their own, or the one in their settings.
+bool obeysDesktopCount(WindowManagerKind kind) {
+  return kind != WindowManagerKind::KWin && kind != WindowManagerKind::I3 && kind != WindowManagerKind::Bspwm;
 }
 
 }  // namespace
@@ -138,6 +149,8 @@ void X11Session::prepareFolders() {
   environment_.set("XDG_DATA_HOME", (home() / ".local" / "share").string());
   environment_.set("XDG_STATE_HOME", (home() / ".local" / "state").string());
   environment_.set("XDG_CACHE_HOME", (home() / ".cache").string());
+  // Settings of desktops that keep them in a daemon otherwise.
+  environment_.set("GSETTINGS_BACKEND", "memory");
   for (const char* name : {"WAYLAND_DISPLAY", "XDG_SESSION_TYPE", "XDG_CURRENT_DESKTOP", "XAUTHORITY",
                            "QT_QPA_PLATFORM", "QT_QPA_PLATFORMTHEME", "SESSION_MANAGER"}) {
     environment_.set(name, std::nullopt);
@@ -186,7 +199,7 @@ void X11Session::startWindowManager(WindowManagerKind kind) {
   }
   const bool ready = waitFor([this] { return managedBySomebody() && currentDesktop() && desktopCount(); });
   require(ready, "the window manager did not start: " + windowManager_->errorOutput());
-  if (kind != WindowManagerKind::KWin && kind != WindowManagerKind::I3) {
+  if (obeysDesktopCount(kind)) {
     // It may still drop what it is asked for. Once the number has changed, it has begun to serve requests.
     setDesktopCount(desktops_ + 1);
     setDesktopCount(desktops_);
@@ -228,7 +241,19 @@ void X11Session::writeDesktopCount(WindowManagerKind kind) const {
   } else if (kind == WindowManagerKind::I3) {
     // Without one it would ask the user.
     writeText(configFolder() / "i3" / "config", "font pango:DejaVu Sans 8\n");
+  } else if (kind == WindowManagerKind::Bspwm) {
+    writeBspwmScript();
   }
+}
+
+void X11Session::writeBspwmScript() const {
+  std::string text = "#!/bin/sh\nbspc monitor -d";
+  for (int number = 1; number <= desktops_; ++number) {
+    text += " " + std::to_string(number);
+  }
+  const std::filesystem::path script = configFolder() / "bspwm" / "bspwmrc";
+  writeText(script, text + "\n");
+  std::filesystem::permissions(script, std::filesystem::perms::owner_all);
 }
 
 bool X11Session::managedBySomebody() {

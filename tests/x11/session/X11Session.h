@@ -15,9 +15,9 @@
 
 namespace roomlattice::tests {
 
-/// Fluxbox and i3 have their ways with some windows; they are not among those that all tests run under. I3 makes and
-/// drops desktops itself, whatever number is asked for.
-enum class WindowManagerKind { Openbox, Xfwm4, KWin, Fluxbox, I3 };
+/// All but the first three have their ways with some windows; they are not among those that all tests run under. I3
+/// makes and drops desktops itself, whatever number is asked for.
+enum class WindowManagerKind { Openbox, Xfwm4, KWin, Fluxbox, I3, Metacity, Marco, Bspwm };
 
 std::ostream& operator<<(std::ostream& stream, WindowManagerKind kind);
 
@@ -64,7 +64,9 @@ class X11Session {
 
   /// Sends the server a signal that ends it, and waits for its end.
   void endServer(int signal);
+  void signalServer(int signal) { server_->signal(signal); }
   void stopBus();
+  void signalBus(int signal) { bus_->signal(signal); }
 
   /// Asks the window manager until it has that many desktops.
   void setDesktopCount(int count);
@@ -84,6 +86,7 @@ class X11Session {
   void startServer(const SessionOptions& options);
   std::vector<std::string> serverCommand(const SessionOptions& options, const std::string& announcement) const;
   void writeDesktopCount(WindowManagerKind kind) const;
+  void writeBspwmScript() const;
   bool managedBySomebody();
   std::optional<int> rootNumber(const std::string& property);
 

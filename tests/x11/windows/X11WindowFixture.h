@@ -77,7 +77,7 @@ class X11WindowTest : public ::testing::Test {
   }
 
   UserInterfaceSession ui_;
-  platform::x11::X11WindowServer server_{ui_.connection(), ui_.desktops, ui_.attachments};
+  platform::x11::X11WindowServer server_{ui_.connection().screenNumber(), ui_.desktops, ui_.attachments};
 };
 
 }  // namespace roomlattice::tests

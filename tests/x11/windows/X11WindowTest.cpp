@@ -146,7 +146,7 @@ TEST_P(X11WindowUnderTest, ComesBackOnItsOwnDesktopAfterItWasHidden) {
   }
   settle();
   EXPECT_TRUE(waitFor([&] { return probe(*window).desktop() == 2U; }));
-  EXPECT_FALSE(similar(centerColor(), Qt::red));
+  EXPECT_TRUE(waitFor([&] { return !similar(centerColor(), Qt::red); }));
   switchTo(2);
   EXPECT_TRUE(centerBecomes(Qt::red));
   EXPECT_TRUE(waitFor([&] { return probe(*window).geometry() == labelPixels; }));
@@ -183,6 +183,15 @@ TEST_P(X11WindowUnderTest, LeavesTheScreenWithItsObject) {
   EXPECT_TRUE(waitFor([&] { return !similar(centerColor(), Qt::red); }));
 }
 
+TEST_P(X11WindowUnderTest, RefusesToBeClosed) {
+  const auto window = makeOn(0);
+  ASSERT_TRUE(appears(*window));
+  ui_.session.run({"wmctrl", "-i", "-c", std::to_string(window->number())});
+  settle();
+  EXPECT_TRUE(probe(*window).isViewable());
+  EXPECT_TRUE(centerBecomes(Qt::red));
+}
+
 TEST_P(X11WindowUnderTest, ShowsNothingAtAlphaZero) {
   const auto window = makeOn(0, 0.0);
   settle();
@@ -211,7 +220,7 @@ TEST_F(X11WindowTest, KeepsTheFrameItWasGiven) {
   const Rect frame{{10.25, 20.5}, {300.75, 100.125}};
   window->setFrame(frame);
   EXPECT_EQ(window->frame(), frame);
-  const QRect expected(10, 800.0 - 121, 301, 101);
+  const QRect expected(10, 800 - 121, 301, 101);
   EXPECT_TRUE(waitFor([&] { return probe(*window).geometry() == expected; }));
 }
 

@@ -1,0 +1,173 @@
+#include "control/DesktopCommands.h"
+
+#include "control/DesktopLookup.h"
+#include "control/DesktopStates.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <utility>
+#include <variant>
+
+namespace roomlattice {
+namespace {
+
+using platform::CommandError;
+using platform::CommandErrorKind;
+using platform::CommandResult;
+using platform::DesktopChange;
+using platform::DesktopState;
+
+// Longer ones are no names, and would have to be drawn.
+constexpr std::size_t longestName = 500;
+
+constexpr CommandResult done = std::nullopt;
+
+bool isControlCharacter(char character) {
+  const auto byte = static_cast<unsigned char>(character);
+  return byte < 0x20 || byte == 0x7f;
+}
+
+CommandError nothingInFront() {
+  return {CommandErrorKind::NotPossible, "no desktop is in front"};
+}
+
+}  // namespace
+
+DesktopCommands::DesktopCommands(platform::Platform& platform, SpaceManager& manager,
+                                 const PreferencesStore& preferences, MenuBarController& menuBar,
+                                 SpaceSignWindowController& signs)
+    : platform_(platform),
+      manager_(manager),
+      preferences_(preferences),
+      menuBar_(menuBar),
+      signs_(signs),
+      switcher_(platform, manager),
+      told_(desktops()) {
+  platform::NotificationCenter& center = platform.notifications().defaultCenter();
+  const auto tell = [this] { tellChanges(); };
+  observers_ = {center.observe(SpaceManager::didChange, tell), center.observe(SpaceManager::activeChanged, tell),
+                center.observe(PreferencesStore::didChange, tell)};
+}
+
+std::vector<DesktopState> DesktopCommands::desktops() const {
+  return desktopStates(manager_, preferences_);
+}
+
+std::optional<DesktopState> DesktopCommands::currentDesktop() const {
+  const std::vector<DesktopState> all = desktops();
+  const auto active = std::ranges::find(all, true, &DesktopState::isActive);
+  return active == all.end() ? std::nullopt : std::optional(*active);
+}
+
+CommandResult DesktopCommands::switchTo(const std::string& desktop) {
+  const auto found = findDesktop(desktop, desktops());
+  if (const auto* error = std::get_if<CommandError>(&found)) {
+    return *error;
+  }
+  if (!positionOf(switcher_.destination(), regularSpaces(manager_.spaces()))) {
+    return CommandError{CommandErrorKind::NotPossible, "there is no way from a full-screen space to a desktop"};
+  }
+  switcher_.switchTo(manager_.spaces().at(std::get<std::size_t>(found)).spaceID);
+  return done;
+}
+
+CommandResult DesktopCommands::switchToNext() {
+  return step(platform::Direction::Right);
+}
+
+CommandResult DesktopCommands::switchToPrevious() {
+  return step(platform::Direction::Left);
+}
+
+CommandResult DesktopCommands::step(platform::Direction direction) {
+  const std::vector<SpaceInfo> regular = regularSpaces(manager_.spaces());
+  const std::optional<std::size_t> from = positionOf(switcher_.destination(), regular);
+  if (!from) {
+    return CommandError{CommandErrorKind::NotPossible, "there is no way from a full-screen space to a desktop"};
+  }
+  const bool isRight = direction == platform::Direction::Right;
+  if (isRight ? *from + 1 == regular.size() : *from == 0) {
+    return CommandError{CommandErrorKind::NoFurtherDesktop, isRight ? "there is no desktop after the last one"
+                                                                    : "there is no desktop before the first one"};
+  }
+  switcher_.switchTo(regular[isRight ? *from + 1 : *from - 1].spaceID);
+  return done;
+}
+
+CommandResult DesktopCommands::rename(const std::string& desktop, const std::string& name) {
+  const auto found = findDesktop(desktop, desktops());
+  if (const auto* error = std::get_if<CommandError>(&found)) {
+    return *error;
+  }
+  return setName(manager_.spaces().at(std::get<std::size_t>(found)), name);
+}
+
+CommandResult DesktopCommands::renameCurrent(const std::string& name) {
+  const SpaceInfo* active = manager_.activeSpace();
+  return active == nullptr ? nothingInFront() : setName(*active, name);
+}
+
+CommandResult DesktopCommands::setName(const SpaceInfo& space, const std::string& name) {
+  if (name.size() > longestName) {
+    return CommandError{CommandErrorKind::InvalidName, "a name has at most " + std::to_string(longestName) + " bytes"};
+  }
+  if (std::ranges::any_of(name, isControlCharacter)) {
+    return CommandError{CommandErrorKind::InvalidName, "a name has no control characters"};
+  }
+  // The model tells of it while it still uses what it was given.
+  manager_.setName(name, SpaceInfo(space));
+  return done;
+}
+
+CommandResult DesktopCommands::showLabels() {
+  if (!preferences_.showSignAfterSelection()) {
+    return CommandError{CommandErrorKind::NotPossible, "showing the labels is switched off in the preferences"};
+  }
+  signs_.showAll();
+  return done;
+}
+
+CommandResult DesktopCommands::hideLabels() {
+  signs_.hideAll();
+  return done;
+}
+
+CommandResult DesktopCommands::openMenu() {
+  return later([this] { menuBar_.openMenu(); });
+}
+
+CommandResult DesktopCommands::openPreferences() {
+  return later([this] { menuBar_.showPreferences(); });
+}
+
+CommandResult DesktopCommands::startTour() {
+  if (regularSpaces(manager_.spaces()).size() < 2) {
+    return CommandError{CommandErrorKind::NotPossible, "there is only one desktop"};
+  }
+  manager_.performAutoTour();
+  return done;
+}
+
+CommandResult DesktopCommands::quit() {
+  return later([this] { platform_.application().terminate(); });
+}
+
+CommandResult DesktopCommands::later(std::function<void()> act) {
+  platform_.dispatcher().async(lifetime_.guard(std::move(act)));
+  return done;
+}
+
+platform::Registration DesktopCommands::observe(std::function<void(const std::vector<DesktopChange>&)> handler) {
+  return listeners_.add(std::move(handler));
+}
+
+void DesktopCommands::tellChanges() {
+  std::vector<DesktopState> now = desktops();
+  const std::vector<DesktopChange> changes = changesBetween(told_, now);
+  told_ = std::move(now);
+  if (!changes.empty()) {
+    listeners_.notify(changes);
+  }
+}
+
+}  // namespace roomlattice

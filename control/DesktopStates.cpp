@@ -1,0 +1,80 @@
+#include "control/DesktopStates.h"
+
+#include <algorithm>
+#include <functional>
+#include <map>
+#include <string>
+
+namespace roomlattice {
+namespace {
+
+using platform::DesktopChange;
+using platform::DesktopChangeKind;
+using platform::DesktopState;
+
+using StatesByUUID = std::map<std::string, std::reference_wrapper<const DesktopState>>;
+
+StatesByUUID byUUID(const std::vector<DesktopState>& states) {
+  StatesByUUID result;
+  for (const DesktopState& state : states) {
+    result.emplace(state.uuid, state);
+  }
+  return result;
+}
+
+void addChanges(std::vector<DesktopChange>& changes, const DesktopState& before, const DesktopState& after) {
+  if (before.number != after.number || before.display != after.display) {
+    changes.push_back({DesktopChangeKind::Moved, after});
+  }
+  if (before.name != after.name) {
+    changes.push_back({DesktopChangeKind::Renamed, after});
+  }
+  if (before.color != after.color) {
+    changes.push_back({DesktopChangeKind::Recolored, after});
+  }
+}
+
+}  // namespace
+
+std::vector<DesktopState> desktopStates(const SpaceManager& manager, const PreferencesStore& preferences) {
+  const DesktopColors colors = preferences.desktopColors();
+  std::vector<DesktopState> states;
+  int number = 0;
+  for (const SpaceInfo& space : manager.spaces()) {
+    states.push_back({.number = space.isRegular() ? std::optional(++number) : std::nullopt,
+                      .name = manager.displayName(space),
+                      .color = colors.usedColor(space.uuid).color(),
+                      .isActive = space.spaceID == manager.activeSpaceID(),
+                      .uuid = space.uuid,
+                      .display = space.displayUUID});
+  }
+  return states;
+}
+
+std::vector<DesktopChange> changesBetween(const std::vector<DesktopState>& before,
+                                          const std::vector<DesktopState>& after) {
+  std::vector<DesktopChange> changes;
+  const StatesByUUID former = byUUID(before);
+  const StatesByUUID present = byUUID(after);
+  for (const DesktopState& state : before) {
+    if (!present.contains(state.uuid)) {
+      changes.push_back({DesktopChangeKind::Removed, state});
+    }
+  }
+  for (const DesktopState& state : after) {
+    if (const auto found = former.find(state.uuid); found != former.end()) {
+      addChanges(changes, found->second, state);
+    } else {
+      changes.push_back({DesktopChangeKind::Added, state});
+    }
+  }
+  for (const DesktopState& state : after) {
+    const auto found = former.find(state.uuid);
+    if (state.isActive && (found == former.end() || !found->second.get().isActive)) {
+      changes.push_back({DesktopChangeKind::Switched, state});
+    }
+  }
+  return changes;
+}
+
+}  // namespace roomlattice

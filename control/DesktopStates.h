@@ -1,0 +1,19 @@
+#pragma once
+
+#include "platform/ControlEndpoint.h"
+#include "preferences/PreferencesStore.h"
+#include "spaces/SpaceManager.h"
+
+#include <vector>
+
+namespace roomlattice {
+
+/// All desktops as other programs are told of them, in the model's order.
+std::vector<platform::DesktopState> desktopStates(const SpaceManager& manager, const PreferencesStore& preferences);
+
+/// How desktops came from being `before` to being `after`: those that have gone, in their order, then for each that is
+/// there what has changed about it, and last which one has come to the front.
+std::vector<platform::DesktopChange> changesBetween(const std::vector<platform::DesktopState>& before,
+                                                    const std::vector<platform::DesktopState>& after);
+
+}  // namespace roomlattice

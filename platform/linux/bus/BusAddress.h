@@ -1,0 +1,21 @@
+#pragma once
+
+#include "platform/Registration.h"
+
+#include <chrono>
+#include <optional>
+#include <string>
+
+namespace roomlattice::platform::linux {
+
+/// Where the rules of D-Bus have the bus; nothing where there is none.
+std::optional<std::string> sessionBusAddress();
+std::string systemBusAddress();
+
+/// The toolkit waits for the session bus on the main thread, for its services for people with disabilities and others,
+/// as long as the bus takes. A bus that has not let anybody in after `limit` is kept from the toolkit while the result
+/// lives: the environment then has none, while sessionBusAddress still tells where it is. Gives an empty registration
+/// for any other bus. To be called before the toolkit is used, while there is one thread.
+Registration hideMuteSessionBus(std::chrono::milliseconds limit);
+
+}  // namespace roomlattice::platform::linux

@@ -1,0 +1,147 @@
+#include "platform/linux/storage/SettingsMemory.h"
+
+#include "platform/linux/storage/SettingsUpdate.h"
+
+#include <utility>
+#include <variant>
+
+namespace roomlattice::platform::linux {
+
+SettingsMemory::SettingsMemory(std::optional<std::filesystem::path> path, Report report,
+                               std::chrono::milliseconds settling)
+    : file_(path ? std::optional<SettingsFile>(std::in_place, std::move(*path)) : std::nullopt),
+      settling_(settling),
+      report_(std::move(report)) {
+  if (!file_) {
+    report_("[Roomlattice] settings are not kept: the user has no home folder");
+  }
+}
+
+std::optional<Value> SettingsMemory::object(const std::string& key) {
+  Lines lines;
+  Value value;
+  {
+    const std::scoped_lock lock(mutex_);
+    refresh(lines);
+    value = current(key);
+    known_[key] = value;
+  }
+  this->report(lines);
+  return value.isNull() ? std::nullopt : std::optional(std::move(value));
+}
+
+SettingsMemory::Change SettingsMemory::set(const std::string& key, const Value& value) {
+  Lines lines;
+  Change change = Change::None;
+  {
+    const std::scoped_lock lock(mutex_);
+    refresh(lines);
+    const bool stored =
+        waiting_.empty() && beingWritten_.empty() && !std::holds_alternative<SettingsFile::Damaged>(state_);
+    if (!stored || current(key) != value) {
+      const auto known = known_.find(key);
+      SettingsChange own(known == known_.end() ? std::nullopt : std::optional(known->second), value);
+      follow(waiting_, {{key, std::move(own)}});
+      change = Change::ToBeWritten;
+    }
+    known_[key] = value;
+  }
+  this->report(lines);
+  return change;
+}
+
+SettingsMemory::Write SettingsMemory::write() {
+  if (!file_) {
+    return Write::Done;
+  }
+  SettingsChanges changes;
+  Value::Dictionary lastKnown;
+  {
+    const std::scoped_lock lock(mutex_);
+    beingWritten_ = std::exchange(waiting_, {});
+    changes = beingWritten_;
+    lastKnown = settings_;
+    writing_ = true;
+  }
+  SettingsUpdate::Result result = SettingsUpdate(*file_, std::move(lastKnown), settling_).run(std::move(changes));
+  const std::string path = file_->path().string();
+  Lines lines;
+  {
+    const std::scoped_lock lock(mutex_);
+    SettingsChanges later = std::exchange(waiting_, std::move(result.left));
+    follow(waiting_, std::move(later));
+    beingWritten_.clear();
+    writing_ = false;
+    if (result.setAside) {
+      const auto& [aside, reason] = *result.setAside;
+      lines.push_back("[Roomlattice] settings file " + path + " was damaged (" + reason + ") and is kept as " +
+                      aside.string());
+    }
+    if (result.file) {
+      take(std::move(*result.file), lines);
+    }
+    tellTrouble(writeTrouble_,
+                result.trouble ? "[Roomlattice] settings cannot be written to " + path + ": " + *result.trouble : "",
+                lines);
+  }
+  this->report(lines);
+  return result.mayWorkLater ? Write::Failed : Write::Done;
+}
+
+bool SettingsMemory::isWritten() const {
+  const std::scoped_lock lock(mutex_);
+  return waiting_.empty() && beingWritten_.empty();
+}
+
+void SettingsMemory::silence() {
+  const std::scoped_lock lock(reportMutex_);
+  report_ = nullptr;
+}
+
+void SettingsMemory::refresh(Lines& lines) {
+  if (file_ && !writing_ && !(stampCounts_ && file_->stamp() == stamp_)) {
+    take(file_->read(), lines);
+  }
+}
+
+void SettingsMemory::take(SettingsFile::ReadResult state, Lines& lines) {
+  state_ = std::move(state);
+  std::string trouble;
+  if (auto* contents = std::get_if<SettingsFile::Contents>(&state_)) {
+    settings_ = std::move(contents->settings);
+    stamp_ = contents->stamp;
+  } else {
+    stamp_ = file_->stamp();
+  }
+  if (std::holds_alternative<SettingsFile::Absent>(state_)) {
+    settings_.clear();
+  }
+  if (const auto* unreadable = std::get_if<SettingsFile::Unreadable>(&state_)) {
+    trouble = "[Roomlattice] settings file " + file_->path().string() + " cannot be read: " + unreadable->reason;
+  }
+  stampCounts_ = !stamp_ || !stamp_->isTooFreshToTrust();
+  tellTrouble(readTrouble_, trouble, lines);
+}
+
+void SettingsMemory::report(const Lines& lines) {
+  const std::scoped_lock lock(reportMutex_);
+  for (const std::string& line : lines) {
+    if (report_) {
+      report_(line);
+    }
+  }
+}
+
+Value SettingsMemory::current(const std::string& key) const {
+  const Value* stored = find(settings_, key);
+  return applied(waiting_, key, applied(beingWritten_, key, stored == nullptr ? Value() : *stored));
+}
+
+/// Once, when it begins.
+void SettingsMemory::tellTrouble(std::string& told, const std::string& trouble, Lines& lines) const {
+  if (std::exchange(told, trouble) != trouble && !trouble.empty()) {
+    lines.push_back(trouble);
+  }
+}
+
+}  // namespace roomlattice::platform::linux

@@ -1,0 +1,76 @@
+#pragma once
+
+#include "platform/linux/storage/SettingsChange.h"
+#include "platform/linux/storage/SettingsFile.h"
+
+#include <chrono>
+#include <functional>
+#include <map>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace roomlattice::platform::linux {
+
+/// The settings as the program sees them: what the file holds, and over it what was changed and is not there yet. The
+/// file is looked at with each read, but not while somebody writes: the memory is the truth then. Any thread.
+class SettingsMemory {
+ public:
+  using Report = std::function<void(const std::string& line)>;
+
+  /// `report` is called by whoever reads or writes. Without a path everything stays here.
+  SettingsMemory(std::optional<std::filesystem::path> path, Report report, std::chrono::milliseconds settling);
+
+  std::optional<Value> object(const std::string& key);
+
+  enum class Change { None, ToBeWritten };
+  Change set(const std::string& key, const Value& value);
+
+  enum class Write {
+    Done,
+    /// It may work another time.
+    Failed,
+  };
+
+  /// Writes what was changed. One thread at a time.
+  Write write();
+
+  bool isWritten() const;
+
+  /// Reports nothing any more.
+  void silence();
+
+ private:
+  using Lines = std::vector<std::string>;
+
+  void refresh(Lines& lines);
+  void take(SettingsFile::ReadResult state, Lines& lines);
+  void report(const Lines& lines);
+  Value current(const std::string& key) const;
+  void tellTrouble(std::string& told, const std::string& trouble, Lines& lines) const;
+
+  const std::optional<SettingsFile> file_;
+  const std::chrono::milliseconds settling_;
+
+  std::mutex reportMutex_;
+  Report report_;
+
+  mutable std::mutex mutex_;
+  // What was last read, which is what holds while the file cannot be read.
+  Value::Dictionary settings_;
+  // What is being written, and what comes after it.
+  SettingsChanges beingWritten_;
+  SettingsChanges waiting_;
+  bool writing_ = false;
+  // What the program has last read or set; a null where there was nothing.
+  std::map<std::string, Value> known_;
+  SettingsFile::ReadResult state_ = SettingsFile::Absent{};
+  // The file's stamp at the last reading, and whether the same stamp means the same contents.
+  std::optional<FileStamp> stamp_;
+  bool stampCounts_ = false;
+  std::string readTrouble_;
+  std::string writeTrouble_;
+};
+
+}  // namespace roomlattice::platform::linux

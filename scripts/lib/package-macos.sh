@@ -1,0 +1,41 @@
+# shellcheck shell=bash
+# Roomlattice.app and its release file, on Linux or a Mac. To be sourced after common.sh, macos.sh and packages.sh.
+
+# Prints where the application is that build_mac_app makes.
+mac_app() { printf '%s\n' "$root/build/$(mac_preset)/app/Roomlattice.app"; }
+
+mac_preset() { if on_macos; then echo macos; else echo macos-cross; fi; }
+
+# On Linux the static analyzer reads the backend with it.
+build_mac_app() {
+  if on_macos; then
+    require_macos_tools
+  else
+    install_packages_for mac
+    "$root/packaging/macos/compiler/install" "$root/.cache/mac-compiler"
+  fi
+  build_preset "$(mac_preset)"
+}
+
+# Whether the application is what a Mac expects, and whether that check sees what is wrong.
+check_mac_app() {
+  build_mac_app
+  "$root/packaging/macos/check-app-test" "$(mac_app)"
+}
+
+# Leaves build/packages/Roomlattice-VERSION-macOS.zip.
+package_macos() {
+  local app zip
+  build_mac_app
+  app=$(mac_app)
+  zip=$root/build/packages/Roomlattice-$(project_version)-macOS.zip
+  mkdir -p "$(dirname -- "$zip")"
+  rm -f "$zip"
+  if on_macos; then
+    ditto -c -k --keepParent "$app" "$zip"
+  else
+    "$root/packaging/macos/check-app" "$app"
+    (cd "$(dirname -- "$app")" && zip --quiet --recurse-paths --symlinks -X "$zip" "$(basename -- "$app")")
+  fi
+  note "$zip"
+}

@@ -1,0 +1,257 @@
+#include "control/DesktopCommands.h"
+
+#include "tests/control/CommandsFixture.h"
+
+#include <gmock/gmock.h>
+
+namespace roomlattice::tests {
+namespace {
+
+using platform::CommandResult;
+using platform::DesktopState;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::SizeIs;
+
+constexpr CommandResult accepted = std::nullopt;
+
+class DesktopCommandsTest : public CommandsFixture {
+ protected:
+  using CommandsFixture::CommandsFixture;
+
+  std::vector<double> labelAlphas() {
+    std::vector<double> alphas;
+    for (const platform::simulated::SimulatedWindow* window : desktop.windows().overlays()) {
+      alphas.push_back(window->alpha());
+    }
+    return alphas;
+  }
+};
+
+class DesktopCommandsOfOneDesktopTest : public DesktopCommandsTest {
+ protected:
+  DesktopCommandsOfOneDesktopTest() : DesktopCommandsTest(1) {}
+};
+
+TEST_F(DesktopCommandsTest, AreServedWhileTheProgramRuns) {
+  EXPECT_NE(platform().control().commands(), nullptr);
+  quitProgram();
+  EXPECT_EQ(platform().control().commands(), nullptr);
+}
+
+TEST_F(DesktopCommandsTest, ListTheDesktopsAsTheMenuShowsThem) {
+  ASSERT_EQ(commands().rename("2", "Mail"), accepted);
+  const std::vector<DesktopState> desktops = commands().desktops();
+  ASSERT_THAT(desktops, SizeIs(3));
+  EXPECT_EQ(desktops[1].number, 2);
+  EXPECT_EQ(desktops[1].name, "Mail");
+  EXPECT_EQ(desktops[1].color, PreferencesStore::shared().desktopColors().usedColor(desktops[1].uuid).color());
+  EXPECT_EQ(desktops[1].uuid, SpaceManager::shared().spaces()[1].uuid);
+  EXPECT_EQ(desktops[1].display, "Display 1");
+  EXPECT_FALSE(desktops[1].isActive);
+  EXPECT_TRUE(desktops[0].isActive);
+}
+
+TEST_F(DesktopCommandsTest, ListFullScreenSpacesWithoutANumber) {
+  desktop.enterFullScreen();
+  const std::vector<DesktopState> desktops = commands().desktops();
+  ASSERT_THAT(desktops, SizeIs(4));
+  EXPECT_EQ(desktops[1].number, std::nullopt);
+  EXPECT_EQ(desktops[2].number, 2);
+  EXPECT_EQ(commands().currentDesktop(), desktops[1]);
+}
+
+TEST_F(DesktopCommandsTest, NumberTheDesktopsOfAllDisplaysThrough) {
+  desktop.addDisplay("Display 2", 2);
+  desktop.reportActiveSpaceChange();
+  EXPECT_THAT(names(), ElementsAre("Desktop 1", "Desktop 2", "Desktop 3", "Desktop 1", "Desktop 2"));
+  EXPECT_EQ(commands().desktops().back().number, 5);
+  EXPECT_EQ(commands().desktops().back().display, "Display 2");
+  EXPECT_EQ(kindOf(commands().switchTo("Desktop 2")), Kind::AmbiguousDesktop);
+}
+
+TEST_F(DesktopCommandsTest, TellTheOneInFront) {
+  desktop.switchTo(desktop.desktopAt(2));
+  EXPECT_EQ(commands().currentDesktop(), commands().desktops()[2]);
+  desktop.overrideManagedDisplaySpaces(platform::Value());
+  desktop.reportActiveSpaceChange();
+  EXPECT_EQ(commands().currentDesktop(), std::nullopt);
+}
+
+TEST_F(DesktopCommandsTest, SwitchByNumberNameAndBeginning) {
+  ASSERT_EQ(commands().rename("2", "Mail"), accepted);
+  for (const auto& [text, index] :
+       std::vector<std::pair<std::string, std::size_t>>{{"3", 2}, {"Mail", 1}, {"desk", 9}}) {
+    const CommandResult result = commands().switchTo(text);
+    desktop.advance(2s);
+    if (index == 9) {
+      EXPECT_EQ(kindOf(result), Kind::AmbiguousDesktop);
+    } else {
+      EXPECT_EQ(result, accepted);
+      EXPECT_TRUE(isOnDesktop(index)) << text;
+    }
+  }
+}
+
+TEST_F(DesktopCommandsTest, RefuseWhatIsNoDesktopAndNameThoseThereAre) {
+  const CommandResult result = commands().switchTo("Nowhere");
+  ASSERT_EQ(kindOf(result), Kind::NoSuchDesktop);
+  EXPECT_THAT(result->message, HasSubstr("1 Desktop 1, 2 Desktop 2, 3 Desktop 3"));
+  EXPECT_EQ(result->candidates, commands().desktops());
+  desktop.advance(2s);
+  EXPECT_TRUE(isOnDesktop(0));
+}
+
+TEST_F(DesktopCommandsTest, NeitherSwitchToAFullScreenSpaceNorFromOne) {
+  desktop.enterFullScreen();
+  const DesktopState space = *commands().currentDesktop();
+  EXPECT_EQ(kindOf(commands().switchTo(space.uuid)), Kind::FullScreenDesktop);
+  EXPECT_EQ(kindOf(commands().switchTo("2")), Kind::NotPossible);
+  EXPECT_EQ(kindOf(commands().switchToNext()), Kind::NotPossible);
+  EXPECT_EQ(kindOf(commands().switchToPrevious()), Kind::NotPossible);
+}
+
+TEST_F(DesktopCommandsTest, StepToTheNeighborsAndNotBeyondTheEnds) {
+  EXPECT_EQ(kindOf(commands().switchToPrevious()), Kind::NoFurtherDesktop);
+  EXPECT_EQ(commands().switchToNext(), accepted);
+  EXPECT_EQ(commands().switchToNext(), accepted);
+  EXPECT_EQ(kindOf(commands().switchToNext()), Kind::NoFurtherDesktop);
+  desktop.advance(3s);
+  EXPECT_TRUE(isOnDesktop(2));
+  EXPECT_EQ(commands().switchToPrevious(), accepted);
+  desktop.advance(3s);
+  EXPECT_TRUE(isOnDesktop(1));
+}
+
+TEST_F(DesktopCommandsTest, RenameTheOneInFrontOrAnotherOne) {
+  EXPECT_EQ(commands().renameCurrent(" Mail "), accepted);
+  EXPECT_EQ(commands().rename("Desktop 3", "Web"), accepted);
+  EXPECT_THAT(names(), ElementsAre("Mail", "Desktop 2", "Web"));
+  EXPECT_EQ(desktop.statusItem()->content().title.text, " Mail ");
+  EXPECT_EQ(commands().renameCurrent(""), accepted);
+  EXPECT_EQ(commands().rename("Web", ""), accepted);
+  EXPECT_THAT(names(), ElementsAre("Desktop 1", "Desktop 2", "Desktop 3"));
+  EXPECT_EQ(kindOf(commands().rename("Web", "Mail")), Kind::NoSuchDesktop);
+}
+
+TEST_F(DesktopCommandsTest, RefuseWhatIsNoName) {
+  for (const std::string& name : {std::string(501, 'x'), std::string("two\nlines"), std::string("\x1b[31mred"),
+                                  std::string(1, '\0'), std::string("\x7f")}) {
+    EXPECT_EQ(kindOf(commands().renameCurrent(name)), Kind::InvalidName);
+    EXPECT_EQ(kindOf(commands().rename("2", name)), Kind::InvalidName);
+  }
+  EXPECT_THAT(names(), ElementsAre("Desktop 1", "Desktop 2", "Desktop 3"));
+  EXPECT_EQ(commands().renameCurrent(std::string(500, 'x')), accepted);
+}
+
+TEST_F(DesktopCommandsTest, ShowAndHideTheLabels) {
+  EXPECT_EQ(commands().showLabels(), accepted);
+  desktop.advance(1s);
+  EXPECT_THAT(labelAlphas(), ::testing::Contains(1.0));
+  EXPECT_EQ(commands().hideLabels(), accepted);
+  desktop.advance(1s);
+  EXPECT_THAT(labelAlphas(), ::testing::Each(::testing::Lt(1.0)));
+}
+
+TEST_F(DesktopCommandsTest, SayWhereShowingLabelsIsSwitchedOff) {
+  PreferencesStore::shared().setShowSignAfterSelection(false);
+  EXPECT_EQ(kindOf(commands().showLabels()), Kind::NotPossible);
+}
+
+TEST_F(DesktopCommandsTest, OpenTheMenuOnceItHasBeenAnswered) {
+  EXPECT_EQ(commands().openMenu(), accepted);
+  EXPECT_EQ(desktop.menu(), nullptr);
+  desktop.advance(0s);
+  const auto opened = desktop.menu();
+  EXPECT_NE(opened, nullptr);
+  EXPECT_EQ(commands().openMenu(), accepted);
+  desktop.advance(0s);
+  EXPECT_EQ(desktop.menu(), opened);
+}
+
+TEST_F(DesktopCommandsTest, OpenThePreferences) {
+  EXPECT_EQ(commands().openPreferences(), accepted);
+  desktop.advance(0s);
+  ASSERT_NE(desktop.tabbedWindow(), nullptr);
+  EXPECT_EQ(platform().application().activations(), 1);
+}
+
+TEST_F(DesktopCommandsTest, StartTheTour) {
+  const auto before = desktop.log().texts().size();
+  EXPECT_EQ(commands().startTour(), accepted);
+  desktop.advance(30s);
+  const std::vector<std::string> all = desktop.log().texts();
+  EXPECT_THAT(std::vector(all.begin() + static_cast<std::ptrdiff_t>(before), all.end()),
+              ElementsAre("[Roomlattice] tour start: 4 steps", "[Roomlattice] tour end"));
+}
+
+TEST_F(DesktopCommandsOfOneDesktopTest, SayThatThereIsNothingToTour) {
+  EXPECT_EQ(kindOf(commands().startTour()), Kind::NotPossible);
+}
+
+TEST_F(DesktopCommandsTest, QuitOnceItHasBeenAnswered) {
+  EXPECT_EQ(commands().quit(), accepted);
+  EXPECT_FALSE(platform().application().isTerminated());
+  desktop.advance(0s);
+  EXPECT_TRUE(platform().application().isTerminated());
+}
+
+TEST_F(DesktopCommandsTest, DoNothingLateForAProgramThatHasGone) {
+  ASSERT_EQ(commands().openMenu(), accepted);
+  quitProgram();
+  desktop.advance(1s);
+  EXPECT_EQ(desktop.menu(), nullptr);
+}
+
+class DesktopCommandsChangesTest : public DesktopCommandsTest {
+ protected:
+  /// The changes of each moment as "kind number name".
+  std::vector<std::string> lines_;
+
+ private:
+  static std::string text(const platform::DesktopChange& change) {
+    static const std::vector<std::string> kinds{"switched", "added", "removed", "moved", "renamed", "recolored"};
+    return kinds.at(static_cast<std::size_t>(change.kind)) + " " + std::to_string(change.desktop.number.value_or(0)) +
+           " " + change.desktop.name;
+  }
+
+  platform::Registration observation_ = commands().observe([this](const std::vector<platform::DesktopChange>& changes) {
+    for (const platform::DesktopChange& change : changes) {
+      lines_.push_back(text(change));
+    }
+  });
+};
+
+TEST_F(DesktopCommandsChangesTest, AreToldForEachSwitch) {
+  desktop.switchTo(desktop.desktopAt(1));
+  EXPECT_THAT(lines_, ElementsAre("switched 2 Desktop 2"));
+  desktop.reportActiveSpaceChange();
+  EXPECT_THAT(lines_, SizeIs(1));
+}
+
+TEST_F(DesktopCommandsChangesTest, AreToldForNamesAndColors) {
+  commands().rename("2", "Mail");
+  EXPECT_THAT(lines_, ElementsAre("renamed 2 Mail"));
+  commands().rename("2", "Mail");
+  EXPECT_THAT(lines_, SizeIs(1));
+  SpaceColors colors;
+  colors[commands().desktops()[1].uuid] = {{1.0, 0.0, 0.0, 1.0}, {1.0, 0.0, 0.0, 1.0}};
+  PreferencesStore::shared().setSpaceColors(colors);
+  EXPECT_THAT(lines_, ElementsAre("renamed 2 Mail", "recolored 2 Mail"));
+}
+
+TEST_F(DesktopCommandsChangesTest, AreToldForDesktopsThatComeAndGo) {
+  const platform::SpaceID added = desktop.addDesktop();
+  EXPECT_THAT(lines_, ElementsAre("added 4 Desktop 4"));
+  desktop.removeDesktop(added);
+  EXPECT_THAT(lines_, ElementsAre("added 4 Desktop 4", "removed 4 Desktop 4"));
+}
+
+TEST_F(DesktopCommandsChangesTest, AreNotToldForOtherSettings) {
+  PreferencesStore::shared().setSignTextSize(99.0);
+  EXPECT_THAT(lines_, IsEmpty());
+}
+
+}  // namespace
+}  // namespace roomlattice::tests

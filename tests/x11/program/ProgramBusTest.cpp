@@ -1,0 +1,34 @@
+#include "tests/x11/session/Program.h"
+#include "tests/x11/session/X11Session.h"
+
+#include <csignal>
+#include <gmock/gmock.h>
+
+namespace roomlattice::tests {
+namespace {
+
+TEST(ProgramBusTest, NeedNotAnswerForTheProgramToStart) {
+  X11Session session({.desktops = 3});
+  session.signalBus(SIGSTOP);
+  Program program;
+  EXPECT_TRUE(program.isUp());
+  EXPECT_TRUE(program.knowsDesktop("desktop-3"));
+  program.process().signal(SIGTERM);
+  EXPECT_EQ(program.exitStatus(), 0);
+  EXPECT_THAT(program.complaints(), ::testing::IsEmpty());
+}
+
+TEST(ProgramBusTest, NeedNotAnswerWhileTheProgramRuns) {
+  X11Session session;
+  Program program;
+  ASSERT_TRUE(program.isUp()) << program.process().errorOutput();
+  session.signalBus(SIGSTOP);
+  session.setDesktopCount(6);
+  EXPECT_TRUE(program.knowsDesktop("desktop-6"));
+  EXPECT_TRUE(program.hasLogged("tour end"));
+  program.process().signal(SIGTERM);
+  EXPECT_EQ(program.exitStatus(), 0);
+}
+
+}  // namespace
+}  // namespace roomlattice::tests

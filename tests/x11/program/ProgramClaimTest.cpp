@@ -1,0 +1,57 @@
+#include "platform/x11/connection/X11Connection.h"
+#include "tests/x11/session/Program.h"
+#include "tests/x11/session/X11Session.h"
+
+#include <gmock/gmock.h>
+
+namespace roomlattice::tests {
+namespace {
+
+using platform::x11::X11Connection;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+
+/// A client that owns the selection by which the program claims the display, and nothing else.
+class Claimant {
+ public:
+  Claimant() : window_(xcb_generate_id(connection_->raw())) {
+    xcb_create_window(connection_->raw(), XCB_COPY_FROM_PARENT, window_, connection_->root(), 0, 0, 1, 1, 0,
+                      XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, 0, nullptr);
+    xcb_set_selection_owner(connection_->raw(), window_, connection_->atom("_ROOMLATTICE_S0"), XCB_CURRENT_TIME);
+    connection_->waitForServer();
+  }
+
+ private:
+  std::unique_ptr<X11Connection> connection_ = X11Connection::open();
+  xcb_window_t window_;
+};
+
+TEST(ProgramClaimTest, IsTakenFromAClientThatIsNoRoomlattice) {
+  const X11Session session;
+  const Claimant claimant;
+  Program program;
+  EXPECT_TRUE(program.isUp()) << program.process().errorOutput();
+}
+
+TEST(ProgramClaimTest, IsMissedWhenAnotherClientTakesIt) {
+  const X11Session session;
+  Program program;
+  ASSERT_TRUE(program.isUp()) << program.process().errorOutput();
+  const Claimant claimant;
+  EXPECT_EQ(program.exitStatus(), 1);
+  EXPECT_THAT(program.complaints(), ElementsAre(HasSubstr("taken over the X11 display")));
+}
+
+TEST(ProgramClaimTest, IsMissedWhenAnotherClientDestroysIt) {
+  const X11Session session;
+  Program program;
+  ASSERT_TRUE(program.isUp()) << program.process().errorOutput();
+  const auto connection = X11Connection::open();
+  xcb_destroy_window(connection->raw(), connection->selectionOwner(connection->atom("_ROOMLATTICE_S0")));
+  connection->waitForServer();
+  EXPECT_EQ(program.exitStatus(), 1);
+  EXPECT_THAT(program.complaints(), ElementsAre(HasSubstr("taken over the X11 display")));
+}
+
+}  // namespace
+}  // namespace roomlattice::tests

@@ -1,0 +1,98 @@
+#include "tests/x11/session/Program.h"
+#include "tests/x11/session/ProgramWindows.h"
+#include "tests/x11/session/X11Session.h"
+
+#include <csignal>
+#include <fstream>
+#include <gmock/gmock.h>
+
+namespace roomlattice::tests {
+namespace {
+
+using platform::x11::X11Connection;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+
+class ProgramLimitsTest : public ::testing::TestWithParam<const char*> {};
+
+TEST_P(ProgramLimitsTest, ThatAreTooTightAreNamedInOneLine) {
+  const X11Session session;
+  Program program = Program::throughShell("ulimit " + std::string(GetParam()) + "; exec \"$0\"");
+  EXPECT_EQ(program.exitStatus(), 1);
+  EXPECT_THAT(program.complaints(), ElementsAre(HasSubstr("ulimit")));
+}
+
+INSTANTIATE_TEST_SUITE_P(OfEachKind, ProgramLimitsTest,
+                         ::testing::Values("-n 12", "-n 16", "-n 24", "-n 32", "-n 48", "-n 64", "-v 300000",
+                                           "-v 600000"));
+
+TEST(ProgramLimitsWideEnoughTest, LetTheProgramRun) {
+  const X11Session session;
+  Program program = Program::throughShell("ulimit -S -n 64; ulimit -v 1200000; exec \"$0\"");
+  EXPECT_TRUE(program.isUp()) << program.process().errorOutput();
+}
+
+class ProgramLimitsOfScaleTest : public ::testing::TestWithParam<std::pair<const char*, const char*>> {};
+
+TEST_P(ProgramLimitsOfScaleTest, AreNamedInOneLine) {
+  const X11Session session;
+  Environment environment;
+  environment.set(GetParam().first, GetParam().second);
+  Program program;
+  EXPECT_EQ(program.exitStatus(), 1);
+  EXPECT_THAT(program.complaints(), ElementsAre(HasSubstr(GetParam().first)));
+}
+
+INSTANTIATE_TEST_SUITE_P(OfEachKind, ProgramLimitsOfScaleTest,
+                         ::testing::Values(std::pair("QT_SCALE_FACTOR", "0"), std::pair("QT_SCALE_FACTOR", "-1"),
+                                           std::pair("QT_SCALE_FACTOR", "1e9"), std::pair("QT_SCALE_FACTOR", "nan"),
+                                           std::pair("QT_SCALE_FACTOR", "big"),
+                                           std::pair("QT_SCREEN_SCALE_FACTORS", "1.5;screen=1000"),
+                                           std::pair("QT_FONT_DPI", "0"), std::pair("QT_FONT_DPI", "1000000"),
+                                           std::pair("QT_FONT_DPI", "96dpi")));
+
+TEST(ProgramLimitsOfScaleUsableTest, LetTheProgramRun) {
+  const X11Session session;
+  Environment environment;
+  environment.set("QT_SCALE_FACTOR", "1.5");
+  environment.set("QT_SCREEN_SCALE_FACTORS", "screen=1;2");
+  environment.set("QT_FONT_DPI", "120");
+  Program program;
+  EXPECT_TRUE(program.isUp()) << program.process().errorOutput();
+}
+
+/// The most address space that the process has ever had, in KiB.
+std::int64_t peakOf(Program& program) {
+  std::ifstream status("/proc/" + std::to_string(program.process().id()) + "/status");
+  for (std::string line; std::getline(status, line);) {
+    if (line.starts_with("VmPeak:")) {
+      return std::stoll(line.substr(7));
+    }
+  }
+  return 0;
+}
+
+TEST(ProgramLimitsOfWindowsTest, AreNotExceededWhateverAnotherClientSays) {
+  X11Session session;
+  Program program;
+  ASSERT_TRUE(program.hasLogged("tour end")) << program.process().errorOutput();
+  const auto connection = X11Connection::open();
+  const auto item = ProgramWindows(*connection, program.process().id()).statusItem();
+  ASSERT_TRUE(item);
+  const std::int64_t before = peakOf(program);
+  xcb_configure_notify_event_t event{};
+  event.response_type = XCB_CONFIGURE_NOTIFY;
+  event.event = item->id();
+  event.window = item->id();
+  event.width = 32767;
+  event.height = 32767;
+  xcb_send_event(connection->raw(), 0, item->id(), XCB_EVENT_MASK_STRUCTURE_NOTIFY, reinterpret_cast<char*>(&event));
+  connection->waitForServer();
+  session.setDesktopCount(6);
+  EXPECT_TRUE(program.knowsDesktop("desktop-6"));
+  EXPECT_LT(peakOf(program), before + 500'000);
+}
+
+}  // namespace
+}  // namespace roomlattice::tests
