@@ -41,11 +41,15 @@ void DesktopMenu::fill(platform::Menu& menu) const {
 
 platform::ViewItem DesktopMenu::row(const SpaceInfo& space, const platform::Color& color) const {
   const bool isActive = space.spaceID == manager_.activeSpaceID();
-  auto view = std::make_unique<SpaceRowView>(platform_, space, isActive, color, manager_.displayName(space));
+  const std::string name = manager_.displayName(space);
+  auto view = std::make_unique<SpaceRowView>(platform_, space, isActive, color, name);
   view->setFrame({{}, rowSize});
   view->onSwitch = lifetime_.guard([this, space] { switchTo(space); });
   view->onCommitRename = [this, space](const std::string& name) { manager_.setName(name, space); };
-  return {std::move(view), representation(space)};
+  return {.view = std::move(view),
+          .representedObject = representation(space),
+          .description = name,
+          .state = isActive ? platform::RowState::Chosen : platform::RowState::Ordinary};
 }
 
 void DesktopMenu::switchTo(const SpaceInfo& space) const {

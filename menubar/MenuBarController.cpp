@@ -71,11 +71,12 @@ platform::StatusButtonContent MenuBarController::titleContent() const {
     return {.title = {.text = "Desktops"}};
   }
   const Color color = dotColor(*active);
+  const std::optional<int> number = manager_.defaultNumber(*active);
   const std::string text = " " + manager_.displayName(*active) + " ";
   if (preferences_.colorMode() == ColorMode::ColorForeground) {
-    return {.title = {.text = text, .color = adjustedForeground(color)}};
+    return {.title = {.text = text, .color = adjustedForeground(color), .number = number}};
   }
-  return {.title = {.text = text, .color = contrastingColor(color)},
+  return {.title = {.text = text, .color = contrastingColor(color), .number = number},
           .background = color,
           .cornerRadius = titleCornerRadius};
 }

@@ -11,11 +11,17 @@
 
 namespace roomlattice::platform {
 
+/// Whether a row stands for what is chosen now among the things that the rows stand for.
+enum class RowState { Ordinary, Chosen };
+
 /// A row that the program draws itself. The item owns the view; its frame's size is the row's.
 struct ViewItem {
   std::unique_ptr<View> view;
   /// What the row stands for, where menus of the platform carry such a thing. Backends make nothing of it.
   Value representedObject = {};
+  /// What the row says, for where it cannot be drawn; a click there is `mouseUp` of the view, which has no host then.
+  std::string description = {};
+  RowState state = RowState::Ordinary;
 };
 
 /// Commands that a platform may carry out itself; the action does the same for those that do not.

@@ -33,6 +33,8 @@ using StatusItemLength = std::variant<VariableLength, SquareLength, FixedLength>
 struct StatusTitle {
   std::string text;
   std::optional<Color> color;
+  /// What stands for the title where there is room for a character or two; its first one, where there is no number.
+  std::optional<int> number;
 
   bool operator==(const StatusTitle&) const = default;
 };

@@ -79,8 +79,21 @@ void SpaceManager::rememberRegularSpaces() {
 }
 
 std::string SpaceManager::displayName(const SpaceInfo& space) const {
-  if (const auto name = names_.find(space.uuid); name != names_.end() && !name->second.empty()) {
-    return name->second;
+  if (const std::string* name = givenName(space)) {
+    return *name;
+  }
+  const std::optional<int> number = defaultNumber(space);
+  return number ? "Desktop " + std::to_string(*number) : "Desktop";
+}
+
+const std::string* SpaceManager::givenName(const SpaceInfo& space) const {
+  const auto name = names_.find(space.uuid);
+  return name == names_.end() || name->second.empty() ? nullptr : &name->second;
+}
+
+std::optional<int> SpaceManager::defaultNumber(const SpaceInfo& space) const {
+  if (givenName(space) != nullptr) {
+    return std::nullopt;
   }
   // Numbers start anew on each display, unlike the order of switching, which runs across all of them.
   int number = 0;
@@ -90,10 +103,10 @@ std::string SpaceManager::displayName(const SpaceInfo& space) const {
     }
     ++number;
     if (other == space) {
-      return "Desktop " + std::to_string(number);
+      return number;
     }
   }
-  return "Desktop";
+  return std::nullopt;
 }
 
 void SpaceManager::setName(const std::string& name, const SpaceInfo& space) {

@@ -8,6 +8,7 @@
 
 #include <functional>
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -47,6 +48,9 @@ class SpaceManager {
   /// The name the user gave the desktop, or "Desktop" with its number among the regular desktops of its display.
   std::string displayName(const SpaceInfo& space) const;
 
+  /// The number in the display name of a desktop that the user has not named; nothing for others.
+  std::optional<int> defaultNumber(const SpaceInfo& space) const;
+
   /// Keeps `name`, without white space at its ends, for the desktop's uuid; a blank name brings the default title back.
   /// Posts didChange in any case.
   void setName(const std::string& name, const SpaceInfo& space);
@@ -63,6 +67,7 @@ class SpaceManager {
 
  private:
   void loadNames();
+  const std::string* givenName(const SpaceInfo& space) const;
   void rememberRegularSpaces();
   void post(std::string_view notification);
 

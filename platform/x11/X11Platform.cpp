@@ -121,7 +121,8 @@ X11Platform::X11Platform(std::unique_ptr<X11Connection> connection, std::unique_
       appearance_(*connection_, sessionBus_, notifications_.distributedCenter()),
       sleep_(systemBus_, notifications_.workspaceCenter()),
       events_(*connection_, desktops_, screens_),
-      userInterface_(*connection_, windowManager_, screens_, appearance_, desktops_, attachments_),
+      userInterface_(*connection_, windowManager_, screens_, appearance_, desktops_, attachments_, sessionBus_,
+                     defaults_),
       termination_(signals.observe([this] { application_.terminate(); })) {}
 
 X11Platform::~X11Platform() {

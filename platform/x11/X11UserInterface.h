@@ -1,6 +1,8 @@
 #pragma once
 
+#include "platform/Defaults.h"
 #include "platform/UserInterface.h"
+#include "platform/linux/bus/MessageBus.h"
 #include "platform/x11/appearance/X11Appearance.h"
 #include "platform/x11/windows/X11Window.h"
 
@@ -11,7 +13,8 @@ namespace roomlattice::platform::x11 {
 class X11UserInterface final : public UserInterface {
  public:
   X11UserInterface(X11Connection& connection, WindowManagerWatch& windowManager, X11Screens& screens,
-                   X11Appearance& appearance, X11Desktops& desktops, WindowAttachments& attachments);
+                   X11Appearance& appearance, X11Desktops& desktops, WindowAttachments& attachments,
+                   linux::MessageBus& sessionBus, Defaults& defaults);
 
   std::vector<Screen> screens() const override { return screens_.screens(); }
   std::optional<Screen> mainScreen() const override { return screens_.mainScreen(); }
@@ -27,6 +30,8 @@ class X11UserInterface final : public UserInterface {
  private:
   X11Connection& connection_;
   WindowManagerWatch& windowManager_;
+  linux::MessageBus& sessionBus_;
+  Defaults& defaults_;
   X11Screens& screens_;
   X11Appearance& appearance_;
   CompositorWatch compositor_;

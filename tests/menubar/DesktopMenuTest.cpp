@@ -88,6 +88,19 @@ class DesktopMenuTest : public SimulatedFixture {
   std::optional<MenuBarController> controller_;
 };
 
+TEST_F(DesktopMenuTest, SaysOfEachRowWhatItIsForThoseWhoDoNotDrawIt) {
+  openMenu();
+  manager().setName("Mail", manager().spaces().at(1));
+  openMenu();
+  const auto row = [this](std::size_t index) -> const ViewItem& {
+    return std::get<ViewItem>(desktop.menu()->items().at(index));
+  };
+  EXPECT_EQ(row(0).description, "Desktop 1");
+  EXPECT_EQ(row(0).state, platform::RowState::Chosen);
+  EXPECT_EQ(row(1).description, "Mail");
+  EXPECT_EQ(row(1).state, platform::RowState::Ordinary);
+}
+
 TEST_F(DesktopMenuTest, ListsTheDesktopsThenTheCommands) {
   openMenu();
   EXPECT_EQ(items(), withCommands({"Desktop 1", "Desktop 2", "Desktop 3"}));

@@ -55,6 +55,15 @@ TEST_F(MenuBarControllerTest, ShowsTheNameWithABlankOnEachSide) {
   EXPECT_EQ(content().title.text, " Work ");
 }
 
+TEST_F(MenuBarControllerTest, TellsTheNumberOfADesktopWithoutAName) {
+  const MenuBarController controller(platform(), SpaceManager::shared(), preferences, [] {});
+  EXPECT_EQ(content().title.number, 1);
+  preferences.setColorMode(ColorMode::ColorForeground);
+  EXPECT_EQ(content().title.number, 1);
+  nameActive("Work");
+  EXPECT_EQ(content().title.number, std::nullopt);
+}
+
 TEST_F(MenuBarControllerTest, FillsTheBackgroundWithTheDesktopsColour) {
   const MenuBarController controller(platform(), SpaceManager::shared(), preferences, [] {});
   EXPECT_EQ(content().background, pastelPink);

@@ -42,6 +42,16 @@ TEST_F(SpaceManagerNamesTest, GiveNoNumberToAFullScreenSpaceOrAnUnknownOne) {
   EXPECT_EQ(manager.displayName({1, "A", "Main", 4}), "Desktop");
 }
 
+TEST_F(SpaceManagerNamesTest, HaveADefaultNumberUntilTheUserGivesOne) {
+  SpaceManager& manager = managerWithDesktops();
+  EXPECT_EQ(manager.defaultNumber(otherSecond), 2);
+  EXPECT_EQ(manager.defaultNumber(fullScreen), std::nullopt);
+  manager.setName("Work", otherSecond);
+  EXPECT_EQ(manager.defaultNumber(otherSecond), std::nullopt);
+  manager.setName(" ", otherSecond);
+  EXPECT_EQ(manager.defaultNumber(otherSecond), 2);
+}
+
 TEST_F(SpaceManagerNamesTest, NumberTheFirstOfTwoEqualEntries) {
   SpaceManager& manager = SpaceManager::shared();
   manager.update({second, first, first}, 1);

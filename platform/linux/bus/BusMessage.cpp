@@ -87,6 +87,10 @@ bool BusMessage::read(std::string& value) const {
   return true;
 }
 
+bool BusMessage::read(AnyValue&) const {
+  return sd_bus_message_skip(message_.get(), "v") > 0;
+}
+
 bool BusMessage::enter(char container) const {
   return sd_bus_message_enter_container(message_.get(), container, nullptr) > 0;
 }

@@ -59,6 +59,7 @@ class BusMessage {
   bool read(std::uint32_t& value) const;
   bool read(double& value) const;
   bool read(std::string& value) const;
+  bool read(AnyValue& value) const;
 
   template <class... T>
   bool read(std::tuple<T...>& value) const {

@@ -1,5 +1,7 @@
 #include "platform/linux/bus/BusObject.h"
 
+#include "support/Fatal.h"
+
 #include <algorithm>
 #include <cerrno>
 #include <memory>
@@ -47,8 +49,9 @@ BusObject::BusObject(MessageBus& bus, std::string path, BusInterface interface)
         SD_BUS_SIGNAL_WITH_NAMES(signal.name.c_str(), signal.argumentTypes.c_str(), kept(signal.names), 0));
   }
   table_.push_back(SD_BUS_VTABLE_END);
-  if (bus_.raw() != nullptr) {
-    sd_bus_add_object_vtable(bus_.raw(), &slot_, path_.c_str(), interface_.name.c_str(), table_.data(), this);
+  if (bus_.raw() != nullptr && sd_bus_add_object_vtable(bus_.raw(), &slot_, path_.c_str(), interface_.name.c_str(),
+                                                        table_.data(), this) == -EINVAL) {
+    fatal("the bus library cannot make sense of the interface " + interface_.name);
   }
 }
 

@@ -15,6 +15,9 @@ struct ObjectPath {
   std::string path;
 };
 
+/// In a message that came: a value of any type, which is not looked at.
+struct AnyValue {};
+
 /// How D-Bus writes the type that stands for a C++ type: texts, numbers, ObjectPath, BusVariant, tuples for structures,
 /// vectors for arrays and maps for dictionaries.
 template <class T>
@@ -55,6 +58,10 @@ struct BusTypeOf<ObjectPath> {
 };
 template <>
 struct BusTypeOf<BusVariant> {
+  static std::string text() { return "v"; }
+};
+template <>
+struct BusTypeOf<AnyValue> {
   static std::string text() { return "v"; }
 };
 template <class... T>

@@ -99,8 +99,18 @@ void NativeWindow::passClicksThrough() {
   flush();
 }
 
-void NativeWindow::setStrut(std::uint32_t top, std::uint32_t startX, std::uint32_t endX) {
-  const std::array<std::uint32_t, 12> partial = {0, 0, top, 0, 0, 0, 0, 0, startX, endX, 0, 0};
+void NativeWindow::setStrut(const std::optional<Strut>& strut) {
+  if (!strut) {
+    xcb_delete_property(raw_, id_, connection_.ewmh()->_NET_WM_STRUT_PARTIAL);
+    xcb_delete_property(raw_, id_, connection_.ewmh()->_NET_WM_STRUT);
+    return;
+  }
+  // EWMH: the depths at the left, the right, the top and the bottom, then from where to where each.
+  std::array<std::uint32_t, 12> partial{};
+  const std::size_t side = strut->edge == Strut::Edge::Top ? 2 : 3;
+  partial.at(side) = strut->depth;
+  partial.at(4 + 2 * side) = strut->startX;
+  partial.at(5 + 2 * side) = strut->endX;
   xcb_change_property(raw_, XCB_PROP_MODE_REPLACE, id_, connection_.ewmh()->_NET_WM_STRUT_PARTIAL, XCB_ATOM_CARDINAL,
                       32, partial.size(), partial.data());
   xcb_change_property(raw_, XCB_PROP_MODE_REPLACE, id_, connection_.ewmh()->_NET_WM_STRUT, XCB_ATOM_CARDINAL, 32, 4,

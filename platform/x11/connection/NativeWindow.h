@@ -21,6 +21,18 @@ struct WindowHints {
   std::uint32_t desktop = 0;       // _NET_WM_DESKTOP
 };
 
+/// A reservation of an edge of the root window, in pixels: how deep, and from where to where.
+struct Strut {
+  enum class Edge { Top, Bottom };
+
+  Edge edge = Edge::Top;
+  std::uint32_t depth = 0;
+  std::uint32_t startX = 0;
+  std::uint32_t endX = 0;
+
+  bool operator==(const Strut&) const = default;
+};
+
 /// The X window of a top-level widget, written to through the toolkit's own connection, so that requests arrive in
 /// order with the toolkit's. Nothing here waits for the server unless it says so.
 class NativeWindow {
@@ -29,6 +41,9 @@ class NativeWindow {
   NativeWindow(X11Connection& connection, QWidget& widget);
 
   xcb_window_t id() const { return id_; }
+
+  /// The toolkit's connection.
+  xcb_connection_t* raw() const { return raw_; }
 
   /// Puts the hints on a window that is not mapped; to be repeated before each mapping, as window managers clear them
   /// when a window is withdrawn.
@@ -62,7 +77,8 @@ class NativeWindow {
   /// window alone, and most frames keep taking clicks. Waits for the server.
   void passClicksThrough();
 
-  void setStrut(std::uint32_t top, std::uint32_t startX, std::uint32_t endX);
+  /// Reserves a part of the top or the bottom of the root window (EWMH), or nothing any longer.
+  void setStrut(const std::optional<Strut>& strut);
 
   /// Sends what was asked for; the toolkit would do so only when it next draws or waits.
   void flush();

@@ -22,6 +22,8 @@ struct WindowManagerTraits {
   /// It makes docks as wide as the screen, and does not always tell them so. Asked for that width, it has nothing to
   /// tell.
   bool makesStripsOfDocks = false;
+  /// It keeps docks above windows that fill the screen.
+  bool keepsDocksAboveFullScreen = false;
   /// The panel is its own, there as soon as itself, and no window.
   bool hasPanel = false;
   /// An overlay window may be on its desktop while that is not in front. Where it may not, because it would get a wrong

@@ -3,7 +3,9 @@
 #include "platform/x11/drawing/QtValues.h"
 
 #include <QAction>
+#include <QGuiApplication>
 #include <QKeyEvent>
+#include <QScreen>
 #include <QWidgetAction>
 #include <algorithm>
 #include <type_traits>
@@ -12,7 +14,7 @@
 
 namespace roomlattice::platform::x11 {
 
-MenuSession::MenuSession(Menu& menu, QPoint corner, QObject& owner, std::function<void()> closed)
+MenuSession::MenuSession(Menu& menu, const QRect& anchor, QObject& owner, std::function<void()> closed)
     : closed_(std::move(closed)), popup_(std::make_unique<QMenu>()) {
   // The click that closes the menu is not to open it again.
   popup_->setAttribute(Qt::WA_NoMouseReplay);
@@ -21,7 +23,7 @@ MenuSession::MenuSession(Menu& menu, QPoint corner, QObject& owner, std::functio
   connect(popup_.get(), &QMenu::hovered, this, [this](QAction* action) { highlight(hostOf(action)); });
   connect(popup_.get(), &QMenu::aboutToHide, this, [this] { close(); });
   popup_->installEventFilter(this);
-  open(corner);
+  open(anchor);
 }
 
 MenuSession::~MenuSession() {
@@ -74,8 +76,13 @@ void MenuSession::addCommand(const CommandItem& command, QObject& owner) {
       action, &QAction::triggered, &owner, [run = command.action] { run(); }, Qt::QueuedConnection);
 }
 
-void MenuSession::open(QPoint corner) {
-  popup_->popup(corner - QPoint(popup_->sizeHint().width(), 0));
+void MenuSession::open(const QRect& anchor) {
+  const QSize size = popup_->sizeHint();
+  const QScreen* screen = QGuiApplication::screenAt(anchor.center());
+  const int below = anchor.top() + anchor.height();
+  const bool fits =
+      screen == nullptr || below + size.height() <= screen->geometry().top() + screen->geometry().height();
+  popup_->popup({anchor.left() + anchor.width() - size.width(), fits ? below : anchor.top() - size.height()});
   // The widest item decides how wide the menu is, and all rows are as wide as it.
   for (const Row& row : rows_) {
     View& view = row.host->view();

@@ -4,7 +4,7 @@
 #include "platform/x11/windows/HostedView.h"
 
 #include <QMenu>
-#include <QPoint>
+#include <QRect>
 #include <functional>
 #include <memory>
 #include <vector>
@@ -17,10 +17,11 @@ namespace roomlattice::platform::x11 {
 /// hosted exactly as long as the session lives.
 class MenuSession final : private QObject {
  public:
-  /// Has the menu brought up to date and opens it with its top right corner at `corner`, in Qt's coordinates, or where
-  /// it fits on the screen. The menu must outlive the session. Commands run on a later turn, when the menu has gone,
-  /// unless `owner` has gone as well by then. `closed` is called when the menu closes, and has to end the session.
-  MenuSession(Menu& menu, QPoint corner, QObject& owner, std::function<void()> closed);
+  /// Has the menu brought up to date and opens it below `anchor`, in Qt's coordinates, with their right edges in line;
+  /// above it or where it fits, if there is no room. The menu must outlive the session. Commands run on a later turn,
+  /// when the menu has gone, unless `owner` has gone as well by then. `closed` is called when the menu closes, and has
+  /// to end the session.
+  MenuSession(Menu& menu, const QRect& anchor, QObject& owner, std::function<void()> closed);
   ~MenuSession() override;
 
  private:
@@ -32,7 +33,7 @@ class MenuSession final : private QObject {
   void addItems(Menu& menu, QObject& owner);
   void addRow(View& view);
   void addCommand(const CommandItem& command, QObject& owner);
-  void open(QPoint corner);
+  void open(const QRect& anchor);
   void close();
 
   HostedView* hostOf(const QAction* action) const;

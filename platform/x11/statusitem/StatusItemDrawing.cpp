@@ -11,9 +11,7 @@
 namespace roomlattice::platform::x11 {
 namespace {
 
-/// The item's background keeps clear of the edges of the bar.
-constexpr double horizontalInset = 1.0;
-constexpr double verticalInset = 3.0;
+constexpr double backdropCornerRadius = 4.0;
 
 QFont titleFont() {
   return toQt(Font{.size = systemFontSize(), .weight = FontWeight::Medium});
@@ -33,22 +31,20 @@ double statusItemWidth(const StatusButtonContent& content, const StatusItemLengt
   } else if (std::holds_alternative<VariableLength>(length)) {
     width = naturalWidth(content);
   }
-  // A window has at least one pixel.
-  return std::clamp(width, 1.0, std::max(available, 1.0));
+  return std::clamp(width, statusBarHeight, std::max(available, statusBarHeight));
+}
+
+double statusItemCornerRadius(const StatusButtonContent& content) {
+  return content.background ? content.cornerRadius : backdropCornerRadius;
 }
 
 void drawStatusItem(QPainter& painter, const QRectF& bounds, const StatusButtonContent& content,
                     const StatusBarColors& colors) {
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.setCompositionMode(QPainter::CompositionMode_Source);
-  painter.fillRect(bounds, colors.backdrop);
-  painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
-  if (content.background) {
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(toQt(*content.background));
-    const QRectF plate = bounds.adjusted(horizontalInset, verticalInset, -horizontalInset, -verticalInset);
-    painter.drawRoundedRect(plate, content.cornerRadius, content.cornerRadius);
-  }
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(content.background ? toQt(*content.background) : colors.backdrop);
+  const double radius = statusItemCornerRadius(content);
+  painter.drawRoundedRect(bounds, radius, radius);
   QRectF rest = bounds;
   if (content.image) {
     const Size size = content.image->size;

@@ -1,64 +1,57 @@
 #pragma once
 
 #include "platform/StatusItem.h"
-#include "platform/linux/system/OneShotTimer.h"
-#include "platform/x11/appearance/X11Appearance.h"
-#include "platform/x11/connection/CompositorWatch.h"
-#include "platform/x11/connection/NativeWindow.h"
-#include "platform/x11/connection/WindowManagerWatch.h"
+#include "platform/x11/statusitem/FloatingItem.h"
+#include "platform/x11/statusitem/ItemOptions.h"
+#include "platform/x11/statusitem/ItemPlacement.h"
 #include "platform/x11/statusitem/MenuSession.h"
+#include "platform/x11/statusitem/PanelItem.h"
 
-#include <QWidget>
+#include <QObject>
+#include <QRect>
+#include <cstddef>
+#include <functional>
 #include <memory>
+#include <optional>
+#include <vector>
 
 namespace roomlattice::platform::x11 {
 
-/// The status item as a dock window of its own at the top right of the primary screen: system trays squeeze a wide item
-/// into a square. It is on all desktops, above other windows, and never takes the keyboard.
-///
-/// With ROOMLATTICE_RESERVE_SCREEN_EDGE=1 in the environment it reserves its height along the top edge of the screen,
-/// so that maximised windows start below it; otherwise it lies over them.
-class X11StatusItem final : public QWidget, public StatusItem, public StatusButton {
+/// The status item, in the panels of the desktop or as a window of its own, or both.
+class X11StatusItem final : public StatusItem, public StatusButton {
  public:
-  X11StatusItem(X11Connection& connection, WindowManagerWatch& windowManager, X11Appearance& appearance,
-                CompositorWatch& compositor, const StatusItemLength& length);
+  X11StatusItem(const StatusItemEnvironment& environment, const StatusItemLength& length);
 
   StatusButton* button() override { return this; }
   void setLength(const StatusItemLength& length) override;
   void setMenu(Menu* menu) override;
+  /// At the floating item, or at the pointer where there is none.
   void openMenu() override;
   void setContent(const StatusButtonContent& content) override;
 
- protected:
-  void paintEvent(QPaintEvent* event) override;
-  void changeEvent(QEvent* event) override;
-  void mousePressEvent(QMouseEvent* event) override;
-
  private:
-  void followScreens();
-  void layOut();
-  void appear();
-  void reserveScreenEdge();
+  ItemHandlers handlers();
+  void place();
+  void settingsChanged();
+  /// What a panel shows where the item itself cannot: the whole menu, or only the item's options.
+  std::vector<linux::ExportedItem> exportedItems();
+  void choose(std::size_t index);
+  std::function<void()> later(std::function<void()> action);
+  void openMenuAt(const QRect& anchor);
 
-  /// Opens the menu unless it is open; `origin` is the window's, in Qt's coordinates.
-  void openMenuAt(QPointF origin);
-
-  /// Where the item is in the window, which is wider under some window managers.
-  QRectF itemRect() const;
-
-  X11Connection& connection_;
-  WindowManagerWatch& windowManager_;
-  X11Appearance& appearance_;
-  CompositorWatch& compositor_;
+  StatusItemEnvironment environment_;
   StatusButtonContent content_;
   StatusItemLength length_;
   Menu* menu_ = nullptr;
+  QObject context_;  // owns what the menu's commands have under way
   // Exists while the menu is open.
   std::unique_ptr<MenuSession> session_;
-  double itemWidth_ = 0.0;
-  NativeWindow native_;
-  linux::OneShotTimer layOutSoon_{[this] { layOut(); }};
-  Registration compositorChanges_;
+  ItemSettings settings_{environment_.defaults};
+  linux::TrayWatch tray_{environment_.sessionBus};
+  std::optional<FloatingItem> floating_;
+  std::optional<PanelItem> panel_;
+  ItemPlacement placement_{settings_, tray_, [this] { place(); }};
+  ItemOptions options_{placement_, settings_, [this] { settingsChanged(); }};
 };
 
 }  // namespace roomlattice::platform::x11

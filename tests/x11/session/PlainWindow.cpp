@@ -51,11 +51,18 @@ bool PlainWindow::hasFocus() {
 
 void PlainWindow::maximize() {
   const xcb_ewmh_connection_t& atoms = *connection_->ewmh();
+  addStates(atoms._NET_WM_STATE_MAXIMIZED_HORZ, atoms._NET_WM_STATE_MAXIMIZED_VERT);
+}
+
+void PlainWindow::fillScreen() {
+  addStates(connection_->ewmh()->_NET_WM_STATE_FULLSCREEN, XCB_ATOM_NONE);
+}
+
+void PlainWindow::addStates(xcb_atom_t first, xcb_atom_t second) {
   constexpr std::uint32_t addState = 1;
   constexpr std::uint32_t sourceIsApplication = 1;
-  connection_->sendToRoot(
-      window_, atoms._NET_WM_STATE,
-      {addState, atoms._NET_WM_STATE_MAXIMIZED_HORZ, atoms._NET_WM_STATE_MAXIMIZED_VERT, sourceIsApplication, 0});
+  connection_->sendToRoot(window_, connection_->ewmh()->_NET_WM_STATE,
+                          {addState, first, second, sourceIsApplication, 0});
 }
 
 int PlainWindow::clicks() {

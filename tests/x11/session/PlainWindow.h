@@ -24,6 +24,9 @@ class PlainWindow {
   /// Asks the window manager to show it as large as it can.
   void maximize();
 
+  /// Asks the window manager to have it fill the screen, without a frame.
+  void fillScreen();
+
   /// The presses of the first button so far.
   int clicks();
 
@@ -31,6 +34,7 @@ class PlainWindow {
   int keys();
 
  private:
+  void addStates(xcb_atom_t first, xcb_atom_t second);
   void countInput();
 
   std::unique_ptr<platform::x11::X11Connection> connection_;

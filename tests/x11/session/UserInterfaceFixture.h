@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/linux/storage/LinuxDefaults.h"
 #include "platform/x11/X11UserInterface.h"
 #include "support/InProcessNotificationCenter.h"
 #include "tests/x11/session/EveryWindowManager.h"
@@ -25,8 +26,9 @@ struct UserInterfaceSession {
   platform::x11::X11Screens screens{qt.connection(), center};
   platform::x11::X11Appearance appearance{qt.connection(), bus, center};
   platform::x11::WindowAttachments attachments;
-  platform::x11::X11UserInterface userInterface{qt.connection(), windowManager, screens,
-                                                appearance,      desktops,      attachments};
+  platform::linux::LinuxDefaults defaults{std::nullopt, [](const std::string&) {}};
+  platform::x11::X11UserInterface userInterface{qt.connection(), windowManager, screens, appearance,
+                                                desktops,        attachments,   bus,     defaults};
 };
 
 }  // namespace roomlattice::tests

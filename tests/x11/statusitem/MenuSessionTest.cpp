@@ -53,7 +53,8 @@ class MenuSessionTest : public ::testing::Test {
   }
 
   void open() {
-    menuSession_ = std::make_unique<MenuSession>(menu_, QPoint(600, 100), *owner_, [this] { menuSession_.reset(); });
+    menuSession_ =
+        std::make_unique<MenuSession>(menu_, QRect(599, 99, 1, 1), *owner_, [this] { menuSession_.reset(); });
     ASSERT_TRUE(waitFor(isMenuOpen));
     // No row is under the pointer.
     session_.run({"xdotool", "mousemove", "--sync", "100", "500"});

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string_view>
+
+namespace roomlattice::platform::linux {
+
+/// In what a host of status items differs from the others. The defaults are what most do.
+///
+/// Measured with xfce4-panel 4.18, mate-panel 1.26, lxqt-panel 1.2 and gnome-shell 43 with its AppIndicator extension:
+/// with a Menu property and ItemIsMenu false all but GNOME call Activate on a left click and open the exported menu on
+/// a right click. GNOME opens the exported menu on both, calls SecondaryActivate for the middle button and Activate for
+/// a double click. MATE tells wrong places with its calls.
+struct TrayTraits {
+  /// It keeps pictures that are wider than high; others shrink them into a square. A label replaces the picture there,
+  /// even an empty one.
+  bool keepsWidePictures = false;
+  /// A click opens the menu that the item exports; it never asks the item to open one itself.
+  bool opensExportedMenus = false;
+  /// When the wheel turns down it tells a positive amount.
+  bool countsScrollingDown = false;
+};
+
+/// `program` is the name of the program that owns the watcher's name, as the system has it: its first
+/// fifteen bytes. The only place that knows
+/// any by name.
+TrayTraits trayTraitsOf(std::string_view program);
+
+}  // namespace roomlattice::platform::linux

@@ -1,0 +1,58 @@
+#include "platform/x11/connection/FullScreenWatch.h"
+
+#include "platform/x11/connection/Properties.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace roomlattice::platform::x11 {
+
+FullScreenWatch::FullScreenWatch(X11Connection& connection, std::function<void()> changed)
+    : connection_(connection), changed_(std::move(changed)) {
+  propertyEvents_ = connection.observe<xcb_property_notify_event_t>([this](const auto& notify) {
+    const xcb_ewmh_connection_t& atoms = *connection_.ewmh();
+    if (notify.window == connection_.root() && notify.atom == atoms._NET_ACTIVE_WINDOW) {
+      follow();
+    } else if (notify.window == active_ && notify.atom == atoms._NET_WM_STATE) {
+      update();
+    }
+  });
+  connection.selectOnRoot(XCB_EVENT_MASK_PROPERTY_CHANGE);
+  follow();
+}
+
+void FullScreenWatch::follow() {
+  const xcb_atom_t property = connection_.ewmh()->_NET_ACTIVE_WINDOW;
+  active_ = readNumber(connection_, connection_.root(), property, XCB_ATOM_WINDOW).value_or(XCB_WINDOW_NONE);
+  if (active_ != XCB_WINDOW_NONE) {
+    // As much as is selected on the program's own windows, which may be the active one.
+    constexpr std::uint32_t events = XCB_EVENT_MASK_STRUCTURE_NOTIFY | XCB_EVENT_MASK_PROPERTY_CHANGE;
+    xcb_change_window_attributes(connection_.raw(), active_, XCB_CW_EVENT_MASK, &events);
+  }
+  update();
+}
+
+void FullScreenWatch::update() {
+  std::optional<QRect> area = active_ == XCB_WINDOW_NONE ? std::nullopt : readArea();
+  if (std::exchange(area_, area) != area) {
+    changed_();
+  }
+}
+
+std::optional<QRect> FullScreenWatch::readArea() const {
+  const xcb_ewmh_connection_t& atoms = *connection_.ewmh();
+  const auto states = readNumbers(connection_, active_, atoms._NET_WM_STATE, XCB_ATOM_ATOM);
+  if (!states || std::ranges::find(*states, atoms._NET_WM_STATE_FULLSCREEN) == states->end()) {
+    return std::nullopt;
+  }
+  xcb_connection_t* raw = connection_.raw();
+  const auto geometry = replyTo(raw, xcb_get_geometry(raw, active_), xcb_get_geometry_reply);
+  const auto corner =
+      replyTo(raw, xcb_translate_coordinates(raw, active_, connection_.root(), 0, 0), xcb_translate_coordinates_reply);
+  if (geometry == nullptr || corner == nullptr) {
+    return std::nullopt;
+  }
+  return QRect(corner->dst_x, corner->dst_y, geometry->width, geometry->height);
+}
+
+}  // namespace roomlattice::platform::x11

@@ -1,0 +1,86 @@
+#include "platform/x11/statusitem/FloatingArea.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+#include <cmath>
+#include <utility>
+
+namespace roomlattice::platform::x11 {
+namespace {
+
+QScreen* usableScreen() {
+  QScreen* screen = QGuiApplication::primaryScreen();
+  return screen == nullptr || screen->geometry().isEmpty() ? nullptr : screen;
+}
+
+/// A screen keeps the place of its corner in pixels, whatever its scale.
+QRect inPixels(const QScreen& screen) {
+  return {screen.geometry().topLeft(), (QSizeF(screen.geometry().size()) * screen.devicePixelRatio()).toSize()};
+}
+
+/// The part of a screen in points that lies inside of one in pixels.
+QRect inPoints(const QRect& part, const QScreen& screen) {
+  const double scale = screen.devicePixelRatio();
+  const QPoint corner = screen.geometry().topLeft();
+  const auto up = [&](int pixels) { return static_cast<int>(std::ceil(pixels / scale)); };
+  const auto down = [&](int pixels) { return static_cast<int>(std::floor(pixels / scale)); };
+  const QPoint first(up(part.left() - corner.x()), up(part.top() - corner.y()));
+  const QPoint end(down(part.left() + part.width() - corner.x()), down(part.top() + part.height() - corner.y()));
+  return {corner + first, QSize(end.x() - first.x(), end.y() - first.y())};
+}
+
+}  // namespace
+
+FloatingArea::FloatingArea(X11Connection& connection, std::function<void()> changed)
+    : workArea_(connection), changedSoon_(std::move(changed)) {
+  workAreaChanges_ = workArea_.observe([this] { changedSoon_.start(); });
+  for (QScreen* screen : QGuiApplication::screens()) {
+    follow(screen);
+  }
+  QObject::connect(qGuiApp, &QGuiApplication::screenAdded, &context_, [this](QScreen* screen) { follow(screen); });
+  QObject::connect(qGuiApp, &QGuiApplication::primaryScreenChanged, &context_, [this] { changedSoon_.start(); });
+}
+
+std::optional<QRect> FloatingArea::screen() const {
+  const QScreen* screen = usableScreen();
+  return screen == nullptr ? std::nullopt : std::optional(screen->geometry());
+}
+
+std::optional<QRect> FloatingArea::freeFor(xcb_window_t window, EdgeUse use) const {
+  const QScreen* screen = usableScreen();
+  if (screen == nullptr) {
+    return std::nullopt;
+  }
+  const QRect pixels = inPixels(*screen);
+  const bool kept = use == EdgeUse::KeptFree;
+  return inPoints(kept ? workArea_.leftByOthersThan(window, pixels) : workArea_.freePartOf(pixels), *screen);
+}
+
+std::optional<Strut> FloatingArea::strutFor(Edge edge, const QRect& frame) const {
+  const QScreen* screen = usableScreen();
+  const bool isAtTop = edge == Edge::Top;
+  if (screen == nullptr || !(isAtTop || edge == Edge::Bottom)) {
+    return std::nullopt;
+  }
+  const QRect pixels = inPixels(*screen);
+  const auto pixelsDownTo = [&](int y) {
+    return pixels.top() + static_cast<int>(std::lround((y - pixels.top()) * screen->devicePixelRatio()));
+  };
+  const int depth =
+      isAtTop ? pixelsDownTo(frame.top() + frame.height()) : workArea_.rootSize().height() - pixelsDownTo(frame.top());
+  return Strut{.edge = isAtTop ? Strut::Edge::Top : Strut::Edge::Bottom,
+               .depth = static_cast<std::uint32_t>(depth),
+               .startX = static_cast<std::uint32_t>(pixels.left()),
+               .endX = static_cast<std::uint32_t>(pixels.right())};
+}
+
+bool FloatingArea::meets(const QRect& pixels) const {
+  const QScreen* screen = usableScreen();
+  return screen != nullptr && inPixels(*screen).intersects(pixels);
+}
+
+void FloatingArea::follow(QScreen* screen) {
+  QObject::connect(screen, &QScreen::geometryChanged, &context_, [this] { changedSoon_.start(); });
+}
+
+}  // namespace roomlattice::platform::x11

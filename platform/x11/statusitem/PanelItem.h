@@ -1,0 +1,38 @@
+#pragma once
+
+#include "platform/StatusItem.h"
+#include "platform/linux/tray/ExportedMenu.h"
+#include "platform/linux/tray/StatusNotifierItem.h"
+#include "platform/x11/statusitem/ItemHandlers.h"
+
+#include <vector>
+
+namespace roomlattice::platform::x11 {
+
+/// The status item in the panels of the desktop: a square tile in all sizes that panels ask for, or where the host
+/// keeps it a picture with the whole title.
+class PanelItem {
+ public:
+  /// `menu` gives the items of the menu that a panel shows in the program's stead. The bus and the watch must outlive
+  /// it.
+  PanelItem(linux::MessageBus& bus, linux::TrayWatch& watch, ItemHandlers handlers, linux::ExportedMenu::Items menu);
+
+  void setContent(const StatusButtonContent& content);
+
+  /// To be called when the menu's items are others.
+  void menuChanged();
+
+ private:
+  linux::TrayHandlers trayHandlers();
+  const std::vector<linux::TrayPicture>& pictures();
+
+  linux::TrayWatch& watch_;
+  ItemHandlers handlers_;
+  StatusButtonContent content_;
+  // Of the content, once somebody has asked.
+  std::vector<linux::TrayPicture> pictures_;
+  linux::ExportedMenu menu_;
+  linux::StatusNotifierItem item_;
+};
+
+}  // namespace roomlattice::platform::x11
