@@ -17,8 +17,6 @@ function(roomlattice_own_libraries result)
       list(APPEND waiting ${below})
     endif()
   endwhile()
-  # The lowest floor first, as one that includes it would have it.
-  list(REVERSE found)
   set(${result} ${found} PARENT_SCOPE)
 endfunction()
 
@@ -50,6 +48,8 @@ function(roomlattice_link_program program)
     if(DEFINED all${extension})
       set(source ${CMAKE_CURRENT_BINARY_DIR}/${program}_all${extension})
       file(GENERATE OUTPUT ${source} CONTENT "${all${extension}}")
+      # A name of one source's own may be a parameter's of another. Builds of single sources warn of what matters.
+      set_source_files_properties(${source} PROPERTIES COMPILE_OPTIONS -Wno-shadow)
       target_sources(${program} PRIVATE ${source})
     endif()
   endforeach()

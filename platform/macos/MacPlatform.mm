@@ -1,5 +1,6 @@
 #import "platform/macos/MacPlatform.h"
 
+#import "platform/macos/CommandLine.h"
 #import "platform/macos/MacApplication.h"
 #import "platform/macos/MacDefaults.h"
 #import "platform/macos/MacDispatcher.h"
@@ -54,7 +55,12 @@ std::unique_ptr<Platform> makePlatform() {
 
 namespace roomlattice::platform {
 
-std::variant<std::unique_ptr<Platform>, ExitStatus> makeNativePlatform(int&, char**) {
+std::variant<std::unique_ptr<Platform>, ExitStatus> makeNativePlatform(int& argc, char** argv) {
+  @autoreleasepool {
+    if (const std::optional<ExitStatus> status = macos::answerCommandLine(argc, argv)) {
+      return *status;
+    }
+  }
   return macos::makePlatform();
 }
 
