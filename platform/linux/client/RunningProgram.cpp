@@ -87,7 +87,7 @@ RunningProgram::Answer<RunningProgram::Message> RunningProgram::send(const Messa
     return NotRunning{"there is no session bus"};
   }
   sd_bus_message_set_auto_start(question.get(), 0);
-  sd_bus_error error = SD_BUS_ERROR_NULL;
+  sd_bus_error error{};
   sd_bus_message* answer = nullptr;
   const int result = sd_bus_call(bus_.get(), question.get(), answerLimit, &error, &answer);
   Message owner(answer);
