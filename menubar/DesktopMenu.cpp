@@ -45,7 +45,7 @@ platform::ViewItem DesktopMenu::row(const SpaceInfo& space, const platform::Colo
   auto view = std::make_unique<SpaceRowView>(platform_, space, isActive, color, name);
   view->setFrame({{}, rowSize});
   view->onSwitch = lifetime_.guard([this, space] { switchTo(space); });
-  view->onCommitRename = [this, space](const std::string& name) { manager_.setName(name, space); };
+  view->onCommitRename = [this, space](const std::string& text) { manager_.setName(text, space); };
   return {.view = std::move(view),
           .representedObject = representation(space),
           .description = name,

@@ -31,7 +31,7 @@ BusName::~BusName() {
 
 int BusName::answer(sd_bus_message* message, void* name, sd_bus_error*) {
   const BusMessage given(message);
-  const auto result = given.isError() ? std::nullopt : given.argument<std::uint32_t>(0);
+  const std::uint32_t result = given.isError() ? 0 : given.argument<std::uint32_t>(0).value_or(0);
   // It may end this object.
   const auto answered = static_cast<BusName*>(name)->answered_;
   answered(result == primaryOwner || result == alreadyOwner ? Ownership::Ours : Ownership::Refused);

@@ -8,8 +8,8 @@
 namespace roomlattice::tests {
 namespace {
 
-/// Starts nothing by itself but what the window managers cannot do without. As many answers may be awaited as on the bus
-/// of a session.
+/// Starts nothing by itself but what the window managers cannot do without. As many answers may be awaited as on the
+/// bus of a session.
 constexpr const char* busConfiguration =
     R"(<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
  "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">

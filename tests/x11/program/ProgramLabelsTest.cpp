@@ -19,15 +19,6 @@ constexpr QPoint center(screenWidth / 2, screenHeight / 2);
 constexpr QPoint corner(0, 0);
 constexpr double swipeAlpha = 0.78;
 
-struct Desktop {
-  WindowManagerKind windowManager;
-  Compositing compositing;
-};
-
-std::ostream& operator<<(std::ostream& stream, const Desktop& desktop) {
-  return stream << desktop.windowManager << (desktop.compositing == Compositing::Picom ? "_picom" : "");
-}
-
 bool isClose(double a, double b) {
   return std::abs(a - b) < 0.005;
 }

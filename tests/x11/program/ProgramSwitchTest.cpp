@@ -9,15 +9,6 @@
 namespace roomlattice::tests {
 namespace {
 
-struct Desktop {
-  WindowManagerKind windowManager;
-  Compositing compositing = Compositing::None;
-};
-
-std::ostream& operator<<(std::ostream& stream, const Desktop& desktop) {
-  return stream << desktop.windowManager << (desktop.compositing == Compositing::Picom ? "_picom" : "");
-}
-
 class ProgramSwitchTest : public ::testing::TestWithParam<Desktop> {
  protected:
   /// The labels and overlays that can be seen now, where opacity is obeyed.

@@ -9,12 +9,23 @@
 #include <QRect>
 #include <memory>
 #include <optional>
+#include <ostream>
 #include <string>
 #include <vector>
 
 namespace roomlattice::tests {
 
 enum class Compositing { None, Picom };
+
+/// What a test that has such a parameter runs on; printed as the end of its name.
+struct Desktop {
+  WindowManagerKind windowManager;
+  Compositing compositing = Compositing::None;
+};
+
+inline std::ostream& operator<<(std::ostream& stream, const Desktop& desktop) {
+  return stream << desktop.windowManager << (desktop.compositing == Compositing::Picom ? "_picom" : "");
+}
 
 /// The program in a session of its own: used as a user would, and looked at as other programs see it.
 class ProgramSession {
