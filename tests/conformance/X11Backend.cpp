@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPushButton>
 #include <QWidget>
 #include <QWindow>
 #include <array>
@@ -17,8 +18,15 @@
 namespace roomlattice::tests {
 namespace {
 
-/// At the right end of the screen's upper edge.
-constexpr QPoint statusItemPlace(1270, 12);
+/// The status item, which floats where no panel has a place for it; null while there is none.
+QWidget* statusItem() {
+  for (QWidget* widget : QApplication::topLevelWidgets()) {
+    if (qobject_cast<QPushButton*>(widget) != nullptr && widget->isVisible()) {
+      return widget;
+    }
+  }
+  return nullptr;
+}
 
 class X11Backend final : public Backend {
  public:
@@ -36,17 +44,21 @@ class X11Backend final : public Backend {
 
   void openMenu() override {
     QWidget* item = nullptr;
-    ASSERT_TRUE(waitFor([&] { return (item = QApplication::topLevelAt(statusItemPlace)) != nullptr; }));
-    QMouseEvent press(QEvent::MouseButtonPress, item->mapFromGlobal(statusItemPlace), statusItemPlace, Qt::LeftButton,
-                      Qt::LeftButton, Qt::NoModifier);
+    ASSERT_TRUE(waitFor([&] { return (item = statusItem()) != nullptr; }));
+    const QPoint place = item->rect().center();
+    QMouseEvent press(QEvent::MouseButtonPress, place, item->mapToGlobal(place), Qt::LeftButton, Qt::LeftButton,
+                      Qt::NoModifier);
     QCoreApplication::sendEvent(item, &press);
+    QMouseEvent release(QEvent::MouseButtonRelease, place, item->mapToGlobal(place), Qt::LeftButton, Qt::NoButton,
+                        Qt::NoModifier);
+    QCoreApplication::sendEvent(item, &release);
   }
   void closeMenu() override { QApplication::activePopupWidget()->close(); }
   bool isMenuOpen() override { return QApplication::activePopupWidget() != nullptr; }
 
   void pressReturn() override {
     QWidget* popup = QApplication::activePopupWidget();
-    QWidget* shown = popup != nullptr ? popup : QApplication::topLevelAt(statusItemPlace);
+    QWidget* shown = popup != nullptr ? popup : statusItem();
     QKeyEvent press(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
     QCoreApplication::sendEvent(shown->windowHandle(), &press);
   }

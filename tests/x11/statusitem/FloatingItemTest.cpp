@@ -221,6 +221,7 @@ TEST_P(FloatingItemUnderTest, GoesWhereItIsDraggedAndStaysThere) {
   drag({screenWidth / 2, 12}, {screenWidth - 20, 400});
   const QRect wanted(screenWidth - width, 400 - height / 2, width, height);
   EXPECT_TRUE(waitFor([&] { return isNear(probe().geometry().value_or(QRect()), wanted); }));
+  EXPECT_TRUE(waitFor([] { return QApplication::mouseButtons() == Qt::NoButton; }));
   EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
   item_.reset();
   show(redTitle(" Mail "));
