@@ -75,6 +75,13 @@ bool lookAlike(const std::vector<ExportedItem>& some, const std::vector<Exported
   });
 }
 
+std::vector<BusProperty> properties() {
+  return {busProperty("Version", [] { return std::uint32_t{3}; }),
+          busProperty("Status", [] { return std::string("normal"); }),
+          busProperty("TextDirection", [] { return std::string("ltr"); }),
+          busProperty("IconThemePath", [] { return std::vector<std::string>(); })};
+}
+
 }  // namespace
 
 ExportedMenu::ExportedMenu(MessageBus& bus, std::string path, Items items)
@@ -121,10 +128,7 @@ BusInterface ExportedMenu::interface() {
                       {"Event", "isvu", "", event},
                       {"EventGroup", "a(isvu)", "ai", events},
                       {"AboutToShow", "i", "b", aboutToShow}},
-          .properties = {busProperty("Version", [] { return std::uint32_t{3}; }),
-                         busProperty("Status", [] { return std::string("normal"); }),
-                         busProperty("TextDirection", [] { return std::string("ltr"); }),
-                         busProperty("IconThemePath", [] { return std::vector<std::string>(); })},
+          .properties = properties(),
           .signalTypes = {{"LayoutUpdated", "ui"}, {"ItemsPropertiesUpdated", "a(ia{sv})a(ias)"}}};
 }
 

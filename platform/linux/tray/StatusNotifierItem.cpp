@@ -42,7 +42,7 @@ BusProperty constant(std::string name, std::string text) {
 }  // namespace
 
 StatusNotifierItem::StatusNotifierItem(MessageBus& bus, TrayWatch& watch, TrayHandlers handlers,
-                                       std::optional<ObjectPath> menu)
+                                       const std::optional<ObjectPath>& menu)
     : traits_(watch.traits()),
       handlers_(std::move(handlers)),
       object_(bus, itemPath, interface(menu)),

@@ -46,7 +46,7 @@ class StatusNotifierItem {
  public:
   /// `menu` is the path of a menu that is exported for hosts that want one (com.canonical.dbusmenu). The others must
   /// outlive the item.
-  StatusNotifierItem(MessageBus& bus, TrayWatch& watch, TrayHandlers handlers, std::optional<ObjectPath> menu);
+  StatusNotifierItem(MessageBus& bus, TrayWatch& watch, TrayHandlers handlers, const std::optional<ObjectPath>& menu);
 
   void setTexts(const TrayTexts& texts);
 
