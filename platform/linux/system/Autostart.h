@@ -11,7 +11,7 @@ namespace roomlattice::platform::linux {
 inline constexpr const char* atLoginOption = "--at-login";
 
 /// Whether the program starts with the user's session: an entry in the folder where sessions look for what to start
-/// (freedesktop.org, Desktop Application Autostart Specification). Others may change it too: it is read afresh.
+/// (freedesktop.org, Desktop Application Autostart). Others may change it too: it is read afresh.
 class Autostart {
  public:
   enum class State { Off, On };

@@ -22,7 +22,7 @@ bool isDock(X11Connection& connection, xcb_window_t window) {
   return types && std::ranges::find(*types, atoms._NET_WM_WINDOW_TYPE_DOCK) != types->end();
 }
 
-/// freedesktop.org, System Tray Protocol Specification.
+/// freedesktop.org, System Tray Protocol.
 bool hasTray(X11Connection& connection) {
   const std::string selection = "_NET_SYSTEM_TRAY_S" + std::to_string(connection.screenNumber());
   return connection.selectionOwner(connection.atom(selection)) != XCB_WINDOW_NONE;

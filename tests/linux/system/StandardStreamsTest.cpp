@@ -1,6 +1,6 @@
 #include "platform/linux/system/StandardStreams.h"
 
-#include "platform/linux/storage/FileDescriptor.h"
+#include "tests/linux/session/StandardErrorInstead.h"
 
 #include <array>
 #include <fcntl.h>
@@ -17,20 +17,6 @@ using platform::linux::writeAtOnce;
 using platform::linux::writeToStandardError;
 using ::testing::EndsWith;
 using ::testing::HasSubstr;
-
-/// Standard error is something else while this lives.
-class StandardErrorInstead {
- public:
-  explicit StandardErrorInstead(const FileDescriptor& file) : former_(dup(STDERR_FILENO)) {
-    dup2(file.get(), STDERR_FILENO);
-  }
-  ~StandardErrorInstead() { dup2(former_.get(), STDERR_FILENO); }
-  StandardErrorInstead(const StandardErrorInstead&) = delete;
-  StandardErrorInstead& operator=(const StandardErrorInstead&) = delete;
-
- private:
-  FileDescriptor former_;
-};
 
 struct Ends {
   FileDescriptor reader;

@@ -2,9 +2,11 @@
 
 #include "platform/linux/system/LogLine.h"
 #include "tests/linux/session/Environment.h"
+#include "tests/linux/session/StandardErrorInstead.h"
 #include "tests/linux/session/TextFile.h"
 
 #include <array>
+#include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/socket.h>
@@ -49,12 +51,10 @@ class FakeJournal {
 /// What is written to standard error goes to a file while this lives.
 class StandardErrorInFile {
  public:
-  explicit StandardErrorInFile(const std::filesystem::path& path) : path_(path), former_(dup(STDERR_FILENO)) {
-    EXPECT_NE(std::freopen(path.c_str(), "w", stderr), nullptr);
+  explicit StandardErrorInFile(std::filesystem::path path)
+      : path_(std::move(path)), file_(open(path_.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600)) {
+    EXPECT_GE(file_.get(), 0);
   }
-  ~StandardErrorInFile() { dup2(former_.get(), STDERR_FILENO); }
-  StandardErrorInFile(const StandardErrorInFile&) = delete;
-  StandardErrorInFile& operator=(const StandardErrorInFile&) = delete;
 
   std::string text() const { return textOf(path_); }
 
@@ -67,7 +67,8 @@ class StandardErrorInFile {
 
  private:
   std::filesystem::path path_;
-  FileDescriptor former_;
+  FileDescriptor file_;
+  StandardErrorInstead instead_{file_};
 };
 
 class SystemLogTest : public ::testing::Test {
