@@ -1,6 +1,5 @@
-# Headers that nearly every source of a target reads are compiled once, where ROOMLATTICE_PRECOMPILED_HEADERS is ON; with
-# TOOLKIT, only where a target names more than the standard ones, so that elsewhere a missing include is an error.
-# The sources do not count on it: other builds go without.
+# Headers that nearly every source of a target reads are compiled once, where ROOMLATTICE_PRECOMPILED_HEADERS is ON. The
+# sources do not count on it: scripts/check-includes sees that each has what it needs of the standard library.
 set(precompiled_standard_headers <algorithm> <chrono> <functional> <map> <memory> <optional> <string> <utility> <variant>
                                  <vector>)
 
@@ -9,9 +8,6 @@ set(precompiled_standard_headers <algorithm> <chrono> <functional> <map> <memory
 function(roomlattice_precompile target)
   cmake_parse_arguments(arg "" "LIKE" "" ${ARGN})
   if(NOT ROOMLATTICE_PRECOMPILED_HEADERS)
-    return()
-  endif()
-  if(ROOMLATTICE_PRECOMPILED_HEADERS STREQUAL TOOLKIT AND NOT arg_UNPARSED_ARGUMENTS)
     return()
   endif()
   if(arg_LIKE)

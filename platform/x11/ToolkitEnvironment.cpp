@@ -2,6 +2,7 @@
 
 #include "platform/linux/system/EnvironmentVariable.h"
 
+#include <algorithm>
 #include <charconv>
 #include <string_view>
 #include <system_error>

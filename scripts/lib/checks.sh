@@ -21,6 +21,8 @@ check_format() {
 check_includes() {
   "$root/scripts/check-includes-test"
   "$root/scripts/check-includes"
+  "$root/scripts/check-standard-includes-test"
+  "$root/scripts/check-standard-includes"
 }
 
 # Paths of the machine something was written on mean nothing on another one.

@@ -2,6 +2,7 @@
 
 #include "tests/fuzz/FuzzInput.h"
 
+#include <algorithm>
 #include <array>
 #include <string_view>
 #include <sys/socket.h>

@@ -1,5 +1,6 @@
 #include "tests/scenarios/RandomScenario.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 #include <cstdint>

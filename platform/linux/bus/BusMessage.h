@@ -1,9 +1,9 @@
 #pragma once
 
 #include "platform/linux/bus/BusTypes.h"
+#include "platform/linux/client/MessagePointer.h"
 
 #include <cstdint>
-#include <memory>
 #include <optional>
 #include <string>
 #include <systemd/sd-bus.h>
@@ -38,10 +38,6 @@ class BusMessage {
   }
 
  private:
-  struct Unref {
-    void operator()(sd_bus_message* message) const { sd_bus_message_unref(message); }
-  };
-
   bool rewindTo(std::size_t index) const;
   bool rewindToProperty(const std::string& key) const;
   std::string typeOfNext() const;
@@ -82,7 +78,7 @@ class BusMessage {
   bool leave() const;
   bool atEnd() const;
 
-  std::unique_ptr<sd_bus_message, Unref> message_;
+  MessagePointer message_;
 };
 
 }  // namespace roomlattice::platform::linux

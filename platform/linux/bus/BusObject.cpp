@@ -10,11 +10,6 @@
 namespace roomlattice::platform::linux {
 namespace {
 
-struct Unref {
-  void operator()(sd_bus_message* message) const { sd_bus_message_unref(message); }
-};
-using MessagePointer = std::unique_ptr<sd_bus_message, Unref>;
-
 // As many of the flags as an entry of the table holds.
 constexpr std::uint64_t flagBits = (std::uint64_t{1} << 56U) - 1;
 

@@ -28,11 +28,6 @@ sd_bus* open(const std::string& address) {
   return bus;
 }
 
-struct Unref {
-  void operator()(sd_bus_message* message) const { sd_bus_message_unref(message); }
-};
-using MessagePointer = std::unique_ptr<sd_bus_message, Unref>;
-
 MessagePointer messageOf(sd_bus* bus, const BusCall& call) {
   sd_bus_message* message = nullptr;
   if (bus == nullptr || sd_bus_message_new_method_call(bus, &message, call.service.c_str(), call.path.c_str(),

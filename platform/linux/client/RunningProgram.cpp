@@ -82,7 +82,7 @@ RunningProgram::RunningProgram(const std::string& display) : name_(controlName) 
   }
 }
 
-RunningProgram::Answer<RunningProgram::Message> RunningProgram::send(const Message& question) {
+RunningProgram::Answer<MessagePointer> RunningProgram::send(const MessagePointer& question) {
   if (question == nullptr) {
     return NotRunning{"there is no session bus"};
   }
@@ -90,7 +90,7 @@ RunningProgram::Answer<RunningProgram::Message> RunningProgram::send(const Messa
   sd_bus_error error{};
   sd_bus_message* answer = nullptr;
   const int result = sd_bus_call(bus_.get(), question.get(), answerLimit, &error, &answer);
-  Message owner(answer);
+  MessagePointer owner(answer);
   if (result >= 0) {
     return owner;
   }
@@ -105,7 +105,7 @@ RunningProgram::Answer<RunningProgram::Message> RunningProgram::send(const Messa
 
 RunningProgram::Answer<RunningProgram::Done> RunningProgram::call(const char* method,
                                                                   const std::vector<std::string>& arguments) {
-  Message question;
+  MessagePointer question;
   sd_bus_message* made = nullptr;
   if (bus_ != nullptr &&
       sd_bus_message_new_method_call(bus_.get(), &made, name_.c_str(), controlPath, controlInterface, method) >= 0) {
@@ -127,7 +127,7 @@ RunningProgram::Answer<RunningProgram::Done> RunningProgram::call(const char* me
 }
 
 RunningProgram::Answer<std::vector<DesktopState>> RunningProgram::desktops() {
-  Message question;
+  MessagePointer question;
   sd_bus_message* made = nullptr;
   if (bus_ != nullptr &&
       sd_bus_message_new_method_call(bus_.get(), &made, name_.c_str(), controlPath, propertiesInterface, "Get") >= 0) {
@@ -141,7 +141,7 @@ RunningProgram::Answer<std::vector<DesktopState>> RunningProgram::desktops() {
   if (auto* notRunning = std::get_if<NotRunning>(&answer)) {
     return std::move(*notRunning);
   }
-  sd_bus_message* message = std::get<Message>(answer).get();
+  sd_bus_message* message = std::get<MessagePointer>(answer).get();
   if (sd_bus_message_enter_container(message, 'v', "aa{sv}") <= 0) {
     return Refused{"the answer is not understood; is it another version that runs?"};
   }

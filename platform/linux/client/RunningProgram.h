@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/ControlEndpoint.h"
+#include "platform/linux/client/MessagePointer.h"
 
 #include <chrono>
 #include <functional>
@@ -60,12 +61,8 @@ class RunningProgram {
   struct Close {
     void operator()(sd_bus* bus) const { sd_bus_flush_close_unref(bus); }
   };
-  struct Unref {
-    void operator()(sd_bus_message* message) const { sd_bus_message_unref(message); }
-  };
-  using Message = std::unique_ptr<sd_bus_message, Unref>;
 
-  Answer<Message> send(const Message& question);
+  Answer<MessagePointer> send(const MessagePointer& question);
 
   std::string name_;
   std::unique_ptr<sd_bus, Close> bus_;

@@ -23,7 +23,9 @@ std::string escaped(std::string_view text) {
       result += character;
     } else {
       const auto byte = static_cast<unsigned char>(character);
-      result += {'_', hexadecimal[byte / 16], hexadecimal[byte % 16]};
+      result += '_';
+      result += hexadecimal[byte / 16];
+      result += hexadecimal[byte % 16];
     }
   }
   return result;

@@ -10,6 +10,7 @@
 #include <ctime>
 #include <initializer_list>
 #include <memory>
+#include <poll.h>
 #include <sys/eventfd.h>
 #include <unistd.h>
 #include <utility>
@@ -94,8 +95,9 @@ TerminationSignals::TerminationSignals() {
   std::signal(SIGTTOU, SIG_IGN);
 }
 
-int TerminationSignals::file() const {
-  return eventFile;
+bool TerminationSignals::waitFor(std::chrono::milliseconds limit) const {
+  pollfd file{eventFile, POLLIN, 0};
+  return poll(&file, 1, static_cast<int>(limit.count())) > 0;
 }
 
 Registration TerminationSignals::observe(std::function<void()> handler) const {

@@ -2,6 +2,7 @@
 
 #include "platform/Registration.h"
 
+#include <chrono>
 #include <functional>
 
 namespace roomlattice::platform::linux {
@@ -19,8 +20,8 @@ class TerminationSignals {
   TerminationSignals(const TerminationSignals&) = delete;
   TerminationSignals& operator=(const TerminationSignals&) = delete;
 
-  /// Readable once a signal has come.
-  int file() const;
+  /// Waits until a signal has come, but not beyond `limit`. Gives whether one has.
+  bool waitFor(std::chrono::milliseconds limit) const;
 
   /// Calls `handler` once from the event loop when a signal has come, be it before this call. The registration must end
   /// before the Qt application.

@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <poll.h>
 #include <string>
 #include <vector>
 
@@ -13,8 +12,6 @@ namespace roomlattice::platform::x11 {
 namespace {
 
 using namespace std::chrono_literals;
-
-constexpr std::chrono::milliseconds pause = 100ms;
 
 bool isDock(X11Connection& connection, xcb_window_t window) {
   const xcb_ewmh_connection_t& atoms = *connection.ewmh();
@@ -42,12 +39,11 @@ bool hasPanel(X11Connection& connection) {
 PanelWait waitForPanel(X11Connection& connection, const linux::TerminationSignals& signals,
                        std::chrono::milliseconds limit) {
   const auto deadline = std::chrono::steady_clock::now() + limit;
-  pollfd termination{signals.file(), POLLIN, 0};
   while (!hasPanel(connection)) {
     if (connection.isLost() || std::chrono::steady_clock::now() >= deadline) {
       return PanelWait::TimedOut;
     }
-    if (poll(&termination, 1, static_cast<int>(pause.count())) > 0) {
+    if (signals.waitFor(100ms)) {
       return PanelWait::Terminated;
     }
   }

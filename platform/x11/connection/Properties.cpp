@@ -1,6 +1,7 @@
 #include "platform/x11/connection/Properties.h"
 
 #include <QString>
+#include <algorithm>
 #include <cstring>
 
 namespace roomlattice::platform::x11 {

@@ -4,7 +4,6 @@
 
 #include <chrono>
 #include <cstdlib>
-#include <poll.h>
 #include <variant>
 
 namespace roomlattice::platform::x11 {
@@ -15,7 +14,6 @@ using linux::RunningProgram;
 
 // The other one may be at its own start.
 constexpr std::chrono::milliseconds patience = 5s;
-constexpr std::chrono::milliseconds pause = 50ms;
 
 }  // namespace
 
@@ -24,14 +22,13 @@ ExitStatus passOnStart(linux::Start start, const std::string& display, const lin
     return {EXIT_SUCCESS};
   }
   const auto deadline = std::chrono::steady_clock::now() + patience;
-  pollfd termination{signals.file(), POLLIN, 0};
   RunningProgram other(display);
   while (other.isReachable() && std::chrono::steady_clock::now() < deadline) {
     const auto answer = other.call("OpenMenu");
     if (std::holds_alternative<RunningProgram::Done>(answer)) {
       return {EXIT_SUCCESS};
     }
-    if (poll(&termination, 1, static_cast<int>(pause.count())) > 0) {
+    if (signals.waitFor(50ms)) {
       return {EXIT_SUCCESS};
     }
   }

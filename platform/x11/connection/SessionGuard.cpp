@@ -5,7 +5,6 @@
 #include <QCoreApplication>
 #include <X11/Xlib.h>
 #include <cstdlib>
-#include <poll.h>
 #include <unistd.h>
 #include <utility>
 
@@ -60,9 +59,7 @@ void watchToolkitConnection() {
 
 WindowManagerWait waitForWindowManager(X11Connection& connection, const linux::TerminationSignals& signals,
                                        std::chrono::milliseconds limit) {
-  constexpr std::chrono::milliseconds pause = 50ms;
   const auto deadline = std::chrono::steady_clock::now() + limit;
-  pollfd termination{signals.file(), POLLIN, 0};
   while (!findWindowManager(connection)) {
     if (connection.isLost()) {
       return WindowManagerWait::ServerLost;
@@ -70,7 +67,7 @@ WindowManagerWait waitForWindowManager(X11Connection& connection, const linux::T
     if (std::chrono::steady_clock::now() >= deadline) {
       return WindowManagerWait::TimedOut;
     }
-    if (poll(&termination, 1, static_cast<int>(pause.count())) > 0) {
+    if (signals.waitFor(50ms)) {
       return WindowManagerWait::Terminated;
     }
   }

@@ -8,7 +8,7 @@ namespace {
 
 // A window manager that insists on another desktop gets its way after so many corrections in a row. One that moves the
 // window only now and then is corrected each time.
-constexpr int maximumCorrections = 3;
+constexpr int maximumDesktopCorrections = 3;
 constexpr std::chrono::milliseconds restBetweenCorrections(1000);
 
 /// One move may be told several times.
@@ -73,7 +73,7 @@ void DesktopKeeper::attachmentChanged() {
 }
 
 void DesktopKeeper::windowWillAppear() {
-  corrections_ = maximumCorrections;
+  corrections_ = maximumDesktopCorrections;
 }
 
 void DesktopKeeper::propertyChanged(const xcb_property_notify_event_t& property) {
@@ -90,7 +90,7 @@ void DesktopKeeper::correct() {
     return;
   }
   if (sinceCorrection_.hasExpired(restBetweenCorrections.count())) {
-    corrections_ = maximumCorrections;
+    corrections_ = maximumDesktopCorrections;
   }
   const std::optional<std::uint32_t> now = window_.desktop();
   if (now && *now != wantedDesktop() && corrections_ > 0) {

@@ -12,7 +12,7 @@ constexpr Qt::WindowFlags surfaceHints = Qt::FramelessWindowHint | Qt::WindowDoe
 constexpr Qt::WindowFlags surfaceFlags = Qt::Window | surfaceHints;
 
 // A window manager that insists on another place gets its way after so many corrections.
-constexpr int maximumCorrections = 3;
+constexpr int maximumPlaceCorrections = 3;
 
 }  // namespace
 
@@ -34,7 +34,7 @@ bool OverlaySurface::place(const QRect& frame) {
 }
 
 void OverlaySurface::appear() {
-  corrections_ = maximumCorrections;
+  corrections_ = maximumPlaceCorrections;
   // The toolkit closes all menus when an ordinary window appears, but not when a tool does. So it takes the widget for
   // a tool for the moment; the window system is not told.
   overrideWindowFlags(Qt::Tool | surfaceHints);

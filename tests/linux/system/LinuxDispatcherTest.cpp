@@ -11,7 +11,9 @@
 #include <atomic>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <optional>
 #include <thread>
+#include <vector>
 
 namespace roomlattice::tests {
 namespace {

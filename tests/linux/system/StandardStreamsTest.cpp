@@ -5,6 +5,7 @@
 #include <array>
 #include <fcntl.h>
 #include <gmock/gmock.h>
+#include <string>
 #include <sys/socket.h>
 #include <unistd.h>
 

@@ -3,6 +3,7 @@
 #include "tests/x11/session/ProgramWindows.h"
 #include "tests/x11/session/X11Session.h"
 
+#include <algorithm>
 #include <csignal>
 #include <fstream>
 #include <gmock/gmock.h>

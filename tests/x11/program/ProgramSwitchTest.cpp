@@ -3,6 +3,7 @@
 
 #include <QColor>
 #include <QRect>
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <vector>
 
