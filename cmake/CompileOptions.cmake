@@ -17,13 +17,6 @@ target_compile_options(
             -Wno-missing-field-initializers
             $<$<BOOL:${ROOMLATTICE_WARNINGS_AS_ERRORS}>:-Werror>)
 
-if(ROOMLATTICE_FUZZERS)
-  # What the fuzzers read is watched, so that they learn what leads on.
-  set(watched -fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
-  target_compile_options(roomlattice_options INTERFACE ${watched})
-  target_link_options(roomlattice_options INTERFACE -fsanitize=address,undefined)
-endif()
-
 if(ROOMLATTICE_SANITIZERS)
   # In the tests themselves undefined behaviour is not worth the time that looking for it takes the compiler.
   target_compile_options(
@@ -31,4 +24,10 @@ if(ROOMLATTICE_SANITIZERS)
     INTERFACE -fsanitize=address $<$<NOT:$<BOOL:$<TARGET_PROPERTY:ROOMLATTICE_IS_TEST>>>:-fsanitize=undefined>
               -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(roomlattice_options INTERFACE -fsanitize=address,undefined)
+endif()
+
+if(ROOMLATTICE_FUZZERS)
+  # What the fuzzers read is watched, so that they learn what leads on.
+  target_compile_options(roomlattice_options INTERFACE
+                         $<$<NOT:$<BOOL:$<TARGET_PROPERTY:ROOMLATTICE_IS_TEST>>>:-fsanitize=fuzzer-no-link>)
 endif()

@@ -69,6 +69,6 @@ check_tidy() {
   local folders
   folders=$(printf '|%s' "${source_folders[@]}")
   cd "$root"
-  cmake --preset ci
-  scripts/check-tidy build/ci "(${folders:1})/.*(?<!Test)\\.cpp"
+  cmake --preset tidy
+  scripts/check-tidy build/tidy "(${folders:1})/.*(?<!Test)\\.cpp"
 }

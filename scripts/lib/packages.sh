@@ -29,7 +29,7 @@ packages_for() {
     # What the Debian package is tried with.
     packagetest) printf '%s\n' mmdebstrap debian-archive-keyring dpkg-dev util-linux ;;
     bench) printf '%s\n' libbenchmark-dev ;;
-    fuzz) printf '%s\n' clang libclang-rt-14-dev ;;
+    fuzz) printf '%s\n' clang lld libclang-rt-14-dev ;;
     # What the campaign of faults injects errors and delays with.
     faults) printf '%s\n' strace ;;
     # With the X server whose touchpad the tests move, and window managers that have their ways with some windows.
@@ -37,11 +37,12 @@ packages_for() {
       printf '%s\n' libgtest-dev libgmock-dev fluxbox i3-wm metacity marco mate-settings-daemon-common bspwm \
         xserver-xorg-core xserver-xorg-video-dummy xserver-xorg-dev xinput libxcb-xtest0-dev
       ;;
-    # What scripts/window-managers tries the program under and beside, and what it tries with.
+    # What scripts/window-managers tries the program with, and those that the test command has it tried under.
+    trial) printf '%s\n' openbox metacity kwin-wayland xwayland libgl1-mesa-dri python3 python3-xlib python3-dbus ;;
+    # All that scripts/window-managers tries the program under and beside.
     windowmanagers)
-      printf '%s\n' metacity marco mate-settings-daemon-common icewm fluxbox i3-wm awesome bspwm gnome-shell \
-        libgl1-mesa-dri cinnamon kwin-wayland xwayland xfce4-panel mate-panel lxqt-panel tint2 polybar python3 \
-        python3-xlib python3-dbus
+      printf '%s\n' marco mate-settings-daemon-common icewm fluxbox i3-wm awesome bspwm gnome-shell cinnamon \
+        xfce4-panel mate-panel lxqt-panel tint2 polybar
       ;;
     check) printf '%s\n' git clang-format clang-tidy python3 shellcheck ;;
     *) die "no packages are known for $1" ;;
