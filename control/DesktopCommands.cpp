@@ -102,8 +102,9 @@ CommandResult DesktopCommands::rename(const std::string& desktop, const std::str
 }
 
 CommandResult DesktopCommands::renameCurrent(const std::string& name) {
-  const SpaceInfo* active = manager_.activeSpace();
-  return active == nullptr ? nothingInFront() : setName(*active, name);
+  // Nobody means a desktop that the tour is passing.
+  const SpaceInfo* home = manager_.homeSpace();
+  return home == nullptr ? nothingInFront() : setName(*home, name);
 }
 
 CommandResult DesktopCommands::setName(const SpaceInfo& space, const std::string& name) {

@@ -87,7 +87,8 @@ class Commands {
   virtual CommandResult switchToNext() = 0;
   virtual CommandResult switchToPrevious() = 0;
 
-  /// An empty name brings the default one back.
+  /// An empty name brings the default one back. While the tour passes other desktops, the current one is still that
+  /// which it has set out from.
   virtual CommandResult rename(const std::string& desktop, const std::string& name) = 0;
   virtual CommandResult renameCurrent(const std::string& name) = 0;
 

@@ -35,7 +35,10 @@ SpaceManager::SpaceManager(platform::Platform& platform)
       tour_(swipes_, platform.dispatcher(), platform.notifications().workspaceCenter(), platform.system()) {
   loadNames();
   tour_.onStart = [this] { post(tourWillStart); };
-  tour_.onEnd = [this] { post(tourDidEnd); };
+  tour_.onEnd = [this] {
+    tourHome_.reset();
+    post(tourDidEnd);
+  };
 }
 
 void SpaceManager::loadNames() {
@@ -45,7 +48,15 @@ void SpaceManager::loadNames() {
 }
 
 const SpaceInfo* SpaceManager::activeSpace() const {
-  const auto found = std::ranges::find(spaces_, activeSpaceID_, &SpaceInfo::spaceID);
+  return firstSpace(activeSpaceID_);
+}
+
+const SpaceInfo* SpaceManager::homeSpace() const {
+  return firstSpace(tourHome_.value_or(activeSpaceID_));
+}
+
+const SpaceInfo* SpaceManager::firstSpace(platform::SpaceID spaceID) const {
+  const auto found = std::ranges::find(spaces_, spaceID, &SpaceInfo::spaceID);
   return found == spaces_.end() ? nullptr : &*found;
 }
 
@@ -143,6 +154,9 @@ void SpaceManager::performAutoTour(std::function<void()> completion) {
       completion();
     }
     return;
+  }
+  if (!tourHome_) {
+    tourHome_ = activeSpaceID_;
   }
   tour_.start(DesktopTour::roundTrip(regular.size(), *active), std::move(completion));
 }

@@ -41,6 +41,10 @@ class SpaceManager {
   /// the next update.
   const SpaceInfo* activeSpace() const;
 
+  /// The desktop the user is on: the active one, but during a tour the one that was active when it began. Like
+  /// activeSpace otherwise.
+  const SpaceInfo* homeSpace() const;
+
   /// Stores a snapshot, remembers every regular desktop in it, and posts didChange if the list is another one and then
   /// activeChanged if the active desktop is another one.
   void update(std::vector<SpaceInfo> spaces, platform::SpaceID activeSpaceID);
@@ -66,6 +70,7 @@ class SpaceManager {
   void performAutoTour(std::function<void()> completion = {});
 
  private:
+  const SpaceInfo* firstSpace(platform::SpaceID spaceID) const;
   void loadNames();
   const std::string* givenName(const SpaceInfo& space) const;
   void rememberRegularSpaces();
@@ -74,6 +79,8 @@ class SpaceManager {
   platform::Platform& platform_;
   std::vector<SpaceInfo> spaces_;
   platform::SpaceID activeSpaceID_ = 0;
+  // While there is a tour, and the same for one that replaces another.
+  std::optional<platform::SpaceID> tourHome_;
   std::map<std::string, std::string> names_;
   DockSwipePoster swipes_;
   DesktopTour tour_;

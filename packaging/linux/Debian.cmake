@@ -1,5 +1,6 @@
 # The Debian package, with the symbols of its programs in another: `cpack` in the build folder. scripts/package calls it.
-set(contact "Roomlattice authors <maintainers@roomlattice.org>")
+# Debian wants an address; nobody is behind this one, and nobody can be.
+set(contact "Roomlattice authors <roomlattice@roomlattice.invalid>")
 
 # The changelog in Debian's own form, for a package that has no other.
 set(changelog ${CMAKE_CURRENT_BINARY_DIR}/changelog)

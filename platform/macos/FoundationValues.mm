@@ -56,7 +56,7 @@ enum class Target { PropertyList, Json };
 
 id toObject(const Value& value, Target target);
 
-NSArray* toArray(const Value::Array& array, Target target) {
+NSArray* toNSArray(const Value::Array& array, Target target) {
   NSMutableArray* objects = [NSMutableArray arrayWithCapacity:array.size()];
   for (const Value& element : array) {
     id object = toObject(element, target);
@@ -69,7 +69,7 @@ NSArray* toArray(const Value::Array& array, Target target) {
   return objects;
 }
 
-NSDictionary* toDictionary(const Value::Dictionary& dictionary, Target target) {
+NSDictionary* toNSDictionary(const Value::Dictionary& dictionary, Target target) {
   NSMutableDictionary* objects = [NSMutableDictionary dictionaryWithCapacity:dictionary.size()];
   for (const auto& [key, element] : dictionary) {
     NSString* name = toNSStringOrNil(key);
@@ -83,11 +83,11 @@ NSDictionary* toDictionary(const Value::Dictionary& dictionary, Target target) {
   return objects;
 }
 
-NSNumber* toNumber(double number, Target target) {
+NSNumber* toNSNumber(double number, Target target) {
   return target == Target::PropertyList || std::isfinite(number) ? [NSNumber numberWithDouble:number] : nil;
 }
 
-NSData* toData(const Value::Data& data, Target target) {
+NSData* toNSData(const Value::Data& data, Target target) {
   return target == Target::PropertyList ? [NSData dataWithBytes:data.data() length:data.size()] : nil;
 }
 
@@ -99,19 +99,19 @@ id toObject(const Value& value, Target target) {
     return [NSNumber numberWithLongLong:*number];
   }
   if (const double* number = value.asDouble()) {
-    return toNumber(*number, target);
+    return toNSNumber(*number, target);
   }
   if (const std::string* string = value.asString()) {
     return toNSStringOrNil(*string);
   }
   if (const Value::Data* data = value.asData()) {
-    return toData(*data, target);
+    return toNSData(*data, target);
   }
   if (const Value::Array* array = value.asArray()) {
-    return toArray(*array, target);
+    return toNSArray(*array, target);
   }
   if (const Value::Dictionary* dictionary = value.asDictionary()) {
-    return toDictionary(*dictionary, target);
+    return toNSDictionary(*dictionary, target);
   }
   return target == Target::Json ? [NSNull null] : nil;
 }

@@ -25,7 +25,7 @@
 namespace roomlattice::platform::macos {
 namespace {
 
-NSApplicationActivationPolicy toNSPolicy(ActivationPolicy policy) {
+NSApplicationActivationPolicy toNSActivationPolicy(ActivationPolicy policy) {
   switch (policy) {
     case ActivationPolicy::Accessory:
       return NSApplicationActivationPolicyAccessory;
@@ -38,7 +38,7 @@ MacApplication::MacApplication() : application_(share<NSApplication>([NSApplicat
 
 void MacApplication::setActivationPolicy(ActivationPolicy policy) {
   @autoreleasepool {
-    [application_.get() setActivationPolicy:toNSPolicy(policy)];
+    [application_.get() setActivationPolicy:toNSActivationPolicy(policy)];
   }
 }
 

@@ -7,8 +7,10 @@
 
 namespace roomlattice::platform::macos {
 
-/// Grand Central Dispatch. Its queues wake the program; the order of tasks that are due is this class's own, for
-/// delayed work may be grouped and reordered by the system.
+/// Grand Central Dispatch says when there is something to do, and this class what: the system may group delayed work
+/// and bring it in another order than it is due. So tasks wait in a queue of their own, each has the system wake the
+/// program when it is due, and every wake-up runs the first task in the queue, whoever's wake-up it was. A task that is
+/// cancelled only leaves the queue; the wake-up too many then finds nothing that is due.
 class MacDispatcher final : public Dispatcher {
  public:
   MacDispatcher();
@@ -23,10 +25,10 @@ class MacDispatcher final : public Dispatcher {
  private:
   class MainQueue;
 
-  static void wake(const std::weak_ptr<MainQueue>& weak, Duration due);
-  std::uint64_t postDelayed(Duration delay, Task task);
+  /// Returns what takes the task out of the queue again.
+  std::uint64_t post(Duration delay, Task task);
 
-  // Shared with the wake-ups on their way, which may come after this object has gone.
+  // The wake-ups on their way may come after this object has gone, and hold it weakly.
   std::shared_ptr<MainQueue> queue_;
 };
 

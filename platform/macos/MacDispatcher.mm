@@ -56,8 +56,6 @@ class TimerSource {
 
 }  // namespace
 
-/// The tasks that wait for the main queue. Every task has a wake-up of its own, and every wake-up runs the first task
-/// that is due, so that each finds one.
 class MacDispatcher::MainQueue {
  public:
   std::uint64_t post(Instant due, Task task) {
@@ -70,8 +68,12 @@ class MacDispatcher::MainQueue {
     tasks_.remove(token);
   }
 
-  /// The first task that is due, at a wake-up for one due at `due`: the system's clock may be a little behind ours.
-  std::optional<Task> taskAtWakeUp(Instant due) { return take(std::max(now(), due)); }
+  /// The wake-up of a task that is due at `due`: the system's clock may be a little behind ours.
+  void wake(Instant due) {
+    if (const std::optional<Task> task = take(std::max(now(), due))) {
+      (*task)();
+    }
+  }
 
  private:
   std::optional<Task> take(Instant at) {
@@ -84,34 +86,20 @@ class MacDispatcher::MainQueue {
   TaskQueue tasks_;
 };
 
-void MacDispatcher::wake(const std::weak_ptr<MainQueue>& weak, Duration due) {
-  @autoreleasepool {
-    const std::shared_ptr<MainQueue> queue = weak.lock();
-    if (const std::optional<Task> task = queue == nullptr ? std::nullopt : queue->taskAtWakeUp(due)) {
-      (*task)();
-    }
-  }
-}
-
 MacDispatcher::MacDispatcher() : queue_(std::make_shared<MainQueue>()) {}
 
 MacDispatcher::~MacDispatcher() = default;
 
 void MacDispatcher::async(Task task) {
-  const Instant due = now();
-  queue_->post(due, std::move(task));
-  const std::weak_ptr weak = queue_;
-  dispatch_async(dispatch_get_main_queue(), ^{
-    wake(weak, due);
-  });
+  post(Duration::zero(), std::move(task));
 }
 
 void MacDispatcher::asyncAfter(Duration delay, Task task) {
-  postDelayed(delay, std::move(task));
+  post(delay, std::move(task));
 }
 
 Registration MacDispatcher::schedule(Duration delay, Task task) {
-  const std::uint64_t token = postDelayed(delay, std::move(task));
+  const std::uint64_t token = post(delay, std::move(task));
   return Registration([weak = std::weak_ptr(queue_), token] {
     if (const auto queue = weak.lock()) {
       queue->remove(token);
@@ -119,12 +107,16 @@ Registration MacDispatcher::schedule(Duration delay, Task task) {
   });
 }
 
-std::uint64_t MacDispatcher::postDelayed(Duration delay, Task task) {
+std::uint64_t MacDispatcher::post(Duration delay, Task task) {
   const Instant due = now() + std::max(delay, Duration::zero());
   const std::uint64_t token = queue_->post(due, std::move(task));
   const std::weak_ptr weak = queue_;
   dispatch_after(after(delay), dispatch_get_main_queue(), ^{
-    wake(weak, due);
+    @autoreleasepool {
+      if (const auto queue = weak.lock()) {
+        queue->wake(due);
+      }
+    }
   });
   return token;
 }

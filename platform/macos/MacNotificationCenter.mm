@@ -15,7 +15,7 @@ class MacNotificationCenter::Relay {
   Relay(const ObjectPointer<NSNotificationCenter>& center, std::string_view name) : center_(center) {
     const auto deliver = [observers = observers_, name = std::string(name)](id) { Relay::deliver(observers, name); };
     observer_ = adopt([[RoomlatticeAction alloc] initWithFunction:deliver]);
-    [center_.get() addObserver:observer_.get() selector:@selector(invoke:) name:notificationName(name) object:nil];
+    [center_.get() addObserver:observer_.get() selector:@selector(invoke:) name:toNSNotificationName(name) object:nil];
   }
   Relay(const Relay&) = delete;
   Relay& operator=(const Relay&) = delete;
@@ -50,7 +50,7 @@ Registration MacNotificationCenter::observe(std::string_view name, Handler handl
 
 void MacNotificationCenter::post(std::string_view name) {
   @autoreleasepool {
-    [center_.get() postNotificationName:notificationName(name) object:nil];
+    [center_.get() postNotificationName:toNSNotificationName(name) object:nil];
   }
 }
 

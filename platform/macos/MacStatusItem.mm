@@ -8,17 +8,17 @@
 namespace roomlattice::platform::macos {
 namespace {
 
-struct ToLength {
+struct ToNSLength {
   CGFloat operator()(const VariableLength&) const { return NSVariableStatusItemLength; }
   CGFloat operator()(const SquareLength&) const { return NSSquareStatusItemLength; }
   CGFloat operator()(const FixedLength& fixed) const { return fixed.points; }
 };
 
-CGFloat toLength(const StatusItemLength& length) {
-  return std::visit(ToLength{}, length);
+CGFloat toNSLength(const StatusItemLength& length) {
+  return std::visit(ToNSLength{}, length);
 }
 
-NSAttributedString* attributedTitle(const StatusTitle& title) {
+NSAttributedString* toNSAttributedString(const StatusTitle& title) {
   // The menu bar's own font would not apply to an attributed title without one, but a plain 12-point one.
   NSMutableDictionary* attributes = [NSMutableDictionary dictionaryWithObject:[NSFont menuBarFontOfSize:0.0]
                                                                        forKey:NSFontAttributeName];
@@ -31,7 +31,7 @@ NSAttributedString* attributedTitle(const StatusTitle& title) {
 }  // namespace
 
 MacStatusItem::MacStatusItem(const StatusItemLength& length)
-    : item_(share([[NSStatusBar systemStatusBar] statusItemWithLength:toLength(length)])) {}
+    : item_(share([[NSStatusBar systemStatusBar] statusItemWithLength:toNSLength(length)])) {}
 
 MacStatusItem::~MacStatusItem() {
   [item_.get() setMenu:nil];
@@ -43,7 +43,7 @@ StatusButton* MacStatusItem::button() {
 }
 
 void MacStatusItem::setLength(const StatusItemLength& length) {
-  [item_.get() setLength:toLength(length)];
+  [item_.get() setLength:toNSLength(length)];
 }
 
 void MacStatusItem::setMenu(Menu* menu) {
@@ -66,7 +66,7 @@ void MacStatusItem::setContent(const StatusButtonContent& content) {
     setLayerBackground(button, content.background, content.cornerRadius);
     [button setImage:content.image ? toNSImage(*content.image) : nil];
     if (content.title.color || content.title.text.empty()) {
-      [button setAttributedTitle:attributedTitle(content.title)];
+      [button setAttributedTitle:toNSAttributedString(content.title)];
     } else {
       [button setTitle:toNSString(content.title.text)];
     }

@@ -11,7 +11,7 @@ namespace {
 
 using roomlattice::platform::EditCommand;
 
-std::optional<EditCommand> editCommand(SEL selector) {
+std::optional<EditCommand> toEditCommand(SEL selector) {
   if (sel_isEqual(selector, @selector(insertNewline:))) {
     return EditCommand::InsertNewline;
   }
@@ -43,7 +43,7 @@ std::optional<EditCommand> editCommand(SEL selector) {
 }
 
 - (BOOL)control:(NSControl*)control textView:(NSTextView*)textView doCommandBySelector:(SEL)selector {
-  const std::optional<EditCommand> command = editCommand(selector);
+  const std::optional<EditCommand> command = toEditCommand(selector);
   return command && view_->doCommand(*command) == roomlattice::platform::CommandDisposition::Handled;
 }
 

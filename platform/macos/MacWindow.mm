@@ -13,11 +13,11 @@ namespace {
 // A window keeps its opacity in fewer bits than it was given.
 constexpr double alphaPrecision = 1e-4;
 
-NSWindowCollectionBehavior toNSCollectionBehavior(CollectionBehavior behavior) {
+NSWindowCollectionBehavior toNSWindowCollectionBehavior(CollectionBehavior behavior) {
   return static_cast<NSWindowCollectionBehavior>(behavior);
 }
 
-NSTimeInterval toTimeInterval(Duration duration) {
+NSTimeInterval toNSTimeInterval(Duration duration) {
   return std::chrono::duration<NSTimeInterval>(duration).count();
 }
 
@@ -42,7 +42,7 @@ MacWindow::MacWindow(const OverlayWindowOptions& options)
   [window setHasShadow:YES];
   [window setIgnoresMouseEvents:YES];
   [window setLevel:static_cast<NSInteger>(options.level)];
-  [window setCollectionBehavior:toNSCollectionBehavior(options.collectionBehavior)];
+  [window setCollectionBehavior:toNSWindowCollectionBehavior(options.collectionBehavior)];
   [window setAlphaValue:options.alpha];
 }
 
@@ -79,7 +79,7 @@ void MacWindow::setFrame(const Rect& frame) {
 }
 
 void MacWindow::setCollectionBehavior(CollectionBehavior behavior) {
-  [window_.get() setCollectionBehavior:toNSCollectionBehavior(behavior)];
+  [window_.get() setCollectionBehavior:toNSWindowCollectionBehavior(behavior)];
 }
 
 double MacWindow::alpha() const {
@@ -124,7 +124,7 @@ void MacWindow::animateAlpha(double alpha, Duration duration, std::function<void
   NSWindow* window = window_.get();
   [NSAnimationContext
       runAnimationGroup:^(NSAnimationContext* context) {
-        [context setDuration:toTimeInterval(duration)];
+        [context setDuration:toNSTimeInterval(duration)];
         [[window animator] setAlphaValue:alpha];
       }
       completionHandler:finish];

@@ -24,14 +24,14 @@ NativeControl connected(NSControl* control, std::function<void(id)> function) {
   return native;
 }
 
-CheckState checkState(NSInteger state) {
+CheckState toCheckState(NSInteger state) {
   if (state == NSControlStateValueMixed) {
     return CheckState::Mixed;
   }
   return state == NSControlStateValueOn ? CheckState::On : CheckState::Off;
 }
 
-NSInteger toState(CheckState state) {
+NSInteger toNSControlStateValue(CheckState state) {
   switch (state) {
     case CheckState::Off:
       return NSControlStateValueOff;
@@ -69,9 +69,9 @@ struct Maker {
   NativeControl operator()(const CheckBoxControl& box) const {
     NSButton* native = [NSButton checkboxWithTitle:toNSString(box.title) target:nil action:nullptr];
     [native setAllowsMixedState:box.state == CheckState::Mixed];
-    [native setState:toState(box.state)];
-    return connected(native,
-                     [action = box.action](id sender) { action(checkState([static_cast<NSButton*>(sender) state])); });
+    [native setState:toNSControlStateValue(box.state)];
+    return connected(
+        native, [action = box.action](id sender) { action(toCheckState([static_cast<NSButton*>(sender) state])); });
   }
 
   NativeControl operator()(const PopUpControl& popUp) const {

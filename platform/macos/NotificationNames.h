@@ -7,6 +7,6 @@
 namespace roomlattice::platform::macos {
 
 /// The system's own constant for the notifications that it posts, any other name as it is.
-NSString* notificationName(std::string_view name);
+NSString* toNSNotificationName(std::string_view name);
 
 }  // namespace roomlattice::platform::macos

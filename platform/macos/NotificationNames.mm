@@ -8,7 +8,7 @@
 
 namespace roomlattice::platform::macos {
 
-NSString* notificationName(std::string_view name) {
+NSString* toNSNotificationName(std::string_view name) {
   if (name == notification::activeSpaceDidChange) {
     return NSWorkspaceActiveSpaceDidChangeNotification;
   }

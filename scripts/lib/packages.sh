@@ -1,6 +1,8 @@
 # shellcheck shell=bash
 # The Debian packages the project needs, and their installation. To be sourced after common.sh.
 
+debian_version() { sed -n 's/^VERSION_ID="\([0-9]*\).*/\1/p' /etc/os-release; }
+
 # Prints the packages for a purpose.
 packages_for() {
   case $1 in
@@ -14,10 +16,15 @@ packages_for() {
       printf '%s\n' xvfb openbox xfwm4 kwin-x11 picom hsetroot dbus xterm fonts-dejavu-core \
         xdotool xclip wmctrl x11-utils x11-xserver-utils xsettingsd imagemagick
       ;;
-    # What stands for a Mac's frameworks when the macOS backend is tested.
+    # What the sanitizers are built with.
+    sanitizers) printf '%s\n' clang lld libclang-rt-dev ;;
+    # What stands for a Mac's frameworks when the macOS backend is tested: Debian 12's, which the supplement completes.
+    # Without them that backend is left out.
     gnustep)
-      printf '%s\n' clang lld libclang-rt-14-dev libobjc-12-dev libgnustep-gui-dev gnustep-base-runtime \
-        gnustep-gui-runtime gnustep-back0.29-cairo
+      if [[ $(debian_version) == 12 ]]; then
+        printf '%s\n' clang libobjc-12-dev libgnustep-gui-dev gnustep-base-runtime gnustep-gui-runtime \
+          gnustep-back0.29-cairo
+      fi
       ;;
     # What makes the application for a Mac, besides the compiler from npm. Node.js of another source brings its own npm.
     mac)
@@ -29,7 +36,7 @@ packages_for() {
     # What the Debian package is tried with.
     packagetest) printf '%s\n' mmdebstrap debian-archive-keyring dpkg-dev util-linux ;;
     bench) printf '%s\n' libbenchmark-dev ;;
-    fuzz) printf '%s\n' clang lld libclang-rt-14-dev ;;
+    fuzz) printf '%s\n' clang lld libclang-rt-dev ;;
     # What the campaign of faults injects errors and delays with.
     faults) printf '%s\n' strace ;;
     # With the X server whose touchpad the tests move, and window managers that have their ways with some windows.

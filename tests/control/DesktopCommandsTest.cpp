@@ -135,6 +135,25 @@ TEST_F(DesktopCommandsTest, RenameTheOneInFrontOrAnotherOne) {
   EXPECT_EQ(kindOf(commands().rename("Web", "Mail")), Kind::NoSuchDesktop);
 }
 
+TEST_F(DesktopCommandsTest, RenameTheDesktopThatATourHasSetOutFrom) {
+  ASSERT_EQ(commands().switchTo("2"), accepted);
+  desktop.advance(3s);
+  ASSERT_EQ(commands().startTour(), accepted);
+  desktop.advance(450ms);
+  ASSERT_TRUE(isOnDesktop(2));
+  EXPECT_EQ(commands().renameCurrent("Mail"), accepted);
+  EXPECT_THAT(names(), ElementsAre("Desktop 1", "Mail", "Desktop 3"));
+
+  ASSERT_EQ(commands().startTour(), accepted) << "A tour that replaces another is part of the same absence.";
+  EXPECT_EQ(commands().renameCurrent("Letters"), accepted);
+  EXPECT_THAT(names(), ElementsAre("Desktop 1", "Letters", "Desktop 3"));
+
+  desktop.advance(30s);
+  ASSERT_TRUE(isOnDesktop(2));
+  EXPECT_EQ(commands().renameCurrent("Web"), accepted) << "The tour is over.";
+  EXPECT_THAT(names(), ElementsAre("Desktop 1", "Letters", "Web"));
+}
+
 TEST_F(DesktopCommandsTest, RefuseWhatIsNoName) {
   for (const std::string& name : {std::string(501, 'x'), std::string("two\nlines"), std::string("\x1b[31mred"),
                                   std::string(1, '\0'), std::string("\x7f")}) {

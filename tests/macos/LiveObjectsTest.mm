@@ -71,7 +71,7 @@ class LiveObjectsTest : public testing::Test {
   static void runRound(const std::function<void()>& round) {
     @autoreleasepool {
       round();
-      gnustep::runFor(50ms);
+      tests::runFor(50ms);
     }
   }
 };
@@ -102,7 +102,7 @@ TEST_F(LiveObjectsTest, ComeAndGoWithMenus) {
     item->setMenu(&menu);
     for (int opening = 0; opening < 2; ++opening) {
       gnustep::openMenu([gnustep::statusItems() lastObject]);
-      gnustep::runFor(20ms);
+      tests::runFor(20ms);
       gnustep::closeMenu();
     }
   });

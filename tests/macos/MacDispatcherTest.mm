@@ -1,7 +1,6 @@
 #import "platform/macos/MacDispatcher.h"
 
 #import <AppKit/AppKit.h>
-#import <dispatch/dispatch.h>
 
 #include <gtest/gtest.h>
 
@@ -10,14 +9,13 @@
 #include <string>
 
 #include "tests/macos/MainLoop.h"
-#include "tests/macos/supplement/DispatchRecord.h"
 
 namespace roomlattice::platform::macos {
 namespace {
 
 using namespace std::chrono_literals;
-using gnustep::runFor;
-using gnustep::runUntil;
+using tests::runFor;
+using tests::runUntil;
 
 TEST(MacDispatcherTest, NeverRunsATaskBeforeTheCallReturns) {
   MacDispatcher dispatcher;
@@ -49,16 +47,6 @@ TEST(MacDispatcherTest, RunsEveryTaskThatIsDueWhenTheMainThreadWasBusy) {
   }
   EXPECT_TRUE(runUntil([&] { return order.size() == 3; }));
   EXPECT_EQ(order, "abc");
-}
-
-TEST(MacDispatcherTest, MeasuresDelaysByTheMachinesUptime) {
-  MacDispatcher dispatcher;
-  std::string order;
-  dispatcher.asyncAfter(10min, [&] { order += "a"; });
-  gnustep::letUptimePass(20min);
-  dispatcher.async([&] { order += "b"; });
-  EXPECT_TRUE(runUntil([&] { return !order.empty(); }));
-  EXPECT_EQ(order, "a");
 }
 
 TEST(MacDispatcherTest, DropsACancelledTaskAndWhatItHolds) {
@@ -95,14 +83,7 @@ TEST(MacDispatcherTest, RepeatsUntilTheRegistrationEnds) {
   EXPECT_EQ(ticks, 3);
 }
 
-TEST(MacDispatcherTest, RepeatsWithoutLeeway) {
-  MacDispatcher dispatcher;
-  const Registration timer = dispatcher.repeat(500ms, 500ms, [] {});
-  const std::vector<gnustep::TimerRecord> expected{{.interval = 500'000'000, .leeway = 0}};
-  EXPECT_EQ(gnustep::runningTimers(), expected);
-}
-
-TEST(MacDispatcherTest, RunsBackgroundWorkOffTheMainThreadAtUserInitiatedPriority) {
+TEST(MacDispatcherTest, RunsBackgroundWorkOffTheMainThread) {
   MacDispatcher dispatcher;
   std::atomic<int> onMainThread = -1;
   bool handedBack = false;
@@ -112,7 +93,6 @@ TEST(MacDispatcherTest, RunsBackgroundWorkOffTheMainThreadAtUserInitiatedPriorit
   });
   EXPECT_TRUE(runUntil([&] { return handedBack; }));
   EXPECT_EQ(onMainThread, 0);
-  EXPECT_EQ(gnustep::lastGlobalQueue(), QOS_CLASS_USER_INITIATED);
 }
 
 TEST(MacDispatcherTest, RunsNothingAfterItHasGone) {

@@ -148,7 +148,7 @@ TEST_F(MacEventsTest, GivesAnEmptyRegistrationWithoutAMonitor) {
 }
 
 NSEvent* keyDown(unsigned short code) {
-  return [NSEvent keyEventWithType:NSKeyDown
+  return [NSEvent keyEventWithType:NSEventTypeKeyDown
                           location:NSZeroPoint
                      modifierFlags:0
                          timestamp:0

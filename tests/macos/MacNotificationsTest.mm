@@ -83,7 +83,7 @@ TEST(MacNotificationsTest, ObservesTheWorkspaceUnderItsNames) {
     const Registration observation = notifications.workspaceCenter().observe(row.name, [&] { ++calls; });
     [workspace postNotificationName:row.systemName object:[NSWorkspace sharedWorkspace]];
     // GNUstep takes what the workspace posts round to all applications first.
-    EXPECT_TRUE(gnustep::runUntil([&] { return calls == 1; })) << row.name;
+    EXPECT_TRUE(tests::runUntil([&] { return calls == 1; })) << row.name;
   }
 }
 
@@ -104,7 +104,7 @@ TEST(MacNotificationsTest, HearsOtherProcessesOnTheDistributedCentre) {
       notifications.distributedCenter().observe(notification::interfaceThemeChanged, [&] { ++calls; });
   [[NSDistributedNotificationCenter defaultCenter] postNotificationName:@"AppleInterfaceThemeChangedNotification"
                                                                  object:nil];
-  EXPECT_TRUE(gnustep::runUntil([&] { return calls >= 1; }));
+  EXPECT_TRUE(tests::runUntil([&] { return calls >= 1; }));
 }
 
 TEST(MacNotificationsTest, TellsOfANewAppearanceAgainWhenTheApplicationHasIt) {
@@ -119,7 +119,7 @@ TEST(MacNotificationsTest, TellsOfANewAppearanceAgainWhenTheApplicationHasIt) {
     }
   });
   notifications.distributedCenter().post(notification::interfaceThemeChanged);
-  EXPECT_TRUE(gnustep::runUntil([&] { return turned && calls == 2; }));
+  EXPECT_TRUE(tests::runUntil([&] { return turned && calls == 2; }));
 }
 
 TEST(MacNotificationsTest, TellsNobodyAgainWhoseRegistrationHasEnded) {
@@ -131,12 +131,12 @@ TEST(MacNotificationsTest, TellsNobodyAgainWhoseRegistrationHasEnded) {
   });
   bool turned = false;
   notifications.distributedCenter().post(notification::interfaceThemeChanged);
-  ASSERT_TRUE(gnustep::runUntil([&] { return calls >= 1; }));
+  ASSERT_TRUE(tests::runUntil([&] { return calls >= 1; }));
   bool* const turn = &turned;
   dispatch_async(dispatch_get_main_queue(), ^{
     *turn = true;
   });
-  EXPECT_TRUE(gnustep::runUntil([&] { return turned; }));
+  EXPECT_TRUE(tests::runUntil([&] { return turned; }));
   EXPECT_EQ(calls, 1);
 }
 

@@ -175,10 +175,10 @@ TEST_F(MacTabbedWindowTest, HasTextToCopyWithoutAMainMenu) {
   NSTextField* field = control<NSTextField>(1, 3);
   [field selectText:nil];
   ASSERT_NE([field currentEditor], nil);
-  [[NSPasteboard generalPasteboard] declareTypes:[NSArray arrayWithObject:NSStringPboardType] owner:nil];
-  EXPECT_TRUE([native() performKeyEquivalent:[NSEvent keyEventWithType:NSKeyDown
+  [[NSPasteboard generalPasteboard] declareTypes:[NSArray arrayWithObject:NSPasteboardTypeString] owner:nil];
+  EXPECT_TRUE([native() performKeyEquivalent:[NSEvent keyEventWithType:NSEventTypeKeyDown
                                                                     location:NSZeroPoint
-                                                               modifierFlags:NSCommandKeyMask
+                                                               modifierFlags:NSEventModifierFlagCommand
                                                                    timestamp:0
                                                                 windowNumber:[native() windowNumber]
                                                                      context:nil
@@ -186,7 +186,7 @@ TEST_F(MacTabbedWindowTest, HasTextToCopyWithoutAMainMenu) {
                                                  charactersIgnoringModifiers:@"c"
                                                                    isARepeat:NO
                                                                      keyCode:8]]);
-  EXPECT_EQ(toString([[NSPasteboard generalPasteboard] stringForType:NSStringPboardType]), "log show");
+  EXPECT_EQ(toString([[NSPasteboard generalPasteboard] stringForType:NSPasteboardTypeString]), "log show");
 }
 
 TEST_F(MacTabbedWindowTest, GoesWithItsWindow) {

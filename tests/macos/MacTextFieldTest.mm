@@ -60,7 +60,7 @@ class FieldView final : public View {
 
 ObjectPointer<FocusProbe> makeWindow() {
   const auto window = adopt([[FocusProbe alloc] initWithContentRect:NSMakeRect(100, 100, 300, 100)
-                                                          styleMask:NSTitledWindowMask
+                                                          styleMask:NSWindowStyleMaskTitled
                                                             backing:NSBackingStoreBuffered
                                                               defer:NO]);
   [window.get() setReleasedWhenClosed:NO];
@@ -78,13 +78,13 @@ class MacTextFieldTest : public testing::Test {
     [probe.get() addSubview:field_.get()];
     [window_.get() orderFront:nil];
     field_.setText("Mail");
-    [[NSPasteboard generalPasteboard] declareTypes:[NSArray arrayWithObject:NSStringPboardType] owner:nil];
-    [[NSPasteboard generalPasteboard] setString:@"Film" forType:NSStringPboardType];
+    [[NSPasteboard generalPasteboard] declareTypes:[NSArray arrayWithObject:NSPasteboardTypeString] owner:nil];
+    [[NSPasteboard generalPasteboard] setString:@"Film" forType:NSPasteboardTypeString];
   }
   ~MacTextFieldTest() override { [window_.get() close]; }
 
   static NSEvent* key(NSString* characters, NSUInteger modifiers) {
-    return [NSEvent keyEventWithType:NSKeyDown
+    return [NSEvent keyEventWithType:NSEventTypeKeyDown
                             location:NSZeroPoint
                        modifierFlags:modifiers
                            timestamp:0
@@ -97,14 +97,14 @@ class MacTextFieldTest : public testing::Test {
   }
 
   /// As a key comes that no monitor has taken.
-  bool press(NSString* characters, NSUInteger modifiers = NSCommandKeyMask) {
+  bool press(NSString* characters, NSUInteger modifiers = NSEventModifierFlagCommand) {
     return [[window_.get() contentView] performKeyEquivalent:key(characters, modifiers)];
   }
 
   NSRange selection() { return [[field_.get() currentEditor] selectedRange]; }
 
   static std::string pasteboard() {
-    return toString([[NSPasteboard generalPasteboard] stringForType:NSStringPboardType]);
+    return toString([[NSPasteboard generalPasteboard] stringForType:NSPasteboardTypeString]);
   }
 
   std::string heard_;
@@ -146,16 +146,16 @@ TEST_F(MacTextFieldTest, SelectsAllWithoutAMainMenu) {
 TEST_F(MacTextFieldTest, LeavesUndoingToItsWindow) {
   field_.focusAndSelectAll();
   EXPECT_TRUE(press(@"z"));
-  EXPECT_TRUE(press(@"Z", NSCommandKeyMask | NSShiftKeyMask));
+  EXPECT_TRUE(press(@"Z", NSEventModifierFlagCommand | NSEventModifierFlagShift));
   EXPECT_EQ(heard_, "undo redo ");
 }
 
 TEST_F(MacTextFieldTest, LeavesOtherKeysToOthers) {
   field_.focusAndSelectAll();
   EXPECT_FALSE(press(@"v", 0));
-  EXPECT_FALSE(press(@"v", NSCommandKeyMask | NSAlternateKeyMask));
-  EXPECT_FALSE(press(@"v", NSCommandKeyMask | NSControlKeyMask));
-  EXPECT_FALSE(press(@"v", NSCommandKeyMask | NSShiftKeyMask));
+  EXPECT_FALSE(press(@"v", NSEventModifierFlagCommand | NSEventModifierFlagOption));
+  EXPECT_FALSE(press(@"v", NSEventModifierFlagCommand | NSEventModifierFlagControl));
+  EXPECT_FALSE(press(@"v", NSEventModifierFlagCommand | NSEventModifierFlagShift));
   EXPECT_FALSE(press(@"q"));
   EXPECT_EQ(field_.text(), "Mail");
 }
@@ -166,9 +166,9 @@ TEST_F(MacTextFieldTest, TakesNoKeyWhileNobodyEdits) {
 }
 
 TEST_F(MacTextFieldTest, PerformsAShortcutThatAMonitorHasTaken) {
-  EXPECT_FALSE(field_.interpret(MacKeyEvent(key(@"v", NSCommandKeyMask))));
+  EXPECT_FALSE(field_.interpret(MacKeyEvent(key(@"v", NSEventModifierFlagCommand))));
   field_.focusAndSelectAll();
-  EXPECT_TRUE(field_.interpret(MacKeyEvent(key(@"v", NSCommandKeyMask))));
+  EXPECT_TRUE(field_.interpret(MacKeyEvent(key(@"v", NSEventModifierFlagCommand))));
   EXPECT_EQ(field_.text(), "Film");
   EXPECT_TRUE(field_.interpret(MacKeyEvent(key(@"s", 0))));
   EXPECT_EQ(field_.text(), "Films");

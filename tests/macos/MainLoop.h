@@ -3,7 +3,7 @@
 #include <chrono>
 #include <functional>
 
-namespace roomlattice::gnustep {
+namespace roomlattice::tests {
 
 /// Serves the main thread's run loop and the application's events until `condition` holds; false if it does not within
 /// a generous limit.
@@ -12,4 +12,4 @@ bool runUntil(const std::function<bool()>& condition, std::chrono::milliseconds 
 /// Serves them for a while, for what must not happen.
 void runFor(std::chrono::milliseconds duration);
 
-}  // namespace roomlattice::gnustep
+}  // namespace roomlattice::tests

@@ -2,12 +2,12 @@
 
 #import <AppKit/AppKit.h>
 
-namespace roomlattice::gnustep {
+namespace roomlattice::tests {
 namespace {
 
 void turn() {
   @autoreleasepool {
-    NSEvent* event = [NSApp nextEventMatchingMask:NSAnyEventMask
+    NSEvent* event = [NSApp nextEventMatchingMask:NSEventMaskAny
                                         untilDate:[NSDate dateWithTimeIntervalSinceNow:0.01]
                                            inMode:NSDefaultRunLoopMode
                                           dequeue:YES];
@@ -44,4 +44,4 @@ void runFor(std::chrono::milliseconds duration) {
   }
 }
 
-}  // namespace roomlattice::gnustep
+}  // namespace roomlattice::tests

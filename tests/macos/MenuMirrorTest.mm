@@ -98,7 +98,7 @@ class MenuMirrorTest : public testing::Test {
   }
 
   NSEvent* key(NSString* characters) {
-    return [NSEvent keyEventWithType:NSKeyDown
+    return [NSEvent keyEventWithType:NSEventTypeKeyDown
                             location:NSZeroPoint
                        modifierFlags:0
                            timestamp:0
@@ -132,7 +132,7 @@ TEST_F(MenuMirrorTest, HasKeyEquivalentsWithCommand) {
   open();
   EXPECT_EQ(toString([item(2) keyEquivalent]), ",");
   EXPECT_EQ(toString([item(3) keyEquivalent]), "q");
-  EXPECT_EQ([item(3) keyEquivalentModifierMask], static_cast<NSUInteger>(NSCommandKeyMask));
+  EXPECT_EQ([item(3) keyEquivalentModifierMask], static_cast<NSUInteger>(NSEventModifierFlagCommand));
 }
 
 TEST_F(MenuMirrorTest, SendsACommandToItsAction) {

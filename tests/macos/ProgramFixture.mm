@@ -72,7 +72,7 @@ void ProgramFixture::awaitTour() {
   const auto observer = adopt([[RoomlatticeAction alloc] initWithFunction:[&hasEnded](id) { hasEnded = true; }]);
   NSNotificationCenter* center = [NSNotificationCenter defaultCenter];
   [center addObserver:observer.get() selector:@selector(invoke:) name:@"SpaceManagerTourDidEnd" object:nil];
-  EXPECT_TRUE(gnustep::runUntil([&hasEnded] { return hasEnded; }));
+  EXPECT_TRUE(tests::runUntil([&hasEnded] { return hasEnded; }));
   [center removeObserver:observer.get()];
 }
 
@@ -94,7 +94,7 @@ void ProgramFixture::openMenu() {
   constexpr int attempts = 10;
   for (int attempt = 0; attempt < attempts && !isOpen(); ++attempt) {
     user_.click(centre([[[statusItem() button] window] frame]));
-    static_cast<void>(gnustep::runUntil(isOpen, 2s));
+    static_cast<void>(tests::runUntil(isOpen, 2s));
   }
   ASSERT_TRUE(isOpen());
 }
@@ -120,7 +120,7 @@ NSWindow* ProgramFixture::openPreferences() {
   }
   user_.click(centre(gnustep::screenFrame(menuItem(4))));
   NSWindow* preferences = nil;
-  static_cast<void>(gnustep::runUntil([&preferences] {
+  static_cast<void>(tests::runUntil([&preferences] {
     for (NSWindow* window in [NSApp windows]) {
       if ([[window title] isEqualToString:@"Plinkhaven Preferences"] && [window isVisible]) {
         preferences = window;
@@ -129,7 +129,7 @@ NSWindow* ProgramFixture::openPreferences() {
     return preferences != nil;
   }));
   // The window manager has yet to give it a frame and its place.
-  gnustep::runFor(500ms);
+  tests::runFor(500ms);
   return preferences;
 }
 

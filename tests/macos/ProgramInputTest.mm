@@ -10,7 +10,7 @@
 namespace roomlattice::platform::macos {
 namespace {
 
-using gnustep::runUntil;
+using tests::runUntil;
 
 /// The program under the user's own pointer and keys.
 using ProgramInputTest = ProgramFixture;

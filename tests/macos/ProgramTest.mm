@@ -19,14 +19,15 @@ namespace {
 
 using gnustep::EventStream;
 using gnustep::PostedEvent;
-using gnustep::runUntil;
 using gnustep::TapRecord;
+using tests::runUntil;
 using Kind = gnustep::FieldRecord::Kind;
 using ProgramTest = ProgramFixture;
 
 TEST_F(ProgramTest, LaunchesAsAnAccessoryWithItsTapMonitorsAndTimer) {
   run([this] {
     EXPECT_EQ(gnustep::activationPolicy(), 1);
+    EXPECT_TRUE([[NSApp delegate] respondsToSelector:@selector(applicationSupportsSecureRestorableState:)]);
     EXPECT_EQ(title(), " Desktop 2 ");
     const TapRecord tap{.location = 1,
                         .placement = 0,

@@ -14,6 +14,11 @@ class PoolPerTest : public testing::EmptyTestEventListener {
   NSAutoreleasePool* pool_ = nil;
 };
 
+/// What an earlier run has stored. A Mac keeps that for each program by its name.
+void forgetDefaults() {
+  [[NSUserDefaults standardUserDefaults] removePersistentDomainForName:[[NSProcessInfo processInfo] processName]];
+}
+
 }  // namespace
 
 int main(int count, char** arguments) {
@@ -23,8 +28,11 @@ int main(int count, char** arguments) {
   }
   testing::UnitTest::GetInstance()->listeners().Append(new PoolPerTest);
   @autoreleasepool {
+    forgetDefaults();
     [NSApplication sharedApplication];
     [NSApp finishLaunching];
-    return RUN_ALL_TESTS();
+    const int status = RUN_ALL_TESTS();
+    forgetDefaults();
+    return status;
   }
 }

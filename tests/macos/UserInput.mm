@@ -100,8 +100,8 @@ void press(const Send& send, std::uint8_t pressed, std::uint8_t released, std::u
     send(released, detail);
     *isReleased = true;
   });
-  runUntil([&] { return *isReleased; });
-  runFor(pressTime);
+  tests::runUntil([&] { return *isReleased; });
+  tests::runFor(pressTime);
 }
 
 /// GNUstep's windows get the pointer's events even when they are to ignore them.
@@ -126,9 +126,9 @@ void UserInput::moveTo(NSPoint place) {
     connection_->letThrough(window);
   }
   connection_->move(NSMakePoint(place.x + 1.0, place.y));
-  runFor(pressTime);
+  tests::runFor(pressTime);
   connection_->move(place);
-  runFor(pressTime);
+  tests::runFor(pressTime);
 }
 
 void UserInput::click(NSPoint place) {

@@ -47,17 +47,13 @@ Qt::CheckState toQt(CheckState state) {
   return Qt::Unchecked;
 }
 
-CheckState fromQt(int state) {
-  return state == Qt::Checked ? CheckState::On : state == Qt::PartiallyChecked ? CheckState::Mixed : CheckState::Off;
-}
-
 WidgetPointer make(const CheckBoxControl& control) {
   auto box = std::make_unique<QCheckBox>(withoutShortcuts(x11::toQt(control.title)));
   box->setCheckState(toQt(control.state));
   // From the mixed state a click leads to one of the others.
   box->setTristate(false);
-  QObject::connect(box.get(), &QCheckBox::stateChanged, box.get(),
-                   [action = control.action](int state) { action(fromQt(state)); });
+  QObject::connect(box.get(), &QCheckBox::toggled, box.get(),
+                   [action = control.action](bool on) { action(on ? CheckState::On : CheckState::Off); });
   return box;
 }
 

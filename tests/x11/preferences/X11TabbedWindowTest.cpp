@@ -14,6 +14,7 @@ namespace roomlattice::tests {
 namespace {
 
 using platform::CheckBoxControl;
+using platform::CheckState;
 using platform::Control;
 using platform::PopUpControl;
 using platform::PushButtonControl;
@@ -90,7 +91,7 @@ PushButtonControl button(const std::string& title) {
 }
 
 TEST_F(X11TabbedWindowTest, IsReachedByTheKeyboardFromControlToControl) {
-  showPage({CheckBoxControl{.title = "Check", .action = [](platform::CheckState) {}},
+  showPage({CheckBoxControl{.title = "Check", .action = [](CheckState) {}},
             button("Push"),
             {SelectableTextControl{.text = "text"}, "Text"}});
   std::vector<std::string> visited;
@@ -101,6 +102,22 @@ TEST_F(X11TabbedWindowTest, IsReachedByTheKeyboardFromControlToControl) {
     visited.push_back(nameOf(window()->focusWidget()));
   }
   EXPECT_THAT(visited, ElementsAre("Check", "Push", "Text"));
+}
+
+TEST_F(X11TabbedWindowTest, TellsWhatABoxHasBecome) {
+  std::vector<CheckState> told;
+  const auto tell = [&told](CheckState state) { told.push_back(state); };
+  showPage({CheckBoxControl{.title = "Off", .state = CheckState::Off, .action = tell},
+            CheckBoxControl{.title = "On", .state = CheckState::On, .action = tell},
+            CheckBoxControl{.title = "Mixed", .state = CheckState::Mixed, .action = tell}});
+  for (std::size_t box = 1; box <= 3; ++box) {
+    press("Tab");
+    press("space");
+    ASSERT_TRUE(waitFor([&] { return told.size() == box; }));
+  }
+  press("space");
+  ASSERT_TRUE(waitFor([&] { return told.size() == 4; }));
+  EXPECT_THAT(told, ElementsAre(CheckState::On, CheckState::Off, CheckState::Off, CheckState::On));
 }
 
 TEST_F(X11TabbedWindowTest, TurnsItsPagesByTheKeyboardWhateverControlHasIt) {

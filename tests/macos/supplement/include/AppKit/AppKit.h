@@ -11,7 +11,10 @@
 
 extern "C" NSString* const NSWorkspaceActiveSpaceDidChangeNotification;
 
+inline constexpr NSEventType NSEventTypeKeyDown = NSKeyDown;
+
 enum {
+  NSEventMaskAny = NSAnyEventMask,
   NSEventMaskMouseMoved = NSMouseMovedMask,
   NSEventMaskKeyDown = NSKeyDownMask,
   NSEventModifierFlagShift = NSShiftKeyMask,

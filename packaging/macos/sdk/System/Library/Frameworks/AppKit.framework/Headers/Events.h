@@ -27,6 +27,7 @@ typedef NS_ENUM(NSUInteger, NSEventType) { NSEventTypeMouseMoved = 5, NSEventTyp
 typedef NS_OPTIONS(unsigned long long, NSEventMask) {
   NSEventMaskMouseMoved = 1ULL << NSEventTypeMouseMoved,
   NSEventMaskKeyDown = 1ULL << NSEventTypeKeyDown,
+  NSEventMaskAny = 0xffffffffffffffffULL,
 };
 
 // <NSEvent.h>, https://developer.apple.com/documentation/appkit/nseventmodifierflags
