@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/linux/bus/BusTypes.h"
-#include "platform/linux/client/MessagePointer.h"
+#include "platform/linux/bus/MessagePointer.h"
 
 #include <cstdint>
 #include <optional>

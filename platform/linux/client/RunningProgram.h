@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/ControlEndpoint.h"
-#include "platform/linux/client/MessagePointer.h"
+#include "platform/linux/bus/MessagePointer.h"
 
 #include <chrono>
 #include <functional>
