@@ -26,9 +26,10 @@ packages_for() {
           gnustep-back0.29-cairo
       fi
       ;;
-    # What makes the application for a Mac, besides the compiler from npm. Node.js of another source brings its own npm.
+    # What makes the application for a Mac and compiles its tests, besides the compiler from npm. Node.js of another source
+    # brings its own npm.
     mac)
-      printf '%s\n' build-essential cmake ninja-build lld llvm libplist-utils python3 zip
+      printf '%s\n' build-essential cmake ninja-build libgtest-dev libgmock-dev lld llvm libplist-utils python3 zip
       if ! command -v npm >/dev/null; then printf '%s\n' npm; fi
       ;;
     # What the Debian package is made and checked with.
