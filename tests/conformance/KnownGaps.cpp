@@ -23,6 +23,7 @@ constexpr Gap gaps[] = {
     {"macos", "ApplicationConformance.TellsOnceThatItHasLaunched", exits},
     {"macos", "ControlConformance.BringsWhatOtherProgramsAskForWhileItIsServed",
      "There is no way in for other programs on a Mac yet"},
+    {"macos", "DesktopNamesConformance.GivesADesktopANameAndTells", "A Mac has no names for desktops"},
     {"macos", "DataDefaultsConformance.KeepsTheTypeOfEqualNumbers",
      "GNUstep's defaults do not write a number over a Boolean that it takes for equal"},
     {"macos", "DataJsonConformance.TellsIntegersFromDoubles", "GNUstep's parser makes a double of every number"},
