@@ -23,6 +23,7 @@ void AppDelegate::applicationDidFinishLaunching() {
   // observes, so that the model is up to date when the others hear of a switch.
   observer_.emplace(platform_.windowServer(), platform_.notifications().workspaceCenter(), manager);
   observer_->refresh();
+  names_.emplace(platform_, manager);
   // What a callback calls is built before what calls it.
   menuBar_.emplace(platform_, manager, preferences, [] { PreferencesWindowController::shared().showWindow(); });
   signs_.emplace(platform_, manager, preferences);

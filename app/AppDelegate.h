@@ -6,6 +6,7 @@
 #include "labels/SpaceSignWindowController.h"
 #include "menubar/MenuBarController.h"
 #include "platform/Platform.h"
+#include "spaces/NameExchange.h"
 #include "spaces/SpaceObserver.h"
 #include "support/Lifetime.h"
 
@@ -27,6 +28,7 @@ class AppDelegate {
 
   platform::Platform& platform_;
   std::optional<SpaceObserver> observer_;
+  std::optional<NameExchange> names_;
   std::optional<MenuBarController> menuBar_;
   std::optional<SpaceSignWindowController> signs_;
   std::optional<HotCornerWatcher> hot_;

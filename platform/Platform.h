@@ -3,6 +3,7 @@
 #include "platform/Application.h"
 #include "platform/ControlEndpoint.h"
 #include "platform/Defaults.h"
+#include "platform/DesktopNames.h"
 #include "platform/Dispatcher.h"
 #include "platform/Events.h"
 #include "platform/JsonCodec.h"
@@ -29,6 +30,7 @@ class Platform {
   virtual Application& application() = 0;
   virtual ControlEndpoint& control() = 0;
   virtual Defaults& defaults() = 0;
+  virtual DesktopNames& desktopNames() = 0;
   virtual Dispatcher& dispatcher() = 0;
   virtual Events& events() = 0;
   virtual JsonCodec& json() = 0;

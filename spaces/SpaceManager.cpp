@@ -23,6 +23,11 @@ constexpr platform::Duration spacingOf(SwitchStyle style) {
   return style == SwitchStyle::Instant ? 50ms : 220ms;
 }
 
+const std::string* find(const std::map<std::string, std::string>& names, const SpaceInfo& space) {
+  const auto name = names.find(space.uuid);
+  return name == names.end() || name->second.empty() ? nullptr : &name->second;
+}
+
 }  // namespace
 
 SpaceManager& SpaceManager::shared() {
@@ -97,9 +102,13 @@ std::string SpaceManager::displayName(const SpaceInfo& space) const {
   return number ? "Desktop " + std::to_string(*number) : "Desktop";
 }
 
+const std::string* SpaceManager::storedName(const SpaceInfo& space) const {
+  return find(names_, space);
+}
+
 const std::string* SpaceManager::givenName(const SpaceInfo& space) const {
-  const auto name = names_.find(space.uuid);
-  return name == names_.end() || name->second.empty() ? nullptr : &name->second;
+  const std::string* stored = storedName(space);
+  return stored != nullptr ? stored : find(borrowedNames_, space);
 }
 
 std::optional<int> SpaceManager::defaultNumber(const SpaceInfo& space) const {
@@ -127,8 +136,16 @@ void SpaceManager::setName(const std::string& name, const SpaceInfo& space) {
   } else {
     names_[space.uuid] = trimmed;
   }
+  borrowedNames_.erase(space.uuid);
   platform_.defaults().set(namesKey, platform::Value::Dictionary(names_.begin(), names_.end()));
   post(didChange);
+}
+
+void SpaceManager::borrowNames(std::map<std::string, std::string> names) {
+  if (names != borrowedNames_) {
+    borrowedNames_ = std::move(names);
+    post(didChange);
+  }
 }
 
 void SpaceManager::switchToSpace(const SpaceInfo& space, SwitchStyle style) {

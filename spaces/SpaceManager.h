@@ -49,15 +49,23 @@ class SpaceManager {
   /// activeChanged if the active desktop is another one.
   void update(std::vector<SpaceInfo> spaces, platform::SpaceID activeSpaceID);
 
-  /// The name the user gave the desktop, or "Desktop" with its number among the regular desktops of its display.
+  /// The name the user gave the desktop, or "Desktop" with its number among the regular desktops of its display. A name
+  /// that was borrowed stands in for the latter.
   std::string displayName(const SpaceInfo& space) const;
 
-  /// The number in the display name of a desktop that the user has not named; nothing for others.
+  /// The name that is kept for the desktop's uuid; null when there is none. Valid until the next name is set.
+  const std::string* storedName(const SpaceInfo& space) const;
+
+  /// The number in the display name of a desktop that has no name; nothing for others.
   std::optional<int> defaultNumber(const SpaceInfo& space) const;
 
   /// Keeps `name`, without white space at its ends, for the desktop's uuid; a blank name brings the default title back.
   /// Posts didChange in any case.
   void setName(const std::string& name, const SpaceInfo& space);
+
+  /// Names, by uuid, that desktops have elsewhere, in place of those borrowed before. They stand in for default titles
+  /// and are not kept; a name set here ends the one borrowed for its desktop. Posts didChange if they are others.
+  void borrowNames(std::map<std::string, std::string> names);
 
   /// Moves to `space` from the active desktop by one Dock swipe for each regular desktop on the way, over all displays.
   /// All swipes are scheduled now and none is posted before this returns. Does nothing unless both desktops are regular
@@ -82,6 +90,7 @@ class SpaceManager {
   // While there is a tour, and the same for one that replaces another.
   std::optional<platform::SpaceID> tourHome_;
   std::map<std::string, std::string> names_;
+  std::map<std::string, std::string> borrowedNames_;
   DockSwipePoster swipes_;
   DesktopTour tour_;
   Lifetime lifetime_;

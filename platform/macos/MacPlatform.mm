@@ -12,6 +12,7 @@
 #import "platform/macos/MacWindowServer.h"
 
 #include "support/NoControlEndpoint.h"
+#include "support/NoDesktopNames.h"
 
 namespace roomlattice::platform::macos {
 namespace {
@@ -21,6 +22,7 @@ class MacPlatform final : public Platform {
   Application& application() override { return application_; }
   ControlEndpoint& control() override { return control_; }
   Defaults& defaults() override { return defaults_; }
+  DesktopNames& desktopNames() override { return desktopNames_; }
   Dispatcher& dispatcher() override { return dispatcher_; }
   Events& events() override { return events_; }
   JsonCodec& json() override { return json_; }
@@ -34,6 +36,7 @@ class MacPlatform final : public Platform {
   MacApplication application_;
   NoControlEndpoint control_;
   MacDefaults defaults_;
+  NoDesktopNames desktopNames_;
   MacDispatcher dispatcher_;
   MacEvents events_;
   MacJsonCodec json_;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/simulated/ChildProcesses.h"
+#include "platform/simulated/DesktopNameList.h"
 #include "platform/simulated/DisplaySettings.h"
 #include "platform/simulated/Dock.h"
 #include "platform/simulated/EventStream.h"
@@ -85,6 +86,10 @@ class SimulatedDesktop {
   /// The workspace reports another active desktop, whether there is one or not.
   void reportActiveSpaceChange();
 
+  /// The names that the desktop environment keeps for desktops.
+  DesktopNameList& names() { return names_; }
+  const DesktopNameList& names() const { return names_; }
+
   // --- Screens and appearance
   const DisplaySettings& settings() const { return settings_; }
   /// The primary screen first, which becomes the main one. May be empty.
@@ -135,6 +140,7 @@ class SimulatedDesktop {
   VirtualTime time_;
   SpaceList spaces_;
   SpaceID nextSpace_ = 101;
+  DesktopNameList names_{time_};
   std::optional<Value> displaysOverride_;
   std::optional<SpaceID> activeOverride_;
   InProcessNotificationCenter announcements_;

@@ -6,6 +6,7 @@ SimulatedPlatform::SimulatedPlatform(SimulatedDesktop& desktop)
     : dispatcher_(desktop.time()),
       application_(desktop.time()),
       defaults_(desktop),
+      desktopNames_(desktop),
       events_(desktop.events(), desktop.faults),
       notifications_(desktop),
       system_(desktop, dispatcher_),

@@ -5,6 +5,7 @@
 #include "platform/simulated/SimulatedControlEndpoint.h"
 #include "platform/simulated/SimulatedDefaults.h"
 #include "platform/simulated/SimulatedDesktop.h"
+#include "platform/simulated/SimulatedDesktopNames.h"
 #include "platform/simulated/SimulatedDispatcher.h"
 #include "platform/simulated/SimulatedEvents.h"
 #include "platform/simulated/SimulatedNotifications.h"
@@ -25,6 +26,7 @@ class SimulatedPlatform final : public Platform {
   SimulatedApplication& application() override { return application_; }
   SimulatedControlEndpoint& control() override { return control_; }
   SimulatedDefaults& defaults() override { return defaults_; }
+  SimulatedDesktopNames& desktopNames() override { return desktopNames_; }
   SimulatedDispatcher& dispatcher() override { return dispatcher_; }
   SimulatedEvents& events() override { return events_; }
   JsonCodec& json() override { return json_; }
@@ -38,6 +40,7 @@ class SimulatedPlatform final : public Platform {
   SimulatedApplication application_;
   SimulatedControlEndpoint control_;
   SimulatedDefaults defaults_;
+  SimulatedDesktopNames desktopNames_;
   SimulatedEvents events_;
   JsonTextCodec json_;
   SimulatedNotifications notifications_;

@@ -116,13 +116,14 @@ X11Platform::X11Platform(std::unique_ptr<X11Connection> connection, std::unique_
       windowManager_(*connection_),
       guard_(*connection_, *lock_, windowManager_, [this] { defaults_.finishWriting(); }),
       desktops_(*connection_, sessionBus_, windowManager_, notifications_.workspaceCenter()),
+      desktopNames_(desktops_, defaults_),
       windowServer_(connection_->screenNumber(), desktops_, attachments_),
       screens_(*connection_, notifications_.defaultCenter()),
       appearance_(*connection_, sessionBus_, notifications_.distributedCenter()),
       sleep_(systemBus_, notifications_.workspaceCenter()),
       events_(*connection_, desktops_, screens_),
-      userInterface_(*connection_, windowManager_, screens_, appearance_, desktops_, attachments_, sessionBus_,
-                     defaults_),
+      userInterface_(*connection_, windowManager_, screens_, appearance_, desktops_, desktopNames_, attachments_,
+                     sessionBus_, defaults_),
       termination_(signals.observe([this] { application_.terminate(); })) {}
 
 X11Platform::~X11Platform() {

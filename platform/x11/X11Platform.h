@@ -16,6 +16,7 @@
 #include "platform/x11/connection/WindowManagerWatch.h"
 #include "platform/x11/connection/X11Screens.h"
 #include "platform/x11/desktops/WindowAttachments.h"
+#include "platform/x11/desktops/X11DesktopNames.h"
 #include "platform/x11/desktops/X11Desktops.h"
 #include "platform/x11/desktops/X11WindowServer.h"
 #include "platform/x11/input/X11Events.h"
@@ -38,6 +39,7 @@ class X11Platform final : public Platform {
   Application& application() override { return application_; }
   ControlEndpoint& control() override { return control_; }
   Defaults& defaults() override { return defaults_; }
+  DesktopNames& desktopNames() override { return desktopNames_; }
   Dispatcher& dispatcher() override { return dispatcher_; }
   Events& events() override { return events_; }
   JsonCodec& json() override { return json_; }
@@ -61,6 +63,7 @@ class X11Platform final : public Platform {
   WindowManagerWatch windowManager_;
   SessionGuard guard_;
   X11Desktops desktops_;
+  X11DesktopNames desktopNames_;
   WindowAttachments attachments_;
   X11WindowServer windowServer_;
   X11Screens screens_;

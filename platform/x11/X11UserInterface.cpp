@@ -8,14 +8,15 @@
 namespace roomlattice::platform::x11 {
 
 X11UserInterface::X11UserInterface(X11Connection& connection, WindowManagerWatch& windowManager, X11Screens& screens,
-                                   X11Appearance& appearance, X11Desktops& desktops, WindowAttachments& attachments,
-                                   linux::MessageBus& sessionBus, Defaults& defaults)
+                                   X11Appearance& appearance, X11Desktops& desktops, X11DesktopNames& desktopNames,
+                                   WindowAttachments& attachments, linux::MessageBus& sessionBus, Defaults& defaults)
     : connection_(connection),
       windowManager_(windowManager),
       sessionBus_(sessionBus),
       defaults_(defaults),
       screens_(screens),
       appearance_(appearance),
+      desktopNames_(desktopNames),
       compositor_(connection),
       overlayManagement_(connection, windowManager),
       overlays_{connection, windowManager, screens, desktops, attachments, compositor_, overlayManagement_, {}} {}
@@ -33,9 +34,10 @@ Size X11UserInterface::intrinsicSize(const Control& control) const {
 }
 
 std::unique_ptr<StatusItem> X11UserInterface::createStatusItem(const StatusItemLength& length) {
-  return std::make_unique<X11StatusItem>(StatusItemEnvironment{connection_, windowManager_, appearance_, compositor_,
-                                                               overlays_.desktops, sessionBus_, defaults_},
-                                         length);
+  return std::make_unique<X11StatusItem>(
+      StatusItemEnvironment{connection_, windowManager_, appearance_, compositor_, overlays_.desktops, desktopNames_,
+                            sessionBus_, defaults_},
+      length);
 }
 
 std::unique_ptr<Window> X11UserInterface::createOverlayWindow(const OverlayWindowOptions& options) {

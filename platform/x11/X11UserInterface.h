@@ -4,6 +4,7 @@
 #include "platform/UserInterface.h"
 #include "platform/linux/bus/MessageBus.h"
 #include "platform/x11/appearance/X11Appearance.h"
+#include "platform/x11/desktops/X11DesktopNames.h"
 #include "platform/x11/windows/X11Window.h"
 
 namespace roomlattice::platform::x11 {
@@ -13,8 +14,8 @@ namespace roomlattice::platform::x11 {
 class X11UserInterface final : public UserInterface {
  public:
   X11UserInterface(X11Connection& connection, WindowManagerWatch& windowManager, X11Screens& screens,
-                   X11Appearance& appearance, X11Desktops& desktops, WindowAttachments& attachments,
-                   linux::MessageBus& sessionBus, Defaults& defaults);
+                   X11Appearance& appearance, X11Desktops& desktops, X11DesktopNames& desktopNames,
+                   WindowAttachments& attachments, linux::MessageBus& sessionBus, Defaults& defaults);
 
   std::vector<Screen> screens() const override { return screens_.screens(); }
   std::optional<Screen> mainScreen() const override { return screens_.mainScreen(); }
@@ -34,6 +35,7 @@ class X11UserInterface final : public UserInterface {
   Defaults& defaults_;
   X11Screens& screens_;
   X11Appearance& appearance_;
+  X11DesktopNames& desktopNames_;
   CompositorWatch compositor_;
   OverlayManagement overlayManagement_;
   OverlayEnvironment overlays_;

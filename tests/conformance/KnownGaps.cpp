@@ -12,6 +12,7 @@ struct Gap {
 constexpr std::string_view noProcesses = "A simulated desktop has the tools it was given, and no shell";
 constexpr std::string_view exits = "AppKit's terminate: ends the process itself, so the loop never returns";
 constexpr std::string_view noWayIn = "There is no way in for other programs on a Mac yet";
+constexpr std::string_view noNames = "A Mac has no names for desktops";
 constexpr std::string_view usersDesktops = "The desktops are the user's own: one perhaps, or full-screen applications";
 
 /// All that the backends are known not to keep; of a suite alone, all its tests. The macOS backend is "macos" on AppKit
@@ -25,12 +26,14 @@ constexpr Gap gaps[] = {
      "A window that gets the keyboard late closes the menu, and nothing tells the test when it has it"},
     {"gnustep", "ApplicationConformance.TellsOnceThatItHasLaunched", exits},
     {"gnustep", "ControlConformance.BringsWhatOtherProgramsAskForWhileItIsServed", noWayIn},
+    {"gnustep", "DesktopNamesConformance.GivesADesktopANameAndTells", noNames},
     {"gnustep", "DataDefaultsConformance.KeepsTheTypeOfEqualNumbers",
      "GNUstep's defaults do not write a number over a Boolean that it takes for equal"},
     {"gnustep", "DataJsonConformance.TellsIntegersFromDoubles", "GNUstep's parser makes a double of every number"},
     {"gnustep", "DataJsonConformance.RefusesTrailingText", "GNUstep's parser does not look behind the document's end"},
     {"macos", "ApplicationConformance.TellsOnceThatItHasLaunched", exits},
     {"macos", "ControlConformance.BringsWhatOtherProgramsAskForWhileItIsServed", noWayIn},
+    {"macos", "DesktopNamesConformance.GivesADesktopANameAndTells", noNames},
     {"macos", "MenuConformance", "AppKit stays in the click while a menu is open: a test would wait for its own end"},
     {"macos", "WindowServerConformance.DescribesDisplaysAndTheirDesktops", usersDesktops},
     {"macos", "WindowServerConformance.GoesToTheNextDesktopForACompletedSwipeAndTellsTheWorkspace", usersDesktops},

@@ -10,6 +10,8 @@ using namespace std::chrono_literals;
 /// Its time is virtual: nothing waits.
 class SimulatedBackend final : public Backend {
  public:
+  SimulatedBackend() { desktop_.names().replace(platform::DesktopNames::Names()); }
+
   platform::Platform& platform() override { return platform_; }
 
   bool runUntil(const std::function<bool()>& condition) override {

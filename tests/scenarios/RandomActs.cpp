@@ -7,6 +7,7 @@
 #include <chrono>
 #include <cstdint>
 #include <iterator>
+#include <optional>
 #include <string>
 #include <variant>
 
@@ -114,6 +115,21 @@ void rename(World& world, Random& random) {
   world.user.clicksRowButton(random.below(static_cast<std::size_t>(rows)));
   world.user.types(random.oneOf(names));
   world.user.pressesKey(random.outOf(4) ? platform::keyCode::escape : platform::keyCode::returnKey);
+}
+
+void renameElsewhere(World& world, Random& random) {
+  static const std::vector<std::string> names = {"", "Mail", " Web ", "Workspace 2", "7", "Another rather long name"};
+  if (const std::vector<Space> spaces = world.desktop.spaces().all(); !spaces.empty()) {
+    world.desktop.names().rename(random.oneOf(spaces).uuid, random.oneOf(names));
+  }
+}
+
+void numberDesktopsAnew(World& world, Random& random) {
+  platform::DesktopNames::Names names;
+  for (const Space& space : world.desktop.spaces().all()) {
+    names[space.uuid] = "Workspace " + std::to_string(names.size() + 1);
+  }
+  world.desktop.names().replace(random.outOf(3) ? std::nullopt : std::optional(names));
 }
 
 void visitPreferences(World& world, Random& random) {
@@ -244,6 +260,8 @@ const std::vector<RandomAct>& randomActs() {
       {"clicks the status item", 3, toggleMenu},
       {"clicks a row", 4, chooseRow},
       {"renames", 2, rename},
+      {"renames elsewhere", 2, renameElsewhere},
+      {"desktops are numbered anew", 1, numberDesktopsAnew},
       {"opens or closes the preferences", 1, visitPreferences},
       {"sets a preference", 3, setPreference},
       {"sets the opacity from outside", 1,

@@ -158,5 +158,43 @@ TEST_F(SpaceManagerNamesTest, AreEmptyWhereTheSettingsHoldSomethingElse) {
   }
 }
 
+TEST_F(SpaceManagerNamesTest, BorrowNamesForDesktopsThatHaveNone) {
+  SpaceManager& manager = managerWithDesktops();
+  manager.setName("Work", first);
+  int posts = 0;
+  const platform::Registration observer =
+      platform().notifications().defaultCenter().observe(SpaceManager::didChange, [&] { ++posts; });
+  const std::map<std::string, std::string> names{{"A", "Mail"}, {"B", "Web"}, {"Z", "Gone"}};
+  manager.borrowNames(names);
+  EXPECT_EQ(manager.displayName(first), "Work");
+  EXPECT_EQ(manager.displayName(second), "Web");
+  EXPECT_EQ(manager.defaultNumber(second), std::nullopt);
+  EXPECT_EQ(manager.displayName(otherFirst), "Desktop 1");
+  manager.borrowNames(names);
+  EXPECT_EQ(posts, 1);
+  manager.borrowNames({});
+  EXPECT_EQ(manager.displayName(second), "Desktop 2");
+  EXPECT_EQ(posts, 2);
+}
+
+TEST_F(SpaceManagerNamesTest, KeepNoneThatAreBorrowed) {
+  SpaceManager& manager = managerWithDesktops();
+  manager.borrowNames({{"A", "Mail"}, {"B", "Web"}});
+  manager.setName("Work", first);
+  EXPECT_EQ(*manager.storedName(first), "Work");
+  EXPECT_EQ(manager.storedName(second), nullptr);
+  EXPECT_EQ(stored(), Value(Value::Dictionary{{"A", "Work"}}));
+}
+
+TEST_F(SpaceManagerNamesTest, EndABorrowedNameWithTheOneThatIsSet) {
+  SpaceManager& manager = managerWithDesktops();
+  manager.borrowNames({{"A", "Mail"}, {"B", "Web"}});
+  manager.setName("", second);
+  EXPECT_EQ(manager.displayName(second), "Desktop 2");
+  manager.setName("Work", first);
+  manager.setName("", first);
+  EXPECT_EQ(manager.displayName(first), "Desktop 1");
+}
+
 }  // namespace
 }  // namespace roomlattice

@@ -12,6 +12,7 @@ class ForwardingPlatform : public platform::Platform {
   platform::Application& application() override { return inner_.application(); }
   platform::ControlEndpoint& control() override { return inner_.control(); }
   platform::Defaults& defaults() override { return inner_.defaults(); }
+  platform::DesktopNames& desktopNames() override { return inner_.desktopNames(); }
   platform::Dispatcher& dispatcher() override { return inner_.dispatcher(); }
   platform::Events& events() override { return inner_.events(); }
   platform::JsonCodec& json() override { return inner_.json(); }

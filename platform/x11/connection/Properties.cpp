@@ -69,13 +69,27 @@ std::optional<std::vector<std::string>> readTexts(X11Connection& connection, xcb
 }
 
 std::vector<std::string> textsOf(const std::string& bytes) {
+  std::vector<std::string> texts = rawTextsOf(bytes);
+  std::ranges::transform(texts, texts.begin(), validUtf8);
+  return texts;
+}
+
+std::vector<std::string> rawTextsOf(const std::string& bytes) {
   std::vector<std::string> texts;
   for (std::size_t start = 0; start < bytes.size();) {
     const std::size_t end = std::min(bytes.find('\0', start), bytes.size());
-    texts.push_back(validUtf8(bytes.substr(start, end - start)));
+    texts.push_back(bytes.substr(start, end - start));
     start = end + 1;
   }
   return texts;
+}
+
+std::string bytesOf(const std::vector<std::string>& texts) {
+  std::string bytes;
+  for (const std::string& text : texts) {
+    bytes.append(text.c_str()).push_back('\0');
+  }
+  return bytes;
 }
 
 }  // namespace roomlattice::platform::x11

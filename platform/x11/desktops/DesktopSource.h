@@ -22,6 +22,8 @@ struct Desktop {
 struct DesktopList {
   std::vector<Desktop> desktops;  // in the window manager's order
   std::optional<std::size_t> current;
+  /// As the window manager calls the desktops, one for each, empty where it does not. None at all while unknown.
+  std::vector<std::string> names = {};
 
   bool operator==(const DesktopList&) const = default;
 };
@@ -36,6 +38,9 @@ class DesktopSource {
 
   /// Asks for a switch to the desktop at `index` of the list last read; it comes later, or not at all.
   virtual void activate(std::size_t index) = 0;
+
+  /// Asks for another name of the desktop at `index` of the list last read. It comes later, or not at all.
+  virtual void rename(std::size_t index, const std::string& name) = 0;
 };
 
 }  // namespace roomlattice::platform::x11

@@ -13,6 +13,9 @@ namespace {
 // Far more than anybody has; a number beyond it is garbage.
 constexpr std::uint32_t maximumCount = 1000;
 
+// What is larger is not meant to be read by anybody, and least of all to be written anew for the sake of one name.
+constexpr std::size_t maximumNamesSize = 65536;
+
 std::vector<Desktop> desktopsByPosition(std::size_t count) {
   std::vector<Desktop> desktops;
   for (std::size_t position = 1; position <= count; ++position) {
@@ -21,19 +24,29 @@ std::vector<Desktop> desktopsByPosition(std::size_t count) {
   return desktops;
 }
 
-/// Names beyond `count` belong to desktops that are gone. A name that is missing or not the only one of its kind has
-/// its place added, so that no two desktops are taken for one.
-std::vector<Desktop> desktopsByName(const std::vector<std::string>& names, std::size_t count) {
+/// A name that is missing or not the only one of its kind has its place added, so that no two desktops are taken for
+/// one.
+std::vector<Desktop> desktopsByName(const std::vector<std::string>& names) {
   std::vector<Desktop> desktops;
   std::set<std::string> taken;
-  for (std::size_t index = 0; index < count; ++index) {
-    std::string uuid = "workspace-" + (index < names.size() ? names[index] : "");
+  for (std::size_t index = 0; index < names.size(); ++index) {
+    std::string uuid = "workspace-" + names[index];
     while (!taken.insert(uuid).second) {
       uuid += "#" + std::to_string(index + 1);
     }
     desktops.push_back({stableHash(uuid), uuid});
   }
   return desktops;
+}
+
+/// The property with another name at `index`. Desktops before it that have none are numbered: an empty name would be
+/// shown as such.
+std::string withNameAt(std::vector<std::string> names, std::size_t index, const std::string& name) {
+  while (names.size() <= index) {
+    names.push_back("Desktop " + std::to_string(names.size() + 1));
+  }
+  names[index] = name;
+  return bytesOf(names);
 }
 
 }  // namespace
@@ -53,7 +66,10 @@ std::optional<DesktopList> EwmhDesktopSource::read() {
   if (!count || *count == 0 || *count > maximumCount) {
     return std::nullopt;
   }
-  DesktopList list{.desktops = readDesktops(*count)};
+  DesktopList list{.names = readNames()};
+  // Names beyond belong to desktops that are gone.
+  list.names.resize(*count);
+  list.desktops = identity_ == DesktopIdentity::Position ? desktopsByPosition(*count) : desktopsByName(list.names);
   const auto current = readNumber(connection_, root, ewmh._NET_CURRENT_DESKTOP, XCB_ATOM_CARDINAL);
   // On Wayland GNOME's window manager writes it with the first switch only.
   if (current.value_or(0) < *count) {
@@ -67,19 +83,32 @@ void EwmhDesktopSource::activate(std::size_t index) {
                          {static_cast<std::uint32_t>(index), XCB_CURRENT_TIME, 0, 0, 0});
 }
 
-std::vector<Desktop> EwmhDesktopSource::readDesktops(std::size_t count) {
-  if (identity_ == DesktopIdentity::Position) {
-    return desktopsByPosition(count);
+void EwmhDesktopSource::rename(std::size_t index, const std::string& name) {
+  if (identity_ == DesktopIdentity::Name) {
+    return;
   }
-  const auto names = readTexts(connection_, connection_.root(), connection_.ewmh()->_NET_DESKTOP_NAMES);
-  return desktopsByName(names.value_or(std::vector<std::string>()), count);
+  const xcb_ewmh_connection_t& ewmh = *connection_.ewmh();
+  const xcb_window_t root = connection_.root();
+  const auto before = readBytes(connection_, root, ewmh._NET_DESKTOP_NAMES, ewmh.UTF8_STRING);
+  const std::string names = withNameAt(rawTextsOf(before.value_or("")), index, name);
+  if (names.size() > maximumNamesSize) {
+    return;
+  }
+  xcb_change_property(connection_.raw(), XCB_PROP_MODE_REPLACE, root, ewmh._NET_DESKTOP_NAMES, ewmh.UTF8_STRING, 8,
+                      static_cast<std::uint32_t>(names.size()), names.data());
+  connection_.flush();
+}
+
+std::vector<std::string> EwmhDesktopSource::readNames() {
+  return readTexts(connection_, connection_.root(), connection_.ewmh()->_NET_DESKTOP_NAMES)
+      .value_or(std::vector<std::string>());
 }
 
 void EwmhDesktopSource::propertyChanged(xcb_window_t window, xcb_atom_t atom) {
   const xcb_ewmh_connection_t& ewmh = *connection_.ewmh();
-  dirty_ = dirty_ || (window == connection_.root() &&
-                      (atom == ewmh._NET_NUMBER_OF_DESKTOPS || atom == ewmh._NET_CURRENT_DESKTOP ||
-                       (identity_ == DesktopIdentity::Name && atom == ewmh._NET_DESKTOP_NAMES)));
+  dirty_ = dirty_ ||
+           (window == connection_.root() && (atom == ewmh._NET_NUMBER_OF_DESKTOPS ||
+                                             atom == ewmh._NET_CURRENT_DESKTOP || atom == ewmh._NET_DESKTOP_NAMES));
 }
 
 void EwmhDesktopSource::batchEnded() {

@@ -19,11 +19,13 @@ class EwmhDesktopSource final : public DesktopSource {
 
   std::optional<DesktopList> read() override;
   void activate(std::size_t index) override;
+  /// Nothing happens where desktops are known by their names.
+  void rename(std::size_t index, const std::string& name) override;
 
  private:
   void propertyChanged(xcb_window_t window, xcb_atom_t atom);
   void batchEnded();
-  std::vector<Desktop> readDesktops(std::size_t count);
+  std::vector<std::string> readNames();
 
   X11Connection& connection_;
   DesktopIdentity identity_;

@@ -41,18 +41,27 @@ BusCall setCurrent(const std::string& identifier) {
   return call;
 }
 
-std::vector<Desktop> desktopsOf(std::vector<DesktopEntry> entries) {
+BusCall setName(const std::string& identifier, const std::string& name) {
+  return {.path = path,
+          .interface = interface,
+          .method = "setDesktopName",
+          .arguments = {identifier, name},
+          .activation = BusCall::Activation::Never};
+}
+
+/// The desktops in their order, none of them in front.
+DesktopList listOf(std::vector<DesktopEntry> entries) {
   std::erase_if(entries, [](const DesktopEntry& entry) { return std::get<1>(entry).empty(); });
   entries.resize(std::min(entries.size(), maximumCount));
   const auto position = [](const DesktopEntry& entry) { return std::get<0>(entry); };
   std::ranges::stable_sort(entries, {}, position);
-  std::vector<Desktop> desktops;
-  desktops.reserve(entries.size());
+  DesktopList list;
   for (auto& [place, identifier, name] : entries) {
     const SpaceID id = stableHash(identifier);
-    desktops.push_back({id, std::move(identifier)});
+    list.desktops.push_back({id, std::move(identifier)});
+    list.names.push_back(std::move(name));
   }
-  return desktops;
+  return list;
 }
 
 std::optional<std::size_t> placeOf(const std::vector<Desktop>& desktops, const std::string& identifier) {
@@ -67,7 +76,7 @@ std::optional<DesktopList> parseAnswer(const BusMessage& answer) {
   if (!entries) {
     return std::nullopt;
   }
-  DesktopList list{.desktops = desktopsOf(std::move(*entries))};
+  DesktopList list = listOf(std::move(*entries));
   list.current = placeOf(list.desktops, answer.property<std::string>("current").value_or(""));
   return list.desktops.empty() ? std::nullopt : std::optional(std::move(list));
 }
@@ -115,6 +124,14 @@ void KWinDesktopSource::activate(std::size_t index) {
     service_.send(setCurrent(list_.desktops[index].uuid));
   } else {
     ewmh_.activate(index);
+  }
+}
+
+void KWinDesktopSource::rename(std::size_t index, const std::string& name) {
+  if (state_ == State::Heard && bus_.isConnected() && index < list_.desktops.size()) {
+    service_.send(setName(list_.desktops[index].uuid, name));
+  } else {
+    ewmh_.rename(index, name);
   }
 }
 

@@ -23,6 +23,7 @@ class KWinDesktopSource final : public DesktopSource {
 
   std::optional<DesktopList> read() override;
   void activate(std::size_t index) override;
+  void rename(std::size_t index, const std::string& name) override;
 
   /// Waits for the first answer from the bus, but not beyond `limit`; reading takes EWMH's word if there was none.
   void waitForAnswer(std::chrono::milliseconds limit);

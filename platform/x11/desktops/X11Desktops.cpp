@@ -23,14 +23,19 @@ X11Desktops::X11Desktops(X11Connection& connection, linux::MessageBus& sessionBu
       sessionBus_(sessionBus),
       windowManager_(windowManager),
       workspaceCenter_(workspaceCenter) {
-  windowManagerChanges_ = windowManager.observe([this] {
-    selectSource(Moment::Later);
-    sourceChanged();
-  });
+  windowManagerChanges_ = windowManager.observe([this] { windowManagerChanged(); });
   selectSource(Moment::Start);
   if (source_ != nullptr) {
     list_ = source_->read().value_or(DesktopList());
   }
+}
+
+void X11Desktops::windowManagerChanged() {
+  // Those that the new one gives are not renames of what the old one had.
+  list_.names.clear();
+  nameListeners_.notify();
+  selectSource(Moment::Later);
+  sourceChanged();
 }
 
 std::optional<std::size_t> X11Desktops::indexOf(SpaceID desktop) const {
@@ -47,6 +52,12 @@ void X11Desktops::activate(std::size_t index) {
   requests_.push_back(index);
   lastRequest_ = Clock::now();
   source_->activate(index);
+}
+
+void X11Desktops::rename(std::size_t index, const std::string& name) {
+  if (source_ != nullptr && index < list_.desktops.size()) {
+    source_->rename(index, name);
+  }
 }
 
 void X11Desktops::step(Direction direction) {
@@ -90,12 +101,16 @@ void X11Desktops::sourceChanged() {
   if (read->desktops != list_.desktops) {
     requests_.clear();
   }
-  const bool differs = *read != list_;
+  const bool differs = read->desktops != list_.desktops || read->current != list_.current;
+  const bool namesDiffer = read->names != list_.names;
   list_ = std::move(*read);
   settleRequests();
   if (differs) {
     workspaceCenter_.post(notification::activeSpaceDidChange);
     listeners_.notify();
+  }
+  if (namesDiffer) {
+    nameListeners_.notify();
   }
 }
 

@@ -33,6 +33,13 @@ class X11Desktops {
   /// Calls `handler` after each change of the list or of the current desktop, when the notice of it was posted.
   Registration observe(std::function<void()> handler) { return listeners_.add(std::move(handler)); }
 
+  /// Calls `handler` after each change of the names, and when they are unknown because the window manager has gone or
+  /// been replaced, but never from within `rename`.
+  Registration observeNames(std::function<void()> handler) { return nameListeners_.add(std::move(handler)); }
+
+  /// Asks the window manager for another name. Nothing happens for a place that is not in the list.
+  void rename(std::size_t index, const std::string& name);
+
   /// Asks the window manager to switch. Nothing happens for a place that is not in the list.
   void activate(std::size_t index);
 
@@ -48,6 +55,7 @@ class X11Desktops {
 
   enum class Moment { Start, Later };
 
+  void windowManagerChanged();
   void selectSource(Moment moment);
   void sourceChanged();
   void settleRequests();
@@ -61,6 +69,7 @@ class X11Desktops {
   std::deque<std::size_t> requests_;
   Clock::time_point lastRequest_;
   Listeners<> listeners_;
+  Listeners<> nameListeners_;
   Registration windowManagerChanges_;
   std::unique_ptr<DesktopSource> source_;
 };

@@ -11,15 +11,20 @@ namespace roomlattice::platform::x11 {
 using linux::ExportedItem;
 using linux::MenuMark;
 
-ItemOptions::ItemOptions(ItemPlacement& placement, ItemSettings& settings, std::function<void()> settingsChanged)
-    : placement_(placement), settings_(settings), settingsChanged_(std::move(settingsChanged)) {}
+ItemOptions::ItemOptions(ItemPlacement& placement, ItemSettings& settings, X11DesktopNames& desktopNames,
+                         std::function<void()> settingsChanged)
+    : placement_(placement),
+      settings_(settings),
+      desktopNames_(desktopNames),
+      settingsChanged_(std::move(settingsChanged)) {}
 
 std::vector<ExportedItem> ItemOptions::items() {
   std::vector<ExportedItem> items = {placeItem("In the Panel", ItemPlace::Panel),
                                      placeItem("Floating", ItemPlace::Floating),
                                      placeItem("In the Panel and Floating", ItemPlace::Both),
                                      {},
-                                     keepEdgeFreeItem()};
+                                     keepEdgeFreeItem(),
+                                     shareNamesItem()};
   if (const auto entry = linux::Autostart::standardPath()) {
     items.push_back(autostartItem(linux::Autostart(*entry)));
   }
@@ -54,6 +59,17 @@ ExportedItem ItemOptions::keepEdgeFreeItem() {
   const bool isOn = settings_.edgeUse() == EdgeUse::KeptFree;
   return {.title = "Keep the Edge Free", .mark = MenuMark{MenuMark::Kind::Switch, isOn}, .activate = [this, isOn] {
             settings_.setEdgeUse(isOn ? EdgeUse::Shared : EdgeUse::KeptFree);
+            settingsChanged_();
+          }};
+}
+
+ExportedItem ItemOptions::shareNamesItem() {
+  using Sharing = X11DesktopNames::Sharing;
+  const bool isOn = desktopNames_.sharing() == Sharing::On;
+  return {.title = "Share Names with the Window Manager",
+          .mark = MenuMark{MenuMark::Kind::Switch, isOn},
+          .activate = [this, isOn] {
+            desktopNames_.setSharing(isOn ? Sharing::Off : Sharing::On);
             settingsChanged_();
           }};
 }

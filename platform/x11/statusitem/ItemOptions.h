@@ -2,6 +2,7 @@
 
 #include "platform/linux/system/Autostart.h"
 #include "platform/linux/tray/ExportedMenu.h"
+#include "platform/x11/desktops/X11DesktopNames.h"
 #include "platform/x11/statusitem/ItemPlacement.h"
 #include "platform/x11/statusitem/ItemSettings.h"
 
@@ -13,11 +14,13 @@
 
 namespace roomlattice::platform::x11 {
 
-/// What the user can choose about the status item itself, as the items of a menu, and that menu.
+/// What the user can choose about the status item itself, and about how the program goes together with the session, as
+/// the items of a menu, and that menu.
 class ItemOptions {
  public:
   /// `settingsChanged` is called after a choice other than of the place. The others must outlive this object.
-  ItemOptions(ItemPlacement& placement, ItemSettings& settings, std::function<void()> settingsChanged);
+  ItemOptions(ItemPlacement& placement, ItemSettings& settings, X11DesktopNames& desktopNames,
+              std::function<void()> settingsChanged);
 
   /// The items as things are now. What they do ends with this object.
   std::vector<linux::ExportedItem> items();
@@ -28,10 +31,12 @@ class ItemOptions {
  private:
   linux::ExportedItem placeItem(const char* title, ItemPlace place);
   linux::ExportedItem keepEdgeFreeItem();
+  linux::ExportedItem shareNamesItem();
   linux::ExportedItem autostartItem(const linux::Autostart& autostart);
 
   ItemPlacement& placement_;
   ItemSettings& settings_;
+  X11DesktopNames& desktopNames_;
   std::function<void()> settingsChanged_;
   std::unique_ptr<QMenu> popup_;
 };

@@ -6,6 +6,7 @@
 #include "platform/x11/connection/CompositorWatch.h"
 #include "platform/x11/connection/WindowManagerWatch.h"
 #include "platform/x11/connection/X11Connection.h"
+#include "platform/x11/desktops/X11DesktopNames.h"
 #include "platform/x11/desktops/X11Desktops.h"
 
 namespace roomlattice::platform::x11 {
@@ -17,6 +18,7 @@ struct StatusItemEnvironment {
   X11Appearance& appearance;
   CompositorWatch& compositor;
   X11Desktops& desktops;
+  X11DesktopNames& desktopNames;
   linux::MessageBus& sessionBus;
   Defaults& defaults;
 };

@@ -51,7 +51,7 @@ class X11StatusItem final : public StatusItem, public StatusButton {
   std::optional<FloatingItem> floating_;
   std::optional<PanelItem> panel_;
   ItemPlacement placement_{settings_, tray_, [this] { place(); }};
-  ItemOptions options_{placement_, settings_, [this] { settingsChanged(); }};
+  ItemOptions options_{placement_, settings_, environment_.desktopNames, [this] { settingsChanged(); }};
 };
 
 }  // namespace roomlattice::platform::x11

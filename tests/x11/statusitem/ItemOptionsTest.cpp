@@ -1,6 +1,7 @@
 #include "platform/x11/statusitem/ItemOptions.h"
 
 #include "platform/linux/storage/LinuxDefaults.h"
+#include "support/InProcessNotificationCenter.h"
 #include "tests/x11/session/QtApplication.h"
 #include "tests/x11/session/X11Session.h"
 
@@ -16,6 +17,7 @@ using platform::x11::ItemOptions;
 using platform::x11::ItemPlace;
 using platform::x11::ItemPlacement;
 using platform::x11::ItemSettings;
+using platform::x11::X11DesktopNames;
 
 class ItemOptionsTest : public ::testing::Test {
  protected:
@@ -39,7 +41,11 @@ class ItemOptionsTest : public ::testing::Test {
   int placeChanges_ = 0;
   int otherChanges_ = 0;
   ItemPlacement placement_{settings_, tray_, [this] { ++placeChanges_; }};
-  ItemOptions options_{placement_, settings_, [this] { ++otherChanges_; }};
+  InProcessNotificationCenter center_;
+  platform::x11::WindowManagerWatch windowManager_{qt_.connection()};
+  platform::x11::X11Desktops desktops_{qt_.connection(), bus_, windowManager_, center_};
+  X11DesktopNames desktopNames_{desktops_, defaults_};
+  ItemOptions options_{placement_, settings_, desktopNames_, [this] { ++otherChanges_; }};
 };
 
 TEST_F(ItemOptionsTest, MarkThePlaceThatIsChosen) {
@@ -58,6 +64,16 @@ TEST_F(ItemOptionsTest, SwitchTheEdgeToAndFro) {
   EXPECT_EQ(settings_.edgeUse(), EdgeUse::KeptFree);
   item("Keep the Edge Free").activate();
   EXPECT_EQ(settings_.edgeUse(), EdgeUse::Shared);
+  EXPECT_EQ(otherChanges_, 2);
+}
+
+TEST_F(ItemOptionsTest, SwitchTheSharingOfNamesToAndFro) {
+  EXPECT_TRUE(isOn("Share Names with the Window Manager"));
+  item("Share Names with the Window Manager").activate();
+  EXPECT_FALSE(isOn("Share Names with the Window Manager"));
+  EXPECT_EQ(desktopNames_.sharing(), X11DesktopNames::Sharing::Off);
+  item("Share Names with the Window Manager").activate();
+  EXPECT_EQ(desktopNames_.sharing(), X11DesktopNames::Sharing::On);
   EXPECT_EQ(otherChanges_, 2);
 }
 

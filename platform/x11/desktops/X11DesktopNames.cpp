@@ -1,0 +1,47 @@
+#include "platform/x11/desktops/X11DesktopNames.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <iterator>
+
+namespace roomlattice::platform::x11 {
+namespace {
+
+constexpr const char* sharedKey = "DesktopNames.Shared";
+
+}  // namespace
+
+X11DesktopNames::X11DesktopNames(X11Desktops& desktops, Defaults& defaults)
+    : desktops_(desktops), defaults_(defaults), changes_(desktops.observeNames([this] { listeners_.notify(); })) {}
+
+std::optional<DesktopNames::Names> X11DesktopNames::read() {
+  const DesktopList& list = desktops_.list();
+  if (list.names.empty() || sharing() == Sharing::Off) {
+    return std::nullopt;
+  }
+  Names names;
+  for (std::size_t index = 0; index < list.desktops.size(); ++index) {
+    names[list.desktops[index].uuid] = list.names[index];
+  }
+  return names;
+}
+
+void X11DesktopNames::set(const std::string& uuid, const std::string& name) {
+  const std::vector<Desktop>& desktops = desktops_.list().desktops;
+  const auto found = std::ranges::find(desktops, uuid, &Desktop::uuid);
+  if (sharing() == Sharing::On) {
+    desktops_.rename(static_cast<std::size_t>(std::distance(desktops.begin(), found)), name);
+  }
+}
+
+X11DesktopNames::Sharing X11DesktopNames::sharing() const {
+  const std::optional<Value> stored = defaults_.object(sharedKey);
+  return stored && stored->toBool() == false ? Sharing::Off : Sharing::On;
+}
+
+void X11DesktopNames::setSharing(Sharing sharing) {
+  defaults_.set(sharedKey, sharing == Sharing::On);
+  listeners_.notify();
+}
+
+}  // namespace roomlattice::platform::x11

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "platform/Defaults.h"
+#include "platform/DesktopNames.h"
+#include "platform/x11/desktops/X11Desktops.h"
+#include "support/Listeners.h"
+
+#include <functional>
+#include <optional>
+#include <string>
+
+namespace roomlattice::platform::x11 {
+
+/// The names that the window manager has for the desktops: KWin's own, and _NET_DESKTOP_NAMES (EWMH 1.5), which pagers
+/// may change as well, of all others. There is nothing to share while the user does not want to.
+class X11DesktopNames final : public DesktopNames {
+ public:
+  enum class Sharing { On, Off };
+
+  X11DesktopNames(X11Desktops& desktops, Defaults& defaults);
+
+  std::optional<Names> read() override;
+  void set(const std::string& uuid, const std::string& name) override;
+  Registration observe(std::function<void()> handler) override { return listeners_.add(std::move(handler)); }
+
+  /// Kept in the settings under "DesktopNames.Shared", a Boolean; on unless stored otherwise.
+  Sharing sharing() const;
+  void setSharing(Sharing sharing);
+
+ private:
+  X11Desktops& desktops_;
+  Defaults& defaults_;
+  Listeners<> listeners_;
+  Registration changes_;
+};
+
+}  // namespace roomlattice::platform::x11
