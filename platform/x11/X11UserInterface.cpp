@@ -9,11 +9,12 @@ namespace roomlattice::platform::x11 {
 
 X11UserInterface::X11UserInterface(X11Connection& connection, WindowManagerWatch& windowManager, X11Screens& screens,
                                    X11Appearance& appearance, X11Desktops& desktops, WindowAttachments& attachments,
-                                   linux::MessageBus& sessionBus, Defaults& defaults)
+                                   linux::MessageBus& sessionBus, Defaults& defaults, NotificationCenter& defaultCenter)
     : connection_(connection),
       windowManager_(windowManager),
       sessionBus_(sessionBus),
       defaults_(defaults),
+      defaultCenter_(defaultCenter),
       screens_(screens),
       appearance_(appearance),
       compositor_(connection),
@@ -33,9 +34,10 @@ Size X11UserInterface::intrinsicSize(const Control& control) const {
 }
 
 std::unique_ptr<StatusItem> X11UserInterface::createStatusItem(const StatusItemLength& length) {
-  return std::make_unique<X11StatusItem>(StatusItemEnvironment{connection_, windowManager_, appearance_, compositor_,
-                                                               overlays_.desktops, sessionBus_, defaults_},
-                                         length);
+  return std::make_unique<X11StatusItem>(
+      StatusItemEnvironment{connection_, windowManager_, appearance_, compositor_, overlays_.desktops, sessionBus_,
+                            defaults_, defaultCenter_},
+      length);
 }
 
 std::unique_ptr<Window> X11UserInterface::createOverlayWindow(const OverlayWindowOptions& options) {

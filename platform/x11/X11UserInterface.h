@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Defaults.h"
+#include "platform/NotificationCenter.h"
 #include "platform/UserInterface.h"
 #include "platform/linux/bus/MessageBus.h"
 #include "platform/x11/appearance/X11Appearance.h"
@@ -14,7 +15,7 @@ class X11UserInterface final : public UserInterface {
  public:
   X11UserInterface(X11Connection& connection, WindowManagerWatch& windowManager, X11Screens& screens,
                    X11Appearance& appearance, X11Desktops& desktops, WindowAttachments& attachments,
-                   linux::MessageBus& sessionBus, Defaults& defaults);
+                   linux::MessageBus& sessionBus, Defaults& defaults, NotificationCenter& defaultCenter);
 
   std::vector<Screen> screens() const override { return screens_.screens(); }
   std::optional<Screen> mainScreen() const override { return screens_.mainScreen(); }
@@ -32,6 +33,7 @@ class X11UserInterface final : public UserInterface {
   WindowManagerWatch& windowManager_;
   linux::MessageBus& sessionBus_;
   Defaults& defaults_;
+  NotificationCenter& defaultCenter_;
   X11Screens& screens_;
   X11Appearance& appearance_;
   CompositorWatch compositor_;

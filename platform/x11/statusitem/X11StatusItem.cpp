@@ -31,6 +31,10 @@ struct Choosing {
 
 X11StatusItem::X11StatusItem(const StatusItemEnvironment& environment, const StatusItemLength& length)
     : environment_(environment), length_(length) {
+  changesElsewhere_ = environment_.defaultCenter.observe(notification::defaultsDidChangeElsewhere, [this] {
+    placement_.settingsChanged();
+    settingsChanged();
+  });
   place();
 }
 

@@ -27,8 +27,8 @@ struct UserInterfaceSession {
   platform::x11::X11Appearance appearance{qt.connection(), bus, center};
   platform::x11::WindowAttachments attachments;
   platform::linux::LinuxDefaults defaults{std::nullopt, [](const std::string&) {}};
-  platform::x11::X11UserInterface userInterface{qt.connection(), windowManager, screens, appearance,
-                                                desktops,        attachments,   bus,     defaults};
+  platform::x11::X11UserInterface userInterface{qt.connection(), windowManager, screens,  appearance, desktops,
+                                                attachments,     bus,           defaults, center};
 };
 
 }  // namespace roomlattice::tests
