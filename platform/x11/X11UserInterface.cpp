@@ -45,7 +45,7 @@ std::unique_ptr<Window> X11UserInterface::createOverlayWindow(const OverlayWindo
 }
 
 std::unique_ptr<TabbedWindow> X11UserInterface::createTabbedWindow(const TabbedWindowModel& model) {
-  return std::make_unique<X11TabbedWindow>(model, connection_, overlays_.desktops);
+  return std::make_unique<X11TabbedWindow>(model, connection_, windowManager_, overlays_.desktops);
 }
 
 }  // namespace roomlattice::platform::x11
