@@ -136,7 +136,8 @@ ItemHandlers X11StatusItem::handlers() {
 
 void X11StatusItem::openMenuAt(const QRect& anchor) {
   if (menu_ != nullptr && session_ == nullptr) {
-    session_ = std::make_unique<MenuSession>(*menu_, anchor, context_, [this] { session_.reset(); });
+    session_ = std::make_unique<MenuSession>(*menu_, anchor, environment_.appearance.accentColor(), context_,
+                                             [this] { session_.reset(); });
   }
 }
 
