@@ -18,7 +18,8 @@ namespace roomlattice::platform {
 /// The native controls of a page, as data: what they are and show at first, and whom they call when the user changes
 /// them. Actions never come while a control is being made.
 
-/// A text that cannot be edited. With a wrap width it breaks into lines no longer than that; otherwise it is one line.
+/// A text that cannot be edited. With a wrap width it breaks into lines no longer than that; otherwise it is one line,
+/// which is cut at its tail where its frame is too narrow.
 struct LabelControl {
   std::string text;
   Font font;

@@ -50,6 +50,9 @@ inline constexpr std::string_view didWake = "NSWorkspaceDidWakeNotification";
 /// Default centre: screens were added, removed, moved or resized.
 inline constexpr std::string_view didChangeScreenParameters = "NSApplicationDidChangeScreenParametersNotification";
 
+/// Default centre: settings were changed by anybody but this program.
+inline constexpr std::string_view defaultsDidChangeElsewhere = "DefaultsDidChangeElsewhere";
+
 /// Distributed centre: the desktop went from light to dark or back. One change may be told more than once.
 inline constexpr std::string_view interfaceThemeChanged = "AppleInterfaceThemeChangedNotification";
 

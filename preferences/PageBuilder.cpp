@@ -46,10 +46,6 @@ std::size_t PageBuilder::add(platform::Control control, double width, std::strin
 
 void PageBuilder::addRow(const std::string& label, platform::Control control, RowWidth width) {
   platform::LabelControl rowLabel{.text = label, .font = rowLabelFont};
-  if (userInterface_.intrinsicSize(rowLabel).width > rowLabelWidth) {
-    // All labels of a page are equally wide: one that is longer goes on in a second line.
-    rowLabel.wrapWidth = rowLabelWidth;
-  }
   const Size labelSize{rowLabelWidth, userInterface_.intrinsicSize(rowLabel).height};
   const Size size = controlSize(control, width);
   rows_.push_back({Child{std::move(rowLabel), labelSize}, Child{std::move(control), size, accessibilityLabel(label)}});

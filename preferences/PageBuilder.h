@@ -29,8 +29,8 @@ class PageBuilder {
   /// The same with a stated width, in points, and a name for assistive technology.
   std::size_t add(platform::Control control, double width, std::string accessibilityLabel = {});
 
-  /// Appends a label of fixed width with a control behind it. The label's text also names the control to assistive
-  /// technology.
+  /// Appends a label of fixed width, whatever its text needs, with a control behind it. The label's text also names the
+  /// control to assistive technology.
   void addRow(const std::string& label, platform::Control control, RowWidth width = RowWidth::OfItself);
 
   /// Appends a check box that is on or off; `setter` is called with what the user makes of it.

@@ -30,6 +30,13 @@ constexpr const char* rawValue(ColorMode mode) {
 
 }  // namespace
 
+PreferencesStore::PreferencesStore(platform::Platform& platform, const SpaceManager& spaces)
+    : platform_(platform),
+      spaces_(spaces),
+      changesElsewhere_(platform.notifications().defaultCenter().observe(
+          platform::notification::defaultsDidChangeElsewhere,
+          [&center = platform.notifications().defaultCenter()] { center.post(didChange); })) {}
+
 PreferencesStore& PreferencesStore::shared() {
   return Installation::current().shared<PreferencesStore>(SpaceManager::shared());
 }

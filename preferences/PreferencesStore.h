@@ -14,7 +14,7 @@ namespace roomlattice {
 enum class MenuBarWidthMode { FitToTitle, MaxTitleLength };
 
 /// Typed access to the settings. Every read goes to the defaults, and an absent key or a value of another type reads as
-/// the setting's default. Every write posts didChange once, synchronously, on the default centre.
+/// the setting's default. Every write posts didChange once, synchronously, on the default centre, whoever has written.
 /// No value is clamped.
 class PreferencesStore {
  public:
@@ -26,7 +26,7 @@ class PreferencesStore {
   static const std::vector<ColorPalette>& palettes() { return roomlattice::palettes(); }
 
   /// The positions of `spaces` give desktops without a colour of their own one.
-  PreferencesStore(platform::Platform& platform, const SpaceManager& spaces) : platform_(platform), spaces_(spaces) {}
+  PreferencesStore(platform::Platform& platform, const SpaceManager& spaces);
 
   /// Of the desktop's name on its label, in points.
   double signTextSize() const;
@@ -87,6 +87,7 @@ class PreferencesStore {
     SpaceColors colors;
   };
   mutable Decoded decoded_;
+  platform::Registration changesElsewhere_;
 };
 
 }  // namespace roomlattice

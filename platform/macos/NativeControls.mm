@@ -52,6 +52,8 @@ struct Maker {
     if (label.wrapWidth) {
       [field setPreferredMaxLayoutWidth:*label.wrapWidth];
       [field setSelectable:NO];
+    } else {
+      [[field cell] setLineBreakMode:NSLineBreakByTruncatingTail];
     }
     return {.control = share<NSControl>(field), .action = {}};
   }

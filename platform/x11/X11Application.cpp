@@ -1,5 +1,7 @@
 #include "platform/x11/X11Application.h"
 
+#include "platform/x11/AccessibleApplication.h"
+
 #include <QAccessible>
 #include <QWidget>
 #include <utility>
@@ -15,6 +17,7 @@ bool takesKeyboard(const QWidget& window) {
 
 X11Application::X11Application(X11Connection& connection, int& argc, char** argv)
     : connection_(connection), application_(argc, argv) {
+  showOpenMenusToAssistiveTechnology();
   application_.installNativeEventFilter(&oversizeFilter_);
   connection_.attachToEventLoop();
   // Asking makes the toolkit connect to the session bus for its services to people with disabilities, and wait for it.

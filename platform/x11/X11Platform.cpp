@@ -123,8 +123,13 @@ X11Platform::X11Platform(std::unique_ptr<X11Connection> connection, std::unique_
       sleep_(systemBus_, notifications_.workspaceCenter()),
       events_(*connection_, desktops_, screens_),
       userInterface_(*connection_, windowManager_, screens_, appearance_, desktops_, desktopNames_, attachments_,
-                     sessionBus_, defaults_),
-      termination_(signals.observe([this] { application_.terminate(); })) {}
+                     sessionBus_, defaults_, notifications_.defaultCenter()),
+      termination_(signals.observe([this] { application_.terminate(); })) {
+  if (auto settings = linux::LinuxDefaults::standardPath()) {
+    settingsWatch_.emplace(defaults_, *std::move(settings),
+                           [this] { notifications_.defaultCenter().post(notification::defaultsDidChangeElsewhere); });
+  }
+}
 
 X11Platform::~X11Platform() {
   // A log tool that never ends must not hold the worker, and with it the end of the program.

@@ -5,6 +5,7 @@
 #include "platform/linux/bus/SleepWatch.h"
 #include "platform/linux/control/LinuxControlEndpoint.h"
 #include "platform/linux/storage/LinuxDefaults.h"
+#include "platform/linux/storage/SettingsWatch.h"
 #include "platform/linux/system/LinuxDispatcher.h"
 #include "platform/linux/system/LinuxSystem.h"
 #include "platform/linux/system/TerminationSignals.h"
@@ -24,6 +25,7 @@
 #include "support/JsonText.h"
 
 #include <memory>
+#include <optional>
 
 namespace roomlattice::platform::x11 {
 
@@ -71,6 +73,7 @@ class X11Platform final : public Platform {
   linux::SleepWatch sleep_;
   X11Events events_;
   X11UserInterface userInterface_;
+  std::optional<linux::SettingsWatch> settingsWatch_;
   Registration termination_;
 };
 

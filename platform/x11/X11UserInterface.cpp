@@ -9,11 +9,13 @@ namespace roomlattice::platform::x11 {
 
 X11UserInterface::X11UserInterface(X11Connection& connection, WindowManagerWatch& windowManager, X11Screens& screens,
                                    X11Appearance& appearance, X11Desktops& desktops, X11DesktopNames& desktopNames,
-                                   WindowAttachments& attachments, linux::MessageBus& sessionBus, Defaults& defaults)
+                                   WindowAttachments& attachments, linux::MessageBus& sessionBus, Defaults& defaults,
+                                   NotificationCenter& defaultCenter)
     : connection_(connection),
       windowManager_(windowManager),
       sessionBus_(sessionBus),
       defaults_(defaults),
+      defaultCenter_(defaultCenter),
       screens_(screens),
       appearance_(appearance),
       desktopNames_(desktopNames),
@@ -36,7 +38,7 @@ Size X11UserInterface::intrinsicSize(const Control& control) const {
 std::unique_ptr<StatusItem> X11UserInterface::createStatusItem(const StatusItemLength& length) {
   return std::make_unique<X11StatusItem>(
       StatusItemEnvironment{connection_, windowManager_, appearance_, compositor_, overlays_.desktops, desktopNames_,
-                            sessionBus_, defaults_},
+                            sessionBus_, defaults_, defaultCenter_},
       length);
 }
 
@@ -45,7 +47,7 @@ std::unique_ptr<Window> X11UserInterface::createOverlayWindow(const OverlayWindo
 }
 
 std::unique_ptr<TabbedWindow> X11UserInterface::createTabbedWindow(const TabbedWindowModel& model) {
-  return std::make_unique<X11TabbedWindow>(model, connection_, overlays_.desktops);
+  return std::make_unique<X11TabbedWindow>(model, connection_, windowManager_, overlays_.desktops);
 }
 
 }  // namespace roomlattice::platform::x11

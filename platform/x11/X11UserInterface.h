@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Defaults.h"
+#include "platform/NotificationCenter.h"
 #include "platform/UserInterface.h"
 #include "platform/linux/bus/MessageBus.h"
 #include "platform/x11/appearance/X11Appearance.h"
@@ -15,7 +16,8 @@ class X11UserInterface final : public UserInterface {
  public:
   X11UserInterface(X11Connection& connection, WindowManagerWatch& windowManager, X11Screens& screens,
                    X11Appearance& appearance, X11Desktops& desktops, X11DesktopNames& desktopNames,
-                   WindowAttachments& attachments, linux::MessageBus& sessionBus, Defaults& defaults);
+                   WindowAttachments& attachments, linux::MessageBus& sessionBus, Defaults& defaults,
+                   NotificationCenter& defaultCenter);
 
   std::vector<Screen> screens() const override { return screens_.screens(); }
   std::optional<Screen> mainScreen() const override { return screens_.mainScreen(); }
@@ -33,6 +35,7 @@ class X11UserInterface final : public UserInterface {
   WindowManagerWatch& windowManager_;
   linux::MessageBus& sessionBus_;
   Defaults& defaults_;
+  NotificationCenter& defaultCenter_;
   X11Screens& screens_;
   X11Appearance& appearance_;
   X11DesktopNames& desktopNames_;

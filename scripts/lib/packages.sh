@@ -42,7 +42,7 @@ packages_for() {
     faults) printf '%s\n' strace ;;
     # With the X server whose touchpad the tests move, and window managers that have their ways with some windows.
     test)
-      printf '%s\n' libgtest-dev libgmock-dev fluxbox i3-wm metacity marco mate-settings-daemon-common bspwm \
+      printf '%s\n' libgtest-dev libgmock-dev at-spi2-core fluxbox i3-wm metacity marco mate-settings-daemon-common bspwm \
         xserver-xorg-core xserver-xorg-video-dummy xserver-xorg-dev xinput libxcb-xtest0-dev
       ;;
     # What scripts/window-managers tries the program with, and those that the test command has it tried under.

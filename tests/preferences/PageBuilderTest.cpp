@@ -102,12 +102,12 @@ TEST_F(PageBuilderTest, NamesTheControlOfARowAfterItsLabel) {
   EXPECT_EQ(page.controls.at(5).accessibilityLabel, "a:b");
 }
 
-TEST_F(PageBuilderTest, BreaksALabelThatIsLongerThanItsPlace) {
+TEST_F(PageBuilderTest, KeepsALabelThatIsLongerThanItsPlaceInOneLine) {
   builder.addRow("Label Opacity During Swipe:", platform::SliderControl{});
   const platform::TabPage page = built(builder);
-  EXPECT_EQ(page.controls.at(0).frame, (Rect{{20.0, 343.5}, {160.0, 32.5}}));
-  EXPECT_EQ(std::get<LabelControl>(page.controls.at(0).control).wrapWidth, 160.0);
-  EXPECT_EQ(page.controls.at(1).frame, (Rect{{192.0, 349.75}, {96.0, 20.0}}));
+  EXPECT_EQ(page.controls.at(0).frame, (Rect{{20.0, 357.875}, {160.0, 16.25}}));
+  EXPECT_EQ(std::get<LabelControl>(page.controls.at(0).control).wrapWidth, std::nullopt);
+  EXPECT_EQ(page.controls.at(1).frame, (Rect{{192.0, 356.0}, {96.0, 20.0}}));
 }
 
 TEST_F(PageBuilderTest, GoesOnBelowThePageWhenItIsFull) {

@@ -54,6 +54,13 @@ const std::vector<BooleanSetting> booleanSettings{
     {"InstantMenuSwitch", false, &PreferencesStore::instantMenuSwitch, &PreferencesStore::setInstantMenuSwitch},
 };
 
+TEST_F(PreferencesStoreTest, PassesOnThatSomebodyElseHasChangedSettings) {
+  EXPECT_EQ(changes([this] {
+              platform().notifications().defaultCenter().post(platform::notification::defaultsDidChangeElsewhere);
+            }),
+            1);
+}
+
 TEST_F(PreferencesStoreTest, HasItsDefaultsOnAFreshInstallation) {
   EXPECT_EQ(store.signTextSize(), 160.0);
   EXPECT_EQ(store.signSwipeAlpha(), 0.78);

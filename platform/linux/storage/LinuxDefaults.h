@@ -44,6 +44,9 @@ class LinuxDefaults final : public Defaults {
   std::optional<Value> object(const std::string& key) const override;
   void set(const std::string& key, const Value& value) override;
 
+  /// Whether the file has been changed by anybody else since this was asked last; the first time it has not.
+  SettingsMemory::News newsFromOutside() { return memory_->newsFromOutside(); }
+
   /// Waits until all that was set is in the file or has failed to get there, but not beyond `limit`. Gives whether it
   /// is in the file.
   bool waitUntilWritten(std::chrono::milliseconds limit) const;

@@ -43,6 +43,9 @@ SettingsMemory::Change SettingsMemory::set(const std::string& key, const Value& 
       change = Change::ToBeWritten;
     }
     known_[key] = value;
+    if (familiar_) {
+      familiar_ = applied({{key, SettingsChange(std::nullopt, value)}}, *std::move(familiar_));
+    }
   }
   report(lines);
   return change;
@@ -91,6 +94,22 @@ void SettingsMemory::endWrite(SettingsUpdate::Result result, Lines& lines) {
 bool SettingsMemory::isWritten() const {
   const std::scoped_lock lock(mutex_);
   return waiting_.empty() && beingWritten_.empty();
+}
+
+SettingsMemory::News SettingsMemory::newsFromOutside() {
+  Lines lines;
+  News news = News::NotKnownYet;
+  {
+    const std::scoped_lock lock(mutex_);
+    if (!writing_) {
+      refresh(lines);
+      Value::Dictionary now = applied(waiting_, settings_);
+      news = familiar_ && now != *familiar_ ? News::Changed : News::None;
+      familiar_ = std::move(now);
+    }
+  }
+  report(lines);
+  return news;
 }
 
 void SettingsMemory::silence() {

@@ -40,6 +40,17 @@ class SettingsMemory {
 
   bool isWritten() const;
 
+  enum class News {
+    None,
+    Changed,
+    /// A write of this program's own is under way.
+    NotKnownYet,
+  };
+
+  /// Whether the settings have become others than they were when this was asked last, but for what was set here; the
+  /// first time they have not.
+  News newsFromOutside();
+
   /// Reports nothing any more.
   void silence();
 
@@ -70,6 +81,8 @@ class SettingsMemory {
   bool writing_ = false;
   // What the program has last read or set; a null where there was nothing.
   std::map<std::string, Value> known_;
+  // The settings when it was last asked for news, and what was set here since then.
+  std::optional<Value::Dictionary> familiar_;
   SettingsFile::ReadResult state_ = SettingsFile::Absent{};
   // The file's stamp at the last reading, and whether the same stamp means the same contents.
   std::optional<FileStamp> stamp_;

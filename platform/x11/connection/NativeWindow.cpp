@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <string_view>
 #include <xcb/shape.h>
 
 namespace roomlattice::platform::x11 {
@@ -35,7 +36,16 @@ xcb_connection_t* toolkitConnection() {
 }  // namespace
 
 NativeWindow::NativeWindow(X11Connection& connection, QWidget& widget)
-    : connection_(connection), raw_(toolkitConnection()), id_(static_cast<xcb_window_t>(widget.winId())) {}
+    : connection_(connection), raw_(toolkitConnection()), id_(static_cast<xcb_window_t>(widget.winId())) {
+  // Panels and window managers find the program's name and icon by the name of its desktop entry.
+  constexpr std::string_view entry = "roomlattice";
+  xcb_change_property(raw_, XCB_PROP_MODE_REPLACE, id_, connection_.atom("_KDE_NET_WM_DESKTOP_FILE"),
+                      connection_.ewmh()->UTF8_STRING, 8, entry.size(), entry.data());
+}
+
+void NativeWindow::setTypes(const std::vector<xcb_atom_t>& types) {
+  writeAtoms(connection_.ewmh()->_NET_WM_WINDOW_TYPE, types);
+}
 
 void NativeWindow::writeHints(const WindowHints& hints) {
   writeAtoms(connection_.ewmh()->_NET_WM_WINDOW_TYPE, hints.types);

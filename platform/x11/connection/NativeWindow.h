@@ -33,8 +33,9 @@ struct Strut {
   bool operator==(const Strut&) const = default;
 };
 
-/// The X window of a top-level widget, written to through the toolkit's own connection, so that requests arrive in
-/// order with the toolkit's. Nothing here waits for the server unless it says so.
+/// The X window of a top-level widget, which is marked as the program's, written to through the toolkit's own
+/// connection, so that requests arrive in order with the toolkit's. Nothing here waits for the server unless it says
+/// so.
 class NativeWindow {
  public:
   /// Makes the widget's X window if there is none yet. Both must outlive this object.
@@ -44,6 +45,9 @@ class NativeWindow {
 
   /// The toolkit's connection.
   xcb_connection_t* raw() const { return raw_; }
+
+  /// Says what kind of window it is (EWMH), the best one first; to be called before it is mapped.
+  void setTypes(const std::vector<xcb_atom_t>& types);
 
   /// Puts the hints on a window that is not mapped; to be repeated before each mapping, as window managers clear them
   /// when a window is withdrawn.

@@ -14,6 +14,7 @@ constexpr std::array table = {
     Entry{"i3", {.desktopIdentity = DesktopIdentity::Name, .makesStripsOfDocks = true, .letsOverlaysWait = false}},
     Entry{"GNOME Shell", {.hasPanel = true, .letsOverlaysWait = false}},
     Entry{"Mutter (Muffin)", {.hasPanel = true}},
+    Entry{"Openbox", {.minimizesAllButToolbars = true}},
     Entry{"Xfwm4", {.keepsDocksAboveFullScreen = true}},
     Entry{"Fluxbox", {.ignoresOpacity = true}},
 };

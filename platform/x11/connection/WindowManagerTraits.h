@@ -24,6 +24,8 @@ struct WindowManagerTraits {
   bool makesStripsOfDocks = false;
   /// It keeps docks above windows that fill the screen.
   bool keepsDocksAboveFullScreen = false;
+  /// It gives every ordinary window all buttons, whatever the window asks for, and toolbars the one that closes them.
+  bool minimizesAllButToolbars = false;
   /// The panel is its own, there as soon as itself, and no window.
   bool hasPanel = false;
   /// An overlay window may be on its desktop while that is not in front. Where it may not, because it would get a wrong

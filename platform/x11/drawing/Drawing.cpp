@@ -39,6 +39,20 @@ void drawShapes(QPainter& painter, const QRectF& target, const Image& image) {
   painter.restore();
 }
 
+/// As people with low vision see it, by the formula of WCAG 2 (www.w3.org/TR/WCAG22/#dfn-relative-luminance).
+double luminance(const QColor& color) {
+  const auto linear = [](float part) {
+    return part <= 0.04045F ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+  };
+  return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
+}
+
+/// From 1, for the same colour, to 21.
+double contrast(const QColor& one, const QColor& other) {
+  const auto [darker, lighter] = std::minmax({luminance(one), luminance(other)});
+  return (lighter + 0.05) / (darker + 0.05);
+}
+
 /// Shapes may overlap, so their coverage has to be put together before it is coloured.
 QImage tinted(const Image& image, const QSizeF& size, double scale, const QColor& tint) {
   QImage layer((size * scale).toSize().expandedTo(QSize(1, 1)), QImage::Format_ARGB32_Premultiplied);
@@ -89,6 +103,31 @@ void drawImage(QPainter& painter, const QRectF& target, const Image& image, cons
   } else {
     drawShapes(painter, target, image);
   }
+}
+
+void outlineFaintShapes(QPainter& painter, const QRectF& target, const Image& image, const QColor& backdrop,
+                        const QColor& line) {
+  constexpr double leastContrast = 2.0;
+  constexpr double hairline = 0.75;
+  constexpr double opacity = 0.45;
+  if (image.isTemplate) {
+    return;
+  }
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.translate(target.topLeft());
+  for (const Shape& shape : image.shapes) {
+    if (contrast(toQt(shape.color), backdrop) < leastContrast) {
+      const double reach = shape.lineWidth.value_or(0.0) / 2;
+      Shape edge = shape;
+      edge.bounds = {{shape.bounds.minX() - reach, shape.bounds.minY() - reach},
+                     {shape.bounds.size.width + 2 * reach, shape.bounds.size.height + 2 * reach}};
+      edge.lineWidth = hairline;
+      edge.color = fromQt(line).withAlpha(opacity);
+      drawShape(painter, edge, image.size.height);
+    }
+  }
+  painter.restore();
 }
 
 void drawSymbol(QPainter& painter, const QRectF& target, const std::string& name, const QColor& color) {

@@ -1,5 +1,7 @@
 #include "platform/x11/drawing/Text.h"
 
+#include "platform/x11/drawing/TextLine.h"
+
 #include <QFontDatabase>
 #include <QFontInfo>
 #include <QFontMetricsF>
@@ -39,19 +41,6 @@ QString shortened(const QString& text) {
   return text.left(splitsPair ? mostUnits - 1 : mostUnits) + u'\u2026';
 }
 
-/// `text` shortened at its tail to `width`, keeping the blanks around it where there is room for them.
-QString elided(const QString& text, const QFontMetricsF& metrics, double width) {
-  const QString core = text.trimmed();
-  const auto leading = std::max<qsizetype>(text.indexOf(core), 0);
-  const QString before = text.left(leading);
-  const QString after = text.mid(leading + core.size());
-  const double blanks = metrics.horizontalAdvance(before) + metrics.horizontalAdvance(after);
-  if (blanks >= width) {
-    return metrics.elidedText(core, Qt::ElideRight, width);
-  }
-  return before + metrics.elidedText(core, Qt::ElideRight, width - blanks) + after;
-}
-
 }  // namespace
 
 QFont toQt(const Font& font) {
@@ -79,26 +68,23 @@ QString singleLine(const std::string& text) {
 }
 
 Size measureText(const std::string& text, const QFont& font) {
-  const QFontMetricsF metrics(font);
-  return {metrics.horizontalAdvance(singleLine(text)), metrics.height()};
+  return {TextLine(singleLine(text), font).width(), QFontMetricsF(font).height()};
+}
+
+bool isCut(const std::string& text, const QFont& font, double width) {
+  const QString line = singleLine(text);
+  return TextLine::fitted(line, font, width).text() != line;
 }
 
 void drawText(QPainter& painter, const QRectF& frame, const std::string& text, const QFont& font, const QColor& color,
               TextAlignment alignment) {
-  // Frames are sums of measured widths; a difference in the last digits must not cost a letter.
-  constexpr double tolerance = 0.01;
+  const TextLine line = TextLine::fitted(singleLine(text), font, frame.width());
+  const double leading = line.isRightToLeft() ? frame.right() - line.width() : frame.left();
+  const double x = alignment == TextAlignment::Center ? frame.center().x() - line.width() / 2 : leading;
   const QFontMetricsF metrics(font);
-  QString line = singleLine(text);
-  double width = metrics.horizontalAdvance(line);
-  if (width > frame.width() + tolerance) {
-    line = elided(line, metrics, frame.width());
-    width = metrics.horizontalAdvance(line);
-  }
-  const double x = alignment == TextAlignment::Center ? frame.center().x() - width / 2 : frame.left();
   const double baseline = frame.center().y() + (metrics.ascent() - metrics.descent()) / 2;
-  painter.setFont(font);
   painter.setPen(color);
-  painter.drawText(QPointF(x, baseline), line);
+  line.draw(painter, QPointF(x, baseline));
 }
 
 }  // namespace roomlattice::platform::x11

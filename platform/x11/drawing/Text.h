@@ -28,8 +28,12 @@ QString singleLine(const std::string& text);
 /// Advance, blanks at both ends included, and line height.
 Size measureText(const std::string& text, const QFont& font);
 
+/// Whether a frame of `width` is too narrow for the line.
+bool isCut(const std::string& text, const QFont& font, double width);
+
 /// Draws one line, centred vertically in `frame`, over its whole advance. A line longer than the frame ends in an
-/// ellipsis; blanks at its ends stay, so that a padded text remains padded.
+/// ellipsis; blanks at its ends stay, so that a padded text remains padded. The leading side of a text that is read
+/// from right to left is the right one, and so its end is at the left.
 void drawText(QPainter& painter, const QRectF& frame, const std::string& text, const QFont& font, const QColor& color,
               TextAlignment alignment);
 

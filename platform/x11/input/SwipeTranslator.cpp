@@ -11,6 +11,11 @@ constexpr unsigned fewestFingers = 3;
 constexpr double decisiveWay = 6.0;
 constexpr double wayToNextDesktop = 400.0;
 
+/// Of fingers, which pull the desktops the other way; 0 where no time has passed.
+double desktopsPerSecond(double way, std::chrono::duration<double> time) {
+  return time.count() > 0.0 ? -way / wayToNextDesktop / time.count() : 0.0;
+}
+
 }  // namespace
 
 std::optional<FieldEvent> SwipeTranslator::translate(const TouchpadSwipe& swipe) {
@@ -31,14 +36,14 @@ std::optional<FieldEvent> SwipeTranslator::translate(const TouchpadSwipe& swipe)
 void SwipeTranslator::begin(const TouchpadSwipe& swipe) {
   *this = {};
   state_ = swipe.fingers >= fewestFingers ? State::Undecided : State::Ignored;
+  beginning_ = swipe.time;
   lastTime_ = swipe.time;
 }
 
 std::optional<FieldEvent> SwipeTranslator::update(const TouchpadSwipe& swipe) {
   x_ += swipe.deltaX;
   y_ += swipe.deltaY;
-  const std::chrono::duration<double> elapsed = swipe.time - lastTime_;
-  velocity_ = elapsed.count() > 0.0 ? -swipe.deltaX / wayToNextDesktop / elapsed.count() : 0.0;
+  velocity_ = desktopsPerSecond(swipe.deltaX, swipe.time - lastTime_);
   lastTime_ = swipe.time;
   if (state_ == State::Horizontal) {
     return event(DockSwipe::Changed);
@@ -47,6 +52,8 @@ std::optional<FieldEvent> SwipeTranslator::update(const TouchpadSwipe& swipe) {
     return std::nullopt;
   }
   state_ = std::abs(x_) > std::abs(y_) ? State::Horizontal : State::Ignored;
+  // The last of the motions may have gone against the others.
+  velocity_ = desktopsPerSecond(x_, swipe.time - beginning_);
   return state_ == State::Horizontal ? std::optional(event(DockSwipe::Began)) : std::nullopt;
 }
 

@@ -21,7 +21,8 @@ struct TouchpadSwipe {
 };
 
 /// Makes Dock swipes out of touchpad swipes of three or more fingers along a row of desktops. It waits until the
-/// fingers have come far enough to tell the direction, so that already the first event has it. Fingers that move to the
+/// fingers have come far enough to tell the direction, so that already the first event has it, whatever way they made
+/// until then: its velocity is the mean of that way's. Fingers that move to the
 /// left pull the next desktop in from the right: progress and velocity are positive then. A swipe up or down is none.
 class SwipeTranslator {
  public:
@@ -40,6 +41,7 @@ class SwipeTranslator {
   double x_ = 0.0;
   double y_ = 0.0;
   double velocity_ = 0.0;  // desktops per second
+  std::chrono::milliseconds beginning_{0};
   std::chrono::milliseconds lastTime_{0};
 };
 

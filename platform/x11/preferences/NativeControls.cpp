@@ -10,6 +10,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSlider>
+#include <QToolTip>
 #include <cmath>
 #include <utility>
 
@@ -22,6 +23,21 @@ WidgetPointer make(const LabelControl& label) {
   return std::make_unique<PageLabel>(label);
 }
 
+/// Shares of a whole are percentages, as people say them.
+QString spoken(double value, const SliderControl& control) {
+  return control.maximum <= 1.0 ? QStringLiteral("%1 %").arg(std::lround(value * 100.0))
+                                : QString::number(value, 'g', 6);
+}
+
+/// At the slider while it is moved, and as its tool tip later.
+void tellValue(QSlider& slider, const QString& value) {
+  slider.setToolTip(value);
+  slider.setAccessibleDescription(value);
+  if (slider.isVisible()) {
+    QToolTip::showText(slider.mapToGlobal(QPoint(slider.width(), 0)), value, &slider);
+  }
+}
+
 /// Sliders count in whole steps: hundredths where the range is small, ones otherwise. The values are decimal numbers
 /// then, and what a screen reader says makes sense.
 WidgetPointer make(const SliderControl& control) {
@@ -30,8 +46,12 @@ WidgetPointer make(const SliderControl& control) {
   auto slider = std::make_unique<QSlider>(Qt::Horizontal);
   slider->setRange(toSteps(control.minimum), toSteps(control.maximum));
   slider->setValue(toSteps(control.value));
+  tellValue(*slider, spoken(control.value, control));
   QObject::connect(slider.get(), &QSlider::valueChanged, slider.get(),
-                   [action = control.action, stepsPerUnit](int steps) { action(steps / stepsPerUnit); });
+                   [control, stepsPerUnit, told = slider.get()](int steps) {
+                     tellValue(*told, spoken(steps / stepsPerUnit, control));
+                     control.action(steps / stepsPerUnit);
+                   });
   return slider;
 }
 

@@ -2,8 +2,11 @@
 
 #include "platform/x11/drawing/QtValues.h"
 #include "platform/x11/drawing/Text.h"
+#include "platform/x11/drawing/TextLine.h"
+#include "platform/x11/drawing/ToolTips.h"
 
 #include <QFontMetricsF>
+#include <QHelpEvent>
 #include <QPainter>
 #include <QTextLayout>
 #include <QTextOption>
@@ -12,6 +15,9 @@
 
 namespace roomlattice::platform::x11 {
 namespace {
+
+// Letters that are narrower than this are hard to read.
+constexpr double narrowest = 0.8;
 
 /// The size of `text` broken into lines no wider than `width`.
 QSizeF wrappedSize(const QString& text, const QFont& font, const QTextOption& option, double width) {
@@ -43,18 +49,42 @@ QTextOption PageLabel::textOption() const {
 }
 
 QSize PageLabel::sizeHint() const {
-  const QFontMetricsF metrics(font());
-  QSizeF size(metrics.horizontalAdvance(text()), metrics.height());
+  QSizeF size(TextLine(text(), font()).width(), QFontMetricsF(font()).height());
   if (wrapWidth_ && size.width() > *wrapWidth_) {
     size = wrappedSize(text(), font(), textOption(), *wrapWidth_);
   }
   return {static_cast<int>(std::ceil(size.width())), static_cast<int>(std::ceil(size.height()))};
 }
 
+double PageLabel::stretch() const {
+  const double natural = TextLine(text(), font()).width();
+  return natural > width() ? std::max(width() / natural, narrowest) : 1.0;
+}
+
+bool PageLabel::isCut() const {
+  return !wrapWidth_ && x11::isCut(text().toStdString(), font(), width() / stretch());
+}
+
+bool PageLabel::event(QEvent* event) {
+  if (event->type() != QEvent::ToolTip) {
+    return QLabel::event(event);
+  }
+  answerToolTip(*this, static_cast<const QHelpEvent&>(*event), isCut() ? text().trimmed() : QString());
+  return true;
+}
+
 void PageLabel::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  painter.setPen(toQt(color_, palette()));
-  painter.drawText(QRectF(rect()), text(), textOption());
+  const QColor color = toQt(color_, palette());
+  if (wrapWidth_) {
+    painter.setPen(color);
+    painter.drawText(QRectF(rect()), text(), textOption());
+    return;
+  }
+  const double factor = stretch();
+  painter.scale(factor, 1.0);
+  drawText(painter, QRectF(0.0, 0.0, width() / factor, height()), text().toStdString(), font(), color,
+           TextAlignment::Leading);
 }
 
 }  // namespace roomlattice::platform::x11

@@ -1,5 +1,6 @@
 #include "platform/x11/preferences/X11TabbedWindow.h"
 
+#include "platform/x11/drawing/ProgramIcon.h"
 #include "platform/x11/drawing/QtValues.h"
 #include "platform/x11/drawing/Text.h"
 #include "platform/x11/preferences/NativeControls.h"
@@ -7,6 +8,7 @@
 #include <QComboBox>
 #include <QEvent>
 #include <QGuiApplication>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QScreen>
 #include <QScrollArea>
@@ -36,6 +38,28 @@ class WheelToPage final : public QObject {
     return true;
   }
 };
+
+/// Closes the window by the key that no control in it has a use for. As a shortcut it would do so also while the
+/// choices of a pop-up are open.
+class EscapeCloses final : public QObject {
+ public:
+  explicit EscapeCloses(QWidget* window) : QObject(window), window_(*window) {}
+
+  bool eventFilter(QObject*, QEvent* event) override {
+    const bool escapes =
+        event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->matches(QKeySequence::Cancel);
+    return escapes && window_.close();
+  }
+
+ private:
+  QWidget& window_;
+};
+
+/// Flags have to be there before the widget gets its X window.
+QWidget& prepared(QWidget& window) {
+  window.setWindowFlags(titledAndClosable);
+  return window;
+}
 
 /// The page's own size, or more where controls stand beyond its right or bottom edge.
 Size neededSize(const TabPage& page) {
@@ -83,9 +107,14 @@ QScrollArea* makeScrolling(QWidget* content) {
 
 }  // namespace
 
-X11TabbedWindow::X11TabbedWindow(const TabbedWindowModel& model, X11Connection& connection, const X11Desktops& desktops)
-    : connection_(connection), desktops_(desktops) {
-  window_.setWindowFlags(titledAndClosable);
+X11TabbedWindow::X11TabbedWindow(const TabbedWindowModel& model, X11Connection& connection,
+                                 const WindowManagerWatch& windowManager, const X11Desktops& desktops)
+    : connection_(connection), desktops_(desktops), native_(connection, prepared(window_)) {
+  if (windowManager.traits().minimizesAllButToolbars) {
+    const xcb_ewmh_connection_t& atoms = *connection_.ewmh();
+    native_.setTypes({atoms._NET_WM_WINDOW_TYPE_TOOLBAR, atoms._NET_WM_WINDOW_TYPE_NORMAL});
+  }
+  window_.setWindowIcon(programIcon());
   window_.setWindowTitle(x11::toQt(model.title));
   window_.setFixedSize(toQt(model.contentSize));
   auto* tabs = new QTabWidget(&window_);
@@ -96,6 +125,7 @@ X11TabbedWindow::X11TabbedWindow(const TabbedWindowModel& model, X11Connection& 
   followKeys(*tabs);
   auto* close = new QShortcut(QKeySequence::Close, &window_);
   QObject::connect(close, &QShortcut::activated, &window_, &QWidget::close);
+  window_.installEventFilter(new EscapeCloses(&window_));
   center();
 }
 

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "platform/Controls.h"
+#include "platform/x11/connection/NativeWindow.h"
+#include "platform/x11/connection/WindowManagerWatch.h"
 #include "platform/x11/connection/X11Connection.h"
 #include "platform/x11/desktops/X11Desktops.h"
 
@@ -17,7 +19,8 @@ namespace roomlattice::platform::x11 {
 class X11TabbedWindow final : public TabbedWindow {
  public:
   /// The others must outlive the panel.
-  X11TabbedWindow(const TabbedWindowModel& model, X11Connection& connection, const X11Desktops& desktops);
+  X11TabbedWindow(const TabbedWindowModel& model, X11Connection& connection, const WindowManagerWatch& windowManager,
+                  const X11Desktops& desktops);
 
   void show() override;
   void setText(ControlReference label, const std::string& text) override;
@@ -32,6 +35,7 @@ class X11TabbedWindow final : public TabbedWindow {
   X11Connection& connection_;
   const X11Desktops& desktops_;
   QWidget window_;
+  NativeWindow native_;
   // By page and place; owned by the window.
   std::vector<std::vector<QWidget*>> controls_;
   // A control that was disabled while it had the keyboard.

@@ -2,6 +2,7 @@
 
 #include "platform/x11/drawing/RoundedShape.h"
 #include "platform/x11/drawing/Text.h"
+#include "platform/x11/drawing/ToolTips.h"
 #include "platform/x11/statusitem/StatusItemDrawing.h"
 
 #include <QApplication>
@@ -66,7 +67,7 @@ void FloatingItem::setContent(const StatusButtonContent& content, const StatusIt
   length_ = length;
   const QString title = singleLine(content.title.text).trimmed();
   setAccessibleName(title.isEmpty() ? windowTitle() : title);
-  setToolTip(title.toHtmlEscaped());
+  setToolTip(toolTipSaying(title));
   if (isVisible()) {
     place();
     draw();

@@ -19,6 +19,11 @@ bool ItemPlacement::isFloating() const {
   return choice_ != ItemPlace::Panel || watch_.state() == TrayWatch::State::Absent;
 }
 
+void ItemPlacement::settingsChanged() {
+  choice_ = settings_.place();
+  changed_();
+}
+
 void ItemPlacement::choose(ItemPlace place) {
   settings_.setPlace(place);
   choice_ = place;

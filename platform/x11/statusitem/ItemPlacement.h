@@ -20,6 +20,9 @@ class ItemPlacement {
   ItemPlace choice() const { return choice_; }
   void choose(ItemPlace place);
 
+  /// To be called when somebody else has changed the settings.
+  void settingsChanged();
+
  private:
   ItemSettings& settings_;
   linux::TrayWatch& watch_;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Defaults.h"
+#include "platform/NotificationCenter.h"
 #include "platform/linux/bus/MessageBus.h"
 #include "platform/x11/appearance/X11Appearance.h"
 #include "platform/x11/connection/CompositorWatch.h"
@@ -21,6 +22,7 @@ struct StatusItemEnvironment {
   X11DesktopNames& desktopNames;
   linux::MessageBus& sessionBus;
   Defaults& defaults;
+  NotificationCenter& defaultCenter;
 };
 
 }  // namespace roomlattice::platform::x11

@@ -31,6 +31,10 @@ struct Choosing {
 
 X11StatusItem::X11StatusItem(const StatusItemEnvironment& environment, const StatusItemLength& length)
     : environment_(environment), length_(length) {
+  changesElsewhere_ = environment_.defaultCenter.observe(notification::defaultsDidChangeElsewhere, [this] {
+    placement_.settingsChanged();
+    settingsChanged();
+  });
   place();
 }
 
@@ -132,7 +136,8 @@ ItemHandlers X11StatusItem::handlers() {
 
 void X11StatusItem::openMenuAt(const QRect& anchor) {
   if (menu_ != nullptr && session_ == nullptr) {
-    session_ = std::make_unique<MenuSession>(*menu_, anchor, context_, [this] { session_.reset(); });
+    session_ = std::make_unique<MenuSession>(*menu_, anchor, environment_.appearance.accentColor(), context_,
+                                             [this] { session_.reset(); });
   }
 }
 

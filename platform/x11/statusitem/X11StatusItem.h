@@ -52,6 +52,7 @@ class X11StatusItem final : public StatusItem, public StatusButton {
   std::optional<PanelItem> panel_;
   ItemPlacement placement_{settings_, tray_, [this] { place(); }};
   ItemOptions options_{placement_, settings_, environment_.desktopNames, [this] { settingsChanged(); }};
+  Registration changesElsewhere_;
 };
 
 }  // namespace roomlattice::platform::x11

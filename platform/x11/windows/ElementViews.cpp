@@ -63,7 +63,9 @@ class ImageElementView final : public PaintedElementView<ImageElement> {
 
  private:
   void draw(QPainter& painter, const ImageElement& image, const QRectF& frame) override {
-    drawImage(painter, frame, image.image, toQt(SystemColor::Label, widget().palette()));
+    const QPalette& palette = widget().palette();
+    drawImage(painter, frame, image.image, toQt(SystemColor::Label, palette));
+    outlineFaintShapes(painter, frame, image.image, palette.color(QPalette::Window), toQt(SystemColor::Label, palette));
   }
 };
 

@@ -2,11 +2,14 @@
 
 #include "platform/x11/drawing/QtValues.h"
 #include "platform/x11/drawing/Text.h"
+#include "platform/x11/drawing/ToolTips.h"
 
 #include <QEvent>
+#include <QHelpEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QWidget>
+#include <algorithm>
 #include <cmath>
 #include <utility>
 #include <variant>
@@ -14,13 +17,17 @@
 namespace roomlattice::platform::x11 {
 namespace {
 
-QString visibleText(const ViewContent& content) {
-  for (const ViewElement& element : content.elements) {
-    if (const auto* text = std::get_if<TextElement>(&element.kind); text != nullptr && !element.hidden) {
-      return singleLine(text->text);
-    }
-  }
-  return {};
+/// The first text that is to be seen.
+const ViewElement* visibleText(const ViewContent& content) {
+  const auto found = std::ranges::find_if(content.elements, [](const ViewElement& element) {
+    return std::holds_alternative<TextElement>(element.kind) && !element.hidden;
+  });
+  return found == content.elements.end() ? nullptr : &*found;
+}
+
+QString nameOf(const ViewContent& content) {
+  const ViewElement* element = visibleText(content);
+  return element == nullptr ? QString() : singleLine(std::get<TextElement>(element->kind).text);
 }
 
 }  // namespace
@@ -38,6 +45,14 @@ class HostedView::Widget final : public QWidget {
   QSize minimumSizeHint() const override { return sizeHint(); }
 
  protected:
+  bool event(QEvent* event) override {
+    if (event->type() != QEvent::ToolTip || host_ == nullptr) {
+      return QWidget::event(event);
+    }
+    answerToolTip(*this, static_cast<const QHelpEvent&>(*event), host_->cutText());
+    return true;
+  }
+
   void paintEvent(QPaintEvent*) override {
     if (host_ != nullptr) {
       QPainter painter(this);
@@ -86,7 +101,7 @@ HostedView::HostedView(View& view, QWidget& parent)
   for (const ViewElement& element : content_.elements) {
     elements_.push_back(makeElementView(element, view_, *widget_));
   }
-  widget_->setAccessibleName(visibleText(content_));
+  widget_->setAccessibleName(nameOf(content_));
   view_.setHost(this);
 }
 
@@ -120,11 +135,12 @@ void HostedView::viewChanged() {
   }
   content_ = std::move(now);
   widget_->resize(size());
-  widget_->setAccessibleName(visibleText(content_));
+  widget_->setAccessibleName(nameOf(content_));
   for (std::size_t i = 0; i < elements_.size() && i < content_.elements.size(); ++i) {
     elements_[i]->update(content_.elements[i], view_.frame().size.height);
   }
   widget_->update();
+  onChange();
 }
 
 X11TextField* HostedView::textField() {
@@ -163,8 +179,19 @@ void HostedView::paint(QPainter& painter) const {
   }
 }
 
+QString HostedView::cutText() const {
+  const ViewElement* element = visibleText(content_);
+  if (element == nullptr) {
+    return {};
+  }
+  const auto& text = std::get<TextElement>(element->kind);
+  return isCut(text.text, toQt(text.font), element->frame.size.width) ? singleLine(text.text) : QString();
+}
+
 void HostedView::mouseReleased(const QMouseEvent& event) {
-  const Point point = fromQt(event.position(), view_.frame().size.height);
+  // The pointer is on a pixel, which is told by its corner: that of the topmost line is on the edge of the view.
+  const double half = 0.5 / widget_->devicePixelRatioF();
+  const Point point = fromQt(event.position() + QPointF(half, half), view_.frame().size.height);
   if (event.button() == Qt::LeftButton && view_.hitTest(point) == HitTarget::View) {
     view_.mouseUp(point);
   }

@@ -50,6 +50,9 @@ class HostedView final : public ViewHost {
   /// What closes the menu the view is in; it may end this object. Never empty.
   std::function<void()> onCancelMenuTracking = [] {};
 
+  /// Called when what the widget shows has changed, its accessible name for one. Never empty.
+  std::function<void()> onChange = [] {};
+
   void viewChanged() override;
   X11TextField* textField() override;
   void cancelMenuTracking() override;
@@ -59,6 +62,8 @@ class HostedView final : public ViewHost {
 
   QSize size() const;
   void paint(QPainter& painter) const;
+  /// The text that there is no room for, if so.
+  QString cutText() const;
   void mouseReleased(const QMouseEvent& event);
 
   View& view_;

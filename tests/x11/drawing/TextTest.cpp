@@ -22,12 +22,13 @@ using platform::x11::toQt;
 class TextTest : public ::testing::Test {
  protected:
   /// The columns that get ink when the text is drawn into a frame of `width`.
-  std::pair<int, int> inkColumns(const std::string& text, double width) {
-    QImage image(400, 60, QImage::Format_RGB32);
+  std::pair<int, int> inkColumns(const std::string& text, double width,
+                                 TextAlignment alignment = TextAlignment::Center) {
+    QImage image(500, 60, QImage::Format_RGB32);
     image.fill(Qt::white);
     QPainter painter(&image);
     platform::x11::drawText(painter, QRectF(50.0, 10.0, width, 40.0), text, toQt(Font{.size = 20.0}), Qt::black,
-                            TextAlignment::Center);
+                            alignment);
     painter.end();
     std::pair<int, int> columns{image.width(), -1};
     for (int x = 0; x < image.width(); ++x) {
@@ -99,6 +100,27 @@ TEST_F(TextTest, KeepsToItsFrameAndItsBlanksWhenItIsTooLong) {
   const auto [first, last] = inkColumns(" Something that is much too long ", 100.0);
   EXPECT_GE(first, 50);
   EXPECT_LE(last, 150 - widthOf(" ") / 2);
+}
+
+TEST_F(TextTest, KeepsToItsFrameInEveryScript) {
+  for (const char* text : {"مكتب العمل الرئيسي للمشروع الكبير", "ببببببببببببببببببببب", "שולחן העבודה הראשי שלי",
+                           "लंबा नाम डेस्कटॉप के लिए", "漢字漢字漢字漢字漢字漢字", "Mail مكتب العمل الرئيسي Mail"}) {
+    for (double width = 40.0; width < widthOf(text); width += 7.0) {
+      const auto [first, last] = inkColumns(text, width);
+      EXPECT_GE(first, 49) << text << " in " << width;
+      EXPECT_LE(last, 50 + width) << text << " in " << width;
+    }
+    EXPECT_FALSE(platform::x11::isCut(text, toQt(Font{.size = 20.0}), widthOf(text)));
+  }
+}
+
+TEST_F(TextTest, BeginsAtTheRightWhereItIsReadFromThere) {
+  const std::string hebrew = "שולחן";
+  const auto [first, last] = inkColumns(hebrew, 300.0, TextAlignment::Leading);
+  EXPECT_NEAR(last, 350, 3);
+  EXPECT_NEAR(first, 350 - widthOf(hebrew), 3);
+  const auto [latinFirst, latinLast] = inkColumns("HHH", 300.0, TextAlignment::Leading);
+  EXPECT_NEAR(latinFirst, 50, 3);
 }
 
 TEST_F(TextTest, IsCutWhereItIsFarTooLong) {

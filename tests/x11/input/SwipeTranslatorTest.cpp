@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
 #include <vector>
 
 namespace roomlattice::platform::x11 {
@@ -79,6 +80,24 @@ TEST_F(SwipeTranslatorTest, AddsUpTheWayButNotTheVelocity) {
   move(20.0, 0.0);
   EXPECT_DOUBLE_EQ(last().real(EventField::Progress), 0.05);
   EXPECT_DOUBLE_EQ(last().real(EventField::Velocity), -5.0);
+}
+
+TEST_F(SwipeTranslatorTest, BeginsInTheDirectionOfTheWholeWayWhateverMotionCameLast) {
+  struct Row {
+    std::pair<double, double> first;
+    std::pair<double, double> then;
+    double sign;
+  };
+  for (const auto& [first, then, sign] : {Row{{-5.9, 0.0}, {0.5, 4.0}, 1.0}, Row{{5.9, 0.0}, {-0.5, 4.0}, -1.0},
+                                          Row{{0.0, -5.0}, {-7.0, 1.0}, 1.0}, Row{{3.0, 0.0}, {-10.0, 0.0}, 1.0}}) {
+    begin();
+    move(first.first, first.second);
+    move(then.first, then.second);
+    ASSERT_EQ(last().integer(EventField::Phase), DockSwipe::Began);
+    EXPECT_GT(last().real(EventField::Progress) * sign, 0.0);
+    EXPECT_GT(last().real(EventField::Velocity) * sign, 0.0);
+    end();
+  }
 }
 
 TEST_F(SwipeTranslatorTest, TellsOfACancelledSwipe) {

@@ -8,6 +8,7 @@
 #include <QScreen>
 #include <QSlider>
 #include <QTabWidget>
+#include <QToolTip>
 #include <gmock/gmock.h>
 
 namespace roomlattice::tests {
@@ -187,6 +188,37 @@ TEST_F(X11TabbedWindowTest, OffersNeitherToMinimizeNorToMaximizeIt) {
   EXPECT_THAT(hints, ::testing::HasSubstr(", 0x26, "));
 }
 
+TEST_F(X11TabbedWindowTest, CannotBeMinimizedOrMaximizedInAWindowManagerThatGivesAllButtonsToOrdinaryWindows) {
+  showPage({button("Push")});
+  const auto actions = [this] {
+    return ui_.session.run({"xprop", "-id", std::to_string(window()->winId()), "_NET_WM_ALLOWED_ACTIONS"});
+  };
+  ASSERT_THAT(actions(), ::testing::HasSubstr("_NET_WM_ACTION_CLOSE"));
+  EXPECT_THAT(actions(), ::testing::Not(::testing::HasSubstr("_NET_WM_ACTION_MINIMIZE")));
+  EXPECT_THAT(actions(), ::testing::Not(::testing::HasSubstr("_NET_WM_ACTION_MAXIMIZE")));
+}
+
+TEST_F(X11TabbedWindowTest, CarriesTheIconOfTheProgramAndTheNameOfItsDesktopEntry) {
+  showPage({button("Push")});
+  const auto property = [this](const std::string& name) {
+    return ui_.session.run({"xprop", "-id", std::to_string(window()->winId()), name});
+  };
+  EXPECT_THAT(property("_NET_WM_ICON"), ::testing::HasSubstr("Icon (48 x 48)"));
+  EXPECT_THAT(property("_KDE_NET_WM_DESKTOP_FILE"), ::testing::HasSubstr("\"roomlattice\""));
+}
+
+TEST_F(X11TabbedWindowTest, TellsTheValueOfASliderAsPeopleSayIt) {
+  showPage({SliderControl{.value = 0.78, .minimum = 0.1, .maximum = 1.0},
+            SliderControl{.value = 160.0, .minimum = 60.0, .maximum = 300.0}});
+  const auto sliders = window()->findChildren<QSlider*>();
+  ASSERT_EQ(sliders.size(), 2);
+  EXPECT_EQ(sliders[0]->toolTip(), QStringLiteral("78 %"));
+  sliders[1]->setValue(161);
+  EXPECT_EQ(sliders[1]->toolTip(), QStringLiteral("161"));
+  EXPECT_EQ(sliders[1]->accessibleDescription(), QStringLiteral("161"));
+  EXPECT_EQ(QToolTip::text(), QStringLiteral("161"));
+}
+
 TEST_F(X11TabbedWindowTest, StandsInTheMiddleOfTheScreen) {
   showPage({button("Push")});
   const QPoint middle = window()->screen()->availableGeometry().center();
@@ -206,11 +238,25 @@ TEST_F(X11TabbedWindowTest, MovesASliderByTheKeyboardInHundredths) {
 }
 
 TEST_F(X11TabbedWindowTest, ComesBackAfterItWasClosed) {
-  showPage({button("Push")});
-  press("ctrl+w");
-  ASSERT_TRUE(waitFor([] { return !window()->isVisible(); }));
-  panel_->show();
-  EXPECT_TRUE(waitFor([] { return window()->isActiveWindow(); }));
+  showPage({button("Push"), {SelectableTextControl{.text = "text"}, "Text"}});
+  for (const char* key : {"ctrl+w", "Escape"}) {
+    press(key);
+    ASSERT_TRUE(waitFor([] { return !window()->isVisible(); })) << key;
+    panel_->show();
+    EXPECT_TRUE(waitFor([] { return window()->isActiveWindow(); })) << key;
+  }
+}
+
+TEST_F(X11TabbedWindowTest, StaysWhenTheEscapeKeyClosesTheChoicesOfAPopUp) {
+  showPage({PopUpControl{.items = {"One", "Two"}, .action = [](int) {}}});
+  const auto isOpen = [] { return QApplication::activePopupWidget() != nullptr; };
+  press("Tab");
+  ASSERT_TRUE(waitFor([] { return dynamic_cast<QComboBox*>(window()->focusWidget()) != nullptr; }));
+  press("space");
+  ASSERT_TRUE(waitFor(isOpen));
+  press("Escape");
+  EXPECT_TRUE(waitFor([&] { return !isOpen(); }));
+  EXPECT_TRUE(window()->isVisible());
 }
 
 }  // namespace

@@ -29,7 +29,7 @@ struct UserInterfaceSession {
   platform::linux::LinuxDefaults defaults{std::nullopt, [](const std::string&) {}};
   platform::x11::X11DesktopNames desktopNames{desktops, defaults};
   platform::x11::X11UserInterface userInterface{qt.connection(), windowManager, screens, appearance, desktops,
-                                                desktopNames,    attachments,   bus,     defaults};
+                                                desktopNames,    attachments,   bus,     defaults,   center};
 };
 
 }  // namespace roomlattice::tests

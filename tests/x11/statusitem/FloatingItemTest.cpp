@@ -125,7 +125,7 @@ TEST_F(FloatingItemTest, IsAButtonWithANameForThoseWhoCannotSeeIt) {
 TEST_F(FloatingItemTest, TellsTheWholeTitleWhereItIsCut) {
   show(redTitle(" <b>Letters</b> "), FixedLength{30.0});
   ASSERT_TRUE(standsInTheMiddle(30));
-  EXPECT_EQ(floating()->toolTip(), QStringLiteral("&lt;b&gt;Letters&lt;/b&gt;"));
+  EXPECT_EQ(floating()->toolTip(), QStringLiteral("<span>&lt;b&gt;Letters&lt;/b&gt;</span>"));
 }
 
 TEST_F(FloatingItemTest, IsNeverTooNarrowToHit) {

@@ -5,6 +5,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <algorithm>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -24,9 +25,14 @@ bool isMenuOpen() {
 /// A row that notes what happens to it, and closes the menu when it is clicked.
 class NotingRow final : public platform::View {
  public:
-  explicit NotingRow(std::vector<std::string>& notes) : notes_(notes) { setFrame({{}, {220.0, 24.0}}); }
+  explicit NotingRow(std::vector<std::string>& notes, std::string name = {}) : notes_(notes), name_(std::move(name)) {
+    setFrame({{}, {220.0, 24.0}});
+  }
 
-  platform::ViewContent content() const override { return {}; }
+  platform::ViewContent content() const override {
+    return {.elements = {{.frame = {{38.0, 4.0}, {100.0, 16.0}}, .kind = platform::TextElement{.text = name_}}}};
+  }
+  void buttonClicked() override { note("button " + name_); }
   void mouseEntered() override { note("entered"); }
   void mouseExited() override { note("exited"); }
   void mouseUp(platform::Point) override {
@@ -42,6 +48,7 @@ class NotingRow final : public platform::View {
   void hostingEnded() override { note("ended"); }
 
   std::vector<std::string>& notes_;
+  std::string name_;
 };
 
 class MenuSessionTest : public ::testing::Test {
@@ -53,18 +60,38 @@ class MenuSessionTest : public ::testing::Test {
   }
 
   void open() {
-    menuSession_ =
-        std::make_unique<MenuSession>(menu_, QRect(599, 99, 1, 1), *owner_, [this] { menuSession_.reset(); });
+    menuSession_ = std::make_unique<MenuSession>(menu_, QRect(599, 99, 1, 1), platform::Color{0.0, 0.0, 1.0}, *owner_,
+                                                 [this] { menuSession_.reset(); });
     ASSERT_TRUE(waitFor(isMenuOpen));
     // No row is under the pointer.
     session_.run({"xdotool", "mousemove", "--sync", "100", "500"});
   }
 
-  /// Presses keys until the menu closes and what it had under way is done.
-  void pressUntilClosed(const std::vector<std::string>& keys) {
+  /// Puts rows of these names before the command, in place of the one.
+  void nameRows(const std::vector<std::string>& names) {
+    menu_.items.erase(menu_.items.begin());
+    for (std::size_t row = 0; row < names.size(); ++row) {
+      menu_.items.insert(menu_.items.begin() + static_cast<std::ptrdiff_t>(row),
+                         ViewItem{.view = std::make_unique<NotingRow>(notes_, names[row])});
+    }
+  }
+
+  void press(const std::vector<std::string>& keys) {
     std::vector<std::string> command{"xdotool", "key"};
     command.insert(command.end(), keys.begin(), keys.end());
     session_.run(command);
+  }
+
+  /// The name of the item under the keyboard's cursor.
+  static std::string underCursor() {
+    const auto* popup = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    const QAction* action = popup == nullptr ? nullptr : popup->activeAction();
+    return action == nullptr ? "" : action->text().toStdString();
+  }
+
+  /// Presses keys until the menu closes and what it had under way is done.
+  void pressUntilClosed(const std::vector<std::string>& keys) {
+    press(keys);
     ASSERT_TRUE(waitFor([this] { return !isMenuOpen() && menuSession_ == nullptr; }));
     QCoreApplication::processEvents();
   }
@@ -108,6 +135,48 @@ TEST_F(MenuSessionTest, RunsACommandByItsShortcut) {
   open();
   pressUntilClosed({"ctrl+k"});
   EXPECT_TRUE(waitFor([this] { return !notes_.empty() && notes_.back() == "run"; }));
+}
+
+TEST_F(MenuSessionTest, RunsACommandByAClick) {
+  open();
+  const QRect popup = QApplication::activePopupWidget()->geometry();
+  const QPoint row = popup.bottomLeft() + QPoint(60, -12);
+  session_.run({"xdotool", "mousemove", "--sync", std::to_string(row.x()), std::to_string(row.y()), "click", "1"});
+  EXPECT_TRUE(waitFor([this] { return !notes_.empty() && notes_.back() == "run"; }));
+  EXPECT_EQ(menuSession_, nullptr);
+}
+
+TEST_F(MenuSessionTest, PressesTheButtonOfTheRowUnderTheCursorByF2AndStaysOpen) {
+  nameRows({"Mail", "Web"});
+  open();
+  press({"F2", "Down", "Down", "F2"});
+  EXPECT_TRUE(waitFor([this] { return notes_.back() == "button Web"; }));
+  EXPECT_EQ(std::ranges::count_if(notes_, [](const std::string& note) { return note.starts_with("button"); }), 1);
+  EXPECT_TRUE(isMenuOpen());
+  pressUntilClosed({"Escape"});
+}
+
+TEST_F(MenuSessionTest, ChoosesARowByItsNumber) {
+  nameRows({"Mail", "Web", "Code"});
+  open();
+  pressUntilClosed({"7", "3"});
+  EXPECT_EQ(notes_.back(), "clicked without a host");
+  EXPECT_EQ(notes_.size(), 4U) << "one row ended, entered by nobody, and clicked";
+}
+
+TEST_F(MenuSessionTest, MovesTheCursorToANameByItsFirstLetters) {
+  nameRows({"Mail", "Web", "Music"});
+  open();
+  const auto isUnder = [](const char* name) { return [name] { return underCursor() == name; }; };
+  press({"w"});
+  EXPECT_TRUE(waitFor(isUnder("Web")));
+  press({"m"});
+  EXPECT_TRUE(waitFor(isUnder("Music")));
+  press({"m"});
+  EXPECT_TRUE(waitFor(isUnder("Mail")));
+  press({"c"});
+  EXPECT_TRUE(waitFor(isUnder("Command")));
+  pressUntilClosed({"Escape"});
 }
 
 TEST_F(MenuSessionTest, RunsNoCommandForAnOwnerThatHasGone) {

@@ -5,10 +5,12 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QPointer>
+#include <QToolTip>
 #include <QWidget>
 #include <gtest/gtest.h>
 
@@ -113,6 +115,32 @@ TEST_F(HostedViewTest, TellsTheViewWhatIsDoneWithItAndNothingOnceItIsHostedNoLon
   hosted_.reset();
   work(widget);
   EXPECT_EQ(view_.told, 5);
+}
+
+TEST_F(HostedViewTest, TakesAClickOnEveryPixelLineFromTheTopmostToTheLowest) {
+  QWidget& widget = show();
+  for (const double y : {0.0, 59.0}) {
+    view_.told = 0;
+    QMouseEvent event(QEvent::MouseButtonRelease, {199.0, y}, {199.0, y}, Qt::LeftButton, Qt::LeftButton,
+                      Qt::NoModifier);
+    QCoreApplication::sendEvent(&widget, &event);
+    EXPECT_EQ(view_.told, 1) << y;
+  }
+}
+
+TEST_F(HostedViewTest, TellsATextThatIsCutInAToolTip) {
+  QWidget& widget = show();
+  const auto toolTip = [&widget] {
+    QToolTip::hideText();
+    QHelpEvent event(QEvent::ToolTip, {20, 10}, widget.mapToGlobal(QPoint(20, 10)));
+    QCoreApplication::sendEvent(&widget, &event);
+    return QToolTip::text();
+  };
+  EXPECT_EQ(toolTip(), QString());
+  view_.text = "Letters & <b>much</b> else that there is no room for";
+  view_.contentChanged();
+  EXPECT_EQ(toolTip(),
+            QStringLiteral("<span>Letters &amp; &lt;b&gt;much&lt;/b&gt; else that there is no room for</span>"));
 }
 
 TEST_F(HostedViewTest, LetsItsWidgetGoWhenTheToolkitIsDoneWithIt) {

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "platform/linux/storage/LinuxDefaults.h"
+
+#include <QFileSystemWatcher>
+#include <QTimer>
+#include <filesystem>
+#include <functional>
+
+namespace roomlattice::platform::linux {
+
+/// Notices when the settings file is changed by anybody but this program, as long as it lives. Needs the Qt
+/// application.
+class SettingsWatch {
+ public:
+  /// Of the file at `path`, whether it exists or not; `defaults` are the settings in it, and must outlive this object.
+  /// `changed` is called from the event loop, when the settings have another value than this program knew.
+  SettingsWatch(LinuxDefaults& defaults, std::filesystem::path path, std::function<void()> changed);
+
+ private:
+  void follow();
+  void look();
+
+  LinuxDefaults& defaults_;
+  std::filesystem::path path_;
+  std::function<void()> changed_;
+  QFileSystemWatcher watcher_;
+  QTimer lookSoon_;
+};
+
+}  // namespace roomlattice::platform::linux
