@@ -116,7 +116,7 @@ X11Platform::X11Platform(std::unique_ptr<X11Connection> connection, std::unique_
       windowManager_(*connection_),
       guard_(*connection_, *lock_, windowManager_, [this] { defaults_.finishWriting(); }),
       desktops_(*connection_, sessionBus_, windowManager_, notifications_.workspaceCenter()),
-      desktopNames_(desktops_, defaults_),
+      desktopNames_(desktops_, defaults_, notifications_.defaultCenter()),
       windowServer_(connection_->screenNumber(), desktops_, attachments_),
       screens_(*connection_, notifications_.defaultCenter()),
       appearance_(*connection_, sessionBus_, notifications_.distributedCenter()),

@@ -11,8 +11,11 @@ constexpr const char* sharedKey = "DesktopNames.Shared";
 
 }  // namespace
 
-X11DesktopNames::X11DesktopNames(X11Desktops& desktops, Defaults& defaults)
-    : desktops_(desktops), defaults_(defaults), changes_(desktops.observeNames([this] { listeners_.notify(); })) {}
+X11DesktopNames::X11DesktopNames(X11Desktops& desktops, Defaults& defaults, NotificationCenter& defaultCenter)
+    : desktops_(desktops),
+      defaults_(defaults),
+      changes_(desktops.observeNames([this] { listeners_.notify(); })),
+      edits_(defaultCenter.observe(notification::defaultsDidChangeElsewhere, [this] { listeners_.notify(); })) {}
 
 std::optional<DesktopNames::Names> X11DesktopNames::read() {
   const DesktopList& list = desktops_.list();

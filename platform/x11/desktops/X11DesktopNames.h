@@ -2,6 +2,7 @@
 
 #include "platform/Defaults.h"
 #include "platform/DesktopNames.h"
+#include "platform/NotificationCenter.h"
 #include "platform/x11/desktops/X11Desktops.h"
 #include "support/Listeners.h"
 
@@ -17,7 +18,8 @@ class X11DesktopNames final : public DesktopNames {
  public:
   enum class Sharing { On, Off };
 
-  X11DesktopNames(X11Desktops& desktops, Defaults& defaults);
+  /// In `defaultCenter` it hears of edits of the settings.
+  X11DesktopNames(X11Desktops& desktops, Defaults& defaults, NotificationCenter& defaultCenter);
 
   std::optional<Names> read() override;
   void set(const std::string& uuid, const std::string& name) override;
@@ -32,6 +34,7 @@ class X11DesktopNames final : public DesktopNames {
   Defaults& defaults_;
   Listeners<> listeners_;
   Registration changes_;
+  Registration edits_;
 };
 
 }  // namespace roomlattice::platform::x11

@@ -35,7 +35,8 @@ class SharedNames {
   FollowedDesktops followed;
   ForeignNames foreign;
   platform::linux::LinuxDefaults defaults{std::nullopt, [](const std::string&) {}};
-  X11DesktopNames names{followed.desktops, defaults};
+  InProcessNotificationCenter settingsCenter;
+  X11DesktopNames names{followed.desktops, defaults, settingsCenter};
   int changes = 0;
   platform::Registration observation = names.observe([this] { ++changes; });
 };
@@ -80,6 +81,13 @@ TEST_P(X11DesktopNamesTest, AreNotSharedWhileTheUserDoesNotWantTo) {
   shared_.rename(2, "Chat");
   ASSERT_TRUE(waitFor([this] { return shared_.read()->at(2) == "Chat"; }));
   EXPECT_NE(shared_.read()->at(1), "Web");
+}
+
+TEST_P(X11DesktopNamesTest, FollowAnEditOfTheSettings) {
+  shared_.defaults.set("DesktopNames.Shared", false);
+  shared_.settingsCenter.post(platform::notification::defaultsDidChangeElsewhere);
+  EXPECT_EQ(shared_.changes, 1);
+  EXPECT_EQ(shared_.read(), std::nullopt);
 }
 
 TEST_P(X11DesktopNamesTest, AreUnknownWhileNoWindowManagerRuns) {

@@ -44,7 +44,7 @@ class ItemOptionsTest : public ::testing::Test {
   InProcessNotificationCenter center_;
   platform::x11::WindowManagerWatch windowManager_{qt_.connection()};
   platform::x11::X11Desktops desktops_{qt_.connection(), bus_, windowManager_, center_};
-  X11DesktopNames desktopNames_{desktops_, defaults_};
+  X11DesktopNames desktopNames_{desktops_, defaults_, center_};
   ItemOptions options_{placement_, settings_, desktopNames_, [this] { ++otherChanges_; }};
 };
 
