@@ -47,7 +47,7 @@ std::vector<AnimationRecord> records;
 
 /// Moves a window's alpha in steps. As on a Mac, a value set directly in between is overrun by the next step.
 @interface SupplementAnimator : NSObject {
-  NSWindow* window_;  // not kept: it keeps this
+  NSWindow* window_;  // not kept: it owns this
   NSTimer* timer_;
   NSTimeInterval start_;
   NSTimeInterval duration_;
@@ -55,6 +55,7 @@ std::vector<AnimationRecord> records;
   double to_;
 }
 - (instancetype)initWithWindow:(NSWindow*)window;
+- (void)stop;
 @end
 
 @implementation SupplementAnimator
@@ -100,15 +101,33 @@ std::vector<AnimationRecord> records;
 
 @end
 
+/// What a window has of its animator, which goes with the window: a timer that is running would keep it.
+@interface SupplementAnimatorOwner : NSObject {
+ @public
+  SupplementAnimator* animator_;
+}
+@end
+
+@implementation SupplementAnimatorOwner
+
+- (void)dealloc {
+  [animator_ stop];
+  [animator_ release];
+  [super dealloc];
+}
+
+@end
+
 @implementation NSWindow (Supplement)
 
 - (id)animator {
-  SupplementAnimator* animator = property(self, animatorKey);
-  if (animator == nil) {
-    animator = [[[SupplementAnimator alloc] initWithWindow:self] autorelease];
-    setProperty(self, animatorKey, animator);
+  SupplementAnimatorOwner* owner = property(self, animatorKey);
+  if (owner == nil) {
+    owner = [[[SupplementAnimatorOwner alloc] init] autorelease];
+    owner->animator_ = [[SupplementAnimator alloc] initWithWindow:self];
+    setProperty(self, animatorKey, owner);
   }
-  return animator;
+  return owner->animator_;
 }
 
 @end
