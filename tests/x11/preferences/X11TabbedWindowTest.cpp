@@ -203,7 +203,7 @@ TEST_F(X11TabbedWindowTest, CarriesTheIconOfTheProgramAndTheNameOfItsDesktopEntr
   const auto property = [this](const std::string& name) {
     return ui_.session.run({"xprop", "-id", std::to_string(window()->winId()), name});
   };
-  EXPECT_THAT(property("_NET_WM_ICON"), ::testing::HasSubstr("Icon (48 x 48)"));
+  EXPECT_THAT(property("_NET_WM_ICON"), ::testing::HasSubstr("Icon (64 x 64)"));
   EXPECT_THAT(property("_KDE_NET_WM_DESKTOP_FILE"), ::testing::HasSubstr("\"roomlattice\""));
 }
 

@@ -150,7 +150,7 @@ TEST_F(MenuSessionTest, PressesTheButtonOfTheRowUnderTheCursorByF2AndStaysOpen) 
   nameRows({"Mail", "Web"});
   open();
   press({"F2", "Down", "Down", "F2"});
-  EXPECT_TRUE(waitFor([this] { return notes_.back() == "button Web"; }));
+  EXPECT_TRUE(waitFor([this] { return !notes_.empty() && notes_.back() == "button Web"; }));
   EXPECT_EQ(std::ranges::count_if(notes_, [](const std::string& note) { return note.starts_with("button"); }), 1);
   EXPECT_TRUE(isMenuOpen());
   pressUntilClosed({"Escape"});
