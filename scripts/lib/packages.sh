@@ -28,14 +28,14 @@ packages_for() {
     package) printf '%s\n' git dpkg-dev lintian appstream desktop-file-utils ;;
     # What the Debian package is tried with.
     packagetest) printf '%s\n' mmdebstrap debian-archive-keyring dpkg-dev util-linux ;;
-    bench) printf '%s\n' libbenchmark-dev ;;
+    bench) printf '%s\n' libbenchmark-dev libxcb-damage0-dev libxcb-res0-dev ;;
     fuzz) printf '%s\n' clang libclang-rt-14-dev ;;
     # What the campaign of faults injects errors and delays with.
     faults) printf '%s\n' strace ;;
     # With the X server whose touchpad the tests move, and window managers that have their ways with some windows.
     test)
       printf '%s\n' libgtest-dev libgmock-dev fluxbox i3-wm metacity marco mate-settings-daemon-common bspwm \
-        xserver-xorg-core xserver-xorg-video-dummy xserver-xorg-dev xinput libxcb-xtest0-dev
+        xserver-xorg-core xserver-xorg-video-dummy xserver-xorg-dev xinput libxcb-res0-dev libxcb-xtest0-dev strace
       ;;
     # What scripts/window-managers tries the program under and beside, and what it tries with.
     windowmanagers)
