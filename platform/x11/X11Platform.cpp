@@ -123,7 +123,9 @@ X11Platform::X11Platform(std::unique_ptr<X11Connection> connection, std::unique_
       events_(*connection_, desktops_, screens_),
       userInterface_(*connection_, windowManager_, screens_, appearance_, desktops_, attachments_, sessionBus_,
                      defaults_),
-      termination_(signals.observe([this] { application_.terminate(); })) {}
+      termination_(signals.observe([this] { application_.terminate(); })) {
+  defaults_.watchFile();
+}
 
 X11Platform::~X11Platform() {
   // A log tool that never ends must not hold the worker, and with it the end of the program.

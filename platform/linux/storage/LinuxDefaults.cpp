@@ -14,17 +14,30 @@ constexpr std::chrono::seconds pauseAfterFailure{5};
 
 LinuxDefaults::LinuxDefaults(std::optional<std::filesystem::path> path, Report report,
                              std::chrono::milliseconds settling)
-    : memory_(std::make_shared<SettingsMemory>(std::move(path), std::move(report), settling)),
+    : memory_(std::make_shared<SettingsMemory>(path, std::move(report), settling)),
       writer_(
           [memory = memory_] {
             using Outcome = BackgroundWork::Outcome;
             return memory->write() == SettingsMemory::Write::Failed ? Outcome::TryAgainLater : Outcome::Done;
           },
-          pauseAfterFailure) {}
+          pauseAfterFailure),
+      path_(std::move(path)) {}
 
 LinuxDefaults::~LinuxDefaults() {
   finishWriting();
   memory_->silence();
+}
+
+void LinuxDefaults::watchFile() {
+  if (path_) {
+    watch_.emplace(*path_, [this] { fileChanged(); });
+    fileChanged();
+  }
+}
+
+void LinuxDefaults::fileChanged() {
+  using Looking = SettingsMemory::Looking;
+  memory_->setLooking(watch_->isReliable() ? Looking::WhenTold : Looking::Always);
 }
 
 std::optional<std::filesystem::path> LinuxDefaults::standardPath() {

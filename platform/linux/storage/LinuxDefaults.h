@@ -2,6 +2,7 @@
 
 #include "platform/Defaults.h"
 #include "platform/linux/storage/BackgroundWork.h"
+#include "platform/linux/storage/FileWatch.h"
 #include "platform/linux/storage/SettingsMemory.h"
 
 #include <chrono>
@@ -38,6 +39,11 @@ class LinuxDefaults final : public Defaults {
   /// Waits for the last write, but not beyond `endLimit`.
   ~LinuxDefaults() override;
 
+  /// From now on the file is looked at only when something has happened to it, which the event loop of the Qt
+  /// application hears: a change by somebody else is seen by the first read after the loop's next turn. Nothing is
+  /// different where the system cannot tell.
+  void watchFile();
+
   /// Where the XDG base directory rules have it; nothing for a user without a home.
   static std::optional<std::filesystem::path> standardPath();
 
@@ -52,9 +58,13 @@ class LinuxDefaults final : public Defaults {
   void finishWriting();
 
  private:
+  void fileChanged();
+
   // The thread may outlive this object where a write does not end.
   std::shared_ptr<SettingsMemory> memory_;
   BackgroundWork writer_;
+  std::optional<std::filesystem::path> path_;
+  std::optional<FileWatch> watch_;
 };
 
 }  // namespace roomlattice::platform::linux
