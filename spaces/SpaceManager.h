@@ -11,6 +11,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 namespace roomlattice {
@@ -68,11 +69,14 @@ class SpaceManager {
  private:
   void loadNames();
   const std::string* givenName(const SpaceInfo& space) const;
+  void numberSpaces();
   void rememberRegularSpaces();
   void post(std::string_view notification);
 
   platform::Platform& platform_;
   std::vector<SpaceInfo> spaces_;
+  // The places of the regular ones on their displays, from 1.
+  std::unordered_map<SpaceInfo, int> numbers_;
   platform::SpaceID activeSpaceID_ = 0;
   std::map<std::string, std::string> names_;
   DockSwipePoster swipes_;
