@@ -3,6 +3,7 @@
 #include "labels/SignPlacement.h"
 #include "labels/SignView.h"
 
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -20,6 +21,17 @@ void moveToFrame(platform::Window& window, const platform::Rect& frame) {
   if (platform::View* view = window.contentView()) {
     view->setFrame({{}, frame.size});
   }
+}
+
+using DesktopMap = std::unordered_map<platform::SpaceID, const SpaceInfo*>;
+
+/// The first of each identifier.
+DesktopMap byIdentifier(const std::vector<SpaceInfo>& desktops) {
+  DesktopMap map;
+  for (const SpaceInfo& desktop : desktops) {
+    map.emplace(desktop.spaceID, &desktop);
+  }
+  return map;
 }
 
 }  // namespace
@@ -55,8 +67,9 @@ void SignWindows::ensure(const SpaceInfo& desktop) {
 
 void SignWindows::spacesChanged() {
   const std::vector<SpaceInfo> desktops = regularSpaces(manager_.spaces());
+  const DesktopMap known = byIdentifier(desktops);
   std::erase_if(windows_, [&](const auto& entry) {
-    const bool stale = !positionOf(entry.first, desktops);
+    const bool stale = !known.contains(entry.first);
     if (stale) {
       entry.second->orderOut();
     }
@@ -72,9 +85,10 @@ void SignWindows::spacesChanged() {
 }
 
 void SignWindows::place() {
+  const DesktopMap desktops = byIdentifier(manager_.spaces());
   for (const auto& [desktop, window] : windows_) {
-    if (const auto position = positionOf(desktop, manager_.spaces())) {
-      moveToFrame(*window, signFrame(manager_.displayName(manager_.spaces()[*position])));
+    if (const auto found = desktops.find(desktop); found != desktops.end()) {
+      moveToFrame(*window, signFrame(manager_.displayName(*found->second)));
     }
   }
 }

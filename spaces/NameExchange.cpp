@@ -14,7 +14,7 @@ namespace {
 using namespace std::chrono_literals;
 
 // Environments answer within milliseconds, and have set their own names soon after they are there.
-constexpr platform::Duration settlingTime = 1s;
+constexpr platform::Duration answerTime = 1s;
 
 std::string textOf(const platform::DesktopNames::Names& names, const SpaceInfo& desktop) {
   const auto found = names.find(desktop.uuid);
@@ -166,7 +166,7 @@ void NameExchange::lend() {
 void NameExchange::begin(Phase phase) {
   if (phase_ != Phase::Starting) {
     phase_ = phase;
-    phaseEnd_ = dispatcher_.schedule(settlingTime, [this] { endPhase(); });
+    phaseEnd_ = dispatcher_.schedule(answerTime, [this] { endPhase(); });
   }
 }
 

@@ -70,12 +70,26 @@ void SpaceManager::update(std::vector<SpaceInfo> spaces, platform::SpaceID activ
   const bool activeSpaceChanged = activeSpaceID != activeSpaceID_;
   spaces_ = std::move(spaces);
   activeSpaceID_ = activeSpaceID;
+  if (listChanged) {
+    numberSpaces();
+  }
   rememberRegularSpaces();
   if (listChanged) {
     post(didChange);
   }
   if (activeSpaceChanged) {
     post(activeChanged);
+  }
+}
+
+void SpaceManager::numberSpaces() {
+  // They start anew on each display, unlike the order of switching, which runs across all of them.
+  std::map<std::string, int> last;
+  numbers_.clear();
+  for (const SpaceInfo& space : spaces_) {
+    if (space.isRegular()) {
+      numbers_.emplace(space, ++last[space.displayUUID]);
+    }
   }
 }
 
@@ -115,18 +129,8 @@ std::optional<int> SpaceManager::defaultNumber(const SpaceInfo& space) const {
   if (givenName(space) != nullptr) {
     return std::nullopt;
   }
-  // Numbers start anew on each display, unlike the order of switching, which runs across all of them.
-  int number = 0;
-  for (const SpaceInfo& other : spaces_) {
-    if (!other.isRegular() || other.displayUUID != space.displayUUID) {
-      continue;
-    }
-    ++number;
-    if (other == space) {
-      return number;
-    }
-  }
-  return std::nullopt;
+  const auto number = numbers_.find(space);
+  return number == numbers_.end() ? std::nullopt : std::optional(number->second);
 }
 
 void SpaceManager::setName(const std::string& name, const SpaceInfo& space) {

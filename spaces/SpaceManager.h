@@ -11,6 +11,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 namespace roomlattice {
@@ -81,11 +82,14 @@ class SpaceManager {
   const SpaceInfo* firstSpace(platform::SpaceID spaceID) const;
   void loadNames();
   const std::string* givenName(const SpaceInfo& space) const;
+  void numberSpaces();
   void rememberRegularSpaces();
   void post(std::string_view notification);
 
   platform::Platform& platform_;
   std::vector<SpaceInfo> spaces_;
+  // The places of the regular ones on their displays, from 1.
+  std::unordered_map<SpaceInfo, int> numbers_;
   platform::SpaceID activeSpaceID_ = 0;
   // While there is a tour, and the same for one that replaces another.
   std::optional<platform::SpaceID> tourHome_;

@@ -6,6 +6,12 @@
 #include "platform/x11/statusitem/X11StatusItem.h"
 
 namespace roomlattice::platform::x11 {
+namespace {
+
+// More than anybody has desktops; names are short.
+constexpr std::size_t mostMeasured = 2000;
+
+}  // namespace
 
 X11UserInterface::X11UserInterface(X11Connection& connection, WindowManagerWatch& windowManager, X11Screens& screens,
                                    X11Appearance& appearance, X11Desktops& desktops, X11DesktopNames& desktopNames,
@@ -28,7 +34,14 @@ double X11UserInterface::systemFontSize() const {
 }
 
 Size X11UserInterface::measure(const std::string& text, const Font& font) const {
-  return measureText(text, toQt(font));
+  if (measured_.size() >= mostMeasured) {
+    measured_.clear();
+  }
+  const auto [entry, isNew] = measured_.try_emplace({toQt(font), text});
+  if (isNew) {
+    entry->second = measureText(text, entry->first.first);
+  }
+  return entry->second;
 }
 
 Size X11UserInterface::intrinsicSize(const Control& control) const {

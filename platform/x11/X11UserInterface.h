@@ -8,6 +8,11 @@
 #include "platform/x11/desktops/X11DesktopNames.h"
 #include "platform/x11/windows/X11Window.h"
 
+#include <QFont>
+#include <map>
+#include <string>
+#include <utility>
+
 namespace roomlattice::platform::x11 {
 
 /// What the program shows, as Qt widgets. A point is a logical pixel of Qt. Everything it makes must go before it and
@@ -42,6 +47,8 @@ class X11UserInterface final : public UserInterface {
   CompositorWatch compositor_;
   OverlayManagement overlayManagement_;
   OverlayEnvironment overlays_;
+  // What was measured, so that a change of one name shapes one text, however many labels there are.
+  mutable std::map<std::pair<QFont, std::string>, Size> measured_;
 };
 
 }  // namespace roomlattice::platform::x11

@@ -36,14 +36,14 @@ packages_for() {
     package) printf '%s\n' git dpkg-dev lintian appstream desktop-file-utils ;;
     # What the Debian package is tried with.
     packagetest) printf '%s\n' mmdebstrap debian-archive-keyring dpkg-dev util-linux ;;
-    bench) printf '%s\n' libbenchmark-dev ;;
+    bench) printf '%s\n' libbenchmark-dev libxcb-damage0-dev libxcb-res0-dev ;;
     fuzz) printf '%s\n' clang lld libclang-rt-dev ;;
     # What the campaign of faults injects errors and delays with.
     faults) printf '%s\n' strace ;;
     # With the X server whose touchpad the tests move, and window managers that have their ways with some windows.
     test)
       printf '%s\n' libgtest-dev libgmock-dev at-spi2-core fluxbox i3-wm metacity marco mate-settings-daemon-common bspwm \
-        xserver-xorg-core xserver-xorg-video-dummy xserver-xorg-dev xinput libxcb-xtest0-dev
+        xserver-xorg-core xserver-xorg-video-dummy xserver-xorg-dev xinput libxcb-res0-dev libxcb-xtest0-dev strace
       ;;
     # What scripts/window-managers tries the program with, and those that the test command has it tried under.
     trial) printf '%s\n' openbox metacity kwin-wayland xwayland libgl1-mesa-dri python3 python3-xlib python3-dbus ;;

@@ -44,6 +44,9 @@ class LinuxDefaults final : public Defaults {
   std::optional<Value> object(const std::string& key) const override;
   void set(const std::string& key, const Value& value) override;
 
+  /// Whether the file is looked at with each read, as it is unless this is called, or when somebody tells.
+  void setLooking(SettingsMemory::Looking looking) { memory_->setLooking(looking); }
+
   /// Whether the file has been changed by anybody else since this was asked last; the first time it has not.
   SettingsMemory::News newsFromOutside() { return memory_->newsFromOutside(); }
 

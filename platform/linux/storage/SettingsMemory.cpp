@@ -15,6 +15,12 @@ SettingsMemory::SettingsMemory(std::optional<std::filesystem::path> path, Report
   }
 }
 
+void SettingsMemory::setLooking(Looking looking) {
+  const std::scoped_lock lock(mutex_);
+  looking_ = looking;
+  isUpToDate_ = false;
+}
+
 std::optional<Value> SettingsMemory::object(const std::string& key) {
   Lines lines;
   Value value;
@@ -118,9 +124,13 @@ void SettingsMemory::silence() {
 }
 
 void SettingsMemory::refresh(Lines& lines) {
-  if (file_ && !writing_ && !(stampCounts_ && file_->stamp() == stamp_)) {
+  if (!file_ || writing_ || isUpToDate_) {
+    return;
+  }
+  if (!stampCounts_ || file_->stamp() != stamp_) {
     take(file_->read(), lines);
   }
+  isUpToDate_ = looking_ == Looking::WhenTold && stampCounts_;
 }
 
 void SettingsMemory::take(SettingsFile::ReadResult state, Lines& lines) {

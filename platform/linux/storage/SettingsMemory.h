@@ -16,13 +16,22 @@
 namespace roomlattice::platform::linux {
 
 /// The settings as the program sees them: what the file holds, and over it what was changed and is not there yet. The
-/// file is looked at with each read, but not while somebody writes: the memory is the truth then. Any thread.
+/// file is looked at with each read unless somebody else watches it, but not while somebody writes: the memory is the
+/// truth then. Any thread.
 class SettingsMemory {
  public:
   using Report = std::function<void(const std::string& line)>;
 
   /// `report` is called by whoever reads or writes. Without a path everything stays here.
   SettingsMemory(std::optional<std::filesystem::path> path, Report report, std::chrono::milliseconds settling);
+
+  enum class Looking {
+    /// With each read.
+    Always,
+    /// Once, and again after this was set anew: somebody else tells when the file may have become another one.
+    WhenTold,
+  };
+  void setLooking(Looking looking);
 
   std::optional<Value> object(const std::string& key);
 
@@ -87,6 +96,9 @@ class SettingsMemory {
   // The file's stamp at the last reading, and whether the same stamp means the same contents.
   std::optional<FileStamp> stamp_;
   bool stampCounts_ = false;
+  Looking looking_ = Looking::Always;
+  // Looked at, and nothing was told since.
+  bool isUpToDate_ = false;
   std::string readTrouble_;
   std::string writeTrouble_;
 };

@@ -1,16 +1,17 @@
 #pragma once
 
+#include "platform/linux/storage/FileWatch.h"
 #include "platform/linux/storage/LinuxDefaults.h"
 
-#include <QFileSystemWatcher>
 #include <QTimer>
 #include <filesystem>
 #include <functional>
 
 namespace roomlattice::platform::linux {
 
-/// Notices when the settings file is changed by anybody but this program, as long as it lives. Needs the Qt
-/// application.
+/// Notices when the settings file is changed by anybody but this program, as long as it lives. Where the system tells
+/// of all changes, nobody else looks at the file meanwhile: what is changed there is seen by the first read after the
+/// next turn of the event loop. Needs the Qt application.
 class SettingsWatch {
  public:
   /// Of the file at `path`, whether it exists or not; `defaults` are the settings in it, and must outlive this object.
@@ -18,13 +19,12 @@ class SettingsWatch {
   SettingsWatch(LinuxDefaults& defaults, std::filesystem::path path, std::function<void()> changed);
 
  private:
-  void follow();
+  void fileChanged();
   void look();
 
   LinuxDefaults& defaults_;
-  std::filesystem::path path_;
   std::function<void()> changed_;
-  QFileSystemWatcher watcher_;
+  FileWatch watch_;
   QTimer lookSoon_;
 };
 

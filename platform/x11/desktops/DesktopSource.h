@@ -10,6 +10,9 @@
 
 namespace roomlattice::platform::x11 {
 
+/// Far more desktops than anybody has; what a window manager names beyond is garbage.
+inline constexpr std::size_t maximumDesktops = 1000;
+
 /// A desktop as the rest of the program knows it. Both identify it: neither is empty or 0, and both stay the same over
 /// restarts of the program.
 struct Desktop {

@@ -10,9 +10,6 @@
 namespace roomlattice::platform::x11 {
 namespace {
 
-// Far more than anybody has; a number beyond it is garbage.
-constexpr std::uint32_t maximumCount = 1000;
-
 // What is larger is not meant to be read by anybody, and least of all to be written anew for the sake of one name.
 constexpr std::size_t maximumNamesSize = 65536;
 
@@ -63,7 +60,7 @@ std::optional<DesktopList> EwmhDesktopSource::read() {
   const xcb_ewmh_connection_t& ewmh = *connection_.ewmh();
   const xcb_window_t root = connection_.root();
   const auto count = readNumber(connection_, root, ewmh._NET_NUMBER_OF_DESKTOPS, XCB_ATOM_CARDINAL);
-  if (!count || *count == 0 || *count > maximumCount) {
+  if (!count || *count == 0 || *count > maximumDesktops) {
     return std::nullopt;
   }
   DesktopList list{.names = readNames()};

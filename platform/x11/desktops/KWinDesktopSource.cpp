@@ -17,7 +17,6 @@ using linux::BusMessage;
 constexpr std::chrono::milliseconds answerLimit = 2s;
 // A window manager that replaces another one, or itself, is on the bus again within less.
 constexpr std::chrono::milliseconds patience = 3s;
-constexpr std::size_t maximumCount = 1000;
 
 constexpr const char* service = "org.kde.KWin";
 constexpr const char* path = "/VirtualDesktopManager";
@@ -52,7 +51,7 @@ BusCall setName(const std::string& identifier, const std::string& name) {
 /// The desktops in their order, none of them in front.
 DesktopList listOf(std::vector<DesktopEntry> entries) {
   std::erase_if(entries, [](const DesktopEntry& entry) { return std::get<1>(entry).empty(); });
-  entries.resize(std::min(entries.size(), maximumCount));
+  entries.resize(std::min(entries.size(), maximumDesktops));
   const auto position = [](const DesktopEntry& entry) { return std::get<0>(entry); };
   std::ranges::stable_sort(entries, {}, position);
   DesktopList list;

@@ -7,7 +7,7 @@
 namespace roomlattice::platform::x11 {
 namespace {
 
-constexpr double cornerRadius = 4.0;
+constexpr double highlightRadius = 4.0;
 constexpr double titleToShortcut = 24.0;
 constexpr double trailingMargin = 14.0;
 
@@ -34,7 +34,7 @@ ViewContent CommandRow::content() const {
   };
   const double shortcutX = frame().size.width - trailingMargin - shortcutSize_.width;
   ViewContent content{
-      .cornerRadius = cornerRadius,
+      .cornerRadius = highlightRadius,
       .elements = {{.frame = centred(style_.textX, titleSize_), .kind = TextElement{.text = title_, .font = font()}},
                    {.frame = centred(shortcutX, shortcutSize_),
                     .kind = TextElement{.text = shortcut_, .font = font(), .color = SystemColor::SecondaryLabel}}}};

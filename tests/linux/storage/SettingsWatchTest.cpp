@@ -23,6 +23,10 @@ class SettingsWatchTest : public LinuxDefaultsTest {
     return waitFor([this, changes] { return changes_ == changes; });
   }
 
+  bool comesToHold(const Value& value) {
+    return waitFor([&] { return defaults_.object("key") == value; });
+  }
+
   void replaceFile(const std::string& text) const {
     const std::filesystem::path other = path_.parent_path() / "other";
     writeText(other, text);
@@ -69,6 +73,29 @@ TEST_F(SettingsWatchTest, NoticesAChangeOfTheFileThatALinkLeadsTo) {
   watch();
   writeText(target, R"({"key": 1})");
   EXPECT_TRUE(comesTo(1));
+}
+
+TEST_F(SettingsWatchTest, LetsReadersSeeWhatOthersWrite) {
+  watch();
+  EXPECT_EQ(defaults_.object("key"), std::nullopt);
+  for (int round = 1; round <= 3; ++round) {
+    writeText(path_, R"({"key": )" + std::to_string(round) + "}");
+    EXPECT_TRUE(comesToHold(round)) << round;
+  }
+  std::filesystem::remove_all(path_.parent_path());
+  EXPECT_TRUE(waitFor([this] { return !defaults_.object("key"); }));
+  writeText(path_, R"({"key": "again"})");
+  EXPECT_TRUE(comesToHold("again"));
+}
+
+TEST_F(SettingsWatchTest, LetsReadersSeeWhatOthersWriteAfterAWriteOfItsOwn) {
+  watch();
+  setAndWait(defaults_, "key", 1);
+  EXPECT_TRUE(comesToHold(1));
+  writeText(path_, R"({"key": 2})");
+  EXPECT_TRUE(comesToHold(2));
+  setAndWait(defaults_, "key", 3);
+  EXPECT_EQ(textOf(path_), "{\n  \"key\": 3\n}\n");
 }
 
 TEST_F(SettingsWatchTest, TakesNoNoticeOfWhatTheProgramItselfHasSet) {

@@ -1,0 +1,151 @@
+#include "benchmarks/desktop/SwitchMeter.h"
+#include "support/Fatal.h"
+
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <fcntl.h>
+#include <iterator>
+#include <span>
+#include <string>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+#include <vector>
+
+namespace roomlattice::benchmarks {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr int switchCount = 100;
+constexpr int fadeCount = 10;
+constexpr auto startLimit = 20s;
+// The tour at the start of the program begins within, and is never so long at one desktop.
+constexpr auto rest = 3000ms;
+
+/// A program that is measured, from its start to its end.
+class MeasuredProgram {
+ public:
+  explicit MeasuredProgram(std::span<char*> command) : process_(fork()) {
+    if (process_ == 0) {
+      const std::vector<char*> words(command.begin(), command.end());
+      std::vector<char*> arguments = words;
+      arguments.push_back(nullptr);
+      const int nowhere = open("/dev/null", O_RDWR | O_CLOEXEC);
+      for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+        dup2(nowhere, stream);
+      }
+      execvp(arguments.front(), arguments.data());
+      _exit(127);
+    }
+  }
+  ~MeasuredProgram() {
+    kill(process_, SIGTERM);
+    waitpid(process_, nullptr, 0);
+  }
+  MeasuredProgram(const MeasuredProgram&) = delete;
+  MeasuredProgram& operator=(const MeasuredProgram&) = delete;
+
+  pid_t process() const { return process_; }
+
+ private:
+  pid_t process_;
+};
+
+double inMilliseconds(std::chrono::nanoseconds time) {
+  return std::chrono::duration<double, std::milli>(time).count();
+}
+
+void print(const char* figure, double value) {
+  std::printf("%s %.2f\n", figure, value);
+  std::fflush(stdout);
+}
+
+void measureCost(SwitchMeter& meter, const ProcessFigures& program, const ProcessFigures& server) {
+  // So slow that each fade comes to its end, and so fast that none does.
+  for (const auto& [name, pace] : {std::pair("slow", 700ms), std::pair("quick", 100ms)}) {
+    const SwitchMeter::Cost cost = meter.cost(program, server, switchCount, pace);
+    print((std::string("own_") + name).c_str(), inMilliseconds(cost.own));
+    print((std::string("server_") + name).c_str(), inMilliseconds(cost.server));
+  }
+}
+
+void measurePictures(SwitchMeter& meter, xcb_window_t window) {
+  meter.pictures(window, switchCount / 2);  // whatever is kept for the next time is there then
+  const SwitchMeter::Pictures pictures = meter.pictures(window, switchCount);
+  print("picture_median", quantile(pictures.milliseconds, 0.5));
+  print("picture_p95", quantile(pictures.milliseconds, 0.95));
+  print("drawings", pictures.drawings);
+  print("missed", static_cast<double>(pictures.missed));
+}
+
+void measureIdle(const ProcessFigures& program, std::chrono::seconds duration) {
+  std::this_thread::sleep_for(1s);
+  const auto time = program.processorTime();
+  const long wakeUps = program.wakeUps();
+  std::this_thread::sleep_for(duration);
+  print("idle_ms", inMilliseconds(program.processorTime() - time));
+  print("idle_wakeups", static_cast<double>(program.wakeUps() - wakeUps));
+}
+
+void measureProgram(DesktopScreen& screen, const ProcessFigures& server, const std::string& what,
+                    std::span<char*> command) {
+  const auto wants = [&](char part) { return what.find(part) != std::string::npos; };
+  const auto start = Clock::now();
+  const MeasuredProgram program(command);
+  std::optional<xcb_window_t> item;
+  if (!screen.waitUntil(startLimit, [&] { return (item = screen.managedWindow("DOCK")).has_value(); })) {
+    fatal("the program shows no window of the type dock");
+  }
+  print("start", inMilliseconds(Clock::now() - start));
+  screen.waitForRest(rest);
+  const ProcessFigures figures(program.process());
+  SwitchMeter meter(screen);
+  if (wants('p')) {
+    measurePictures(meter, *item);
+  }
+  if (wants('c')) {
+    measureCost(meter, figures, server);
+  }
+  if (wants('f')) {
+    const SwitchMeter::Fade fade = meter.fade(program.process(), fadeCount);
+    print("fade_rate", fade.stepsPerSecond);
+    print("fade_unevenness", fade.unevenness);
+  }
+  if (wants('m')) {
+    print("memory_kib", static_cast<double>(figures.memory()));
+    print("server_memory_kib", static_cast<double>(server.memory()));
+    print("server_pixmaps_kib", static_cast<double>(screen.pixmapBytes(*item)) / 1024);
+  }
+  if (wants('i')) {
+    measureIdle(figures, 30s);
+  }
+}
+
+int run(std::span<char*> arguments) {
+  if (arguments.size() < 3) {
+    std::fputs(
+        "Usage: roomlattice_desktop_meter SERVER_PROCESS PARTS [COMMAND...]\n"
+        "PARTS are letters: p pictures, c cost of switches, f fades, m memory, i idling.\n"
+        "Without a COMMAND, what switches cost the server with nobody there.\n",
+        stderr);
+    return EXIT_FAILURE;
+  }
+  DesktopScreen screen;
+  const ProcessFigures server(static_cast<pid_t>(std::stol(arguments[1])));
+  if (arguments.size() > 3) {
+    measureProgram(screen, server, arguments[2], arguments.subspan(3));
+  } else {
+    SwitchMeter meter(screen);
+    measureCost(meter, ProcessFigures(getpid()), server);
+  }
+  return EXIT_SUCCESS;
+}
+
+}  // namespace
+}  // namespace roomlattice::benchmarks
+
+int main(int argc, char** argv) {
+  return roomlattice::benchmarks::run(std::span(argv, static_cast<std::size_t>(argc)));
+}
