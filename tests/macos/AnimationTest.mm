@@ -11,18 +11,16 @@ namespace {
 using namespace std::chrono_literals;
 
 TEST(AnimationTest, EndsWithItsWindow) {
-  @autoreleasepool {
-    NSWindow* window = [[[NSWindow alloc] initWithContentRect:NSMakeRect(200, 200, 100, 100)
-                                                    styleMask:NSWindowStyleMaskBorderless
-                                                      backing:NSBackingStoreBuffered
-                                                        defer:NO] autorelease];
-    [window setReleasedWhenClosed:NO];
-    [NSAnimationContext beginGrouping];
-    [[NSAnimationContext currentContext] setDuration:0.1];
-    [[window animator] setAlphaValue:0.5];
-    [NSAnimationContext endGrouping];
-    [window close];
-  }
+  NSWindow* window = [[NSWindow alloc] initWithContentRect:NSMakeRect(200, 200, 100, 100)
+                                                 styleMask:NSWindowStyleMaskBorderless
+                                                   backing:NSBackingStoreBuffered
+                                                     defer:NO];
+  [NSAnimationContext beginGrouping];
+  [[NSAnimationContext currentContext] setDuration:0.1];
+  [[window animator] setAlphaValue:0.5];
+  [NSAnimationContext endGrouping];
+  // It is released when it is closed.
+  [window close];
   // Steps of what has gone would end the program.
   tests::runFor(300ms);
   EXPECT_EQ(takeAnimations().back().alpha, 0.5);

@@ -123,9 +123,11 @@ std::vector<AnimationRecord> records;
 - (id)animator {
   SupplementAnimatorOwner* owner = property(self, animatorKey);
   if (owner == nil) {
-    owner = [[[SupplementAnimatorOwner alloc] init] autorelease];
+    owner = [[SupplementAnimatorOwner alloc] init];
     owner->animator_ = [[SupplementAnimator alloc] initWithWindow:self];
     setProperty(self, animatorKey, owner);
+    // At once: in an autorelease pool it could outlive the window.
+    [owner release];
   }
   return owner->animator_;
 }
