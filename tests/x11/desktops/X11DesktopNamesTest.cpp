@@ -161,13 +161,8 @@ TEST_F(X11DesktopNamesPropertyTest, HaveNoneForADesktopThatIsNotThere) {
 TEST(X11DesktopNamesOfKWinTest, AreThoseThatKWinKeeps) {
   SharedNames shared({.windowManager = WindowManagerKind::KWin, .desktops = 3});
   shared.rename(2, "Größe");
-  EXPECT_TRUE(waitFor([&] {
-    return shared.followed.session
-               .run({"dbus-send", "--print-reply", "--session", "--dest=org.kde.KWin", "/VirtualDesktopManager",
-                     "org.freedesktop.DBus.Properties.Get", "string:org.kde.KWin.VirtualDesktopManager",
-                     "string:desktops"})
-               .find("string \"Größe\"") != std::string::npos;
-  }));
+  EXPECT_TRUE(
+      waitFor([&] { return shared.followed.session.desktopsOfKWin().find("string \"Größe\"") != std::string::npos; }));
   EXPECT_TRUE(waitFor([&] { return shared.read()->at(2) == "Größe"; }));
 }
 

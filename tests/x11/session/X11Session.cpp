@@ -205,7 +205,16 @@ void X11Session::startWindowManager(WindowManagerKind kind) {
     setDesktopCount(desktops_);
   } else if (kind == WindowManagerKind::Bspwm) {
     require(waitFor([this] { return desktopCount() == desktops_; }), "the window manager's script does not run");
+  } else if (kind == WindowManagerKind::KWin) {
+    // It manages windows before it tells of its desktops, and the program takes EWMH's word after a while.
+    require(waitFor([this] { return desktopsOfKWin().find("test-desktop-1") != std::string::npos; }),
+            "KWin does not tell of its desktops");
   }
+}
+
+std::string X11Session::desktopsOfKWin() {
+  return run({"dbus-send", "--print-reply", "--session", "--dest=org.kde.KWin", "/VirtualDesktopManager",
+              "org.freedesktop.DBus.Properties.Get", "string:org.kde.KWin.VirtualDesktopManager", "string:desktops"});
 }
 
 void X11Session::setDesktopCount(int count) {

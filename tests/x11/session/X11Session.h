@@ -76,6 +76,8 @@ class X11Session {
 
   /// Runs a program of the session to its end and gives what it wrote to standard output.
   std::string run(const std::vector<std::string>& arguments) { return outputOf(arguments); }
+  /// What KWin tells of its desktops over the bus, in the words of dbus-send; empty where it does not.
+  std::string desktopsOfKWin();
 
   /// The number of desktops and the current one, as the window manager tells.
   std::optional<int> desktopCount();
