@@ -81,8 +81,11 @@ NameExchange::Extent NameExchange::takeStock(const std::vector<SpaceInfo>& deskt
   std::size_t changed = 0;
   for (const SpaceInfo& desktop : desktops) {
     const auto known = entries_.find(desktop.uuid);
-    added += known == entries_.end() ? 1 : 0;
-    changed += known != entries_.end() && known->second.there != textOf(names, desktop) ? 1 : 0;
+    if (known == entries_.end()) {
+      ++added;
+    } else if (known->second.there != textOf(names, desktop)) {
+      ++changed;
+    }
   }
   if (added + removed > 0) {
     begin(isStart ? Phase::Starting : Phase::Settling);

@@ -47,8 +47,14 @@ std::string controlNameOfDisplay(const std::string& display) {
   if (!isNumber(server) || !isNumber(screen)) {
     return "";
   }
-  return std::string(controlName) + ".Display" + (host == "unix" ? "" : escaped(host)) + "_" + std::string(server) +
-         "_" + std::string(screen);
+  std::string name = controlName;
+  name += ".Display";
+  name += host == "unix" ? "" : escaped(host);
+  for (const std::string_view number : {server, screen}) {
+    name += '_';
+    name += number;
+  }
+  return name;
 }
 
 }  // namespace roomlattice::platform::linux
