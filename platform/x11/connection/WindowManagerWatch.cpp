@@ -29,10 +29,13 @@ std::optional<WindowManager> findWindowManager(X11Connection& connection) {
 
 WindowManagerWatch::WindowManagerWatch(X11Connection& connection) : connection_(connection) {
   propertyEvents_ = connection.observe<xcb_property_notify_event_t>([this](const auto& notify) {
-    const bool onRoot =
-        notify.window == connection_.root() && notify.atom == connection_.ewmh()->_NET_SUPPORTING_WM_CHECK;
-    const bool named = current_ && notify.window == current_->checkWindow;
-    dirty_ = dirty_ || onRoot || named;
+    const xcb_ewmh_connection_t& ewmh = *connection_.ewmh();
+    const bool isPointer = notify.atom == ewmh._NET_SUPPORTING_WM_CHECK;
+    const bool onRoot = notify.window == connection_.root() && isPointer;
+    // Some window managers write others there with each switch.
+    const bool onCheckWindow =
+        current_ && notify.window == current_->checkWindow && (isPointer || notify.atom == ewmh._NET_WM_NAME);
+    dirty_ = dirty_ || onRoot || onCheckWindow;
   });
   destroyEvents_ =
       connection.observe<xcb_destroy_notify_event_t>([this](const auto& event) { checkWindowDestroyed(event.window); });

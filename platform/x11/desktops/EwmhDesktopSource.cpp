@@ -57,19 +57,17 @@ EwmhDesktopSource::EwmhDesktopSource(X11Connection& connection, DesktopIdentity 
 }
 
 std::optional<DesktopList> EwmhDesktopSource::read() {
-  const xcb_ewmh_connection_t& ewmh = *connection_.ewmh();
-  const xcb_window_t root = connection_.root();
-  const auto count = readNumber(connection_, root, ewmh._NET_NUMBER_OF_DESKTOPS, XCB_ATOM_CARDINAL);
-  if (!count || *count == 0 || *count > maximumDesktops) {
+  if (std::exchange(listDirty_, false)) {
+    readList();
+  }
+  if (list_.desktops.empty()) {
     return std::nullopt;
   }
-  DesktopList list{.names = readNames()};
-  // Names beyond belong to desktops that are gone.
-  list.names.resize(*count);
-  list.desktops = identity_ == DesktopIdentity::Position ? desktopsByPosition(*count) : desktopsByName(list.names);
-  const auto current = readNumber(connection_, root, ewmh._NET_CURRENT_DESKTOP, XCB_ATOM_CARDINAL);
+  DesktopList list = list_;
+  const auto current =
+      readNumber(connection_, connection_.root(), connection_.ewmh()->_NET_CURRENT_DESKTOP, XCB_ATOM_CARDINAL);
   // On Wayland GNOME's window manager writes it with the first switch only.
-  if (current.value_or(0) < *count) {
+  if (current.value_or(0) < list.desktops.size()) {
     list.current = current.value_or(0);
   }
   return list;
@@ -96,20 +94,31 @@ void EwmhDesktopSource::rename(std::size_t index, const std::string& name) {
   connection_.flush();
 }
 
-std::vector<std::string> EwmhDesktopSource::readNames() {
-  return readTexts(connection_, connection_.root(), connection_.ewmh()->_NET_DESKTOP_NAMES)
-      .value_or(std::vector<std::string>());
+void EwmhDesktopSource::readList() {
+  list_ = DesktopList();
+  const xcb_ewmh_connection_t& ewmh = *connection_.ewmh();
+  const xcb_window_t root = connection_.root();
+  const auto count = readNumber(connection_, root, ewmh._NET_NUMBER_OF_DESKTOPS, XCB_ATOM_CARDINAL);
+  if (!count || *count > maximumDesktops) {
+    return;
+  }
+  list_.names = readTexts(connection_, root, ewmh._NET_DESKTOP_NAMES).value_or(std::vector<std::string>());
+  // Names beyond belong to desktops that are gone.
+  list_.names.resize(*count);
+  list_.desktops = identity_ == DesktopIdentity::Position ? desktopsByPosition(*count) : desktopsByName(list_.names);
 }
 
 void EwmhDesktopSource::propertyChanged(xcb_window_t window, xcb_atom_t atom) {
+  if (window != connection_.root()) {
+    return;
+  }
   const xcb_ewmh_connection_t& ewmh = *connection_.ewmh();
-  dirty_ = dirty_ ||
-           (window == connection_.root() && (atom == ewmh._NET_NUMBER_OF_DESKTOPS ||
-                                             atom == ewmh._NET_CURRENT_DESKTOP || atom == ewmh._NET_DESKTOP_NAMES));
+  currentDirty_ = currentDirty_ || atom == ewmh._NET_CURRENT_DESKTOP;
+  listDirty_ = listDirty_ || atom == ewmh._NET_NUMBER_OF_DESKTOPS || atom == ewmh._NET_DESKTOP_NAMES;
 }
 
 void EwmhDesktopSource::batchEnded() {
-  if (std::exchange(dirty_, false)) {
+  if (std::exchange(currentDirty_, false) || listDirty_) {
     changed_();
   }
 }

@@ -25,12 +25,15 @@ class EwmhDesktopSource final : public DesktopSource {
  private:
   void propertyChanged(xcb_window_t window, xcb_atom_t atom);
   void batchEnded();
-  std::vector<std::string> readNames();
+  void readList();
 
   X11Connection& connection_;
   DesktopIdentity identity_;
   std::function<void()> changed_;
-  bool dirty_ = false;
+  // Without the one in front. Kept, so that a switch is one question to the server however many desktops there are.
+  DesktopList list_;
+  bool listDirty_ = true;
+  bool currentDirty_ = false;
   Registration propertyEvents_;
   Registration batches_;
 };

@@ -51,6 +51,18 @@ TEST_P(X11DesktopsTest, FollowASwitchMadeByOthers) {
   EXPECT_EQ(followed_.posts, 1);
 }
 
+TEST(X11DesktopsOfEwmhTest, AreOneQuestionToTheServerWithEachSwitch) {
+  FollowedDesktops followed({.windowManager = WindowManagerKind::Openbox, .desktops = 3});
+  const auto requests = [&followed] { return xcb_no_operation(followed.qt.connection().raw()).sequence; };
+  // With this one, all has come that the window manager tells in its beginning.
+  followed.session.run({"wmctrl", "-s", "1"});
+  ASSERT_TRUE(waitFor([&] { return followed.current() == 1; }));
+  const unsigned before = requests();
+  followed.session.run({"wmctrl", "-s", "2"});
+  ASSERT_TRUE(waitFor([&] { return followed.current() == 2; }));
+  EXPECT_EQ(requests() - before, 2U);
+}
+
 TEST_P(X11DesktopsTest, AddUpQuickSteps) {
   followed_.desktops.step(Direction::Right);
   followed_.desktops.step(Direction::Right);
