@@ -60,13 +60,13 @@ constexpr std::array<std::string_view, 44> words = {
     "작업 공간",
 };
 
-char lowered(char character) {
+char lowerCase(char character) {
   return character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a') : character;
 }
 
 /// Letters beyond ASCII have one case in the words as they are used.
 bool isSameWord(std::string_view a, std::string_view b) {
-  return std::ranges::equal(a, b, {}, lowered, lowered);
+  return std::ranges::equal(a, b, {}, lowerCase, lowerCase);
 }
 
 struct NumberPlace {
