@@ -47,7 +47,7 @@ TEST_F(SettingsProcessesTest, AreNeverLostBetweenTwo) {
 
 TEST_F(SettingsProcessesTest, StayWholeWhenOneIsKilledAtAnyMoment) {
   std::mt19937 random(4711);  // the same moments in every run, as far as the system plays along
-  std::uniform_int_distribution<int> readsBeforeKill(1, 400);
+  std::uniform_int_distribution<int> readsBeforeKill(1, 100);
   defaults().set("kept", "for ever");
   for (int round = 0; round < 60; ++round) {
     const auto process = writer("key", 1000000);
