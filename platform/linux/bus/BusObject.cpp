@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <memory>
 #include <utility>
 
 namespace roomlattice::platform::linux {
