@@ -1,10 +1,16 @@
 # shellcheck shell=bash
-# Where the time of a run went: the slowest tests and the slowest sources. To be sourced after common.sh and steps.sh.
+# What a run left out, and where its time went: the slowest tests and the slowest sources. To be sourced after common.sh and steps.sh.
 
 # Prints the COUNT lines `SECONDS WHAT` of standard input with the most seconds.
 slowest() {
   sort --general-numeric-sort --reverse |
     awk -v count="$1" 'NR <= count { seconds = $1; sub(/^[^ ]* /, ""); printf "%8.1f s  %s\n", seconds, $0 }'
+}
+
+# skipped_tests PRESET: those of the last run, which ctest does not tell where they share a process.
+skipped_tests() {
+  heading "Skipped tests"
+  sed -n 's/^\[  SKIPPED \] \([^ ]*\)\( (.*)\)\?$/\1/p' "$root/build/$1/Testing/Temporary/LastTest.log" | sort -u
 }
 
 # slowest_tests LINE...: the lines that ctest printed.

@@ -50,7 +50,8 @@ ChildProcess::ChildProcess(const std::vector<std::string>& arguments)
     : output_(memfd_create("output", MFD_CLOEXEC)), errorOutput_(memfd_create("error-output", MFD_CLOEXEC)) {
   const std::vector<char*> argumentPointers = pointers(arguments);
   const pid_t parent = getpid();
-  id_ = fork();
+  // The pages of a process under the sanitizers are many; copying their table takes longer than most programs to start.
+  id_ = vfork();
   if (id_ == 0) {
     become(argumentPointers.data(), parent, output_, errorOutput_);
   }

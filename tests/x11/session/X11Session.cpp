@@ -6,7 +6,6 @@
 #include "tests/linux/session/TextFile.h"
 
 #include <csignal>
-#include <fstream>
 #include <stdexcept>
 
 namespace roomlattice::tests {
@@ -72,11 +71,10 @@ EndSection
 
 /// By what a process was started with; one of somebody else cannot be looked into, and does not live there.
 bool anyProcessLivesIn(const std::filesystem::path& folder) {
+  const std::string place = "=" + folder.string();
   std::error_code gone;
   for (const auto& entry : std::filesystem::directory_iterator("/proc", gone)) {
-    std::ifstream file(entry.path() / "environ");
-    const std::string environment{std::istreambuf_iterator<char>(file), {}};
-    if (environment.find("=" + folder.string()) != std::string::npos) {
+    if (textOf(entry.path() / "environ").find(place) != std::string::npos) {
       return true;
     }
   }
@@ -179,6 +177,10 @@ std::vector<std::string> X11Session::serverCommand(const SessionOptions& options
                "-novtswitch",        "-keeptty"};
   } else {
     command = {"Xvfb", "-screen", "0", options.screen};
+    // Only KWin draws by it, and it takes half the server's start.
+    if (options.windowManager != WindowManagerKind::KWin) {
+      command.insert(command.end(), {"-extension", "GLX"});
+    }
   }
   if (options.display) {
     command.push_back(":" + std::to_string(*options.display));
