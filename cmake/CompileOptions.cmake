@@ -6,8 +6,8 @@ target_compile_options(
   INTERFACE -Wall
             -Wextra
             -Wpedantic
-            # Where several sources are one, the names of each would seem to hide those of another.
-            $<$<NOT:$<BOOL:$<TARGET_PROPERTY:UNITY_BUILD>>>:-Wshadow>
+            # Where several sources are one, Clang takes the names of each for hidden by those of another.
+            $<$<NOT:$<AND:$<CXX_COMPILER_ID:Clang>,$<BOOL:$<TARGET_PROPERTY:UNITY_BUILD>>>>:-Wshadow>
             -Wconversion
             -Wsign-conversion
             -Wnon-virtual-dtor
