@@ -1,11 +1,14 @@
 #include "support/JsonText.h"
 
 #include <cmath>
+#include <cstddef>
 #include <cstdint>
 #include <limits>
 #include <nlohmann/json.hpp>
 #include <span>
+#include <string>
 #include <utility>
+#include <vector>
 
 namespace roomlattice {
 namespace {
@@ -13,7 +16,7 @@ namespace {
 using Json = nlohmann::json;
 using platform::Value;
 
-constexpr int maximumDepth = 500;
+constexpr std::size_t maximumDepth = 500;
 
 std::optional<Json> toTree(const Value& value);
 
@@ -63,41 +66,71 @@ std::optional<Json> toTree(const Value& value) {
   return value.isNull() ? std::optional(Json(nullptr)) : std::nullopt;
 }
 
-Value fromTree(const Json& tree) {
-  switch (tree.type()) {
-    case Json::value_t::boolean:
-      return tree.get<bool>();
-    case Json::value_t::number_integer:
-      return tree.get<std::int64_t>();
-    case Json::value_t::number_unsigned: {
-      const auto number = tree.get<std::uint64_t>();
-      if (number > static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max())) {
-        return static_cast<double>(number);
-      }
-      return static_cast<std::int64_t>(number);
-    }
-    case Json::value_t::number_float:
-      return tree.get<double>();
-    case Json::value_t::string:
-      return tree.get<std::string>();
-    case Json::value_t::array: {
-      Value::Array array;
-      for (const Json& element : tree) {
-        array.push_back(fromTree(element));
-      }
-      return array;
-    }
-    case Json::value_t::object: {
-      Value::Dictionary dictionary;
-      for (const auto& [key, element] : tree.items()) {
-        dictionary.emplace(key, fromTree(element));
-      }
-      return dictionary;
-    }
-    default:
-      return {};
+/// Makes the value while the document is read. The library's own tree would take time that grows with the square of the
+/// number of objects in one place, where it is asked to watch the depth.
+class ValueReader final : public nlohmann::json_sax<Json> {
+ public:
+  Value take() { return std::move(result_); }
+
+  bool null() override { return add({}); }
+  bool boolean(bool flag) override { return add(flag); }
+  bool number_integer(number_integer_t number) override { return add(std::int64_t{number}); }
+  bool number_unsigned(number_unsigned_t number) override {
+    constexpr auto most = static_cast<number_unsigned_t>(std::numeric_limits<std::int64_t>::max());
+    return number > most ? add(static_cast<double>(number)) : add(static_cast<std::int64_t>(number));
   }
-}
+  bool number_float(number_float_t number, const string_t&) override { return add(number); }
+  bool string(string_t& text) override { return add(std::move(text)); }
+  bool binary(binary_t&) override { return false; }
+
+  bool start_object(std::size_t) override { return begin(Kind::Object); }
+  bool key(string_t& text) override {
+    open_.back().key = std::move(text);
+    return true;
+  }
+  bool end_object() override { return add(std::move(takeLast().members)); }
+  bool start_array(std::size_t) override { return begin(Kind::Array); }
+  bool end_array() override { return add(std::move(takeLast().elements)); }
+
+  bool parse_error(std::size_t, const std::string&, const nlohmann::detail::exception&) override { return false; }
+
+ private:
+  enum class Kind { Array, Object };
+
+  /// What has begun and not ended.
+  struct Container {
+    Kind kind;
+    std::string key = {};
+    Value::Array elements = {};
+    Value::Dictionary members = {};
+  };
+
+  /// The document is refused as a whole where it is too deep: every later copy is recursive.
+  bool begin(Kind kind) {
+    open_.push_back({kind});
+    return open_.size() <= maximumDepth;
+  }
+
+  Container takeLast() {
+    Container last = std::move(open_.back());
+    open_.pop_back();
+    return last;
+  }
+
+  bool add(Value value) {
+    if (open_.empty()) {
+      result_ = std::move(value);
+    } else if (open_.back().kind == Kind::Array) {
+      open_.back().elements.push_back(std::move(value));
+    } else {
+      open_.back().members.insert_or_assign(std::move(open_.back().key), std::move(value));
+    }
+    return true;
+  }
+
+  std::vector<Container> open_;
+  Value result_;
+};
 
 }  // namespace
 
@@ -114,20 +147,8 @@ std::optional<std::string> toJson(const Value& value, JsonLayout layout) {
 }
 
 std::optional<Value> fromJson(std::string_view text) {
-  // The document is refused as a whole where it is too deep: the conversion and every later copy are recursive.
-  bool tooDeep = false;
-  const auto watchDepth = [&tooDeep](int depth, Json::parse_event_t event, Json&) {
-    // The depth given with the start of a container is that of what surrounds it.
-    const bool starts = event == Json::parse_event_t::array_start || event == Json::parse_event_t::object_start;
-    tooDeep = tooDeep || depth + (starts ? 1 : 0) > maximumDepth;
-    return !tooDeep;
-  };
-  try {
-    const Json tree = Json::parse(text, watchDepth);
-    return tooDeep ? std::nullopt : std::optional(fromTree(tree));
-  } catch (const Json::exception&) {
-    return std::nullopt;
-  }
+  ValueReader reader;
+  return Json::sax_parse(text, &reader) ? std::optional(reader.take()) : std::nullopt;
 }
 
 std::optional<Value::Data> JsonTextCodec::encode(const Value& value) const {

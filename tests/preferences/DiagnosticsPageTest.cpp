@@ -209,7 +209,7 @@ TEST_F(DiagnosticsPageTest, WaitsForAToolThatDoesNotEndUntilItIsKilled) {
 
 TEST_F(DiagnosticsPageTest, CopiesAHugeLog) {
   constexpr std::size_t lines = 1'000'000;
-  constexpr std::size_t bytesPerLine = 100;
+  constexpr std::size_t bytesPerLine = 4;
   std::string output;
   output.reserve(lines * bytesPerLine);
   for (std::size_t line = 0; line < lines; ++line) {

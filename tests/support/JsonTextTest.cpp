@@ -150,6 +150,22 @@ TEST(JsonTextTest, RefusesDepthBombsOfArraysAndObjects) {
   EXPECT_EQ(fromJson(objects), std::nullopt);
 }
 
+TEST(JsonTextTest, ReadsAHundredThousandObjectsInOne) {
+  // Where each of them looks at all before it, this does not end in time.
+  std::string text = "{";
+  for (int number = 0; number < 100'000; ++number) {
+    text += (number == 0 ? "" : ",") + ("\"" + std::to_string(number)) + "\":{}";
+  }
+  const auto read = fromJson(text + "}");
+  ASSERT_TRUE(read.has_value());
+  EXPECT_EQ(read->asDictionary()->size(), 100'000U);
+}
+
+TEST(JsonTextTest, KeepsTheLastOfMembersThatHaveTheSameKey) {
+  EXPECT_EQ(fromJson(R"({"a":1,"b":2,"a":{"c":3}})"),
+            Value(Value::Dictionary{{"a", Value::Dictionary{{"c", 3}}}, {"b", 2}}));
+}
+
 TEST(JsonTextCodecTest, DecodesWhatItEncoded) {
   const JsonTextCodec codec;
   const Value value = Value::Dictionary{{"red", 0.1}, {"count", 3}, {"name", "Größe"}};

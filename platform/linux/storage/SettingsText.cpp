@@ -113,9 +113,43 @@ Value decoded(const Value& value) {
   return value;
 }
 
+std::size_t leastSize(const Value::Dictionary& dictionary);
+
+/// No text of the value is shorter than so many bytes.
+std::size_t leastSize(const Value& value) {
+  if (const std::string* string = value.asString()) {
+    return string->size();
+  }
+  if (const Value::Data* data = value.asData()) {
+    return data->size();
+  }
+  if (const Value::Dictionary* dictionary = value.asDictionary()) {
+    return leastSize(*dictionary);
+  }
+  std::size_t size = 1;
+  if (const Value::Array* array = value.asArray()) {
+    for (const Value& element : *array) {
+      size += leastSize(element);
+    }
+  }
+  return size;
+}
+
+std::size_t leastSize(const Value::Dictionary& dictionary) {
+  std::size_t size = 0;
+  for (const auto& [key, value] : dictionary) {
+    size += key.size() + leastSize(value);
+  }
+  return size;
+}
+
 }  // namespace
 
 std::optional<std::string> toSettingsText(const Value::Dictionary& settings) {
+  // What is far too large costs no text that nobody will read.
+  if (leastSize(settings) > maximumSettingsSize) {
+    return std::nullopt;
+  }
   // The outermost object is never a form, whatever its keys are.
   std::optional<std::string> text = toJson(encodedEntries(settings), JsonLayout::Indented);
   if (!text) {

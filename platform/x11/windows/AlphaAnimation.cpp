@@ -27,6 +27,8 @@ AlphaAnimation::AlphaAnimation(double value, std::function<void()> changed)
     }
   });
   QObject::connect(&animation_, &QVariantAnimation::finished, &animation_, [this] { arrive(); });
+  // No move arrives after that, and a completion that owns the owner of this object would keep both for good.
+  QObject::connect(qApp, &QCoreApplication::aboutToQuit, &animation_, [this] { const auto dropped = end(); });
 }
 
 AlphaAnimation::~AlphaAnimation() {

@@ -31,7 +31,7 @@ class AlphaAnimation {
   };
 
   /// Moves to `target`, in place of a running move. `completion` is called afterwards, never from within this call; it
-  /// may own what owns this object.
+  /// may own what owns this object. A move that is under way when the program ends goes with its completion.
   void moveTo(double target, Duration duration, Steps steps, std::function<void()> completion);
 
  private:

@@ -17,7 +17,7 @@ using ::testing::IsEmpty;
 using Dictionary = Value::Dictionary;
 
 // What no test that passes waits for.
-constexpr auto longTime = 30s;
+constexpr auto generousTime = 30s;
 
 class LinuxDefaultsWritingTest : public LinuxDefaultsTest {
  protected:
@@ -47,7 +47,7 @@ TEST_F(LinuxDefaultsWritingTest, DoesNotWaitForWhoeverKeepsTheFileLocked) {
     }
     EXPECT_FALSE(std::filesystem::exists(path_));
   }
-  EXPECT_TRUE(subject.waitUntilWritten(longTime));
+  EXPECT_TRUE(subject.waitUntilWritten(generousTime));
   EXPECT_EQ(defaults().object("step"), Value(100));
   EXPECT_THAT(reports_, IsEmpty());
 }
@@ -62,11 +62,11 @@ TEST_F(LinuxDefaultsWritingTest, IsOverBeforeTheObjectEnds) {
 TEST_F(LinuxDefaultsWritingTest, WaitsForWhoeverHasWrittenHalfOfTheFile) {
   writeText(path_, R"({"a": )");
   LinuxDefaults subject(
-      path_, [this](const std::string& line) { reports_.push_back(line); }, longTime);
+      path_, [this](const std::string& line) { reports_.push_back(line); }, generousTime);
   subject.set("b", 2);
   EXPECT_FALSE(subject.waitUntilWritten(1ms));
   writeText(path_, R"({"a": 1})");
-  EXPECT_TRUE(subject.waitUntilWritten(longTime));
+  EXPECT_TRUE(subject.waitUntilWritten(generousTime));
   EXPECT_EQ(textOf(path_), "{\n  \"a\": 1,\n  \"b\": 2\n}\n");
   EXPECT_THAT(names(), ElementsAre("settings.json", "settings.json.lock"));
   EXPECT_THAT(reports_, IsEmpty());

@@ -75,6 +75,16 @@ TEST_F(X11WindowAlphaTest, LivesUntilACompletionThatOwnsItHasRun) {
   EXPECT_TRUE(waitFor([&watched] { return watched.expired(); }));
 }
 
+TEST_F(X11WindowAlphaTest, GoesWithTheProgramAlsoWhenACompletionOwnsIt) {
+  auto window = std::shared_ptr<Window>(makeOn(0));
+  const std::weak_ptr<Window> watched = window;
+  Window& shown = *window;
+  shown.animateAlpha(0.0, 1h, [window = std::move(window)] { window->orderOut(); });
+  QTimer::singleShot(0, [] { QCoreApplication::quit(); });
+  QCoreApplication::exec();
+  EXPECT_TRUE(watched.expired());
+}
+
 TEST_F(X11WindowAlphaTest, IsOpaqueWithRoundCornersWithoutACompositor) {
   const auto window = make({.alpha = 0.78}, {1.0, 0.0, 0.0, 0.5});
   window->orderFront();
