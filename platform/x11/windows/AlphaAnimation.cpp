@@ -43,7 +43,6 @@ void AlphaAnimation::set(double value) {
 }
 
 void AlphaAnimation::moveTo(double target, Duration duration, Steps steps, std::function<void()> completion) {
-  const double now = value();
   const std::function<void()> replaced = end();
   if (duration <= Duration::zero()) {
     assign(target);
@@ -51,7 +50,7 @@ void AlphaAnimation::moveTo(double target, Duration duration, Steps steps, std::
     return;
   }
   completion_ = std::move(completion);
-  start_ = now;
+  start_ = value_;
   target_ = target;
   duration_ = std::chrono::ceil<std::chrono::milliseconds>(duration);
   sinceStart_.start();
@@ -77,6 +76,7 @@ void AlphaAnimation::assign(double value) {
 }
 
 std::function<void()> AlphaAnimation::end() {
+  value_ = value();
   steps_.stop();
   return std::exchange(completion_, nullptr);
 }

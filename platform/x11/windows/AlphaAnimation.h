@@ -39,7 +39,7 @@ class AlphaAnimation {
   /// Ends a running move and hands over its completion.
   std::function<void()> end();
 
-  // As last told.
+  // As last told, or that a move had reached when it ended.
   double value_;
   std::function<void()> changed_;
   std::function<void()> completion_;
