@@ -17,6 +17,18 @@ xcb_screen_t* screenAt(xcb_connection_t* connection, int number) {
   return screens.rem > 0 ? screens.data : nullptr;
 }
 
+/// The window that such an event is about, for those that can be observed for one window.
+xcb_window_t subjectOf(const xcb_generic_event_t& event, std::uint8_t type) {
+  switch (type) {
+    case XCB_PROPERTY_NOTIFY:
+      return reinterpret_cast<const xcb_property_notify_event_t&>(event).window;
+    case XCB_REPARENT_NOTIFY:
+      return reinterpret_cast<const xcb_reparent_notify_event_t&>(event).window;
+    default:
+      return XCB_WINDOW_NONE;
+  }
+}
+
 }  // namespace
 
 void sendToRoot(xcb_connection_t* connection, xcb_window_t root, xcb_window_t window, xcb_atom_t type,
@@ -94,6 +106,18 @@ Registration X11Connection::observe(std::uint8_t responseType, EventHandler hand
   return eventListeners_[responseType].add(std::move(handler));
 }
 
+Registration X11Connection::observe(std::uint8_t responseType, xcb_window_t window, EventHandler handler) {
+  const WindowKey key(responseType, window);
+  auto listening = std::make_shared<Registration>((*windowListeners_)[key].add(std::move(handler)));
+  return Registration([weak = std::weak_ptr(windowListeners_), key, listening] {
+    listening->cancel();
+    const auto listeners = weak.lock();
+    if (listeners != nullptr && listeners->at(key).empty()) {
+      listeners->erase(key);
+    }
+  });
+}
+
 Registration X11Connection::observeBatches(std::function<void()> handler) {
   return batchListeners_.add(std::move(handler));
 }
@@ -126,13 +150,14 @@ void X11Connection::waitForServer() {
 }
 
 void X11Connection::deliverEvents() {
+  deliverEvents(xcb_poll_for_event);
+}
+
+void X11Connection::deliverEvents(NextEvent nextEvent) {
   bool any = false;
-  while (const XcbPointer<xcb_generic_event_t> event{xcb_poll_for_event(connection_)}) {
+  while (const XcbPointer<xcb_generic_event_t> event{nextEvent(connection_)}) {
     any = true;
-    const auto listeners = eventListeners_.find(event->response_type & responseTypeMask);
-    if (listeners != eventListeners_.end()) {
-      listeners->second.notify(*event);
-    }
+    deliver(*event);
   }
   if (any) {
     batchListeners_.notify();
@@ -142,8 +167,20 @@ void X11Connection::deliverEvents() {
   }
 }
 
+void X11Connection::deliver(const xcb_generic_event_t& event) {
+  const std::uint8_t type = event.response_type & responseTypeMask;
+  if (const auto listeners = eventListeners_.find(type); listeners != eventListeners_.end()) {
+    listeners->second.notify(event);
+  }
+  const auto window = subjectOf(event, type);
+  if (const auto listeners = windowListeners_->find({type, window}); listeners != windowListeners_->end()) {
+    listeners->second.notify(event);
+  }
+}
+
 void X11Connection::aboutToWait() {
-  deliverEvents();
+  // What has not been read yet wakes the loop at once.
+  deliverEvents(xcb_poll_for_queued_event);
   flush();
 }
 

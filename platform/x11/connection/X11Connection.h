@@ -97,6 +97,15 @@ class X11Connection {
     });
   }
 
+  /// The same for those of such events that are about one window.
+  template <class Event>
+  Registration observe(xcb_window_t window, std::function<void(const Event&)> handler) {
+    static_assert(responseTypeOf<Event> != 0);
+    return observe(responseTypeOf<Event>, window, [handler = std::move(handler)](const xcb_generic_event_t& event) {
+      handler(reinterpret_cast<const Event&>(event));
+    });
+  }
+
   /// Calls `handler` after a batch of events was delivered: everything that had arrived by then.
   Registration observeBatches(std::function<void()> handler);
 
@@ -126,6 +135,13 @@ class X11Connection {
  private:
   X11Connection(xcb_connection_t* connection, int screenNumber);
 
+  using WindowKey = std::pair<std::uint8_t, xcb_window_t>;
+  using WindowListeners = std::map<WindowKey, Listeners<const xcb_generic_event_t&>>;
+
+  Registration observe(std::uint8_t responseType, xcb_window_t window, EventHandler handler);
+  using NextEvent = xcb_generic_event_t* (*)(xcb_connection_t*);
+  void deliverEvents(NextEvent nextEvent);
+  void deliver(const xcb_generic_event_t& event);
   void aboutToWait();
   void reportLoss();
 
@@ -137,6 +153,8 @@ class X11Connection {
   bool lossReported_ = false;
   std::map<std::string, xcb_atom_t, std::less<>> atoms_;
   std::map<std::uint8_t, Listeners<const xcb_generic_event_t&>> eventListeners_;
+  // Apart, as there may be hundreds of windows and each event is about one.
+  std::shared_ptr<WindowListeners> windowListeners_ = std::make_shared<WindowListeners>();
   Listeners<> batchListeners_;
   Listeners<> lossListeners_;
   std::unique_ptr<QSocketNotifier> notifier_;

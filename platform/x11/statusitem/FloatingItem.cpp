@@ -10,6 +10,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QWheelEvent>
+#include <chrono>
 #include <cmath>
 #include <utility>
 
@@ -21,6 +22,9 @@ constexpr Qt::WindowFlags itemWindowFlags = Qt::Window | Qt::FramelessWindowHint
 
 // Qt: what a wheel turns in one step.
 constexpr int wheelStep = 120;
+
+// A window manager that has not given the item its new size by then will not.
+constexpr std::chrono::milliseconds resizeLimit(30);
 
 /// Flags and translucency have to be there before the widget gets its X window.
 QWidget& prepared(QWidget& widget) {
@@ -68,9 +72,16 @@ void FloatingItem::setContent(const StatusButtonContent& content, const StatusIt
   const QString title = singleLine(content.title.text).trimmed();
   setAccessibleName(title.isEmpty() ? windowTitle() : title);
   setToolTip(toolTipSaying(title));
-  if (isVisible()) {
-    place();
+  if (!isVisible()) {
+    return;
+  }
+  const int width = frame_.width();
+  place();
+  if (frame_.width() <= width) {
     draw();
+  } else {
+    // The part that comes in addition is to be drawn when it is there, and with it all the rest, once.
+    drawLater_.start(resizeLimit);
   }
 }
 
@@ -142,6 +153,7 @@ void FloatingItem::paintEvent(QPaintEvent*) {
 }
 
 void FloatingItem::draw() {
+  drawLater_.stop();
   const StatusBarColors colors = barColors(environment_.appearance.current(), environment_.compositor.isCompositing());
   const double scale = devicePixelRatioF();
   const QImage& item = pictures_.picture({content_, colors, QSize(itemWidth_, frame_.height()), scale});
@@ -174,7 +186,9 @@ void FloatingItem::layOut() {
     return;
   }
   area_ = *area;
-  place();
+  if (place()) {
+    update();
+  }
   reserveEdge();
   followFullScreen();
   if (!isWanted()) {
@@ -197,18 +211,17 @@ bool FloatingItem::isWanted() const {
   return !fullScreen_ || !fullScreen_->area() || !floatingArea_.meets(*fullScreen_->area());
 }
 
-void FloatingItem::place() {
+bool FloatingItem::place() {
   const auto width = static_cast<int>(std::ceil(pictures_.width(content_, length_, area_.width())));
   const auto height = static_cast<int>(statusBarHeight);
-  if (std::exchange(itemWidth_, width) != width) {
-    update();
-  }
+  const bool isOther = std::exchange(itemWidth_, width) != width;
   const QRect frame =
       isStrip() ? QRect(area_.topLeft(), QSize(area_.width(), height)) : frameAt(place_, area_, QSize(width, height));
   if (std::exchange(frame_, frame) != frame) {
     setGeometry(frame);
   }
   applyShape();
+  return isOther;
 }
 
 void FloatingItem::appear() {

@@ -56,8 +56,8 @@ class FloatingItem final : public QPushButton {
 
   /// Asks where there is room, then places the item there.
   void layOut();
-  /// Places the item where there is room by what is known.
-  void place();
+  /// Places the item where there is room by what is known. Whether it gets another width by that.
+  bool place();
   void draw();
   QImage strip(const QImage& item, const QColor& backdrop) const;
   void followFullScreen();
@@ -94,6 +94,7 @@ class FloatingItem final : public QPushButton {
   NativeWindow native_;
   WindowPicture onScreen_{native_};
   linux::OneShotTimer layOutSoon_{[this] { layOut(); }};
+  linux::OneShotTimer drawLater_{[this] { draw(); }};
   Registration compositorChanges_;
   Registration windowManagerChanges_;
 };

@@ -1,6 +1,7 @@
 #include "platform/x11/windows/AlphaAnimation.h"
 
 #include <QCoreApplication>
+#include <QEasingCurve>
 #include <QMetaObject>
 #include <algorithm>
 #include <utility>
@@ -9,6 +10,9 @@ namespace roomlattice::platform::x11 {
 namespace {
 
 constexpr QEasingCurve::Type easing = QEasingCurve::InOutSine;
+
+// Just less often than most screens are drawn, so that no step is drawn by nobody.
+constexpr std::chrono::milliseconds stepPeriod(17);
 
 /// On a later turn, whatever has gone by then: the completion may be all that keeps its window.
 void callLater(std::function<void()> completion) {
@@ -19,29 +23,19 @@ void callLater(std::function<void()> completion) {
 
 AlphaAnimation::AlphaAnimation(double value, std::function<void()> changed)
     : value_(value), changed_(std::move(changed)) {
-  animation_.setEasingCurve(easing);
-  QObject::connect(&animation_, &QVariantAnimation::valueChanged, &animation_, [this](const QVariant& now) {
-    // The toolkit also reports a value while the next move is being set up.
-    if (animation_.state() == QAbstractAnimation::Running) {
-      assign(now.toDouble());
-    }
-  });
-  QObject::connect(&animation_, &QVariantAnimation::finished, &animation_, [this] { arrive(); });
+  steps_.setTimerType(Qt::PreciseTimer);
+  steps_.callOnTimeout([this] { step(); });
   // No move arrives after that, and a completion that owns the owner of this object would keep both for good.
-  QObject::connect(qApp, &QCoreApplication::aboutToQuit, &animation_, [this] { const auto dropped = end(); });
-}
-
-AlphaAnimation::~AlphaAnimation() {
-  animation_.disconnect();
+  QObject::connect(qApp, &QCoreApplication::aboutToQuit, &steps_, [this] { const auto dropped = end(); });
 }
 
 double AlphaAnimation::value() const {
-  if (!jump_.isRunning()) {
+  if (!steps_.isActive()) {
     return value_;
   }
   const double progress =
       std::min(static_cast<double>(sinceStart_.elapsed()) / static_cast<double>(duration_.count()), 1.0);
-  return value_ + (target_ - value_) * QEasingCurve(easing).valueForProgress(progress);
+  return start_ + (target_ - start_) * QEasingCurve(easing).valueForProgress(progress);
 }
 
 void AlphaAnimation::set(double value) {
@@ -58,20 +52,20 @@ void AlphaAnimation::moveTo(double target, Duration duration, Steps steps, std::
     return;
   }
   completion_ = std::move(completion);
+  start_ = value_;
   target_ = target;
   duration_ = std::chrono::ceil<std::chrono::milliseconds>(duration);
-  if (steps == Steps::One) {
-    sinceStart_.start();
-    jump_.start(duration_);
-    return;
-  }
-  animation_.setStartValue(value_);
-  animation_.setEndValue(target);
-  animation_.setDuration(static_cast<int>(duration_.count()));
-  animation_.start();
+  sinceStart_.start();
+  steps_.start(steps == Steps::One ? duration_ : std::min(duration_, stepPeriod));
 }
 
-void AlphaAnimation::arrive() {
+void AlphaAnimation::step() {
+  const bool isLast = steps_.intervalAsDuration() == duration_ || sinceStart_.elapsed() >= duration_.count();
+  if (!isLast) {
+    assign(value());
+    return;
+  }
+  steps_.stop();
   assign(target_);
   callLater(std::exchange(completion_, nullptr));
 }
@@ -85,8 +79,7 @@ void AlphaAnimation::assign(double value) {
 
 std::function<void()> AlphaAnimation::end() {
   value_ = value();
-  animation_.stop();
-  jump_.stop();
+  steps_.stop();
   return std::exchange(completion_, nullptr);
 }
 

@@ -1,10 +1,9 @@
 #pragma once
 
 #include "platform/Dispatcher.h"
-#include "platform/linux/system/OneShotTimer.h"
 
 #include <QElapsedTimer>
-#include <QVariantAnimation>
+#include <QTimer>
 #include <chrono>
 #include <functional>
 
@@ -15,16 +14,15 @@ class AlphaAnimation {
  public:
   /// `changed` is called on every step of the value.
   AlphaAnimation(double value, std::function<void()> changed);
-  ~AlphaAnimation();
 
-  /// The value that was set, or that a move has reached.
+  /// The value that was set, or that a move has reached by now.
   double value() const;
 
   /// Sets the value and ends a running move, whose completion is then not called.
   void set(double value);
 
   enum class Steps {
-    /// As many as the toolkit makes.
+    /// As many as the eye can use, evenly spaced.
     Many,
     /// One, at the end. The value passes through those between as well, but nobody is woken for them.
     One,
@@ -35,21 +33,22 @@ class AlphaAnimation {
   void moveTo(double target, Duration duration, Steps steps, std::function<void()> completion);
 
  private:
+  void step();
   void assign(double value);
-  void arrive();
 
   /// Ends a running move and hands over its completion.
   std::function<void()> end();
 
+  // As last told, or that a move had reached when it ended.
   double value_;
   std::function<void()> changed_;
   std::function<void()> completion_;
   // Of the move that runs.
+  double start_ = 0.0;
   double target_ = 0.0;
   std::chrono::milliseconds duration_{0};
   QElapsedTimer sinceStart_;
-  QVariantAnimation animation_;
-  linux::OneShotTimer jump_{[this] { arrive(); }};
+  QTimer steps_;
 };
 
 }  // namespace roomlattice::platform::x11

@@ -21,7 +21,7 @@ DesktopKeeper::DesktopKeeper(OverlayEnvironment& environment, const QWidget& wid
     : environment_(environment), widget_(widget), window_(window), behavior_(behavior) {
   attachment_ = environment.attachments.observe(window.id(), [this] { attachmentChanged(); });
   propertyEvents_ = environment_.connection.observe<xcb_property_notify_event_t>(
-      [this](const xcb_property_notify_event_t& property) { propertyChanged(property); });
+      window.id(), [this](const xcb_property_notify_event_t& property) { propertyChanged(property); });
 }
 
 DesktopKeeper::~DesktopKeeper() {
@@ -77,7 +77,7 @@ void DesktopKeeper::windowWillAppear() {
 }
 
 void DesktopKeeper::propertyChanged(const xcb_property_notify_event_t& property) {
-  if (property.window == window_.id() && property.atom == environment_.connection.ewmh()->_NET_WM_DESKTOP) {
+  if (property.atom == environment_.connection.ewmh()->_NET_WM_DESKTOP) {
     correctSoon_.start(correctionDelay);
   }
 }
