@@ -6,9 +6,6 @@
 namespace roomlattice::platform::linux {
 namespace {
 
-// The bus may have to start the portal first, and nobody waits for it.
-constexpr std::chrono::seconds answerLimit{25};
-
 constexpr const char* service = "org.freedesktop.portal.Desktop";
 constexpr const char* path = "/org/freedesktop/portal/desktop";
 constexpr const char* interface = "org.freedesktop.portal.Settings";
@@ -58,7 +55,7 @@ void PortalAppearance::ask() {
 
 void PortalAppearance::ask(const std::string& key) {
   const BusCall read{.path = path, .interface = interface, .method = "Read", .arguments = {appearance, key}};
-  calls_.push_back(service_.call(read, answerLimit, [this, key](const BusMessage& answer) {
+  calls_.push_back(service_.call(read, usualAnswerLimit, [this, key](const BusMessage& answer) {
     if (!answer.isError()) {
       take(key, answer, 0);
     }

@@ -7,7 +7,6 @@ namespace {
 
 constexpr const char* busName = "org.freedesktop.DBus";
 constexpr const char* busPath = "/org/freedesktop/DBus";
-constexpr std::chrono::seconds ownerAnswerLimit{25};
 
 }  // namespace
 
@@ -18,7 +17,7 @@ BusService::BusService(MessageBus& bus, std::string name, std::function<void(boo
       [this](const BusMessage& message) { ownerNamed(message); });
   ownerQuestion_ = bus.call(
       {.service = busName, .path = busPath, .interface = busName, .method = "GetNameOwner", .arguments = {name_}},
-      ownerAnswerLimit, [this](const BusMessage& answer) {
+      usualAnswerLimit, [this](const BusMessage& answer) {
         owner_ = answer.isError() ? "" : answer.argument<std::string>(0).value_or("");
       });
 }

@@ -83,7 +83,13 @@ Registration registrationOf(std::shared_ptr<Subscription> subscription) {
 std::string ruleOf(const BusSignal& signal) {
   std::string rule = "type='signal',sender='" + signal.sender + "',path='" + signal.path + "',interface='" +
                      signal.interface + "',member='" + signal.name + "'";
-  return signal.firstArgument.empty() ? rule : rule + ",arg0='" + signal.firstArgument + "'";
+  if (!signal.firstArgument.empty()) {
+    rule += ",arg0='" + signal.firstArgument + "'";
+  }
+  if (!signal.firstArgumentWithin.empty()) {
+    rule += ",arg0namespace='" + signal.firstArgumentWithin + "'";
+  }
+  return rule;
 }
 
 }  // namespace

@@ -33,6 +33,9 @@ struct BusCall {
   Activation activation = Activation::Allowed;
 };
 
+/// What D-Bus libraries give a method that nobody expects to take long.
+inline constexpr std::chrono::seconds usualAnswerLimit{25};
+
 /// Which signals to hear.
 struct BusSignal {
   std::string sender;
@@ -41,6 +44,9 @@ struct BusSignal {
   std::string name;
   /// What the first argument has to be; any, where it is empty.
   std::string firstArgument;
+  /// The name on the bus that the first argument has to be or to be within, as org.kde.KWin is within org.kde; any,
+  /// where it is empty.
+  std::string firstArgumentWithin;
 };
 
 /// A connection to one of the desktop's message buses (D-Bus), which is never waited for longer than the caller wants.

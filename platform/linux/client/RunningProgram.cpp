@@ -16,7 +16,7 @@ namespace {
 
 using namespace std::string_view_literals;
 
-constexpr std::uint64_t answerLimit = 25'000'000;  // microseconds
+constexpr std::uint64_t libraryLimit = 0;  // as long as sd-bus usually waits
 constexpr const char* propertiesInterface = "org.freedesktop.DBus.Properties";
 
 /// What the bus says where nobody has the name.
@@ -89,7 +89,7 @@ RunningProgram::Answer<MessagePointer> RunningProgram::send(const MessagePointer
   sd_bus_message_set_auto_start(question.get(), 0);
   sd_bus_error error{};
   sd_bus_message* answer = nullptr;
-  const int result = sd_bus_call(bus_.get(), question.get(), answerLimit, &error, &answer);
+  const int result = sd_bus_call(bus_.get(), question.get(), libraryLimit, &error, &answer);
   MessagePointer owner(answer);
   if (result >= 0) {
     return owner;

@@ -1,6 +1,7 @@
 #include "platform/linux/tray/TrayWatch.h"
 
 #include <fstream>
+#include <string_view>
 #include <utility>
 
 namespace roomlattice::platform::linux {
@@ -9,6 +10,8 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr const char* busName = "org.freedesktop.DBus";
+constexpr const char* busPath = "/org/freedesktop/DBus";
+constexpr std::string_view hostNames = "org.kde.StatusNotifierHost";
 constexpr const char* watcherName = "org.kde.StatusNotifierWatcher";
 constexpr const char* watcherPath = "/StatusNotifierWatcher";
 constexpr const char* watcherInterface = "org.kde.StatusNotifierWatcher";
@@ -35,6 +38,12 @@ TrayWatch::TrayWatch(MessageBus& bus)
       watcher_.observeSignal(watcherSignal("StatusNotifierHostRegistered"), [this](const BusMessage&) { ask(); });
   hostWent_ =
       watcher_.observeSignal(watcherSignal("StatusNotifierHostUnregistered"), [this](const BusMessage&) { ask(); });
+  nameChanges_ = bus.observeSignal({.sender = busName,
+                                    .path = busPath,
+                                    .interface = busName,
+                                    .name = "NameOwnerChanged",
+                                    .firstArgumentWithin = "org.kde"},
+                                   [this](const BusMessage& message) { nameChanged(message); });
   loss_ = bus.observeLoss([this] { become(State::Absent, {}); });
   ask();
   // Also where there is no bus.
@@ -58,10 +67,23 @@ void TrayWatch::watcherChanged() {
   ask();
 }
 
+void TrayWatch::nameChanged(const BusMessage& message) {
+  const std::string name = message.argument<std::string>(0).value_or("");
+  if (message.sender() != busName || !name.starts_with(hostNames)) {
+    return;
+  }
+  if (message.argument<std::string>(2).value_or("").empty()) {
+    hosts_.erase(name);
+  } else {
+    hosts_.insert(name);
+  }
+  ask();
+}
+
 void TrayWatch::ask() {
   hostQuestion_.cancel();
   processQuestion_ = bus_.call({.service = busName,
-                                .path = "/org/freedesktop/DBus",
+                                .path = busPath,
                                 .interface = busName,
                                 .method = "GetConnectionUnixProcessID",
                                 .arguments = {watcherName}},
@@ -83,7 +105,9 @@ void TrayWatch::askForHost() {
                                  .arguments = {watcherInterface, "IsStatusNotifierHostRegistered"},
                                  .activation = BusCall::Activation::Never},
                                 answerLimit, [this](const BusMessage& answer) {
-                                  const bool shown = !answer.isError() && answer.argument<bool>(0) == true;
+                                  // A host that has just taken its name may not have come to the watcher yet.
+                                  const bool hasHost = answer.argument<bool>(0) == true || !hosts_.empty();
+                                  const bool shown = !answer.isError() && hasHost;
                                   become(shown ? State::Present : State::Absent, asked_);
                                 });
 }

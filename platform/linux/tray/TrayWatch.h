@@ -5,13 +5,14 @@
 #include "support/Listeners.h"
 
 #include <functional>
+#include <set>
 #include <string>
 
 namespace roomlattice::platform::linux {
 
 /// Whether a panel shows items of the StatusNotifierItem protocol (freedesktop.org, "StatusNotifierItem"): programs
 /// register with a watcher, whose name on the session bus is org.kde.StatusNotifierWatcher, and panels register there
-/// as hosts.
+/// as hosts, by names on the bus that begin with org.kde.StatusNotifierHost.
 class TrayWatch {
  public:
   enum class State {
@@ -38,6 +39,7 @@ class TrayWatch {
 
  private:
   void watcherChanged();
+  void nameChanged(const BusMessage& message);
   void ask();
   void askForHost();
   void become(State state, TrayTraits traits);
@@ -50,6 +52,9 @@ class TrayWatch {
   TrayTraits asked_;
   Listeners<> listeners_;
   BusService watcher_;
+  // Names of hosts, each of which has one on the bus. There are watchers that do not tell when a host has come.
+  std::set<std::string> hosts_;
+  Registration nameChanges_;
   Registration hostCame_;
   Registration hostWent_;
   Registration loss_;

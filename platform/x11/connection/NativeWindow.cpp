@@ -69,6 +69,10 @@ void NativeWindow::requestDesktop(std::uint32_t desktop) {
   send(connection_.ewmh()->_NET_WM_DESKTOP, {desktop, sourceIsApplication, 0, 0, 0});
 }
 
+void NativeWindow::requestActivation() {
+  send(connection_.ewmh()->_NET_ACTIVE_WINDOW, {sourceIsPager, XCB_CURRENT_TIME, 0, 0, 0});
+}
+
 void NativeWindow::requestNoState(xcb_atom_t state) {
   send(connection_.ewmh()->_NET_WM_STATE, {removeState, state, 0, sourceIsApplication, 0});
 }

@@ -61,6 +61,9 @@ class NativeWindow {
   /// Asks the window manager to move a mapped window to `desktop`.
   void requestDesktop(std::uint32_t desktop);
 
+  /// Asks the window manager to give a mapped window the keyboard, as the user would.
+  void requestActivation();
+
   /// Asks the window manager to remove a state of a mapped window.
   void requestNoState(xcb_atom_t state);
 

@@ -4,7 +4,6 @@
 #include <QGuiApplication>
 #include <QScreen>
 #include <algorithm>
-#include <string_view>
 #include <utility>
 
 namespace roomlattice::platform::x11 {
@@ -13,15 +12,6 @@ namespace {
 constexpr QPoint besideTheCorner(20, 20);
 
 }  // namespace
-
-bool isXwayland(X11Connection& connection) {
-  // The extension says so by its presence since Xwayland 23.1; before, the names of the outputs did.
-  constexpr std::string_view extension = "XWAYLAND";
-  const auto cookie = xcb_query_extension(connection.raw(), extension.size(), extension.data());
-  const auto reply = replyTo(connection.raw(), cookie, xcb_query_extension_reply);
-  const auto isVirtual = [](const QScreen* screen) { return screen->name().startsWith(QLatin1String("XWAYLAND")); };
-  return (reply != nullptr && reply->present != 0) || std::ranges::any_of(QGuiApplication::screens(), isVirtual);
-}
 
 class CornerWindows::Pixel final : public QWidget {
  public:

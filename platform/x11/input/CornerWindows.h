@@ -1,7 +1,6 @@
 #pragma once
 
 #include "platform/Geometry.h"
-#include "platform/x11/connection/X11Connection.h"
 #include "platform/x11/connection/X11Screens.h"
 
 #include <QObject>
@@ -11,10 +10,6 @@
 #include <vector>
 
 namespace roomlattice::platform::x11 {
-
-/// Whether the server's windows are shown by a Wayland compositor. Such a server hears of the pointer only while it is
-/// over a window of an X client.
-bool isXwayland(X11Connection& connection);
 
 /// A pixel in the top left corner of each screen that feels the pointer come and go, where nothing else tells of it. It
 /// cannot be seen, but it takes the clicks on it.

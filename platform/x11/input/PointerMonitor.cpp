@@ -1,5 +1,7 @@
 #include "platform/x11/input/PointerMonitor.h"
 
+#include "platform/x11/connection/Xwayland.h"
+
 #include <QApplication>
 #include <QWidget>
 #include <algorithm>

@@ -1,10 +1,10 @@
 #include "platform/x11/statusitem/PanelItem.h"
 
+#include "platform/x11/connection/Xwayland.h"
 #include "platform/x11/drawing/QtValues.h"
 #include "platform/x11/drawing/Text.h"
 #include "platform/x11/statusitem/TileDrawing.h"
 
-#include <QCursor>
 #include <QtEndian>
 #include <array>
 #include <utility>
@@ -32,9 +32,10 @@ linux::TrayPicture pictureOf(const QImage& image) {
 
 }  // namespace
 
-PanelItem::PanelItem(linux::MessageBus& bus, linux::TrayWatch& watch, ItemHandlers handlers,
+PanelItem::PanelItem(X11Connection& connection, linux::MessageBus& bus, linux::TrayWatch& watch, ItemHandlers handlers,
                      linux::ExportedMenu::Items menu)
-    : watch_(watch),
+    : connection_(connection),
+      watch_(watch),
       handlers_(std::move(handlers)),
       menu_(bus, menuPath, std::move(menu)),
       item_(bus, watch, trayHandlers(), linux::ObjectPath{menuPath}) {}
@@ -53,12 +54,15 @@ void PanelItem::setContent(const StatusButtonContent& content) {
 
 linux::TrayHandlers PanelItem::trayHandlers() {
   return {.pictures = [this] { return pictures(); },
-          // Not every host tells the place, but the pointer is there.
+          // Not every host tells the right place, but the pointer is there.
           .activate =
-              [this](auto, auto) {
-                handlers_.openMenu({QCursor::pos(), QSize(1, 1)});
+              [this](auto x, auto y) {
+                handlers_.openMenu({placeOfClick(connection_, {x, y}), QSize(1, 1)});
               },
-          .openContextMenu = [this](auto, auto) { handlers_.openOptions(QCursor::pos()); },
+          .openContextMenu =
+              [this](auto x, auto y) {
+                handlers_.openOptions(placeOfClick(connection_, {x, y}));
+              },
           .scroll =
               [this](linux::ScrollStep step) {
                 handlers_.step(step == linux::ScrollStep::Forward ? Direction::Right : Direction::Left);

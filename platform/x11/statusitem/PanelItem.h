@@ -3,6 +3,7 @@
 #include "platform/StatusItem.h"
 #include "platform/linux/tray/ExportedMenu.h"
 #include "platform/linux/tray/StatusNotifierItem.h"
+#include "platform/x11/connection/X11Connection.h"
 #include "platform/x11/statusitem/ItemHandlers.h"
 
 #include <vector>
@@ -13,9 +14,10 @@ namespace roomlattice::platform::x11 {
 /// keeps it a picture with the whole title.
 class PanelItem {
  public:
-  /// `menu` gives the items of the menu that a panel shows in the program's stead. The bus and the watch must outlive
-  /// it.
-  PanelItem(linux::MessageBus& bus, linux::TrayWatch& watch, ItemHandlers handlers, linux::ExportedMenu::Items menu);
+  /// `menu` gives the items of the menu that a panel shows in the program's stead. The connection, the bus and the
+  /// watch must outlive it.
+  PanelItem(X11Connection& connection, linux::MessageBus& bus, linux::TrayWatch& watch, ItemHandlers handlers,
+            linux::ExportedMenu::Items menu);
 
   void setContent(const StatusButtonContent& content);
 
@@ -26,6 +28,7 @@ class PanelItem {
   linux::TrayHandlers trayHandlers();
   const std::vector<linux::TrayPicture>& pictures();
 
+  X11Connection& connection_;
   linux::TrayWatch& watch_;
   ItemHandlers handlers_;
   StatusButtonContent content_;

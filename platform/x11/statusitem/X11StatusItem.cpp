@@ -49,7 +49,7 @@ void X11StatusItem::setLength(const StatusItemLength& length) {
 }
 
 void X11StatusItem::setMenu(Menu* menu) {
-  session_.reset();
+  closeMenu();
   menu_ = menu;
 }
 
@@ -80,7 +80,8 @@ void X11StatusItem::place() {
   if (!placement_.isInPanel()) {
     panel_.reset();
   } else if (!panel_) {
-    panel_.emplace(environment_.sessionBus, tray_, handlers(), [this] { return exportedItems(); });
+    panel_.emplace(environment_.connection, environment_.sessionBus, tray_, handlers(),
+                   [this] { return exportedItems(); });
     panel_->setContent(content_);
   }
 }
@@ -129,16 +130,23 @@ std::function<void()> X11StatusItem::later(std::function<void()> action) {
 }
 
 ItemHandlers X11StatusItem::handlers() {
-  return {.openMenu = [this](const QRect& anchor) { openMenuAt(anchor); },
+  // A click in a panel of Wayland does not close the menu by itself.
+  return {.openMenu = [this](const QRect& anchor) { session_ == nullptr ? openMenuAt(anchor) : closeMenu(); },
           .openOptions = [this](QPoint pointer) { options_.open(pointer); },
           .step = [this](Direction direction) { environment_.desktops.step(direction); }};
 }
 
 void X11StatusItem::openMenuAt(const QRect& anchor) {
   if (menu_ != nullptr && session_ == nullptr) {
+    keyboard_.emplace(environment_.connection, anchor.center(), [this] { closeMenu(); });
     session_ = std::make_unique<MenuSession>(*menu_, anchor, environment_.appearance.accentColor(), context_,
-                                             [this] { session_.reset(); });
+                                             [this] { closeMenu(); });
   }
+}
+
+void X11StatusItem::closeMenu() {
+  session_.reset();
+  keyboard_.reset();
 }
 
 }  // namespace roomlattice::platform::x11

@@ -6,6 +6,7 @@
 #include "platform/x11/statusitem/ItemPlacement.h"
 #include "platform/x11/statusitem/MenuSession.h"
 #include "platform/x11/statusitem/PanelItem.h"
+#include "platform/x11/windows/KeyboardClaim.h"
 
 #include <QObject>
 #include <QRect>
@@ -38,13 +39,15 @@ class X11StatusItem final : public StatusItem, public StatusButton {
   void choose(std::size_t index);
   std::function<void()> later(std::function<void()> action);
   void openMenuAt(const QRect& anchor);
+  void closeMenu();
 
   StatusItemEnvironment environment_;
   StatusButtonContent content_;
   StatusItemLength length_;
   Menu* menu_ = nullptr;
   QObject context_;  // owns what the menu's commands have under way
-  // Exists while the menu is open.
+  // Both exist while the menu is open.
+  std::optional<KeyboardClaim> keyboard_;
   std::unique_ptr<MenuSession> session_;
   ItemSettings settings_{environment_.defaults};
   linux::TrayWatch tray_{environment_.sessionBus};

@@ -2,6 +2,7 @@
 
 #include "platform/x11/connection/Properties.h"
 
+#include <QCursor>
 #include <chrono>
 
 namespace roomlattice::platform::x11 {
@@ -33,7 +34,8 @@ Excursion::Excursion(X11Connection& connection, X11Desktops& desktops)
       desktops_(desktops),
       home_(desktopInFront(desktops)),
       activeWindow_(activeWindow(connection)),
-      focus_(focusOf(connection)) {
+      focus_(focusOf(connection)),
+      keyboard_(connection, QCursor::pos(), [] {}) {
   holdKeyboard();
 }
 

@@ -4,6 +4,7 @@
 #include "platform/linux/system/OneShotTimer.h"
 #include "platform/x11/connection/X11Connection.h"
 #include "platform/x11/desktops/X11Desktops.h"
+#include "platform/x11/windows/KeyboardClaim.h"
 
 #include <optional>
 
@@ -30,6 +31,7 @@ class Excursion {
   xcb_window_t activeWindow_;
   xcb_window_t focus_;
   bool returning_ = false;
+  KeyboardClaim keyboard_;
   linux::OneShotTimer retry_{[this] { holdKeyboard(); }};
 };
 

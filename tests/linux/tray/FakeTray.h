@@ -33,6 +33,13 @@ class FakeTray final : public QDBusVirtualObject {
   }
   void disappear() { connection_.unregisterService(service()); }
 
+  /// A host comes or goes, and the watcher tells nobody, as Plasma's does not. The host has a name on the bus.
+  void setHostSilently(TrayHost host) {
+    host_ = host;
+    const QString hostName = QStringLiteral("org.kde.StatusNotifierHost-fake");
+    host == TrayHost::Registered ? connection_.registerService(hostName) : connection_.unregisterService(hostName);
+  }
+
   void setHost(TrayHost host) {
     host_ = host;
     connection_.send(QDBusMessage::createSignal(path(), service(),

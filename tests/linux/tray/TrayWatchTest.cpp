@@ -49,6 +49,15 @@ TEST_F(TrayWatchTest, FollowsHostsAtTheSameWatcher) {
   EXPECT_TRUE(becomes(State::Absent));
 }
 
+TEST_F(TrayWatchTest, FollowsHostsThatTheWatcherDoesNotTellOf) {
+  tray_.appear(TrayHost::None);
+  ASSERT_TRUE(becomes(State::Absent));
+  tray_.setHostSilently(TrayHost::Registered);
+  EXPECT_TRUE(becomes(State::Present));
+  tray_.setHostSilently(TrayHost::None);
+  EXPECT_TRUE(becomes(State::Absent));
+}
+
 TEST_F(TrayWatchTest, FollowsWatchersThatComeAndGo) {
   for (int times = 0; times < 3; ++times) {
     tray_.appear(TrayHost::Registered);
