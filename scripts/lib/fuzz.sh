@@ -19,13 +19,13 @@ fuzz() {
   return "$status"
 }
 
-# run_fuzzers PRESET SECONDS: as many at once as there are cores. Fails if one has found a fault.
+# run_fuzzers PRESET SECONDS AT_ONCE: fails if one has found a fault.
 run_fuzzers() {
   local program running=0 faults=0 finds=$root/build/fuzz/finds
   mkdir -p "$finds"
   printf '%-16s %12s %10s\n' fuzzer inputs reached
   for program in "$root/build/$1"/tests/fuzz/roomlattice_fuzz_*; do
-    if ((running == $(core_count))); then
+    if ((running == $3)); then
       wait -n || faults=$((faults + 1))
       running=$((running - 1))
     fi

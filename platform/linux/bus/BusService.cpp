@@ -3,12 +3,6 @@
 #include <utility>
 
 namespace roomlattice::platform::linux {
-namespace {
-
-constexpr const char* busName = "org.freedesktop.DBus";
-constexpr const char* busPath = "/org/freedesktop/DBus";
-
-}  // namespace
 
 BusService::BusService(MessageBus& bus, std::string name, std::function<void(bool hasOwner)> ownerChanged)
     : bus_(bus), name_(std::move(name)), ownerChanged_(std::move(ownerChanged)) {

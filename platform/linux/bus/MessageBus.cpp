@@ -17,7 +17,7 @@ using Clock = std::chrono::steady_clock;
 constexpr int messagesPerTurn = 100;
 constexpr milliseconds timePerTurn{10};
 
-sd_bus* open(const std::string& address) {
+sd_bus* busAt(const std::string& address) {
   sd_bus* bus = nullptr;
   if (sd_bus_new(&bus) < 0) {
     return nullptr;
@@ -96,7 +96,7 @@ std::string ruleOf(const BusSignal& signal) {
 
 MessageBus::MessageBus(Kind kind) {
   if (const auto address = kind == Kind::System ? systemBusAddress() : sessionBusAddress()) {
-    bus_.reset(open(*address));
+    bus_.reset(busAt(*address));
   }
   if (bus_ != nullptr) {
     readable_.setSocket(sd_bus_get_fd(bus_.get()));

@@ -33,6 +33,10 @@ struct BusCall {
   Activation activation = Activation::Allowed;
 };
 
+/// The bus itself, as a service of its own.
+inline constexpr const char* busName = "org.freedesktop.DBus";
+inline constexpr const char* busPath = "/org/freedesktop/DBus";
+
 /// What D-Bus libraries give a method that nobody expects to take long.
 inline constexpr std::chrono::seconds usualAnswerLimit{25};
 

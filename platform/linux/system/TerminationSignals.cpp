@@ -27,7 +27,7 @@ constexpr std::time_t impatience = 2;
 // Signal handlers have nothing else to find it by.
 int eventFile = -1;
 
-std::time_t now() {
+std::time_t seconds() {
   timespec time{};
   clock_gettime(CLOCK_MONOTONIC, &time);
   return time.tv_sec;
@@ -37,10 +37,10 @@ void signalCame(int) {
   static volatile std::time_t firstSignal = 0;
   const int error = errno;
   if (firstSignal == 0) {
-    firstSignal = now();
+    firstSignal = seconds();
     // A timer of the kernel's needs no thread and no event loop.
     alarm(timeToEnd);
-  } else if (now() - firstSignal >= impatience) {
+  } else if (seconds() - firstSignal >= impatience) {
     _exit(EXIT_FAILURE);
   }
   const std::uint64_t one = 1;

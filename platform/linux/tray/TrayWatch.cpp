@@ -9,8 +9,6 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr const char* busName = "org.freedesktop.DBus";
-constexpr const char* busPath = "/org/freedesktop/DBus";
 constexpr std::string_view hostNames = "org.kde.StatusNotifierHost";
 constexpr const char* watcherName = "org.kde.StatusNotifierWatcher";
 constexpr const char* watcherPath = "/StatusNotifierWatcher";

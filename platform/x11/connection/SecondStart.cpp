@@ -13,7 +13,7 @@ using namespace std::chrono_literals;
 using linux::RunningProgram;
 
 // The other one may be at its own start.
-constexpr std::chrono::milliseconds patience = 5s;
+constexpr std::chrono::milliseconds answerTime = 5s;
 
 }  // namespace
 
@@ -21,7 +21,7 @@ ExitStatus passOnStart(linux::Start start, const std::string& display, const lin
   if (start == linux::Start::AtLogin) {
     return {EXIT_SUCCESS};
   }
-  const auto deadline = std::chrono::steady_clock::now() + patience;
+  const auto deadline = std::chrono::steady_clock::now() + answerTime;
   RunningProgram other(display);
   while (other.isReachable() && std::chrono::steady_clock::now() < deadline) {
     const auto answer = other.call("OpenMenu");

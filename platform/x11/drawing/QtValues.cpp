@@ -1,6 +1,7 @@
 #include "platform/x11/drawing/QtValues.h"
 
 #include <algorithm>
+#include <cmath>
 #include <variant>
 
 namespace roomlattice::platform::x11 {
@@ -38,6 +39,10 @@ QColor toQt(const TextColor& color, const QPalette& palette) {
 
 QString withoutShortcuts(QString text) {
   return text.replace(u'&', QStringLiteral("&&"));
+}
+
+QSize toQt(const Size& size) {
+  return {static_cast<int>(std::ceil(size.width)), static_cast<int>(std::ceil(size.height))};
 }
 
 QRectF toQt(const Rect& rect, double height) {

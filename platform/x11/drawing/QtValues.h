@@ -7,6 +7,7 @@
 #include <QColor>
 #include <QPalette>
 #include <QRectF>
+#include <QSize>
 #include <QString>
 #include <string>
 
@@ -25,6 +26,9 @@ inline QString toQt(const std::string& text) {
 
 /// The text for a title of the toolkit's, which takes a single ampersand for the mark of a keyboard shortcut.
 QString withoutShortcuts(QString text);
+
+/// The fewest whole pixels that hold it.
+QSize toQt(const Size& size);
 
 /// A rectangle of y-up coordinates in Qt's y-down ones; `height` is that of the surface both lie on.
 QRectF toQt(const Rect& rect, double height);

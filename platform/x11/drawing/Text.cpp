@@ -15,7 +15,7 @@ namespace {
 
 constexpr double standardFontSize = 13.0;
 
-QFont::Weight toQt(FontWeight weight) {
+QFont::Weight weightOf(FontWeight weight) {
   switch (weight) {
     case FontWeight::Regular:
       return QFont::Normal;
@@ -47,7 +47,7 @@ QFont toQt(const Font& font) {
   QFont result = QFontDatabase::systemFont(font.family == FontFamily::MonospacedSystem ? QFontDatabase::FixedFont
                                                                                        : QFontDatabase::GeneralFont);
   result.setPixelSize(std::max(1, static_cast<int>(std::lround(font.size))));
-  result.setWeight(toQt(font.weight));
+  result.setWeight(weightOf(font.weight));
   return result;
 }
 

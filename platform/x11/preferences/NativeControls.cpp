@@ -55,7 +55,7 @@ WidgetPointer make(const SliderControl& control) {
   return slider;
 }
 
-Qt::CheckState toQt(CheckState state) {
+Qt::CheckState checkStateOf(CheckState state) {
   switch (state) {
     case CheckState::Off:
       return Qt::Unchecked;
@@ -68,8 +68,8 @@ Qt::CheckState toQt(CheckState state) {
 }
 
 WidgetPointer make(const CheckBoxControl& control) {
-  auto box = std::make_unique<QCheckBox>(withoutShortcuts(x11::toQt(control.title)));
-  box->setCheckState(toQt(control.state));
+  auto box = std::make_unique<QCheckBox>(withoutShortcuts(toQt(control.title)));
+  box->setCheckState(checkStateOf(control.state));
   // From the mixed state a click leads to one of the others.
   box->setTristate(false);
   QObject::connect(box.get(), &QCheckBox::toggled, box.get(),
@@ -80,7 +80,7 @@ WidgetPointer make(const CheckBoxControl& control) {
 WidgetPointer make(const PopUpControl& control) {
   auto popUp = std::make_unique<QComboBox>();
   for (const std::string& item : control.items) {
-    popUp->addItem(x11::toQt(item));
+    popUp->addItem(toQt(item));
   }
   popUp->setCurrentIndex(control.selectedIndex);
   // Also where the user chooses the item that is selected already.
@@ -93,15 +93,15 @@ WidgetPointer make(const ColorWellControl& control) {
 }
 
 WidgetPointer make(const PushButtonControl& control) {
-  auto button = std::make_unique<QPushButton>(withoutShortcuts(x11::toQt(control.title)));
+  auto button = std::make_unique<QPushButton>(withoutShortcuts(toQt(control.title)));
   QObject::connect(button.get(), &QPushButton::clicked, button.get(), [action = control.action] { action(); });
   return button;
 }
 
 WidgetPointer make(const SelectableTextControl& control) {
-  auto field = std::make_unique<QLineEdit>(x11::toQt(control.text));
+  auto field = std::make_unique<QLineEdit>(toQt(control.text));
   field->setReadOnly(true);
-  field->setFont(x11::toQt(control.font));
+  field->setFont(toQt(control.font));
   field->setCursorPosition(0);
   return field;
 }

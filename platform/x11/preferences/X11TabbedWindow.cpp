@@ -15,7 +15,6 @@
 #include <QShortcut>
 #include <QTabWidget>
 #include <algorithm>
-#include <cmath>
 
 namespace roomlattice::platform::x11 {
 namespace {
@@ -56,7 +55,7 @@ class EscapeCloses final : public QObject {
 };
 
 /// Flags have to be there before the widget gets its X window.
-QWidget& prepared(QWidget& window) {
+QWidget& withFlags(QWidget& window) {
   window.setWindowFlags(titledAndClosable);
   return window;
 }
@@ -72,16 +71,12 @@ Size neededSize(const TabPage& page) {
   return {right, page.size.height + std::max(below - margin, 0.0)};
 }
 
-QSize toQt(const Size& size) {
-  return {static_cast<int>(std::ceil(size.width)), static_cast<int>(std::ceil(size.height))};
-}
-
 /// The widget of a control at its place, in a page of that height.
 QWidget* addControl(QWidget& page, const PlacedControl& placed, double pageHeight) {
   QWidget* widget = makeControl(placed.control).release();
   widget->setParent(&page);
-  widget->setAccessibleName(x11::toQt(placed.accessibilityLabel));
-  widget->setGeometry(x11::toQt(placed.frame, pageHeight).toAlignedRect());
+  widget->setAccessibleName(toQt(placed.accessibilityLabel));
+  widget->setGeometry(toQt(placed.frame, pageHeight).toAlignedRect());
   return widget;
 }
 
@@ -109,16 +104,16 @@ QScrollArea* makeScrolling(QWidget* content) {
 
 X11TabbedWindow::X11TabbedWindow(const TabbedWindowModel& model, X11Connection& connection,
                                  const WindowManagerWatch& windowManager, const X11Desktops& desktops)
-    : connection_(connection), desktops_(desktops), native_(connection, prepared(window_)) {
+    : connection_(connection), desktops_(desktops), native_(connection, withFlags(window_)) {
   if (windowManager.traits().minimizesAllButToolbars) {
     const xcb_ewmh_connection_t& atoms = *connection_.ewmh();
     native_.setTypes({atoms._NET_WM_WINDOW_TYPE_TOOLBAR, atoms._NET_WM_WINDOW_TYPE_NORMAL});
   }
   window_.setWindowIcon(programIcon());
-  window_.setWindowTitle(x11::toQt(model.title));
+  window_.setWindowTitle(toQt(model.title));
   window_.setFixedSize(toQt(model.contentSize));
   auto* tabs = new QTabWidget(&window_);
-  tabs->setGeometry(x11::toQt(model.tabFrame, model.contentSize.height).toRect());
+  tabs->setGeometry(toQt(model.tabFrame, model.contentSize.height).toRect());
   for (const TabPage& page : model.pages) {
     addPage(*tabs, page);
   }
@@ -143,8 +138,8 @@ void X11TabbedWindow::addPage(QTabWidget& tabs, const TabPage& page) {
   }
   content->setFixedSize(toQt(neededSize(page)));
   QScrollArea* scrolling = makeScrolling(content);
-  scrolling->setObjectName(x11::toQt(page.identifier));
-  tabs.addTab(scrolling, withoutShortcuts(x11::toQt(page.label)));
+  scrolling->setObjectName(toQt(page.identifier));
+  tabs.addTab(scrolling, withoutShortcuts(toQt(page.label)));
 }
 
 void X11TabbedWindow::followKeys(QTabWidget& tabs) {
