@@ -94,7 +94,7 @@ std::variant<std::unique_ptr<Platform>, ExitStatus> start(int& argc, char** argv
   }
   // Also where the environment asks the toolkit for another platform: the windows are X windows.
   setenv("QT_QPA_PLATFORM", "xcb", 1);
-  static const Registration muteBus = linux::hideMuteSessionBus(busAnswer);
+  static const Registration muteBuses = linux::hideMuteBuses(busAnswer);
   linux::redirectQtMessages();
   watchToolkitConnection();
   return std::make_unique<X11Platform>(std::move(connection), std::move(lock), signals, argc, argv);

@@ -12,10 +12,11 @@ namespace roomlattice::platform::linux {
 std::optional<std::string> sessionBusAddress();
 std::string systemBusAddress();
 
-/// The toolkit waits for the session bus on the main thread, for its services for people with disabilities and others,
-/// as long as the bus takes. A bus that has not let anybody in after `limit` is kept from the toolkit while the result
-/// lives: the environment then has none, while sessionBusAddress still tells where it is. Gives an empty registration
-/// for any other bus. To be called before the toolkit is used, while there is one thread.
-Registration hideMuteSessionBus(std::chrono::milliseconds limit);
+/// The toolkit waits on the main thread, for its services for people with disabilities and others, as long as the
+/// session bus takes, and the accessibility service on it, and that one's own bus. One that has not let anybody in, or
+/// not answered, after `limit` is kept from the toolkit while the result lives: the environment then has none, while
+/// sessionBusAddress still tells where it is. Gives an empty registration where all answer or are not there. To be
+/// called before the toolkit is used, while there is one thread.
+Registration hideMuteBuses(std::chrono::milliseconds limit);
 
 }  // namespace roomlattice::platform::linux

@@ -195,13 +195,12 @@ SettingsFile::WriteResult SettingsFile::write(const std::string& text, const std
 }
 
 std::optional<std::filesystem::path> SettingsFile::setAside() const {
-  const Path name = place();
   for (int number = 1; number <= maximumSetAside; ++number) {
-    const Path aside = withSuffix(name, ".damaged-" + std::to_string(number));
-    const bool moved = renameToFreeName(name, aside) ||
-                       (number == maximumSetAside && errno == EEXIST && rename(name.c_str(), aside.c_str()) == 0);
+    const Path aside = withSuffix(path_, ".damaged-" + std::to_string(number));
+    const bool moved = renameToFreeName(path_, aside) ||
+                       (number == maximumSetAside && errno == EEXIST && rename(path_.c_str(), aside.c_str()) == 0);
     if (moved) {
-      syncFolder(name.parent_path());
+      syncFolder(path_.parent_path());
       return aside;
     }
     if (errno != EEXIST) {
@@ -232,7 +231,7 @@ FileDescriptor SettingsFile::lock(std::string& reason) const {
   return {};
 }
 
-/// Where it is written and what is set aside: itself, or the ordinary file that a link leads or promises to lead to.
+/// Where it is written: itself, or the ordinary file that a link leads or promises to lead to.
 std::filesystem::path SettingsFile::place() const {
   if (!isLink(path_)) {
     return path_;

@@ -60,8 +60,8 @@ class SettingsFile {
   /// stands there whole, and on the disk. `reason` says why it fails. Only for the holder of the lock.
   WriteResult write(const std::string& text, const std::optional<FileStamp>& expected, std::string& reason) const;
 
-  /// Renames what stands there. At most three are kept so: the oldest ones and the last. Gives the new path, or nothing
-  /// when that fails. Only for the holder of the lock.
+  /// Renames what stands there: of a link that itself, as what it leads to may be anybody's. At most three are kept so:
+  /// the oldest ones and the last. Gives the new path, or nothing when that fails. Only for the holder of the lock.
   std::optional<std::filesystem::path> setAside() const;
 
   /// Makes this process the only one that changes the file, as long as the result lives and all keep to it. Empty when

@@ -10,7 +10,7 @@ namespace {
 
 using namespace std::chrono_literals;
 using platform::Registration;
-using platform::linux::hideMuteSessionBus;
+using platform::linux::hideMuteBuses;
 using platform::linux::sessionBusAddress;
 
 std::string addressForTheToolkit() {
@@ -20,25 +20,70 @@ std::string addressForTheToolkit() {
 class BusAddressTest : public BusTest {};
 
 TEST_F(BusAddressTest, OfABusThatAnswersStays) {
-  EXPECT_FALSE(hideMuteSessionBus(30s));
+  EXPECT_FALSE(hideMuteBuses(30s));
   EXPECT_EQ(addressForTheToolkit(), daemon_.address());
 }
 
 TEST_F(BusAddressTest, OfABusThatHasGoneStays) {
   daemon_.stop();
-  EXPECT_FALSE(hideMuteSessionBus(30s));
+  EXPECT_FALSE(hideMuteBuses(30s));
   EXPECT_EQ(addressForTheToolkit(), daemon_.address());
 }
 
 TEST_F(BusAddressTest, OfAMuteBusIsKeptFromTheToolkitAlone) {
   daemon_.signal(SIGSTOP);
   {
-    const Registration hidden = hideMuteSessionBus(10ms);
+    const Registration hidden = hideMuteBuses(10ms);
     EXPECT_TRUE(hidden);
     EXPECT_NE(addressForTheToolkit(), daemon_.address());
     EXPECT_EQ(sessionBusAddress(), daemon_.address());
   }
   EXPECT_EQ(addressForTheToolkit(), daemon_.address());
+}
+
+TEST_F(BusAddressTest, OfAMuteServiceForAccessibilityIsKeptFromTheToolkit) {
+  const FakeService launcher(daemon_.address(), "org.a11y.Bus");
+  {
+    const Registration hidden = hideMuteBuses(50ms);
+    EXPECT_TRUE(hidden);
+    EXPECT_STREQ(std::getenv("AT_SPI_BUS_ADDRESS"), "unix:path=/dev/null");
+    EXPECT_EQ(addressForTheToolkit(), daemon_.address());
+  }
+  EXPECT_EQ(std::getenv("AT_SPI_BUS_ADDRESS"), nullptr);
+}
+
+TEST_F(BusAddressTest, OfAMuteBusForAccessibilityIsKeptFromTheToolkit) {
+  const TemporaryFolder folder;
+  const BusDaemon accessibility(folder.path());
+  // That has taken the place of the session's in the environment.
+  Environment environment;
+  environment.set("DBUS_SESSION_BUS_ADDRESS", daemon_.address());
+  accessibility.signal(SIGSTOP);
+  FakeService launcher(daemon_.address(), "org.a11y.Bus");
+  launcher.answerWith([asked = 0, address = accessibility.address()](sd_bus_message* answer) mutable {
+    if (asked++ == 0) {
+      sd_bus_message_append(answer, "v", "b", 1);
+    } else {
+      sd_bus_message_append(answer, "s", address.c_str());
+    }
+  });
+  EXPECT_TRUE(hideMuteBuses(200ms));
+}
+
+TEST_F(BusAddressTest, OfAServiceForAccessibilityThatAnswersStays) {
+  FakeService launcher(daemon_.address(), "org.a11y.Bus");
+  for (const char* type : {"b", "s", "v", ""}) {
+    launcher.answerWith([type](sd_bus_message* m) {
+      if (*type == 'v') {
+        sd_bus_message_append(m, "v", "b", 0);
+      } else if (*type == 's') {
+        sd_bus_message_append(m, "s", "no");
+      } else {
+        sd_bus_message_append(m, type, 0);
+      }
+    });
+    EXPECT_FALSE(hideMuteBuses(30s)) << type;
+  }
 }
 
 }  // namespace

@@ -1,7 +1,9 @@
+#include "tests/linux/session/FakeService.h"
 #include "tests/x11/session/Program.h"
 #include "tests/x11/session/X11Session.h"
 
 #include <csignal>
+#include <cstdlib>
 #include <gmock/gmock.h>
 
 namespace roomlattice::tests {
@@ -16,6 +18,13 @@ TEST(ProgramBusTest, NeedNotAnswerForTheProgramToStart) {
   program.process().signal(SIGTERM);
   EXPECT_EQ(program.exitStatus(), 0);
   EXPECT_THAT(program.complaints(), ::testing::IsEmpty());
+}
+
+TEST(ProgramBusTest, MayHaveAServiceForAccessibilityThatDoesNotAnswer) {
+  const X11Session session;
+  const FakeService launcher(std::getenv("DBUS_SESSION_BUS_ADDRESS"), "org.a11y.Bus");
+  Program program;
+  EXPECT_TRUE(program.isUp()) << program.process().errorOutput();
 }
 
 TEST(ProgramBusTest, NeedNotAnswerWhileTheProgramRuns) {

@@ -73,6 +73,16 @@ INSTANTIATE_TEST_SUITE_P(OfEachKind, ProgramLimitsOfScaleTest,
                                            std::pair("QT_FONT_DPI", "0"), std::pair("QT_FONT_DPI", "1000000"),
                                            std::pair("QT_FONT_DPI", "96dpi")));
 
+TEST(ProgramLimitsOfScalesTest, CountForAllSettingsTogether) {
+  const X11Session session;
+  Environment environment;
+  environment.set("QT_SCALE_FACTOR", "8");
+  environment.set("QT_FONT_DPI", "900");
+  Program program;
+  EXPECT_EQ(program.exitStatus(), 1);
+  EXPECT_THAT(program.complaints(), ElementsAre(HasSubstr("QT_FONT_DPI")));
+}
+
 TEST(ProgramLimitsOfScaleUsableTest, LetTheProgramRun) {
   const X11Session session;
   Environment environment;
