@@ -122,8 +122,8 @@ X11Platform::X11Platform(std::unique_ptr<X11Connection> connection, std::unique_
       appearance_(*connection_, sessionBus_, notifications_.distributedCenter()),
       sleep_(systemBus_, notifications_.workspaceCenter()),
       events_(*connection_, desktops_, screens_),
-      userInterface_(*connection_, windowManager_, screens_, appearance_, desktops_, desktopNames_, attachments_,
-                     sessionBus_, defaults_, notifications_.defaultCenter()),
+      userInterface_({*connection_, windowManager_, screens_, appearance_, desktops_, desktopNames_, attachments_,
+                      sessionBus_, defaults_, notifications_.defaultCenter()}),
       termination_(signals.observe([this] { application_.terminate(); })) {
   if (auto settings = linux::LinuxDefaults::standardPath()) {
     settingsWatch_.emplace(defaults_, *std::move(settings),

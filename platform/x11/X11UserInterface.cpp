@@ -13,21 +13,14 @@ constexpr std::size_t mostMeasured = 2000;
 
 }  // namespace
 
-X11UserInterface::X11UserInterface(X11Connection& connection, WindowManagerWatch& windowManager, X11Screens& screens,
-                                   X11Appearance& appearance, X11Desktops& desktops, X11DesktopNames& desktopNames,
-                                   WindowAttachments& attachments, linux::MessageBus& sessionBus, Defaults& defaults,
-                                   NotificationCenter& defaultCenter)
-    : connection_(connection),
-      windowManager_(windowManager),
-      sessionBus_(sessionBus),
-      defaults_(defaults),
-      defaultCenter_(defaultCenter),
-      screens_(screens),
-      appearance_(appearance),
-      desktopNames_(desktopNames),
-      compositor_(connection),
-      overlayManagement_(connection, windowManager),
-      overlays_{connection, windowManager, screens, desktops, attachments, compositor_, overlayManagement_, {}} {}
+X11UserInterface::X11UserInterface(const UserInterfaceEnvironment& environment)
+    : environment_(environment),
+      compositor_(environment.connection),
+      overlayManagement_(environment.connection, environment.windowManager),
+      overlays_{environment.connection,  environment.windowManager,
+                environment.screens,     environment.desktops,
+                environment.attachments, compositor_,
+                overlayManagement_,      {}} {}
 
 double X11UserInterface::systemFontSize() const {
   return x11::systemFontSize();
@@ -50,8 +43,9 @@ Size X11UserInterface::intrinsicSize(const Control& control) const {
 
 std::unique_ptr<StatusItem> X11UserInterface::createStatusItem(const StatusItemLength& length) {
   return std::make_unique<X11StatusItem>(
-      StatusItemEnvironment{connection_, windowManager_, appearance_, compositor_, overlays_.desktops, desktopNames_,
-                            sessionBus_, defaults_, defaultCenter_},
+      StatusItemEnvironment{environment_.connection, environment_.windowManager, environment_.appearance, compositor_,
+                            environment_.desktops, environment_.desktopNames, environment_.sessionBus,
+                            environment_.defaults, environment_.defaultCenter},
       length);
 }
 
@@ -60,7 +54,8 @@ std::unique_ptr<Window> X11UserInterface::createOverlayWindow(const OverlayWindo
 }
 
 std::unique_ptr<TabbedWindow> X11UserInterface::createTabbedWindow(const TabbedWindowModel& model) {
-  return std::make_unique<X11TabbedWindow>(model, connection_, windowManager_, overlays_.desktops);
+  return std::make_unique<X11TabbedWindow>(model, environment_.connection, environment_.windowManager,
+                                           environment_.desktops);
 }
 
 }  // namespace roomlattice::platform::x11

@@ -15,19 +15,30 @@
 
 namespace roomlattice::platform::x11 {
 
+/// What the program's windows, menus and texts stand on. All of it outlives them.
+struct UserInterfaceEnvironment {
+  X11Connection& connection;
+  WindowManagerWatch& windowManager;
+  X11Screens& screens;
+  X11Appearance& appearance;
+  X11Desktops& desktops;
+  X11DesktopNames& desktopNames;
+  WindowAttachments& attachments;
+  linux::MessageBus& sessionBus;
+  Defaults& defaults;
+  NotificationCenter& defaultCenter;
+};
+
 /// What the program shows, as Qt widgets. A point is a logical pixel of Qt. Everything it makes must go before it and
 /// before the Qt application.
 class X11UserInterface final : public UserInterface {
  public:
-  X11UserInterface(X11Connection& connection, WindowManagerWatch& windowManager, X11Screens& screens,
-                   X11Appearance& appearance, X11Desktops& desktops, X11DesktopNames& desktopNames,
-                   WindowAttachments& attachments, linux::MessageBus& sessionBus, Defaults& defaults,
-                   NotificationCenter& defaultCenter);
+  explicit X11UserInterface(const UserInterfaceEnvironment& environment);
 
-  std::vector<Screen> screens() const override { return screens_.screens(); }
-  std::optional<Screen> mainScreen() const override { return screens_.mainScreen(); }
-  std::optional<Appearance> effectiveAppearance() const override { return appearance_.current(); }
-  Color accentColor() const override { return appearance_.accentColor(); }
+  std::vector<Screen> screens() const override { return environment_.screens.screens(); }
+  std::optional<Screen> mainScreen() const override { return environment_.screens.mainScreen(); }
+  std::optional<Appearance> effectiveAppearance() const override { return environment_.appearance.current(); }
+  Color accentColor() const override { return environment_.appearance.accentColor(); }
   double systemFontSize() const override;
   Size measure(const std::string& text, const Font& font) const override;
   Size intrinsicSize(const Control& control) const override;
@@ -36,14 +47,7 @@ class X11UserInterface final : public UserInterface {
   std::unique_ptr<TabbedWindow> createTabbedWindow(const TabbedWindowModel& model) override;
 
  private:
-  X11Connection& connection_;
-  WindowManagerWatch& windowManager_;
-  linux::MessageBus& sessionBus_;
-  Defaults& defaults_;
-  NotificationCenter& defaultCenter_;
-  X11Screens& screens_;
-  X11Appearance& appearance_;
-  X11DesktopNames& desktopNames_;
+  UserInterfaceEnvironment environment_;
   CompositorWatch compositor_;
   OverlayManagement overlayManagement_;
   OverlayEnvironment overlays_;

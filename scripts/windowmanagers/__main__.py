@@ -48,12 +48,18 @@ def try_apart(desktop, arguments):
         return {"start": f"not done after {time_limit} s"}
 
 
+def word_for(outcome, step):
+    if outcome.get(step) == "":
+        return "yes"
+    return "no" if outcome.get(step) or "start" in outcome else "-"
+
+
 def print_table(outcomes):
     steps = scenario.Scenario.steps
     print("| | " + " | ".join(steps) + " |")
     print("|---|" + "---|" * len(steps))
     for name, outcome in outcomes.items():
-        print(f"| {name} | " + " | ".join("yes" if outcome.get(step) == "" else "no" for step in steps) + " |")
+        print(f"| {name} | " + " | ".join(word_for(outcome, step) for step in steps) + " |")
     print()
     for name, outcome in outcomes.items():
         for step, seen in outcome.items():

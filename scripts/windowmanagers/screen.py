@@ -1,10 +1,9 @@
-"""What other programs see of an X screen, and a user's hands on it."""
+"""What other programs see of an X screen."""
 import os
 import subprocess
 import threading
 
 from Xlib import X, Xatom, display, error
-from Xlib.ext import xtest
 
 from .processes import output_of, wait_for
 
@@ -123,31 +122,6 @@ class Screen:
         output_of("wmctrl", "-s", str(desktop))
         return wait_for(lambda: self.current_desktop() == desktop, 5)
 
-    def move_pointer(self, x, y):
-        xtest.fake_input(self.display, X.MotionNotify, x=int(x), y=int(y))
-        self.display.sync()
-
-    def click(self, x, y):
-        self.move_pointer(x, y)
-        wait_for(lambda: self.pointer() == (int(x), int(y)), 2)
-        for kind in (X.ButtonPress, X.ButtonRelease):
-            xtest.fake_input(self.display, kind, 1)
-            self.display.sync()
-
-    def pointer(self):
-        answer = self.root.query_pointer()
-        return (answer.root_x, answer.root_y)
-
-    def press(self, symbol):
-        code = self.display.keysym_to_keycode(symbol)
-        for kind in (X.KeyPress, X.KeyRelease):
-            xtest.fake_input(self.display, kind, code)
-        self.display.sync()
-
-    def type(self, text):
-        for letter in text:
-            self.press(ord(letter))
-
 
 def shell_property(method, *value):
     """What GNOME Shell says of its overview, in which it starts."""
@@ -192,8 +166,8 @@ class PlainWindow:
         return self.count
 
 
-def kwin_picture(path):
-    """KWin writes the pixels of its screen into a pipe."""
+def kwin_picture(path, width, height):
+    """KWin writes the pixels of its screens into a pipe."""
     import dbus  # pylint: disable=import-outside-toplevel  # only where KWin is tried
     kwin = dbus.SessionBus().get_object("org.kde.KWin", "/org/kde/KWin/ScreenShot2")
     reader, writer = os.pipe()
@@ -204,10 +178,18 @@ def kwin_picture(path):
             pixels.extend(chunk)
     collector = threading.Thread(target=collect)
     collector.start()
-    answer = dbus.Interface(kwin, "org.kde.KWin.ScreenShot2").CaptureActiveScreen({}, dbus.types.UnixFd(writer))
+    capture = dbus.Interface(kwin, "org.kde.KWin.ScreenShot2").CaptureArea
+    answer = capture(0, 0, width, height, {}, dbus.types.UnixFd(writer))
     os.close(writer)
     collector.join(20)
-    width, height, stride = (int(answer[key]) for key in ("width", "height", "stride"))
-    rows = b"".join(pixels[y * stride:y * stride + width * 4] for y in range(height))
-    subprocess.run(["convert", "-size", f"{width}x{height}", "-depth", "8", "bgra:-", "-alpha", "off", path],
+    columns, lines, stride = (int(answer[key]) for key in ("width", "height", "stride"))
+    rows = b"".join(pixels[y * stride:y * stride + columns * 4] for y in range(lines))
+    subprocess.run(["convert", "-size", f"{columns}x{lines}", "-depth", "8", "bgra:-", "-alpha", "off", path],
                    input=rows, check=True)
+
+
+def brightness(path, frame):
+    """The mean of that part of a picture, from 0 to 1."""
+    left, top, width, height = frame
+    return float(output_of("convert", path, "-crop", f"{width}x{height}+{left}+{top}", "-colorspace", "gray", "-format",
+                           "%[fx:mean]", "info:"))

@@ -6,7 +6,7 @@ import shutil
 import tempfile
 from dataclasses import dataclass, field
 
-from . import screen
+from . import hands, screen
 from .processes import Processes, is_installed, output_of, wait_for
 
 size = "1366x768"
@@ -52,16 +52,33 @@ class Desktop:
 
 
 gnome_environment = {"XDG_CURRENT_DESKTOP": "GNOME", "LIBGL_ALWAYS_SOFTWARE": "1", "GSETTINGS_BACKEND": "keyfile"}
-gnome_settings = {".config/glib-2.0/settings/keyfile": "[org/gnome/shell]\nwelcome-dialog-last-shown-version='9999'\n"}
+gnome_settings = {".config/glib-2.0/settings/keyfile": "[org/gnome/shell]\nwelcome-dialog-last-shown-version='9999'\n"
+                  "[org/gnome/desktop/notifications]\nshow-banners=false\n"}
+kwin_wayland_environment = {"LIBGL_ALWAYS_SOFTWARE": "1", "KWIN_SCREENSHOT_NO_PERMISSION_CHECKS": "1",
+                            "KWIN_WAYLAND_NO_PERMISSION_CHECKS": "1", "XDG_SESSION_TYPE": "wayland",
+                            "XDG_CURRENT_DESKTOP": "KDE", "KDE_FULL_SESSION": "true", "KDE_SESSION_VERSION": "5"}
 memory_settings = {"GSETTINGS_BACKEND": "memory"}
 openbox_files = {".config/openbox/rc.xml": openbox_settings}
 openbox = ["openbox", "--sm-disable"]
+plasma = ["plasmashell", "--no-respawn"]
 picom = ["picom", "--config", "/dev/null", "--backend", "xrender"]
 
 
 def plain(name, command, **rest):
     """A window manager without and with a compositor beside it."""
     return [Desktop(name, command, **rest), Desktop(name + "+picom", command, companions=[picom], **rest)]
+
+
+def on_kwin_wayland(name, *options, **rest):
+    return Desktop(name, ["kwin_wayland", "--virtual", "--width", "1366", "--height", "768", "--xwayland", *options],
+                   server="wayland", files={".config/kwinrc": kwin_settings}, makes_desktops=False,
+                   environment=kwin_wayland_environment, **rest)
+
+
+def on_gnome_wayland(name, *options):
+    return Desktop(name, ["gnome-shell", "--wayland", "--headless", "--unsafe-mode", "--virtual-monitor", size, *options],
+                   server="wayland", files=gnome_settings, makes_desktops=False, dynamic=True,
+                   environment={**gnome_environment, "XDG_SESSION_TYPE": "wayland"})
 
 
 def beside_panel(panel, *command, files=None):
@@ -87,13 +104,12 @@ desktops = [
             drawing_time=0.2),
     Desktop("cinnamon", ["cinnamon"], environment={"LIBGL_ALWAYS_SOFTWARE": "1", **memory_settings},
             makes_desktops=False, drawing_time=0.2),
-    Desktop("kwin_wayland", ["kwin_wayland", "--virtual", "--width", "1366", "--height", "768", "--xwayland"],
-            server="wayland", files={".config/kwinrc": kwin_settings}, makes_desktops=False,
-            environment={"LIBGL_ALWAYS_SOFTWARE": "1", "KWIN_SCREENSHOT_NO_PERMISSION_CHECKS": "1"}),
-    Desktop("gnome-shell wayland",
-            ["gnome-shell", "--wayland", "--headless", "--unsafe-mode", "--virtual-monitor", size],
-            server="wayland", files=gnome_settings, environment={**gnome_environment, "XDG_SESSION_TYPE": "wayland"},
-            makes_desktops=False, dynamic=True),
+    on_kwin_wayland("kwin_wayland"),
+    on_kwin_wayland("kwin_wayland two outputs", "--output-count", "2"),
+    on_kwin_wayland("kwin_wayland scale 2", "--scale", "2"),
+    on_kwin_wayland("kwin_wayland+plasma", companions=[plasma]),
+    on_gnome_wayland("gnome-shell wayland"),
+    on_gnome_wayland("gnome-shell wayland two outputs", "--virtual-monitor", "1280x1024"),
     beside_panel("xfce4-panel"),
     beside_panel("mate-panel"),
     beside_panel("lxqt-panel"),
@@ -113,10 +129,14 @@ class Session:
         self.start_buses()
         self.start_server()
         self.screen = screen.Screen()
+        self.hands = self.find_hands()
         self.start_companions()
         self.set_desktops()
 
     def prepare_environment(self):
+        # For a program that was built with sanitizers.
+        suppressions = pathlib.Path(__file__).parents[2] / "tests" / "leak-suppressions.txt"
+        os.environ["LSAN_OPTIONS"] = f"suppressions={suppressions}:print_suppressions=0"
         for name in list(os.environ):
             if name.startswith(("XDG_", "QT_", "GTK_", "KDE_", "DBUS_", "WAYLAND_", "GNOME_")):
                 del os.environ[name]
@@ -188,8 +208,16 @@ class Session:
             self.processes.start(command[0], *command)
             if command is picom:
                 self.require(wait_for(self.screen.is_composited), "the compositor")
+            elif command is plasma:
+                self.require(wait_for(self.has_tray, 60), "the panel")
             else:
-                self.require(wait_for(lambda: self.screen.windows_of_type("DOCK"), 30), command[0])
+                self.require(wait_for(lambda: self.screen.windows_of_type("DOCK"), 60), command[0])
+
+    def find_hands(self):
+        if self.desktop.server == "xvfb":
+            return hands.XHands(self.screen.display)
+        os.environ["WAYLAND_DISPLAY"] = "wayland-0"
+        return hands.KWinHands() if self.desktop.command[0] == "kwin_wayland" else hands.MutterHands()
 
     def set_desktops(self):
         if self.desktop.dynamic:
@@ -212,28 +240,39 @@ class Session:
         """Of the whole screen, by the means of the session."""
         if self.desktop.server == "xvfb":
             output_of("import", "-silent", "-window", "root", path)
-        elif "kwin" in self.desktop.name:
-            screen.kwin_picture(path)
+        elif self.desktop.command[0] == "kwin_wayland":
+            geometry = self.screen.root.get_geometry()
+            screen.kwin_picture(path, geometry.width, geometry.height)
         else:
             output_of("gdbus", "call", "--session", "--dest", "org.gnome.Shell.Screenshot", "--object-path",
                       "/org/gnome/Shell/Screenshot", "--method", "org.gnome.Shell.Screenshot.Screenshot", "false",
                       "false", path)
 
+    def ask_tray(self, property_name):
+        return output_of("gdbus", "call", "--session", "--dest", "org.kde.StatusNotifierWatcher", "--object-path",
+                         "/StatusNotifierWatcher", "--method", "org.freedesktop.DBus.Properties.Get",
+                         "org.kde.StatusNotifierWatcher", property_name)
+
+    def has_tray(self):
+        return "true" in self.ask_tray("IsStatusNotifierHostRegistered")
+
     def panel_item(self):
         """The bus name and the path of the StatusNotifierItem in a panel of the session; nothing without one."""
-        answer = output_of("gdbus", "call", "--session", "--dest", "org.kde.StatusNotifierWatcher", "--object-path",
-                           "/StatusNotifierWatcher", "--method", "org.freedesktop.DBus.Properties.Get",
-                           "org.kde.StatusNotifierWatcher", "RegisteredStatusNotifierItems")
-        found = re.search(r"'([^'/]+)(/[^']*)?'", answer)
+        found = re.search(r"'([^'/]+)(/[^']*)?'", self.ask_tray("RegisteredStatusNotifierItems"))
         return (found[1], found[2] or "/StatusNotifierItem") if found else None
 
-    def activate_panel_item(self):
-        """As a panel does for a click."""
+    def activate_panel_item(self, x, y):
+        """As a panel does for a click at that place."""
         item = self.panel_item()
         if item:
             output_of("gdbus", "call", "--session", "--dest", item[0], "--object-path", item[1], "--method",
-                      "org.kde.StatusNotifierItem.Activate", "600", "100")
+                      "org.kde.StatusNotifierItem.Activate", str(x), str(y))
         return item is not None
+
+    def native_window(self):
+        """A window of a Wayland client that fills the screen: the process, which prints what the window hears."""
+        return self.processes.start("native", "env", "GDK_BACKEND=wayland", "/usr/bin/python3", "-u",
+                                    str(pathlib.Path(__file__).with_name("native.py")))
 
     def end(self):
         self.processes.end_all()

@@ -5,6 +5,8 @@
 #include <QRectF>
 #include <QScreen>
 #include <algorithm>
+#include <array>
+#include <optional>
 #include <string_view>
 
 namespace roomlattice::platform::x11 {
@@ -16,18 +18,31 @@ bool knowsPointer(const X11Connection& connection) {
   return pointer != nullptr && pointer->child != XCB_WINDOW_NONE;
 }
 
-/// Where the compositor has the screen. The toolkit scales the sizes of screens and not their places.
-QRectF placeInCompositor(const QScreen& screen) {
-  return {QPointF(screen.geometry().topLeft()) / screen.devicePixelRatio(), QSizeF(screen.geometry().size())};
-}
+// The scales that compositors offer.
+constexpr std::array outputScales{1.0, 1.25, 1.5, 1.75, 2.0, 2.5, 3.0};
 
-QPoint fromCompositor(QPoint place) {
+/// The same place in Qt's coordinates; nothing where there is no screen.
+std::optional<QPoint> fromPixel(QPointF pixel) {
   for (const QScreen* screen : QGuiApplication::screens()) {
-    if (const QRectF area = placeInCompositor(*screen); area.contains(place)) {
-      return screen->geometry().topLeft() + (QPointF(place) - area.topLeft()).toPoint();
+    // The toolkit scales the sizes of screens and not their places.
+    const QPointF corner = screen->geometry().topLeft();
+    const QPointF place = (pixel - corner) / screen->devicePixelRatio();
+    if (QRectF({}, screen->geometry().size()).contains(place)) {
+      return (corner + place).toPoint();
     }
   }
-  return place;
+  return std::nullopt;
+}
+
+/// Panels of Wayland count in pixels of their output. Where the compositor enlarges the windows of X clients, these are
+/// smaller than the server's, and nobody tells how much.
+QPoint fromPanel(QPoint told) {
+  for (const double scale : outputScales) {
+    if (const std::optional<QPoint> place = fromPixel(QPointF(told) / scale)) {
+      return *place;
+    }
+  }
+  return QCursor::pos();
 }
 
 }  // namespace
@@ -42,7 +57,7 @@ bool isXwayland(X11Connection& connection) {
 }
 
 QPoint placeOfClick(X11Connection& connection, QPoint told) {
-  return isXwayland(connection) && !knowsPointer(connection) ? fromCompositor(told) : QCursor::pos();
+  return isXwayland(connection) && !knowsPointer(connection) ? fromPanel(told) : QCursor::pos();
 }
 
 }  // namespace roomlattice::platform::x11

@@ -11,7 +11,7 @@ namespace roomlattice::platform::x11 {
 bool isXwayland(X11Connection& connection);
 
 /// Where a click was, in Qt's coordinates: at the pointer, unless an Xwayland does not know where that is. Then it is
-/// `told`, which has the coordinates of the compositor.
+/// `told`, by a panel.
 QPoint placeOfClick(X11Connection& connection, QPoint told);
 
 }  // namespace roomlattice::platform::x11

@@ -108,8 +108,11 @@ QAction* MenuSession::addHosted(View& view) {
   host->onHover = [this, row = host.get(), action](Hover hover) {
     if (hover == Hover::Entered) {
       popup_->setActiveAction(action);
+      highlight(row);
+    } else if (highlighted_ == row) {
+      // A button that appears under the pointer has the toolkit tell again of the row that the pointer has left before.
+      highlight(nullptr);
     }
-    highlight(hover == Hover::Entered ? row : nullptr);
   };
   host->onChange = [row = host.get(), action] {
     // While a name is being edited it is not to be seen.

@@ -104,6 +104,16 @@ TEST_P(ProgramMenuUnderTest, ReachesTheLastOfTwentyDesktopsAndOutlivesTheirEnd) 
   EXPECT_TRUE(user_.program().process().isRunning());
 }
 
+TEST_P(ProgramMenuUnderTest, LetsThePointerComeStraightToThePencilOfAnotherRow) {
+  ASSERT_TRUE(user_.startAndTour()) << user_.program().process().errorOutput();
+  ASSERT_TRUE(user_.openMenu());
+  user_.movePointerTo(user_.menuRow(0));
+  user_.clickAt(user_.pencilOfMenuRow(1));
+  user_.typeText("Mail");
+  user_.pressKeys({"Return"});
+  EXPECT_TRUE(namesBecome({{uuid(1), "Mail"}}));
+}
+
 INSTANTIATE_TEST_SUITE_P(OfTheProgram, ProgramMenuUnderTest, everyWindowManager(), ::testing::PrintToStringParamName());
 
 }  // namespace

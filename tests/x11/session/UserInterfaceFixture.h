@@ -28,8 +28,8 @@ struct UserInterfaceSession {
   platform::x11::WindowAttachments attachments;
   platform::linux::LinuxDefaults defaults{std::nullopt, [](const std::string&) {}};
   platform::x11::X11DesktopNames desktopNames{desktops, defaults, center};
-  platform::x11::X11UserInterface userInterface{qt.connection(), windowManager, screens, appearance, desktops,
-                                                desktopNames,    attachments,   bus,     defaults,   center};
+  platform::x11::X11UserInterface userInterface{{qt.connection(), windowManager, screens, appearance, desktops,
+                                                 desktopNames, attachments, bus, defaults, center}};
 };
 
 }  // namespace roomlattice::tests
