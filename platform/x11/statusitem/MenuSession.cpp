@@ -108,8 +108,12 @@ QAction* MenuSession::addHosted(View& view) {
   host->onHover = [this, row = host.get(), action](Hover hover) {
     if (hover == Hover::Entered) {
       popup_->setActiveAction(action);
+      highlight(row);
+    } else if (row == highlighted_) {
+      // The toolkit may tell only now of one that was left before, and once more each time something appears below the
+      // pointer.
+      highlight(nullptr);
     }
-    highlight(hover == Hover::Entered ? row : nullptr);
   };
   host->onChange = [row = host.get(), action] {
     // While a name is being edited it is not to be seen.
