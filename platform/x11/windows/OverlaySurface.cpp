@@ -2,6 +2,7 @@
 
 #include <QCloseEvent>
 #include <QMetaObject>
+#include <utility>
 
 namespace roomlattice::platform::x11 {
 namespace {
@@ -16,7 +17,9 @@ constexpr int maximumPlaceCorrections = 3;
 
 }  // namespace
 
-OverlaySurface::OverlaySurface() : QWidget(nullptr, surfaceFlags) {
+OverlaySurface::OverlaySurface(std::function<void()> draw)
+    : QWidget(nullptr, surfaceFlags), drawSoon_(std::move(draw)) {
+  setAttribute(Qt::WA_PaintOnScreen);
   setAttribute(Qt::WA_TranslucentBackground);
   setAttribute(Qt::WA_ShowWithoutActivating);
   setAttribute(Qt::WA_TransparentForMouseEvents);
@@ -40,6 +43,10 @@ void OverlaySurface::appear() {
   overrideWindowFlags(Qt::Tool | surfaceHints);
   show();
   overrideWindowFlags(surfaceFlags);
+}
+
+void OverlaySurface::paintEvent(QPaintEvent*) {
+  drawSoon_.start();
 }
 
 void OverlaySurface::closeEvent(QCloseEvent* event) {

@@ -41,15 +41,16 @@ X11Window::X11Window(OverlayEnvironment& environment, const OverlayWindowOptions
 }
 
 X11Window::~X11Window() {
+  picture_.reset();
   environment_.stack.remove(surface_);
 }
 
 void X11Window::setContentView(std::unique_ptr<View> view) {
-  hosted_.reset();
+  picture_.reset();
   view_ = std::move(view);
   if (view_ != nullptr) {
-    hosted_ = std::make_unique<HostedView>(*view_, surface_);
-    hosted_->widget().show();
+    picture_.emplace(*view_, surface_, native_);
+    surface_.update();
   }
   applyBlending();
 }
@@ -142,10 +143,16 @@ void X11Window::raise() {
   }
 }
 
+void X11Window::draw() {
+  if (picture_ && surface_.isVisible()) {
+    picture_->draw();
+  }
+}
+
 void X11Window::applyBlending() {
-  if (hosted_ != nullptr) {
+  if (picture_) {
     const bool blends = environment_.compositor.isCompositing();
-    hosted_->setBlending({.solid = !blends, .opacity = blends && paintsOpacity_ ? alpha_.value() : 1.0});
+    picture_->setBlending({.solid = !blends, .opacity = blends && paintsOpacity_ ? alpha_.value() : 1.0});
   }
   applyShape();
 }
@@ -182,13 +189,13 @@ void X11Window::listen() {
   xcb_change_window_attributes(connection.raw(), native_.id(), XCB_CW_EVENT_MASK, &events);
   connection.flush();
   reparentEvents_ = connection.observe<xcb_reparent_notify_event_t>(
-      [this](const xcb_reparent_notify_event_t& reparent) { reparented(reparent); });
+      native_.id(), [this](const xcb_reparent_notify_event_t& reparent) { reparented(reparent); });
   propertyEvents_ = connection.observe<xcb_property_notify_event_t>(
-      [this](const xcb_property_notify_event_t& property) { propertyChanged(property); });
+      native_.id(), [this](const xcb_property_notify_event_t& property) { propertyChanged(property); });
 }
 
 void X11Window::reparented(const xcb_reparent_notify_event_t& reparent) {
-  if (reparent.window == native_.id() && reparent.parent != environment_.connection.root()) {
+  if (reparent.parent != environment_.connection.root()) {
     native_.passClicksThrough();
   }
 }
@@ -197,7 +204,7 @@ void X11Window::propertyChanged(const xcb_property_notify_event_t& property) {
   const xcb_atom_t state = environment_.connection.ewmh()->_NET_WM_STATE;
   const xcb_atom_t attention = environment_.connection.ewmh()->_NET_WM_STATE_DEMANDS_ATTENTION;
   // Some window managers mark what appears without the focus.
-  if (property.window == native_.id() && property.atom == state && native_.hasState(attention)) {
+  if (property.atom == state && native_.hasState(attention)) {
     native_.requestNoState(attention);
   }
 }

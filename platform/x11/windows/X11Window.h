@@ -6,8 +6,8 @@
 #include "platform/x11/windows/AlphaAnimation.h"
 #include "platform/x11/windows/DesktopKeeper.h"
 #include "platform/x11/windows/Excursion.h"
-#include "platform/x11/windows/HostedView.h"
 #include "platform/x11/windows/OverlayEnvironment.h"
+#include "platform/x11/windows/OverlayPicture.h"
 #include "platform/x11/windows/OverlaySurface.h"
 
 #include <optional>
@@ -48,6 +48,7 @@ class X11Window final : public Window {
   void map();
   void mapAnew();
   void raise();
+  void draw();
   void applyBlending();
   void applyOpacity();
   void applyShape();
@@ -60,10 +61,10 @@ class X11Window final : public Window {
   Rect frame_;
   bool orderedIn_ = false;
   std::unique_ptr<View> view_;
-  OverlaySurface surface_;
+  OverlaySurface surface_{[this] { draw(); }};
   NativeWindow native_;
   DesktopKeeper desktop_;
-  std::unique_ptr<HostedView> hosted_;
+  std::optional<OverlayPicture> picture_;
   AlphaAnimation alpha_;
   std::optional<double> writtenOpacity_;
   std::vector<xcb_rectangle_t> writtenShape_;
