@@ -1,7 +1,6 @@
 #include "platform/x11/connection/PackedPicture.h"
 
 #include <algorithm>
-#include <span>
 
 namespace roomlattice::platform::x11 {
 namespace {
@@ -9,8 +8,8 @@ namespace {
 // As high as a detail is at most: letters have gaps above and below them, and plates have corners.
 constexpr int bandHeight = 16;
 
-std::span<const std::uint32_t> rowOf(const QImage& image, int y) {
-  return {reinterpret_cast<const std::uint32_t*>(image.constScanLine(y)), static_cast<std::size_t>(image.width())};
+const std::uint32_t* rowOf(const QImage& image, int y) {
+  return reinterpret_cast<const std::uint32_t*>(image.constScanLine(y));
 }
 
 /// What of these rows is not of that colour; empty where all of it is.
@@ -18,12 +17,17 @@ QRect detailOf(const QImage& image, int top, int height, std::uint32_t color) {
   int left = image.width();
   int end = 0;
   for (int y = top; y < top + height; ++y) {
-    const auto row = rowOf(image, y);
-    const auto differs = [color](std::uint32_t pixel) { return pixel != color; };
-    const auto first = std::ranges::find_if(row, differs);
-    const auto last = std::find_if(row.rbegin(), row.rend(), differs);
-    left = std::min(left, static_cast<int>(first - row.begin()));
-    end = std::max(end, static_cast<int>(row.rend() - last));
+    const std::uint32_t* row = rowOf(image, y);
+    int start = 0;
+    while (start < left && row[start] == color) {
+      ++start;
+    }
+    left = start;
+    int last = image.width();
+    while (last > end && row[last - 1] == color) {
+      --last;
+    }
+    end = last;
   }
   return {left, top, std::max(end - left, 0), height};
 }
@@ -34,7 +38,7 @@ PackedPicture::PackedPicture(const QImage& image) : size_(image.size()) {
   if (image.isNull()) {
     return;
   }
-  plateColor_ = rowOf(image, image.height() / 2).front();
+  plateColor_ = *rowOf(image, image.height() / 2);
   for (int top = 0; top < image.height(); top += bandHeight) {
     const QRect detail = detailOf(image, top, std::min(bandHeight, image.height() - top), plateColor_);
     if (!detail.isEmpty()) {
@@ -45,14 +49,16 @@ PackedPicture::PackedPicture(const QImage& image) : size_(image.size()) {
 }
 
 void PackedPicture::pack(const QImage& image, const QRect& area) {
-  const std::size_t start = runs_.size();
   for (int y = area.top(); y <= area.bottom(); ++y) {
-    for (const std::uint32_t color :
-         rowOf(image, y).subspan(static_cast<std::size_t>(area.left()), static_cast<std::size_t>(area.width()))) {
-      if (runs_.size() == start || runs_.back().color != color) {
-        runs_.push_back({color, 0});
+    const std::uint32_t* pixel = rowOf(image, y) + area.left();
+    const std::uint32_t* const end = pixel + area.width();
+    while (pixel < end) {
+      const std::uint32_t* const start = pixel;
+      const std::uint32_t color = *start;
+      while (pixel < end && *pixel == color) {
+        ++pixel;
       }
-      ++runs_.back().length;
+      runs_.push_back({color, static_cast<std::uint32_t>(pixel - start)});
     }
   }
   details_.push_back(area);
@@ -78,11 +84,11 @@ std::vector<QRect> PackedPicture::plate() const {
 }
 
 std::vector<std::uint32_t> PackedPicture::pixels(std::size_t detail) const {
-  std::vector<std::uint32_t> pixels;
-  pixels.reserve(static_cast<std::size_t>(details_.at(detail).width()) *
-                 static_cast<std::size_t>(details_.at(detail).height()));
+  const QSize size = details_.at(detail).size();
+  std::vector<std::uint32_t> pixels(static_cast<std::size_t>(size.width()) * static_cast<std::size_t>(size.height()));
+  std::uint32_t* next = pixels.data();
   for (std::size_t index = starts_[detail]; index < starts_[detail + 1]; ++index) {
-    pixels.insert(pixels.end(), runs_[index].length, runs_[index].color);
+    next = std::fill_n(next, runs_[index].length, runs_[index].color);
   }
   return pixels;
 }

@@ -44,13 +44,17 @@ void WindowPicture::put(const PackedPicture& picture) {
     plate.push_back({static_cast<std::int16_t>(area.x()), static_cast<std::int16_t>(area.y()),
                      static_cast<std::uint16_t>(area.width()), static_cast<std::uint16_t>(area.height())});
   }
+  // All of them first, so that what is drawn comes without a pause.
+  std::vector<std::vector<std::uint32_t>> details;
+  for (std::size_t index = 0; index < picture.details().size(); ++index) {
+    details.push_back(picture.pixels(index));
+  }
   const std::uint32_t color = picture.plateColor();
   xcb_change_gc(raw_, context_, XCB_GC_FOREGROUND, &color);
   xcb_poly_fill_rectangle(raw_, window_, context_, static_cast<std::uint32_t>(plate.size()), plate.data());
-  for (std::size_t index = 0; index < picture.details().size(); ++index) {
+  for (std::size_t index = 0; index < details.size(); ++index) {
     const QRect& area = picture.details()[index];
-    const std::vector<std::uint32_t> pixels = picture.pixels(index);
-    const QImage part(reinterpret_cast<const uchar*>(pixels.data()), area.width(), area.height(),
+    const QImage part(reinterpret_cast<const uchar*>(details[index].data()), area.width(), area.height(),
                       QImage::Format_ARGB32_Premultiplied);
     put(part, area.topLeft());
   }

@@ -99,8 +99,9 @@ QSize HostedView::size() const {
 }
 
 void HostedView::viewChanged() {
+  // Before its elements: one that appears has the toolkit look which widget is below the pointer now.
+  widget_->resize(size());
   if (drawing_.update()) {
-    widget_->resize(size());
     widget_->setAccessibleName(drawing_.visibleText());
     widget_->update();
     onChange();

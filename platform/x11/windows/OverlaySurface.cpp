@@ -17,10 +17,11 @@ constexpr int maximumPlaceCorrections = 3;
 
 }  // namespace
 
-OverlaySurface::OverlaySurface(std::function<void()> draw)
+OverlaySurface::OverlaySurface(Depth depth, std::function<void()> draw)
     : QWidget(nullptr, surfaceFlags), drawSoon_(std::move(draw)) {
   setAttribute(Qt::WA_PaintOnScreen);
-  setAttribute(Qt::WA_TranslucentBackground);
+  setAttribute(Qt::WA_NoSystemBackground);
+  setAttribute(Qt::WA_TranslucentBackground, depth == Depth::WithAlpha);
   setAttribute(Qt::WA_ShowWithoutActivating);
   setAttribute(Qt::WA_TransparentForMouseEvents);
   setFocusPolicy(Qt::NoFocus);

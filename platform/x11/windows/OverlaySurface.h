@@ -8,15 +8,18 @@
 
 namespace roomlattice::platform::x11 {
 
-/// The widget of an overlay window: translucent, without a frame, never focused. Clicks pass through it. It
+/// The widget of an overlay window: without a frame, never focused. Clicks pass through it. It
 /// cannot be closed from outside: a window manager's request to close it is not obeyed. Some window
 /// managers choose a place of their own for a window that appears; the widget then moves back to its place.
 ///
 /// The toolkit does not paint it, and keeps no picture of it.
 class OverlaySurface final : public QWidget {
  public:
+  /// Whether the pixels of the window have an alpha, or are as all others on the screen.
+  enum class Depth { WithAlpha, OfScreen };
+
   /// `draw` is called when the window is to be drawn, on a turn of its own.
-  explicit OverlaySurface(std::function<void()> draw);
+  OverlaySurface(Depth depth, std::function<void()> draw);
 
   /// Gives the widget its place, in Qt's coordinates; false when it had that place already.
   bool place(const QRect& frame);
