@@ -1,5 +1,6 @@
 #include "benchmarks/desktop/DesktopScreen.h"
 
+#include "platform/x11/connection/NativeWindow.h"
 #include "platform/x11/connection/Properties.h"
 #include "support/Fatal.h"
 
@@ -9,6 +10,7 @@
 
 namespace roomlattice::benchmarks {
 
+using platform::x11::allDesktops;
 using platform::x11::readNumber;
 using platform::x11::readNumbers;
 using platform::x11::replyTo;
@@ -50,13 +52,16 @@ void DesktopScreen::waitForRest(std::chrono::milliseconds rest) {
 }
 
 std::optional<xcb_window_t> DesktopScreen::managedWindow(const std::string& type) {
-  const xcb_atom_t wanted = connection_->atom("_NET_WM_WINDOW_TYPE_" + type);
-  for (const xcb_window_t window : managedWindows()) {
-    if (readNumber(*connection_, window, connection_->ewmh()->_NET_WM_WINDOW_TYPE, XCB_ATOM_ATOM) == wanted) {
-      return window;
-    }
-  }
-  return std::nullopt;
+  const std::vector<xcb_window_t> windows = managedWindows();
+  const auto found = std::ranges::find_if(windows, [&](xcb_window_t window) { return isOfType(window, type); });
+  return found == windows.end() ? std::nullopt : std::optional(*found);
+}
+
+bool DesktopScreen::hasOverlayEverywhere() {
+  return std::ranges::any_of(managedWindows(), [this](xcb_window_t window) {
+    return isOfType(window, "NOTIFICATION") &&
+           readNumber(*connection_, window, connection_->ewmh()->_NET_WM_DESKTOP, XCB_ATOM_CARDINAL) == allDesktops;
+  });
 }
 
 std::vector<std::uint32_t> DesktopScreen::managedWindows() {
@@ -68,6 +73,11 @@ std::uint64_t DesktopScreen::pixmapBytes(xcb_window_t window) {
   const auto cookie = xcb_res_query_client_pixmap_bytes(connection_->raw(), window);
   const auto reply = replyTo(connection_->raw(), cookie, xcb_res_query_client_pixmap_bytes_reply);
   return reply == nullptr ? 0 : (static_cast<std::uint64_t>(reply->bytes_overflow) << 32U) + reply->bytes;
+}
+
+bool DesktopScreen::isOfType(xcb_window_t window, const std::string& type) {
+  return readNumber(*connection_, window, connection_->ewmh()->_NET_WM_WINDOW_TYPE, XCB_ATOM_ATOM) ==
+         connection_->atom("_NET_WM_WINDOW_TYPE_" + type);
 }
 
 std::uint32_t DesktopScreen::rootNumber(xcb_atom_t property) {

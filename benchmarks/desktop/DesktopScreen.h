@@ -32,11 +32,14 @@ class DesktopScreen {
   /// Delivers events until `done`, but not beyond `limit`; false then.
   bool waitUntil(std::chrono::milliseconds limit, const std::function<bool()>& done);
 
-  /// Until the desktop in front has not changed for so long: no tour is under way then.
+  /// Until the desktop in front has not changed for so long.
   void waitForRest(std::chrono::milliseconds rest);
 
   /// The first managed window of that type, such as "DOCK" (EWMH).
   std::optional<xcb_window_t> managedWindow(const std::string& type);
+
+  /// Whether there is a managed window of the type "NOTIFICATION" on all desktops, as there is during a tour.
+  bool hasOverlayEverywhere();
 
   std::vector<std::uint32_t> managedWindows();
 
@@ -44,6 +47,7 @@ class DesktopScreen {
   std::uint64_t pixmapBytes(xcb_window_t window);
 
  private:
+  bool isOfType(xcb_window_t window, const std::string& type);
   std::uint32_t rootNumber(xcb_atom_t property);
 
   std::unique_ptr<platform::x11::X11Connection> connection_;

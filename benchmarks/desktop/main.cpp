@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <fcntl.h>
+#include <functional>
 #include <iterator>
 #include <span>
 #include <string>
@@ -21,8 +22,8 @@ using namespace std::chrono_literals;
 constexpr int switchCount = 100;
 constexpr int fadeCount = 10;
 constexpr auto startLimit = 20s;
-// The tour at the start of the program begins within, and is never so long at one desktop.
-constexpr auto rest = 3000ms;
+constexpr auto tourLimit = 120s;
+constexpr auto rest = 1000ms;
 
 /// A program that is measured, from its start to its end.
 class MeasuredProgram {
@@ -89,6 +90,13 @@ void measureIdle(const ProcessFigures& program, std::chrono::seconds duration) {
   print("idle_wakeups", static_cast<double>(program.wakeUps() - wakeUps));
 }
 
+void waitForTour(DesktopScreen& screen) {
+  const auto isUnderWay = [&screen] { return screen.hasOverlayEverywhere(); };
+  if (!screen.waitUntil(startLimit, isUnderWay) || !screen.waitUntil(tourLimit, std::not_fn(isUnderWay))) {
+    fatal("the program makes no tour, or one without an end");
+  }
+}
+
 void measureProgram(DesktopScreen& screen, const ProcessFigures& server, const std::string& what,
                     std::span<char*> command) {
   const auto wants = [&](char part) { return what.find(part) != std::string::npos; };
@@ -99,6 +107,9 @@ void measureProgram(DesktopScreen& screen, const ProcessFigures& server, const s
     fatal("the program shows no window of the type dock");
   }
   print("start", inMilliseconds(Clock::now() - start));
+  if (wants('t')) {
+    waitForTour(screen);
+  }
   screen.waitForRest(rest);
   const ProcessFigures figures(program.process());
   SwitchMeter meter(screen);
@@ -127,7 +138,8 @@ int run(std::span<char*> arguments) {
   if (arguments.size() < 3) {
     std::fputs(
         "Usage: roomlattice_desktop_meter SERVER_PROCESS PARTS [COMMAND...]\n"
-        "PARTS are letters: p pictures, c cost of switches, f fades, m memory, i idling.\n"
+        "PARTS are letters: t first waits for a tour of all desktops, p pictures, c cost of switches, f fades, m "
+        "memory, i idling.\n"
         "Without a COMMAND, what switches cost the server with nobody there.\n",
         stderr);
     return EXIT_FAILURE;

@@ -37,7 +37,7 @@ measure() {
 measure_program() {
   local settings=$4
   # shellcheck disable=SC2016  # The program's own shell expands it.
-  measure "$1" "$2" "$3" sh -c \
+  measure "$1" "$2" "t$3" sh -c \
     'mkdir -p "$XDG_CONFIG_HOME/roomlattice" && printf "%s" "$1" >"$XDG_CONFIG_HOME/roomlattice/settings.json" && exec "$2"' \
     sh "$settings" "$measured_program"
 }

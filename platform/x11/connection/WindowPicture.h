@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/x11/connection/NativeWindow.h"
+#include "platform/x11/connection/PackedPicture.h"
 
 #include <QImage>
 #include <QPoint>
@@ -21,6 +22,9 @@ class WindowPicture {
   /// Replaces the pixels from `corner` on, in pixels of the window. `picture` is one of ARGB32, premultiplied. Waits
   /// for nobody.
   void put(const QImage& picture, const QPoint& corner);
+
+  /// The same for all of the window.
+  void put(const PackedPicture& picture);
 
  private:
   xcb_connection_t* raw_;

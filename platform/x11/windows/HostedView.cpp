@@ -1,7 +1,6 @@
 #include "platform/x11/windows/HostedView.h"
 
 #include "platform/x11/drawing/QtValues.h"
-#include "platform/x11/drawing/Text.h"
 #include "platform/x11/drawing/ToolTips.h"
 
 #include <QEvent>
@@ -9,28 +8,9 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QWidget>
-#include <algorithm>
 #include <cmath>
-#include <utility>
-#include <variant>
 
 namespace roomlattice::platform::x11 {
-namespace {
-
-/// The first text that is to be seen.
-const ViewElement* visibleText(const ViewContent& content) {
-  const auto found = std::ranges::find_if(content.elements, [](const ViewElement& element) {
-    return std::holds_alternative<TextElement>(element.kind) && !element.hidden;
-  });
-  return found == content.elements.end() ? nullptr : &*found;
-}
-
-QString nameOf(const ViewContent& content) {
-  const ViewElement* element = visibleText(content);
-  return element == nullptr ? QString() : singleLine(std::get<TextElement>(element->kind).text);
-}
-
-}  // namespace
 
 class HostedView::Widget final : public QWidget {
  public:
@@ -49,14 +29,14 @@ class HostedView::Widget final : public QWidget {
     if (event->type() != QEvent::ToolTip || host_ == nullptr) {
       return QWidget::event(event);
     }
-    answerToolTip(*this, static_cast<const QHelpEvent&>(*event), host_->cutText());
+    answerToolTip(*this, static_cast<const QHelpEvent&>(*event), host_->drawing_.cutText());
     return true;
   }
 
   void paintEvent(QPaintEvent*) override {
     if (host_ != nullptr) {
       QPainter painter(this);
-      host_->paint(painter);
+      host_->drawing_.paint(painter);
     }
   }
 
@@ -95,13 +75,10 @@ class HostedView::Widget final : public QWidget {
 HostedView::HostedView(View& view, QWidget& parent)
     : onHover([&view](Hover hover) { hover == Hover::Entered ? view.mouseEntered() : view.mouseExited(); }),
       view_(view),
-      content_(view.content()),
-      widget_(new Widget(*this, parent)) {
+      widget_(new Widget(*this, parent)),
+      drawing_(view, *widget_) {
   widget_->resize(size());
-  for (const ViewElement& element : content_.elements) {
-    elements_.push_back(makeElementView(element, view_, *widget_));
-  }
-  widget_->setAccessibleName(nameOf(content_));
+  widget_->setAccessibleName(drawing_.visibleText());
   view_.setHost(this);
 }
 
@@ -121,71 +98,23 @@ QSize HostedView::size() const {
   return {static_cast<int>(std::ceil(size.width)), static_cast<int>(std::ceil(size.height))};
 }
 
-void HostedView::setBlending(const Blending& blending) {
-  if (blending != blending_) {
-    blending_ = blending;
-    widget_->update();
-  }
-}
-
 void HostedView::viewChanged() {
-  ViewContent now = view_.content();
-  if (now == content_ && size() == widget_->size()) {
-    return;
-  }
-  content_ = std::move(now);
+  // Before its elements: one that appears has the toolkit look which widget is below the pointer now.
   widget_->resize(size());
-  widget_->setAccessibleName(nameOf(content_));
-  for (std::size_t i = 0; i < elements_.size() && i < content_.elements.size(); ++i) {
-    elements_[i]->update(content_.elements[i], view_.frame().size.height);
+  if (drawing_.update()) {
+    widget_->setAccessibleName(drawing_.visibleText());
+    widget_->update();
+    onChange();
   }
-  widget_->update();
-  onChange();
 }
 
 X11TextField* HostedView::textField() {
-  for (const std::unique_ptr<ElementView>& element : elements_) {
-    if (X11TextField* field = element->textField()) {
-      return field;
-    }
-  }
-  return nullptr;
+  return drawing_.textField();
 }
 
 void HostedView::cancelMenuTracking() {
   const std::function<void()> cancel = onCancelMenuTracking;
   cancel();
-}
-
-void HostedView::paint(QPainter& painter) const {
-  const QRect bounds = widget_->rect();
-  painter.setRenderHint(QPainter::Antialiasing);
-  if (content_.background) {
-    QColor color = toQt(*content_.background);
-    if (blending_.solid) {
-      color.setAlphaF(1.0F);
-    }
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(color);
-    painter.drawRoundedRect(QRectF(bounds), content_.cornerRadius, content_.cornerRadius);
-  }
-  for (const std::unique_ptr<ElementView>& element : elements_) {
-    element->paint(painter);
-  }
-  if (blending_.opacity < 1.0) {
-    // All of it together, so that nothing shines through what covers it.
-    painter.setCompositionMode(QPainter::CompositionMode_DestinationIn);
-    painter.fillRect(bounds, QColor::fromRgbF(0.0F, 0.0F, 0.0F, static_cast<float>(blending_.opacity)));
-  }
-}
-
-QString HostedView::cutText() const {
-  const ViewElement* element = visibleText(content_);
-  if (element == nullptr) {
-    return {};
-  }
-  const auto& text = std::get<TextElement>(element->kind);
-  return isCut(text.text, toQt(text.font), element->frame.size.width) ? singleLine(text.text) : QString();
 }
 
 void HostedView::mouseReleased(const QMouseEvent& event) {

@@ -1,28 +1,15 @@
 #pragma once
 
 #include "platform/View.h"
-#include "platform/x11/windows/ElementViews.h"
+#include "platform/x11/windows/ViewDrawing.h"
 
 #include <QPointer>
 #include <QSize>
 #include <functional>
-#include <memory>
-#include <vector>
 
-class QPainter;
 class QWidget;
 
 namespace roomlattice::platform::x11 {
-
-/// How far what is drawn shows of what is below it.
-struct Blending {
-  /// Nothing is blended with what is below: the background is drawn without its transparency.
-  bool solid = false;
-  /// The opacity of all that is drawn.
-  double opacity = 1.0;
-
-  bool operator==(const Blending&) const = default;
-};
 
 enum class Hover { Entered, Left };
 
@@ -42,8 +29,6 @@ class HostedView final : public ViewHost {
   View& view() const { return view_; }
   QWidget& widget() const;
 
-  void setBlending(const Blending& blending);
-
   /// Called when the pointer enters or leaves the widget, in place of telling the view. Never empty.
   std::function<void(Hover hover)> onHover;
 
@@ -61,16 +46,11 @@ class HostedView final : public ViewHost {
   class Widget;
 
   QSize size() const;
-  void paint(QPainter& painter) const;
-  /// The text that there is no room for, if so.
-  QString cutText() const;
   void mouseReleased(const QMouseEvent& event);
 
   View& view_;
-  ViewContent content_;
-  Blending blending_;
   QPointer<Widget> widget_;
-  std::vector<std::unique_ptr<ElementView>> elements_;
+  ViewDrawing drawing_;
 };
 
 }  // namespace roomlattice::platform::x11

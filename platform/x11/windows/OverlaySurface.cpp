@@ -2,6 +2,7 @@
 
 #include <QCloseEvent>
 #include <QMetaObject>
+#include <utility>
 
 namespace roomlattice::platform::x11 {
 namespace {
@@ -16,8 +17,11 @@ constexpr int maximumPlaceCorrections = 3;
 
 }  // namespace
 
-OverlaySurface::OverlaySurface() : QWidget(nullptr, surfaceFlags) {
-  setAttribute(Qt::WA_TranslucentBackground);
+OverlaySurface::OverlaySurface(Depth depth, std::function<void()> draw)
+    : QWidget(nullptr, surfaceFlags), drawSoon_(std::move(draw)) {
+  setAttribute(Qt::WA_PaintOnScreen);
+  setAttribute(Qt::WA_NoSystemBackground);
+  setAttribute(Qt::WA_TranslucentBackground, depth == Depth::WithAlpha);
   setAttribute(Qt::WA_ShowWithoutActivating);
   setAttribute(Qt::WA_TransparentForMouseEvents);
   setFocusPolicy(Qt::NoFocus);
@@ -40,6 +44,10 @@ void OverlaySurface::appear() {
   overrideWindowFlags(Qt::Tool | surfaceHints);
   show();
   overrideWindowFlags(surfaceFlags);
+}
+
+void OverlaySurface::paintEvent(QPaintEvent*) {
+  drawSoon_.start();
 }
 
 void OverlaySurface::closeEvent(QCloseEvent* event) {

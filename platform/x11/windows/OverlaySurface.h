@@ -1,16 +1,25 @@
 #pragma once
 
+#include "platform/linux/system/OneShotTimer.h"
+
 #include <QRect>
 #include <QWidget>
+#include <functional>
 
 namespace roomlattice::platform::x11 {
 
-/// The widget of an overlay window: translucent, without a frame, never focused. Clicks pass through it. It
+/// The widget of an overlay window: without a frame, never focused. Clicks pass through it. It
 /// cannot be closed from outside: a window manager's request to close it is not obeyed. Some window
 /// managers choose a place of their own for a window that appears; the widget then moves back to its place.
+///
+/// The toolkit does not paint it, and keeps no picture of it.
 class OverlaySurface final : public QWidget {
  public:
-  OverlaySurface();
+  /// Whether the pixels of the window have an alpha, or are as all others on the screen.
+  enum class Depth { WithAlpha, OfScreen };
+
+  /// `draw` is called when the window is to be drawn, on a turn of its own.
+  OverlaySurface(Depth depth, std::function<void()> draw);
 
   /// Gives the widget its place, in Qt's coordinates; false when it had that place already.
   bool place(const QRect& frame);
@@ -19,6 +28,8 @@ class OverlaySurface final : public QWidget {
   void appear();
 
  protected:
+  QPaintEngine* paintEngine() const override { return nullptr; }
+  void paintEvent(QPaintEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   void moveEvent(QMoveEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
@@ -30,6 +41,9 @@ class OverlaySurface final : public QWidget {
   // How many more times the widget moves back.
   int corrections_ = 0;
   bool verifying_ = false;
+  // Whoever switches desktops looks for the name of the new one first, in the status item. The news of the switch
+  // arrives together with the exposure of a label, and has been dealt with when the timer's turn comes.
+  linux::OneShotTimer drawSoon_;
 };
 
 }  // namespace roomlattice::platform::x11

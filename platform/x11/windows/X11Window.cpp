@@ -1,7 +1,7 @@
 #include "platform/x11/windows/X11Window.h"
 
-#include "platform/x11/drawing/RoundedShape.h"
-
+#include <QGuiApplication>
+#include <QScreen>
 #include <algorithm>
 #include <cmath>
 #include <utility>
@@ -9,8 +9,11 @@
 namespace roomlattice::platform::x11 {
 namespace {
 
-/// Without blending, a window of no more than this alpha is not on the screen at all.
+/// Without blending, nothing is to be seen of a window of no more than this alpha.
 constexpr double traceOfAlpha = 0.05;
+
+// The one at which a pixel is written as it is in a picture, apart from its alpha.
+constexpr int pictureDepth = 24;
 
 QRect pixelRect(const QRectF& frame) {
   return {static_cast<int>(std::lround(frame.x())), static_cast<int>(std::lround(frame.y())),
@@ -18,54 +21,56 @@ QRect pixelRect(const QRectF& frame) {
           std::max(static_cast<int>(std::ceil(frame.height())), 1)};
 }
 
+bool screenTakesPictures() {
+  const QScreen* screen = QGuiApplication::primaryScreen();
+  return screen != nullptr && screen->depth() == pictureDepth;
+}
+
 }  // namespace
 
 X11Window::X11Window(OverlayEnvironment& environment, const OverlayWindowOptions& options)
     : environment_(environment),
+      level_(options.level),
+      behavior_(options.collectionBehavior),
       frame_(options.frame),
-      native_(environment.connection, surface_),
-      desktop_(environment, surface_, native_, options.collectionBehavior),
       alpha_(options.alpha, [this] { present(); }),
       paintsOpacity_(environment.windowManager.traits().ignoresOpacity) {
-  surface_.place(pixelRect(environment_.screens.toQt(frame_)));
-  compositorChanges_ = environment_.compositor.observe([this] {
-    applyBlending();
-    present();
-  });
+  makePane();
+  compositorChanges_ = environment_.compositor.observe([this] { changeDepth(); });
   managementChanges_ = environment_.management.observe([this] { mapAnew(); });
-  desktopChanges_ = environment_.desktops.observe([this] { present(); });
-  environment_.stack.add(surface_, options.level);
-  listen();
-  applyBlending();
-  applyOpacity();
+  desktopChanges_ = environment_.desktops.observe([this] {
+    if (!environment_.management.mayWaitOnDesktops()) {
+      present();
+    }
+  });
 }
 
-X11Window::~X11Window() {
-  environment_.stack.remove(surface_);
-}
+X11Window::~X11Window() = default;
 
 void X11Window::setContentView(std::unique_ptr<View> view) {
-  hosted_.reset();
+  pane_->show(nullptr);
   view_ = std::move(view);
-  if (view_ != nullptr) {
-    hosted_ = std::make_unique<HostedView>(*view_, surface_);
-    hosted_->widget().show();
-  }
-  applyBlending();
+  pane_->show(view_.get());
+  applyLook();
 }
 
 void X11Window::setFrame(const Rect& frame) {
   frame_ = frame;
   // The same frame is another place when the primary screen has moved.
-  if (surface_.place(pixelRect(environment_.screens.toQt(frame_)))) {
-    applyShape();
-    native_.flush();
+  if (pane_->place(place())) {
+    applyLook();
+    pane_->flush();
   }
+}
+
+void X11Window::setCollectionBehavior(CollectionBehavior behavior) {
+  behavior_ = behavior;
+  pane_->desktop().setCollectionBehavior(behavior);
 }
 
 void X11Window::animateAlpha(double alpha, Duration duration, std::function<void()> completion) {
   // Where nothing is blended, a fade is but a wait for its end.
-  const auto steps = environment_.compositor.isCompositing() ? AlphaAnimation::Steps::Many : AlphaAnimation::Steps::One;
+  const auto steps = blends() ? AlphaAnimation::Steps::Many : AlphaAnimation::Steps::One;
   alpha_.moveTo(alpha, duration, steps, std::move(completion));
   if (alpha == 0.0) {
     excursion_.reset();
@@ -74,12 +79,12 @@ void X11Window::animateAlpha(double alpha, Duration duration, std::function<void
 
 void X11Window::orderFront() {
   orderedIn_ = true;
-  if (desktop_.joinsAllDesktops() && !excursion_) {
+  if (pane_->desktop().joinsAllDesktops() && !excursion_) {
     excursion_.emplace(environment_.connection, environment_.desktops);
   }
-  if (surface_.isVisible()) {
-    raise();
-    native_.flush();
+  if (pane_->isVisible()) {
+    pane_->raise();
+    pane_->flush();
   } else {
     // The caller tells the desktop of the window after this call, in the same turn. A window that was on the screen
     // before that would flash on the active desktop.
@@ -93,113 +98,72 @@ void X11Window::orderOut() {
   present();
 }
 
+bool X11Window::blends() const {
+  return environment_.compositor.isCompositing();
+}
+
+QRect X11Window::place() const {
+  return pixelRect(environment_.screens.toQt(frame_));
+}
+
+bool X11Window::isToBeSeen() const {
+  return alpha_.value() > traceOfAlpha;
+}
+
 bool X11Window::isWantedOnScreen() const {
+  // To take a window in costs a window manager much. One that it has, it may keep, as long as all others are told by
+  // the opacity that it is not to be seen.
+  //
   // GNOME's window manager on Wayland overlooks the opacity that a window has when it is mapped. One that faded out
   // while it was still being mapped would stay on the screen for good.
-  const bool staysUnseen = environment_.compositor.isCompositing() && environment_.management.mayWaitOnDesktops();
-  return orderedIn_ && desktop_.mayBeSeen() && (staysUnseen || alpha_.value() > traceOfAlpha);
+  const bool staysUnseen =
+      environment_.management.mayWaitOnDesktops() && (blends() || (pane_->isVisible() && !paintsOpacity_));
+  return orderedIn_ && pane_->desktop().mayBeSeen() && (staysUnseen || isToBeSeen());
+}
+
+void X11Window::makePane() {
+  const auto depth =
+      blends() || !screenTakesPictures() ? OverlaySurface::Depth::WithAlpha : OverlaySurface::Depth::OfScreen;
+  pane_.emplace(environment_, level_, behavior_, depth);
+  pane_->place(place());
+  pane_->show(view_.get());
+  applyLook();
+}
+
+void X11Window::changeDepth() {
+  const std::optional<SpaceID> desktop = environment_.attachments.desktopOf(number());
+  pane_.reset();
+  makePane();
+  if (desktop) {
+    environment_.attachments.set(number(), *desktop);
+  }
+  present();
 }
 
 void X11Window::present() {
-  applyOpacity();
+  applyLook();
   if (!isWantedOnScreen()) {
     presentSoon_.stop();
-    surface_.hide();
-  } else if (!surface_.isVisible() && !presentSoon_.isRunning()) {
-    map();
+    pane_->hide();
+  } else if (!pane_->isVisible() && !presentSoon_.isRunning()) {
+    pane_->appear();
   }
-  native_.flush();
-}
-
-void X11Window::map() {
-  const xcb_ewmh_connection_t& atoms = *environment_.connection.ewmh();
-  WindowHints hints{
-      .types = {atoms._NET_WM_WINDOW_TYPE_NOTIFICATION, atoms._NET_WM_WINDOW_TYPE_UTILITY},
-      .states = {atoms._NET_WM_STATE_SKIP_TASKBAR, atoms._NET_WM_STATE_SKIP_PAGER, atoms._NET_WM_STATE_ABOVE},
-      .desktop = desktop_.wantedDesktop()};
-  if (hints.desktop == allDesktops) {
-    hints.states.push_back(atoms._NET_WM_STATE_STICKY);
-  }
-  applyShape();
-  native_.writeHints(hints);
-  native_.refuseKeyboard();
-  desktop_.windowWillAppear();
-  surface_.appear();
-  raise();
-  environment_.management.check(native_.id());
+  pane_->flush();
 }
 
 void X11Window::mapAnew() {
   // The window manager takes hints of a window that it does not know yet.
-  surface_.hide();
+  pane_->hide();
   present();
 }
 
-void X11Window::raise() {
-  // Some window managers take the user to the desktop of a window that is raised.
-  if (desktop_.isInFront()) {
-    environment_.stack.raise(surface_);
+void X11Window::applyLook() {
+  pane_->setBlending({.solid = !blends(), .opacity = blends() && paintsOpacity_ ? alpha_.value() : 1.0});
+  if (!paintsOpacity_) {
+    pane_->setOpacity(alpha_.value());
   }
-}
-
-void X11Window::applyBlending() {
-  if (hosted_ != nullptr) {
-    const bool blends = environment_.compositor.isCompositing();
-    hosted_->setBlending({.solid = !blends, .opacity = blends && paintsOpacity_ ? alpha_.value() : 1.0});
-  }
-  applyShape();
-}
-
-void X11Window::applyOpacity() {
-  if (paintsOpacity_) {
-    applyBlending();
-  } else if (writtenOpacity_ != alpha_.value()) {
-    writtenOpacity_ = alpha_.value();
-    native_.setOpacity(alpha_.value());
-  }
-}
-
-void X11Window::applyShape() {
-  std::vector<xcb_rectangle_t> shape;
-  if (!environment_.compositor.isCompositing() && view_ != nullptr) {
-    const double scale = surface_.devicePixelRatioF();
-    const QSize size = (QSizeF(surface_.size()) * scale).toSize();
-    shape = roundedShape(size, view_->content().cornerRadius * scale);
-  }
-  const auto same = [](const xcb_rectangle_t& a, const xcb_rectangle_t& b) {
-    return a.x == b.x && a.y == b.y && a.width == b.width && a.height == b.height;
-  };
-  if (std::equal(shape.begin(), shape.end(), writtenShape_.begin(), writtenShape_.end(), same)) {
-    return;
-  }
-  shape.empty() ? native_.clearBoundingShape() : native_.setBoundingShape(shape);
-  writtenShape_ = std::move(shape);
-}
-
-void X11Window::listen() {
-  X11Connection& connection = environment_.connection;
-  constexpr std::uint32_t events = XCB_EVENT_MASK_STRUCTURE_NOTIFY | XCB_EVENT_MASK_PROPERTY_CHANGE;
-  xcb_change_window_attributes(connection.raw(), native_.id(), XCB_CW_EVENT_MASK, &events);
-  connection.flush();
-  reparentEvents_ = connection.observe<xcb_reparent_notify_event_t>(
-      [this](const xcb_reparent_notify_event_t& reparent) { reparented(reparent); });
-  propertyEvents_ = connection.observe<xcb_property_notify_event_t>(
-      [this](const xcb_property_notify_event_t& property) { propertyChanged(property); });
-}
-
-void X11Window::reparented(const xcb_reparent_notify_event_t& reparent) {
-  if (reparent.window == native_.id() && reparent.parent != environment_.connection.root()) {
-    native_.passClicksThrough();
-  }
-}
-
-void X11Window::propertyChanged(const xcb_property_notify_event_t& property) {
-  const xcb_atom_t state = environment_.connection.ewmh()->_NET_WM_STATE;
-  const xcb_atom_t attention = environment_.connection.ewmh()->_NET_WM_STATE_DEMANDS_ATTENTION;
-  // Some window managers mark what appears without the focus.
-  if (property.window == native_.id() && property.atom == state && native_.hasState(attention)) {
-    native_.requestNoState(attention);
-  }
+  using Cut = OverlayPane::Cut;
+  pane_->setCut(blends() ? Cut::Nothing : isToBeSeen() ? Cut::RoundCorners : Cut::Everything);
 }
 
 }  // namespace roomlattice::platform::x11

@@ -28,6 +28,12 @@ bool WindowProbe::isViewable() const {
   return attributes != nullptr && attributes->map_state == XCB_MAP_STATE_VIEWABLE;
 }
 
+bool WindowProbe::isCutToNothing() const {
+  const XcbPointer<xcb_shape_get_rectangles_reply_t> shape(xcb_shape_get_rectangles_reply(
+      connection_->raw(), xcb_shape_get_rectangles(connection_->raw(), window_, XCB_SHAPE_SK_BOUNDING), nullptr));
+  return shape != nullptr && shape->rectangles_len == 0;
+}
+
 bool WindowProbe::isOverrideRedirect() const {
   const XcbPointer<xcb_get_window_attributes_reply_t> attributes(xcb_get_window_attributes_reply(
       connection_->raw(), xcb_get_window_attributes(connection_->raw(), window_), nullptr));

@@ -23,6 +23,9 @@ class WindowProbe {
   /// Whether it and all that surround it are mapped.
   bool isViewable() const;
 
+  /// Whether its bounding shape is empty, so that nothing of it is on the screen though it may be mapped.
+  bool isCutToNothing() const;
+
   /// Whether window managers are to leave it alone, as they do with menus.
   bool isOverrideRedirect() const;
 

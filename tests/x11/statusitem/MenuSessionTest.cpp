@@ -5,6 +5,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QWidgetAction>
 #include <algorithm>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -17,6 +18,7 @@ using platform::Menu;
 using platform::ViewItem;
 using platform::x11::MenuSession;
 using ::testing::ElementsAre;
+using ::testing::IsEmpty;
 
 bool isMenuOpen() {
   return QApplication::activePopupWidget() != nullptr;
@@ -177,6 +179,18 @@ TEST_F(MenuSessionTest, MovesTheCursorToANameByItsFirstLetters) {
   press({"c"});
   EXPECT_TRUE(waitFor(isUnder("Command")));
   pressUntilClosed({"Escape"});
+}
+
+TEST_F(MenuSessionTest, KeepsTheRowUnderTheCursorWhenAnotherOneIsLeft) {
+  nameRows({"One", "Two"});
+  open();
+  press({"Down", "Down"});
+  ASSERT_TRUE(waitFor([] { return underCursor() == "Two"; }));
+  notes_.clear();
+  auto* first = qobject_cast<QWidgetAction*>(QApplication::activePopupWidget()->actions().front());
+  QEvent leaving(QEvent::Leave);
+  QCoreApplication::sendEvent(first->defaultWidget(), &leaving);
+  EXPECT_THAT(notes_, IsEmpty());
 }
 
 TEST_F(MenuSessionTest, RunsNoCommandForAnOwnerThatHasGone) {

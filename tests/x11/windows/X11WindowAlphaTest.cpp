@@ -136,8 +136,21 @@ TEST_F(X11WindowAlphaTest, FollowsACompositorThatComesAndGoes) {
     EXPECT_TRUE(appears(*window));
   }
   // It must not turn up as an opaque plate.
-  EXPECT_TRUE(waitFor([&] { return !probe(*window).isViewable(); }));
+  EXPECT_TRUE(waitFor([&] { return probe(*window).isCutToNothing(); }));
   EXPECT_TRUE(centerBecomes(Qt::blue));
+}
+
+TEST_F(X11WindowAlphaTest, StaysWithTheWindowManagerWhileItIsNotSeen) {
+  const auto window = makeOn(0);
+  ASSERT_TRUE(centerBecomes(Qt::red));
+  int unmappings = 0;
+  const auto observation =
+      ui_.connection().observe(XCB_UNMAP_NOTIFY, [&unmappings](const xcb_generic_event_t&) { ++unmappings; });
+  window->setAlpha(0.0);
+  EXPECT_TRUE(centerBecomes(Qt::blue));
+  window->setAlpha(1.0);
+  EXPECT_TRUE(centerBecomes(Qt::red));
+  EXPECT_EQ(unmappings, 0);
 }
 
 TEST_F(X11WindowAlphaTest, ChangesNothingOnTheScreenWhenItIsSetToWhatItIs) {

@@ -1,0 +1,125 @@
+#include "platform/x11/windows/OverlayPane.h"
+
+#include "platform/x11/drawing/RoundedShape.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace roomlattice::platform::x11 {
+
+OverlayPane::OverlayPane(OverlayEnvironment& environment, WindowLevel level, CollectionBehavior behavior,
+                         OverlaySurface::Depth depth)
+    : environment_(environment),
+      surface_(depth, [this] { draw(); }),
+      native_(environment.connection, surface_),
+      desktop_(environment, surface_, native_, behavior) {
+  environment_.stack.add(surface_, level);
+  listen();
+}
+
+OverlayPane::~OverlayPane() {
+  picture_.reset();
+  environment_.stack.remove(surface_);
+}
+
+void OverlayPane::show(View* view) {
+  picture_.reset();
+  if (view != nullptr) {
+    picture_.emplace(*view, surface_, native_);
+    surface_.update();
+  }
+}
+
+void OverlayPane::setBlending(const Blending& blending) {
+  if (picture_) {
+    picture_->setBlending(blending);
+  }
+}
+
+void OverlayPane::setOpacity(double opacity) {
+  if (writtenOpacity_ != opacity) {
+    writtenOpacity_ = opacity;
+    native_.setOpacity(opacity);
+  }
+}
+
+OverlayPane::Shape OverlayPane::shapeOf(Cut cut) const {
+  if (cut == Cut::Everything) {
+    return std::vector<xcb_rectangle_t>();
+  }
+  if (cut == Cut::Nothing || !picture_) {
+    return std::nullopt;
+  }
+  const double scale = surface_.devicePixelRatioF();
+  return roundedShape((QSizeF(surface_.size()) * scale).toSize(), picture_->cornerRadius() * scale);
+}
+
+void OverlayPane::setCut(Cut cut) {
+  Shape shape = shapeOf(cut);
+  const auto same = [](const xcb_rectangle_t& a, const xcb_rectangle_t& b) {
+    return a.x == b.x && a.y == b.y && a.width == b.width && a.height == b.height;
+  };
+  if (shape.has_value() == writtenShape_.has_value() && (!shape || std::ranges::equal(*shape, *writtenShape_, same))) {
+    return;
+  }
+  shape ? native_.setBoundingShape(*shape) : native_.clearBoundingShape();
+  writtenShape_ = std::move(shape);
+}
+
+void OverlayPane::appear() {
+  const xcb_ewmh_connection_t& atoms = *environment_.connection.ewmh();
+  WindowHints hints{
+      .types = {atoms._NET_WM_WINDOW_TYPE_NOTIFICATION, atoms._NET_WM_WINDOW_TYPE_UTILITY},
+      .states = {atoms._NET_WM_STATE_SKIP_TASKBAR, atoms._NET_WM_STATE_SKIP_PAGER, atoms._NET_WM_STATE_ABOVE},
+      .desktop = desktop_.wantedDesktop()};
+  if (hints.desktop == allDesktops) {
+    hints.states.push_back(atoms._NET_WM_STATE_STICKY);
+  }
+  native_.writeHints(hints);
+  native_.refuseKeyboard();
+  desktop_.windowWillAppear();
+  surface_.appear();
+  raise();
+  environment_.management.check(native_.id());
+}
+
+void OverlayPane::raise() {
+  // Some window managers take the user to the desktop of a window that is raised.
+  if (desktop_.isInFront()) {
+    environment_.stack.raise(surface_);
+  }
+}
+
+void OverlayPane::draw() {
+  if (picture_ && surface_.isVisible()) {
+    picture_->draw();
+  }
+}
+
+void OverlayPane::listen() {
+  X11Connection& connection = environment_.connection;
+  constexpr std::uint32_t events = XCB_EVENT_MASK_STRUCTURE_NOTIFY | XCB_EVENT_MASK_PROPERTY_CHANGE;
+  xcb_change_window_attributes(connection.raw(), native_.id(), XCB_CW_EVENT_MASK, &events);
+  connection.flush();
+  reparentEvents_ = connection.observe<xcb_reparent_notify_event_t>(
+      native_.id(), [this](const xcb_reparent_notify_event_t& reparent) { reparented(reparent); });
+  propertyEvents_ = connection.observe<xcb_property_notify_event_t>(
+      native_.id(), [this](const xcb_property_notify_event_t& property) { propertyChanged(property); });
+}
+
+void OverlayPane::reparented(const xcb_reparent_notify_event_t& reparent) {
+  if (reparent.parent != environment_.connection.root()) {
+    native_.passClicksThrough();
+  }
+}
+
+void OverlayPane::propertyChanged(const xcb_property_notify_event_t& property) {
+  const xcb_atom_t state = environment_.connection.ewmh()->_NET_WM_STATE;
+  const xcb_atom_t attention = environment_.connection.ewmh()->_NET_WM_STATE_DEMANDS_ATTENTION;
+  // Some window managers mark what appears without the focus.
+  if (property.atom == state && native_.hasState(attention)) {
+    native_.requestNoState(attention);
+  }
+}
+
+}  // namespace roomlattice::platform::x11

@@ -1,0 +1,72 @@
+#pragma once
+
+#include "platform/Window.h"
+#include "platform/x11/connection/NativeWindow.h"
+#include "platform/x11/windows/DesktopKeeper.h"
+#include "platform/x11/windows/OverlayEnvironment.h"
+#include "platform/x11/windows/OverlayPicture.h"
+#include "platform/x11/windows/OverlaySurface.h"
+
+#include <QRect>
+#include <optional>
+#include <vector>
+
+namespace roomlattice::platform::x11 {
+
+/// The X window of an overlay, with what is drawn there. Whether it can be blended with what is below it is settled
+/// for its life: an X window that can has another depth, and where nobody blends the server keeps a second picture of
+/// it and copies that to the screen by itself.
+class OverlayPane {
+ public:
+  OverlayPane(OverlayEnvironment& environment, WindowLevel level, CollectionBehavior behavior,
+              OverlaySurface::Depth depth);
+  ~OverlayPane();
+  OverlayPane(const OverlayPane&) = delete;
+  OverlayPane& operator=(const OverlayPane&) = delete;
+
+  xcb_window_t id() const { return native_.id(); }
+  DesktopKeeper& desktop() { return desktop_; }
+  const DesktopKeeper& desktop() const { return desktop_; }
+  bool isVisible() const { return surface_.isVisible(); }
+
+  /// Shows the view, which must live until another one is shown, or this object is gone; nothing for none.
+  void show(View* view);
+
+  /// Gives the window its place, in Qt's coordinates; false when it had that place already.
+  bool place(const QRect& frame) { return surface_.place(frame); }
+
+  void setBlending(const Blending& blending);
+  void setOpacity(double opacity);
+
+  /// Cuts the window to the round corners of its view, or to nothing at all, or lets it be whole.
+  enum class Cut { RoundCorners, Everything, Nothing };
+  void setCut(Cut cut);
+
+  /// Has the window managed, with its hints, in front of the others of its level.
+  void appear();
+  void hide() { surface_.hide(); }
+  void raise();
+  void flush() { native_.flush(); }
+
+ private:
+  // The parts of the window that there are; all where there is none.
+  using Shape = std::optional<std::vector<xcb_rectangle_t>>;
+
+  Shape shapeOf(Cut cut) const;
+  void draw();
+  void listen();
+  void reparented(const xcb_reparent_notify_event_t& reparent);
+  void propertyChanged(const xcb_property_notify_event_t& property);
+
+  OverlayEnvironment& environment_;
+  OverlaySurface surface_;
+  NativeWindow native_;
+  DesktopKeeper desktop_;
+  std::optional<OverlayPicture> picture_;
+  std::optional<double> writtenOpacity_;
+  Shape writtenShape_;
+  Registration reparentEvents_;
+  Registration propertyEvents_;
+};
+
+}  // namespace roomlattice::platform::x11

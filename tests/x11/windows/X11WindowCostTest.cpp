@@ -1,0 +1,34 @@
+#include "platform/x11/windows/X11Window.h"
+
+#include "tests/x11/windows/X11WindowFixture.h"
+
+#include <xcb/res.h>
+
+namespace roomlattice::tests {
+namespace {
+
+using platform::Window;
+using platform::x11::replyTo;
+
+/// What windows cost the X server, apart from what is seen.
+class X11WindowCostTest : public X11WindowTest {
+ protected:
+  std::uint64_t pixmapBytes(const Window& window) {
+    const auto cookie =
+        xcb_res_query_client_pixmap_bytes(ui_.connection().raw(), static_cast<std::uint32_t>(window.number()));
+    const auto reply = replyTo(ui_.connection().raw(), cookie, xcb_res_query_client_pixmap_bytes_reply);
+    return reply == nullptr ? ~std::uint64_t{0} : reply->bytes;
+  }
+};
+
+TEST_F(X11WindowCostTest, KeepNoPictureInTheServer) {
+  const auto here = makeOn(0);
+  const auto there = makeOn(1);
+  ASSERT_TRUE(centerBecomes(Qt::red));
+  switchTo(1);
+  ASSERT_TRUE(centerBecomes(Qt::red));
+  EXPECT_LT(pixmapBytes(*here), 10000U);
+}
+
+}  // namespace
+}  // namespace roomlattice::tests
