@@ -3,6 +3,7 @@
 #include "tests/x11/session/ScreenImage.h"
 
 #include <array>
+#include <cstdint>
 #include <fstream>
 #include <stdexcept>
 
@@ -55,8 +56,14 @@ bool ProgramSession::startAndTour(const std::string& settings) {
          waitFor([this] { return windows().overlaysEverywhere().empty(); });
 }
 
+void ProgramSession::askForDesktop(int desktop) {
+  connection().sendToRoot(connection().root(), connection().ewmh()->_NET_CURRENT_DESKTOP,
+                          {static_cast<std::uint32_t>(desktop), XCB_CURRENT_TIME, 0, 0, 0});
+  connection().flush();
+}
+
 bool ProgramSession::switchTo(int desktop) {
-  session.run({"wmctrl", "-s", std::to_string(desktop)});
+  askForDesktop(desktop);
   return waitFor([&] { return isOnDesktop(desktop); });
 }
 

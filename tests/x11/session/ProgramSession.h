@@ -46,7 +46,10 @@ class ProgramSession {
   Program& program() { return *program_; }
   ProgramWindows windows() { return {connection(), program_->process().id()}; }
 
-  /// Switches as any other program would; false when the window manager does not.
+  /// Asks the window manager for a desktop as any other program would.
+  void askForDesktop(int desktop);
+
+  /// Asks for it and waits until it is in front; false when the window manager does not switch.
   bool switchTo(int desktop);
   bool isOnDesktop(int desktop);
 
