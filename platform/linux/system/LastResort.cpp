@@ -19,6 +19,9 @@ constexpr rlim_t enoughFiles = 1024;
 // Most of it is never used: libraries, fonts and the stacks of threads only take their places. In bytes.
 constexpr rlim_t leastAddressSpace = rlim_t{1} << 30U;
 
+// Half of it is in use where there are a few desktops. In bytes.
+constexpr rlim_t leastData = rlim_t{96} << 20U;
+
 [[noreturn]] void end() {
   writeAtOnce(STDERR_FILENO, "roomlattice: memory or something else has run out that it cannot do without: ");
   try {
@@ -58,6 +61,9 @@ std::optional<std::string> lackOfResources() {
   }
   if (limitOf(RLIMIT_AS).rlim_cur < leastAddressSpace) {
     return "the address space is limited to less than a gibibyte (see ulimit -v)";
+  }
+  if (limitOf(RLIMIT_DATA).rlim_cur < leastData) {
+    return "memory is limited to less than 96 MiB (see ulimit -d)";
   }
   return std::nullopt;
 }
