@@ -47,5 +47,19 @@ void snapshotOfAnotherList(benchmark::State& state) {
 }
 BENCHMARK(snapshotOfAnotherList)->Apply(overDesktops);
 
+/// One more desktop at the end, and one less again, each with all that follows. It is the same one each time: the
+/// settings keep each that there ever was.
+void desktopAddedAndRemoved(benchmark::State& state) {
+  RunningProgram program(state);
+  for ([[maybe_unused]] const auto step : state) {
+    const platform::SpaceID added = program.desktop.addDesktop({.uuid = "passing"});
+    program.observer().refresh();
+    program.desktop.removeDesktop(added);
+    program.observer().refresh();
+  }
+  state.SetComplexityN(state.range(0));
+}
+BENCHMARK(desktopAddedAndRemoved)->Apply(overDesktops);
+
 }  // namespace
 }  // namespace roomlattice::benchmarks

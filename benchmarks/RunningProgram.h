@@ -23,6 +23,7 @@ class RunningProgram {
 
   platform::simulated::SimulatedDesktop desktop;
 
+  platform::Platform& platform() { return *platform_; }
   SpaceObserver& observer() { return *observer_; }
   MenuBarController& menuBar() { return *menuBar_; }
   SpaceSignWindowController& signs() { return *signs_; }
