@@ -46,12 +46,15 @@ packages_for() {
         xserver-xorg-core xserver-xorg-video-dummy xserver-xorg-dev xinput libxcb-res0-dev libxcb-xtest0-dev strace
       ;;
     # What scripts/window-managers tries the program with, and those that the test command has it tried under.
-    trial) printf '%s\n' openbox metacity kwin-wayland xwayland libgl1-mesa-dri python3 python3-xlib python3-dbus \
-        python3-gi gir1.2-gtk-3.0 ;;
+    trial)
+      printf '%s\n' openbox metacity kwin-wayland xwayland libgl1-mesa-dri python3 python3-xlib python3-dbus python3-gi \
+        gir1.2-gtk-3.0
+      ;;
     # All that scripts/window-managers tries the program under and beside.
     windowmanagers)
-      printf '%s\n' marco mate-settings-daemon-common icewm fluxbox i3-wm awesome bspwm gnome-shell cinnamon \
-        xfce4-panel mate-panel lxqt-panel tint2 polybar plasma-workspace plasma-desktop qtwayland5
+      printf '%s\n' marco mate-settings-daemon-common icewm fluxbox i3-wm awesome bspwm gnome-shell \
+        gnome-shell-extension-appindicator cinnamon xfce4-panel mate-panel lxqt-panel tint2 polybar plasma-workspace \
+        plasma-desktop qtwayland5
       ;;
     check) printf '%s\n' git clang-format clang-tidy python3 shellcheck ;;
     *) die "no packages are known for $1" ;;

@@ -52,11 +52,14 @@ class Desktop:
 
 
 gnome_environment = {"XDG_CURRENT_DESKTOP": "GNOME", "LIBGL_ALWAYS_SOFTWARE": "1", "GSETTINGS_BACKEND": "keyfile"}
-gnome_settings = {".config/glib-2.0/settings/keyfile": "[org/gnome/shell]\nwelcome-dialog-last-shown-version='9999'\n"
-                  "[org/gnome/desktop/notifications]\nshow-banners=false\n"}
-kwin_wayland_environment = {"LIBGL_ALWAYS_SOFTWARE": "1", "KWIN_SCREENSHOT_NO_PERMISSION_CHECKS": "1",
-                            "KWIN_WAYLAND_NO_PERMISSION_CHECKS": "1", "XDG_SESSION_TYPE": "wayland",
-                            "XDG_CURRENT_DESKTOP": "KDE", "KDE_FULL_SESSION": "true", "KDE_SESSION_VERSION": "5"}
+gnome_file = ".config/glib-2.0/settings/keyfile"
+gnome_settings = {gnome_file: "[org/gnome/desktop/notifications]\nshow-banners=false\n"
+                              "[org/gnome/shell]\nwelcome-dialog-last-shown-version='9999'\n"}
+indicator_settings = {gnome_file: gnome_settings[gnome_file] + "enabled-extensions=['ubuntu-appindicators@ubuntu.com']\n"}
+plasma_environment = {"LIBGL_ALWAYS_SOFTWARE": "1", "XDG_CURRENT_DESKTOP": "KDE", "KDE_FULL_SESSION": "true",
+                      "KDE_SESSION_VERSION": "5"}
+kwin_wayland_environment = {**plasma_environment, "XDG_SESSION_TYPE": "wayland",
+                            "KWIN_SCREENSHOT_NO_PERMISSION_CHECKS": "1", "KWIN_WAYLAND_NO_PERMISSION_CHECKS": "1"}
 memory_settings = {"GSETTINGS_BACKEND": "memory"}
 openbox_files = {".config/openbox/rc.xml": openbox_settings}
 openbox = ["openbox", "--sm-disable"]
@@ -91,6 +94,8 @@ desktops = [
     Desktop("xfwm4", ["xfwm4", "--compositor=off"]),
     Desktop("xfwm4 composited", ["xfwm4", "--compositor=on"]),
     Desktop("kwin_x11", ["kwin_x11"], files={".config/kwinrc": kwin_settings}, makes_desktops=False),
+    Desktop("kwin_x11+plasma", ["kwin_x11"], files={".config/kwinrc": kwin_settings}, makes_desktops=False,
+            environment={**plasma_environment, "XDG_SESSION_TYPE": "x11"}, companions=[plasma]),
     *plain("metacity", ["metacity", "--sm-disable", "--no-composite"], environment=memory_settings),
     *plain("marco", ["marco", "--sm-disable", "--no-composite"], environment=memory_settings),
     Desktop("marco composited", ["marco", "--sm-disable", "--composite"], environment=memory_settings),
@@ -102,6 +107,9 @@ desktops = [
     Desktop("gnome-shell", ["gnome-shell", "--x11", "--sm-disable", "--unsafe-mode"], files=gnome_settings,
             environment={**gnome_environment, "XDG_SESSION_TYPE": "x11"}, makes_desktops=False, dynamic=True,
             drawing_time=0.2),
+    Desktop("gnome-shell+indicators", ["gnome-shell", "--x11", "--sm-disable", "--unsafe-mode"],
+            files=indicator_settings, environment={**gnome_environment, "XDG_SESSION_TYPE": "x11"},
+            makes_desktops=False, dynamic=True, drawing_time=0.2),
     Desktop("cinnamon", ["cinnamon"], environment={"LIBGL_ALWAYS_SOFTWARE": "1", **memory_settings},
             makes_desktops=False, drawing_time=0.2),
     on_kwin_wayland("kwin_wayland"),
@@ -176,6 +184,8 @@ class Session:
             os.environ["DISPLAY"] = self.start_xvfb()
             output_of("hsetroot", "-solid", "#204060")
             self.start_window_manager()
+        # For services that the bus starts.
+        output_of("dbus-update-activation-environment", "DISPLAY")
         self.require(wait_for(lambda: output_of("wmctrl", "-m"), 60), "the window manager")
 
     def start_xvfb(self):
