@@ -52,7 +52,7 @@ std::string nameOf(DesktopChangeKind kind) {
   return "recolored";
 }
 
-std::string nameOf(CommandErrorKind kind) {
+const char* nameOf(CommandErrorKind kind) {
   switch (kind) {
     case CommandErrorKind::NoSuchDesktop:
       return "NoSuchDesktop";
@@ -71,7 +71,8 @@ std::string nameOf(CommandErrorKind kind) {
 }
 
 std::optional<BusError> answerOf(const CommandResult& result) {
-  return result ? std::optional(BusError{controlErrorPrefix + nameOf(result->kind), sendable(result->message)})
+  return result ? std::optional(
+                      BusError{std::string(controlErrorPrefix) + nameOf(result->kind), sendable(result->message)})
                 : std::nullopt;
 }
 
