@@ -12,8 +12,8 @@ std::string colorsOf(std::int64_t desktops) {
   const std::string color = R"({"red":0.1,"green":0.5,"blue":0.25,"alpha":1.0})";
   std::string text = "{";
   for (std::int64_t desktop = 0; desktop < desktops; ++desktop) {
-    text += (desktop == 0 ? "\"" : ",\"") + std::to_string(desktop) + R"(":{"foreground":)" + color +
-            R"(,"background":)" + color + "}";
+    text.append(desktop == 0 ? "\"" : ",\"").append(std::to_string(desktop));
+    text.append(R"(":{"foreground":)").append(color).append(R"(,"background":)").append(color).append("}");
   }
   return text + "}";
 }

@@ -8,7 +8,7 @@ namespace roomlattice::platform::x11 {
 namespace {
 
 // Far less than a request may have, so that neither side needs much memory for one.
-constexpr std::size_t mostBytes = 128U * 1024;
+constexpr std::size_t requestBytes = std::size_t{128} * 1024;
 
 std::uint8_t depthOf(xcb_connection_t* raw, xcb_window_t window) {
   const auto geometry = replyTo(raw, xcb_get_geometry(raw, window), xcb_get_geometry_reply);
@@ -28,7 +28,7 @@ WindowPicture::~WindowPicture() {
 
 void WindowPicture::put(const QImage& picture, const QPoint& corner) {
   const auto bytesPerLine = static_cast<std::size_t>(picture.bytesPerLine());
-  const int most = static_cast<int>(std::max<std::size_t>(mostBytes / std::max<std::size_t>(bytesPerLine, 1), 1));
+  const int most = static_cast<int>(std::max<std::size_t>(requestBytes / std::max<std::size_t>(bytesPerLine, 1), 1));
   for (int y = 0; y < picture.height(); y += most) {
     const int rows = std::min(most, picture.height() - y);
     xcb_put_image(raw_, XCB_IMAGE_FORMAT_Z_PIXMAP, window_, context_, static_cast<std::uint16_t>(picture.width()),
