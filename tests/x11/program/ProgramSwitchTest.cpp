@@ -45,7 +45,9 @@ TEST_P(ProgramSwitchTest, ShowsOneLabelAndLeavesTheUserThereWithTheKeyboard) {
   PlainWindow window({100, 550, 300, 150}, Qt::green);
   ASSERT_TRUE(user_.switchTo(0));
   ASSERT_TRUE(user_.start() && user_.program().hasLogged("tour end"));
-  // Labels are got ready twice a second, and each desktop's is shown once it was.
+  // Once the tour's overlay has gone, too.
+  ASSERT_TRUE(waitFor([this] { return seen().empty(); }));
+  // Labels are got ready twice a second, all at once, and none is shown before.
   ASSERT_TRUE(waitFor([this] {
     EXPECT_TRUE(user_.switchTo(1));
     user_.askForDesktop(0);
