@@ -33,7 +33,7 @@ show_menu_bar() {
   choose_page 170
   take_screenshot preferences-menu-bar "The page of the status item and of switching"
   # Switching without the animation.
-  click_in_preferences 47 153
+  click_in_preferences 47 158
   wait_for "the setting" 10 grep -q '"InstantMenuSwitch": true' "$settings_file"
   show_row_switch instant "A click on a row after that switches at once"
   switch_to_desktop 1
