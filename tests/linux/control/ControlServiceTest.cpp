@@ -233,7 +233,7 @@ TEST_F(ControlServiceTest, IsDescribedByItsInstalledInterface) {
 }
 
 TEST_F(ControlServiceTest, AnswersAFloodInOrderAndLeavesOthersTheirTurn) {
-  constexpr int flood = 4000;
+  constexpr int flood = 10000;
   serveAndBeFound();
   std::vector<QDBusPendingCall> pending;
   for (int count = 0; count < flood; ++count) {

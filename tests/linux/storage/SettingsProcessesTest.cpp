@@ -37,19 +37,19 @@ class SettingsProcessesTest : public LinuxDefaultsTest {
 };
 
 TEST_F(SettingsProcessesTest, AreNeverLostBetweenTwo) {
-  const auto first = writer("first", 60);
-  const auto second = writer("second", 60);
+  const auto first = writer("first", 150);
+  const auto second = writer("second", 150);
   EXPECT_EQ(first->waitForExitStatus(), 0) << first->errorOutput();
   EXPECT_EQ(second->waitForExitStatus(), 0) << second->errorOutput();
-  EXPECT_EQ(number("first"), 60);
-  EXPECT_EQ(number("second"), 60);
+  EXPECT_EQ(number("first"), 150);
+  EXPECT_EQ(number("second"), 150);
 }
 
 TEST_F(SettingsProcessesTest, StayWholeWhenOneIsKilledAtAnyMoment) {
   std::mt19937 random(4711);  // the same moments in every run, as far as the system plays along
-  std::uniform_int_distribution<int> readsBeforeKill(1, 25);
+  std::uniform_int_distribution<int> readsBeforeKill(1, 100);
   defaults().set("kept", "for ever");
-  for (int round = 0; round < 20; ++round) {
+  for (int round = 0; round < 60; ++round) {
     const auto process = writer("key", 1000000);
     ASSERT_TRUE(waitFor([&] { return number("key") > 0; }));
     for (int reads = readsBeforeKill(random); reads > 0; --reads) {
