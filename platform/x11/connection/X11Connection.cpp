@@ -20,10 +20,14 @@ xcb_screen_t* screenAt(xcb_connection_t* connection, int number) {
 /// The window that such an event is about, for those that can be observed for one window.
 xcb_window_t subjectOf(const xcb_generic_event_t& event, std::uint8_t type) {
   switch (type) {
+    case XCB_MAP_NOTIFY:
+      return reinterpret_cast<const xcb_map_notify_event_t&>(event).window;
     case XCB_PROPERTY_NOTIFY:
       return reinterpret_cast<const xcb_property_notify_event_t&>(event).window;
     case XCB_REPARENT_NOTIFY:
       return reinterpret_cast<const xcb_reparent_notify_event_t&>(event).window;
+    case XCB_UNMAP_NOTIFY:
+      return reinterpret_cast<const xcb_unmap_notify_event_t&>(event).window;
     default:
       return XCB_WINDOW_NONE;
   }

@@ -44,9 +44,13 @@ inline constexpr std::uint8_t responseTypeOf<xcb_destroy_notify_event_t> = XCB_D
 template <>
 inline constexpr std::uint8_t responseTypeOf<xcb_ge_generic_event_t> = XCB_GE_GENERIC;
 template <>
+inline constexpr std::uint8_t responseTypeOf<xcb_map_notify_event_t> = XCB_MAP_NOTIFY;
+template <>
 inline constexpr std::uint8_t responseTypeOf<xcb_property_notify_event_t> = XCB_PROPERTY_NOTIFY;
 template <>
 inline constexpr std::uint8_t responseTypeOf<xcb_reparent_notify_event_t> = XCB_REPARENT_NOTIFY;
+template <>
+inline constexpr std::uint8_t responseTypeOf<xcb_unmap_notify_event_t> = XCB_UNMAP_NOTIFY;
 
 /// What a request to the window manager says of where it comes from (EWMH). Nothing holds back what comes straight from
 /// the user, as through a pager.

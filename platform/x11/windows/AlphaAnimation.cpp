@@ -55,8 +55,23 @@ void AlphaAnimation::moveTo(double target, Duration duration, Steps steps, std::
   start_ = value_;
   target_ = target;
   duration_ = std::chrono::ceil<std::chrono::milliseconds>(duration);
+  steps_.setInterval(steps == Steps::One ? duration_ : std::min(duration_, stepPeriod));
+  isWaiting_ = isHeld_;
+  if (!isWaiting_) {
+    run();
+  }
+}
+
+void AlphaAnimation::release() {
+  isHeld_ = false;
+  if (std::exchange(isWaiting_, false)) {
+    run();
+  }
+}
+
+void AlphaAnimation::run() {
   sinceStart_.start();
-  steps_.start(steps == Steps::One ? duration_ : std::min(duration_, stepPeriod));
+  steps_.start();
 }
 
 void AlphaAnimation::step() {
@@ -80,6 +95,7 @@ void AlphaAnimation::assign(double value) {
 std::function<void()> AlphaAnimation::end() {
   value_ = value();
   steps_.stop();
+  isWaiting_ = false;
   return std::exchange(completion_, nullptr);
 }
 

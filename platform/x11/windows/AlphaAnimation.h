@@ -32,7 +32,12 @@ class AlphaAnimation {
   /// may own what owns this object. A move that is under way when the program ends goes with its completion.
   void moveTo(double target, Duration duration, Steps steps, std::function<void()> completion);
 
+  /// Lets moves that are asked for from now on wait, with the value where it is, until they are released.
+  void hold() { isHeld_ = true; }
+  void release();
+
  private:
+  void run();
   void step();
   void assign(double value);
 
@@ -43,7 +48,9 @@ class AlphaAnimation {
   double value_;
   std::function<void()> changed_;
   std::function<void()> completion_;
-  // Of the move that runs.
+  bool isHeld_ = false;
+  bool isWaiting_ = false;
+  // Of the move that runs or waits.
   double start_ = 0.0;
   double target_ = 0.0;
   std::chrono::milliseconds duration_{0};

@@ -8,13 +8,13 @@
 namespace roomlattice::platform::x11 {
 
 OverlayPane::OverlayPane(OverlayEnvironment& environment, WindowLevel level, CollectionBehavior behavior,
-                         OverlaySurface::Depth depth)
+                         OverlaySurface::Depth depth, std::function<void()> mapped)
     : environment_(environment),
       surface_(depth, [this] { draw(); }),
       native_(environment.connection, surface_),
       desktop_(environment, surface_, native_, behavior) {
   environment_.stack.add(surface_, level);
-  listen();
+  listen(std::move(mapped));
 }
 
 OverlayPane::~OverlayPane() {
@@ -96,11 +96,18 @@ void OverlayPane::draw() {
   }
 }
 
-void OverlayPane::listen() {
+void OverlayPane::listen(std::function<void()> mapped) {
   X11Connection& connection = environment_.connection;
   constexpr std::uint32_t events = XCB_EVENT_MASK_STRUCTURE_NOTIFY | XCB_EVENT_MASK_PROPERTY_CHANGE;
   xcb_change_window_attributes(connection.raw(), native_.id(), XCB_CW_EVENT_MASK, &events);
   connection.flush();
+  mapEvents_ = connection.observe<xcb_map_notify_event_t>(
+      native_.id(), [this, mapped = std::move(mapped)](const xcb_map_notify_event_t&) {
+        isMapped_ = true;
+        mapped();
+      });
+  unmapEvents_ = connection.observe<xcb_unmap_notify_event_t>(
+      native_.id(), [this](const xcb_unmap_notify_event_t&) { isMapped_ = false; });
   reparentEvents_ = connection.observe<xcb_reparent_notify_event_t>(
       native_.id(), [this](const xcb_reparent_notify_event_t& reparent) { reparented(reparent); });
   propertyEvents_ = connection.observe<xcb_property_notify_event_t>(

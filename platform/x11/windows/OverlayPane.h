@@ -8,6 +8,7 @@
 #include "platform/x11/windows/OverlaySurface.h"
 
 #include <QRect>
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -18,8 +19,9 @@ namespace roomlattice::platform::x11 {
 /// it and copies that to the screen by itself.
 class OverlayPane {
  public:
+  /// `mapped` is called each time the window has come onto the screen.
   OverlayPane(OverlayEnvironment& environment, WindowLevel level, CollectionBehavior behavior,
-              OverlaySurface::Depth depth);
+              OverlaySurface::Depth depth, std::function<void()> mapped);
   ~OverlayPane();
   OverlayPane(const OverlayPane&) = delete;
   OverlayPane& operator=(const OverlayPane&) = delete;
@@ -27,7 +29,11 @@ class OverlayPane {
   xcb_window_t id() const { return native_.id(); }
   DesktopKeeper& desktop() { return desktop_; }
   const DesktopKeeper& desktop() const { return desktop_; }
+  /// Whether it was asked to appear, and has not been hidden since.
   bool isVisible() const { return surface_.isVisible(); }
+
+  /// Whether the window manager has put it on the screen, which may be long after it was asked to.
+  bool isMapped() const { return isMapped_; }
 
   /// Shows the view, which must live until another one is shown, or this object is gone; nothing for none.
   void show(View* view);
@@ -54,7 +60,7 @@ class OverlayPane {
 
   Shape shapeOf(Cut cut) const;
   void draw();
-  void listen();
+  void listen(std::function<void()> mapped);
   void reparented(const xcb_reparent_notify_event_t& reparent);
   void propertyChanged(const xcb_property_notify_event_t& property);
 
@@ -65,6 +71,9 @@ class OverlayPane {
   std::optional<OverlayPicture> picture_;
   std::optional<double> writtenOpacity_;
   Shape writtenShape_;
+  bool isMapped_ = false;
+  Registration mapEvents_;
+  Registration unmapEvents_;
   Registration reparentEvents_;
   Registration propertyEvents_;
 };

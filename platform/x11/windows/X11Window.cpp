@@ -71,6 +71,10 @@ void X11Window::setCollectionBehavior(CollectionBehavior behavior) {
 void X11Window::animateAlpha(double alpha, Duration duration, std::function<void()> completion) {
   // Where nothing is blended, a fade is but a wait for its end.
   const auto steps = blends() ? AlphaAnimation::Steps::Many : AlphaAnimation::Steps::One;
+  if (isComingUp()) {
+    // A window manager that is busy takes a window in so late that a fade from now on could be over by then.
+    alpha_.hold();
+  }
   alpha_.moveTo(alpha, duration, steps, std::move(completion));
   if (alpha == 0.0) {
     excursion_.reset();
@@ -110,6 +114,10 @@ bool X11Window::isToBeSeen() const {
   return alpha_.value() > traceOfAlpha;
 }
 
+bool X11Window::isComingUp() const {
+  return pane_->isVisible() && pane_->desktop().isInFront() && !pane_->isMapped();
+}
+
 bool X11Window::isWantedOnScreen() const {
   // To take a window in costs a window manager much. One that it has, it may keep, as long as all others are told by
   // the opacity that it is not to be seen.
@@ -124,7 +132,7 @@ bool X11Window::isWantedOnScreen() const {
 void X11Window::makePane() {
   const auto depth =
       blends() || !screenTakesPictures() ? OverlaySurface::Depth::WithAlpha : OverlaySurface::Depth::OfScreen;
-  pane_.emplace(environment_, level_, behavior_, depth);
+  pane_.emplace(environment_, level_, behavior_, depth, [this] { alpha_.release(); });
   pane_->place(place());
   pane_->show(view_.get());
   applyLook();
@@ -145,6 +153,7 @@ void X11Window::present() {
   if (!isWantedOnScreen()) {
     presentSoon_.stop();
     pane_->hide();
+    alpha_.release();
   } else if (!pane_->isVisible() && !presentSoon_.isRunning()) {
     pane_->appear();
   }

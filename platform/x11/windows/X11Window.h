@@ -42,6 +42,7 @@ class X11Window final : public Window {
   bool blends() const;
   QRect place() const;
   bool isToBeSeen() const;
+  bool isComingUp() const;
   bool isWantedOnScreen() const;
 
   void makePane();

@@ -38,6 +38,44 @@ TEST_F(X11WindowAlphaTest, EndsAnAnimationWithoutCompletionWhenItsAlphaIsSet) {
   EXPECT_EQ(window->alpha(), 0.78);
 }
 
+TEST_F(X11WindowAlphaTest, BeginsAnAnimationWhenABusyWindowManagerHasTakenItIn) {
+  ui_.session.windowManager()->signal(SIGSTOP);
+  const auto window = makeOn(0);
+  settle();
+  bool done = false;
+  window->animateAlpha(0.0, 50ms, [&done] { done = true; });
+  settle();
+  EXPECT_EQ(window->alpha(), 1.0);
+  EXPECT_FALSE(done);
+  ui_.session.windowManager()->signal(SIGCONT);
+  EXPECT_TRUE(waitFor([&done] { return done; }));
+  EXPECT_EQ(window->alpha(), 0.0);
+}
+
+TEST_F(X11WindowAlphaTest, AnimatesItsAlphaOnADesktopThatIsNotInFront) {
+  const auto window = makeOn(1);
+  settle();
+  bool done = false;
+  window->animateAlpha(0.0, 50ms, [&done] { done = true; });
+  EXPECT_TRUE(waitFor([&done] { return done; }));
+  EXPECT_EQ(window->alpha(), 0.0);
+  EXPECT_FALSE(probe(*window).isViewable());
+}
+
+TEST_F(X11WindowAlphaTest, GivesUpAnAnimationThatWaitsWhenItsAlphaIsSet) {
+  ui_.session.windowManager()->signal(SIGSTOP);
+  const auto window = makeOn(0);
+  settle();
+  bool done = false;
+  window->animateAlpha(0.0, 50ms, [&done] { done = true; });
+  window->setAlpha(0.78);
+  ui_.session.windowManager()->signal(SIGCONT);
+  ASSERT_TRUE(appears(*window));
+  settle();
+  EXPECT_EQ(window->alpha(), 0.78);
+  EXPECT_FALSE(done);
+}
+
 TEST_F(X11WindowAlphaTest, AnimatesAgainAfterAnimationsThatEndedEarly) {
   const auto window = makeOn(0);
   for (int time = 0; time < 5; ++time) {
