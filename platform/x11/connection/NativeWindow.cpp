@@ -86,10 +86,10 @@ std::optional<std::uint32_t> NativeWindow::desktop() const {
   return readNumber(connection_, id_, connection_.ewmh()->_NET_WM_DESKTOP, XCB_ATOM_CARDINAL);
 }
 
-void NativeWindow::setOpacity(double opacity) {
+void NativeWindow::setOpacity(xcb_window_t frame, double opacity) {
   const double scaled = std::round(std::clamp(opacity, 0.0, 1.0) * std::numeric_limits<std::uint32_t>::max());
   const auto value = static_cast<std::uint32_t>(scaled);
-  xcb_change_property(raw_, XCB_PROP_MODE_REPLACE, id_, connection_.atom("_NET_WM_WINDOW_OPACITY"), XCB_ATOM_CARDINAL,
+  xcb_change_property(raw_, XCB_PROP_MODE_REPLACE, frame, connection_.atom("_NET_WM_WINDOW_OPACITY"), XCB_ATOM_CARDINAL,
                       32, 1, &value);
 }
 

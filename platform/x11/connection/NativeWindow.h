@@ -74,7 +74,10 @@ class NativeWindow {
   std::optional<std::uint32_t> desktop() const;
 
   /// Sets _NET_WM_WINDOW_OPACITY, which compositors and window managers read; 0–1.
-  void setOpacity(double opacity);
+  void setOpacity(double opacity) { setOpacity(id_, opacity); }
+
+  /// The same for a frame that a window manager has put around it.
+  void setOpacity(xcb_window_t frame, double opacity);
 
   /// Cuts the window to these rectangles, in pixels.
   void setBoundingShape(const std::vector<xcb_rectangle_t>& rectangles);

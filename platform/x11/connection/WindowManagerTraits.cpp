@@ -15,7 +15,7 @@ constexpr std::array table = {
     Entry{"GNOME Shell", {.hasPanel = true, .letsOverlaysWait = false}},
     Entry{"Mutter (Muffin)", {.hasPanel = true}},
     Entry{"Openbox", {.minimizesAllButToolbars = true}},
-    Entry{"Xfwm4", {.keepsDocksAboveFullScreen = true}},
+    Entry{"Xfwm4", {.keepsOpacityFromFrames = true, .keepsDocksAboveFullScreen = true}},
     Entry{"Fluxbox", {.ignoresOpacity = true}},
 };
 

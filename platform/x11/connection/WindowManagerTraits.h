@@ -19,6 +19,8 @@ struct WindowManagerTraits {
   bool tellsDesktopsOnTheBus = false;
   /// It keeps an opacity of its own for its frames, whatever the window in them asks for.
   bool ignoresOpacity = false;
+  /// It does not hand a window's opacity on to the frame around it, which is what compositors beside it read.
+  bool keepsOpacityFromFrames = false;
   /// It makes docks as wide as the screen, and does not always tell them so. Asked for that width, it has nothing to
   /// tell.
   bool makesStripsOfDocks = false;

@@ -40,6 +40,7 @@ void OverlayPane::setOpacity(double opacity) {
   if (writtenOpacity_ != opacity) {
     writtenOpacity_ = opacity;
     native_.setOpacity(opacity);
+    passOpacityOn();
   }
 }
 
@@ -115,8 +116,17 @@ void OverlayPane::listen(std::function<void()> mapped) {
 }
 
 void OverlayPane::reparented(const xcb_reparent_notify_event_t& reparent) {
+  frame_.reset();
   if (reparent.parent != environment_.connection.root()) {
+    frame_ = reparent.parent;
+    passOpacityOn();
     native_.passClicksThrough();
+  }
+}
+
+void OverlayPane::passOpacityOn() {
+  if (frame_ && writtenOpacity_ && environment_.windowManager.traits().keepsOpacityFromFrames) {
+    native_.setOpacity(*frame_, *writtenOpacity_);
   }
 }
 

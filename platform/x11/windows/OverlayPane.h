@@ -62,6 +62,7 @@ class OverlayPane {
   void draw();
   void listen(std::function<void()> mapped);
   void reparented(const xcb_reparent_notify_event_t& reparent);
+  void passOpacityOn();
   void propertyChanged(const xcb_property_notify_event_t& property);
 
   OverlayEnvironment& environment_;
@@ -72,6 +73,8 @@ class OverlayPane {
   std::optional<double> writtenOpacity_;
   Shape writtenShape_;
   bool isMapped_ = false;
+  // What a window manager has put around it.
+  std::optional<xcb_window_t> frame_;
   Registration mapEvents_;
   Registration unmapEvents_;
   Registration reparentEvents_;
