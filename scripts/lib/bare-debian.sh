@@ -17,10 +17,13 @@ unpack_debian() {
 in_debian() {
   as_root mkdir -p "$1/opt/roomlattice" "$1/var/roomlattice/build" "$1/var/roomlattice/cache"
   mkdir -p "$root/build" "$root/.cache"
-  # The host's resolver, for what apt still fetches.
+  # The host's resolver, and the authorities that it trusts, for what apt and npm still fetch.
   as_root cp --dereference /etc/resolv.conf "$1/etc/resolv.conf"
+  local authorities=/etc/ssl/certs/ca-certificates.crt
+  if [[ -f $authorities ]]; then as_root cp --dereference "$authorities" "$1/var/roomlattice/authorities.crt"; fi
   # shellcheck disable=SC2016  # The inner shell's own.
-  as_root env -i PATH="$PATH" HOME=/root LANG=C.UTF-8 unshare --mount --pid --fork --kill-child sh -ec '
+  as_root env -i PATH="$PATH" HOME=/root LANG=C.UTF-8 NODE_EXTRA_CA_CERTS=/var/roomlattice/authorities.crt \
+    unshare --mount --pid --fork --kill-child sh -ec '
     debian=$1 project=$2
     shift 2
     mount -t proc proc "$debian/proc"

@@ -179,9 +179,11 @@ def kwin_picture(path, width, height):
     collector = threading.Thread(target=collect)
     collector.start()
     capture = dbus.Interface(kwin, "org.kde.KWin.ScreenShot2").CaptureArea
-    answer = capture(0, 0, width, height, {}, dbus.types.UnixFd(writer))
-    os.close(writer)
-    collector.join(20)
+    try:
+        answer = capture(0, 0, width, height, dbus.Dictionary(signature="sv"), dbus.types.UnixFd(writer))
+    finally:
+        os.close(writer)
+        collector.join(20)
     columns, lines, stride = (int(answer[key]) for key in ("width", "height", "stride"))
     rows = b"".join(pixels[y * stride:y * stride + columns * 4] for y in range(lines))
     subprocess.run(["convert", "-size", f"{columns}x{lines}", "-depth", "8", "bgra:-", "-alpha", "off", path],

@@ -3,6 +3,7 @@ import os
 import pathlib
 import re
 import shutil
+import subprocess
 import tempfile
 from dataclasses import dataclass, field
 
@@ -58,7 +59,7 @@ gnome_settings = {gnome_file: "[org/gnome/desktop/notifications]\nshow-banners=f
 indicator_settings = {gnome_file: gnome_settings[gnome_file] + "enabled-extensions=['ubuntu-appindicators@ubuntu.com']\n"}
 plasma_environment = {"LIBGL_ALWAYS_SOFTWARE": "1", "XDG_CURRENT_DESKTOP": "KDE", "KDE_FULL_SESSION": "true",
                       "KDE_SESSION_VERSION": "5"}
-kwin_wayland_environment = {**plasma_environment, "XDG_SESSION_TYPE": "wayland",
+kwin_wayland_environment = {"LIBGL_ALWAYS_SOFTWARE": "1", "XDG_SESSION_TYPE": "wayland",
                             "KWIN_SCREENSHOT_NO_PERMISSION_CHECKS": "1", "KWIN_WAYLAND_NO_PERMISSION_CHECKS": "1"}
 memory_settings = {"GSETTINGS_BACKEND": "memory"}
 openbox_files = {".config/openbox/rc.xml": openbox_settings}
@@ -72,10 +73,10 @@ def plain(name, command, **rest):
     return [Desktop(name, command, **rest), Desktop(name + "+picom", command, companions=[picom], **rest)]
 
 
-def on_kwin_wayland(name, *options, **rest):
+def on_kwin_wayland(name, *options, environment=None, **rest):
     return Desktop(name, ["kwin_wayland", "--virtual", "--width", "1366", "--height", "768", "--xwayland", *options],
                    server="wayland", files={".config/kwinrc": kwin_settings}, makes_desktops=False,
-                   environment=kwin_wayland_environment, **rest)
+                   environment={**kwin_wayland_environment, **(environment or {})}, **rest)
 
 
 def on_gnome_wayland(name, *options):
@@ -115,7 +116,7 @@ desktops = [
     on_kwin_wayland("kwin_wayland"),
     on_kwin_wayland("kwin_wayland two outputs", "--output-count", "2"),
     on_kwin_wayland("kwin_wayland scale 2", "--scale", "2"),
-    on_kwin_wayland("kwin_wayland+plasma", companions=[plasma]),
+    on_kwin_wayland("kwin_wayland+plasma", environment=plasma_environment, companions=[plasma]),
     on_gnome_wayland("gnome-shell wayland"),
     on_gnome_wayland("gnome-shell wayland two outputs", "--virtual-monitor", "1280x1024"),
     beside_panel("xfce4-panel"),
@@ -176,10 +177,7 @@ class Session:
     def start_server(self):
         if self.desktop.server == "wayland":
             self.start_window_manager()
-            os.environ["DISPLAY"] = self.require(wait_for(self.xwayland_display, 60), "Xwayland")
-            authority = next(pathlib.Path(os.environ["XDG_RUNTIME_DIR"]).glob("*[xX]wayland*auth*"), None)
-            if authority:
-                os.environ["XAUTHORITY"] = str(authority)
+            os.environ.update(self.require(wait_for(self.xwayland, 60), "Xwayland"))
         else:
             os.environ["DISPLAY"] = self.start_xvfb()
             output_of("hsetroot", "-solid", "#204060")
@@ -199,9 +197,41 @@ class Session:
     def start_window_manager(self):
         command = list(self.desktop.command)
         if command[0] == "kwin_wayland":
-            # The installed file has capabilities, which a container may refuse to execute; a copy has none.
-            command[0] = shutil.copy(shutil.which(command[0]), self.folder)
+            command = [self.executable(command[0]), *command[1:], self.announcer()]
         self.window_manager = self.processes.start("window-manager", *command)
+
+    def executable(self, name):
+        """The installed program, or a copy where a container refuses to execute what has capabilities."""
+        path = shutil.which(name)
+        try:
+            subprocess.run([path, "--version"], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, check=False)
+            return path
+        except PermissionError:
+            return shutil.copy(path, self.folder)
+
+    def announcer(self):
+        """A program for the compositor to start, which writes down how it reaches Xwayland."""
+        program = pathlib.Path(self.folder, "announcer")
+        program.write_text(f'#!/bin/sh\nenv -0 >"{self.folder}/environment.new"\n'
+                           f'mv "{self.folder}/environment.new" "{self.folder}/environment"\n', encoding="utf-8")
+        program.chmod(0o755)
+        return str(program)
+
+    def xwayland(self):
+        """The environment of its clients, once it can be told."""
+        if self.desktop.command[0] == "kwin_wayland":
+            return self.announced_xwayland()
+        display = self.xwayland_display()
+        authority = next(pathlib.Path(os.environ["XDG_RUNTIME_DIR"]).glob("*[xX]wayland*auth*"), None)
+        return display and {"DISPLAY": display, **({"XAUTHORITY": str(authority)} if authority else {})}
+
+    def announced_xwayland(self):
+        try:
+            words = pathlib.Path(self.folder, "environment").read_text(encoding="utf-8").split("\0")
+        except FileNotFoundError:
+            return None
+        return {name: value for name, _, value in (word.partition("=") for word in words)
+                if name in ("DISPLAY", "XAUTHORITY") and value}
 
     def xwayland_display(self):
         """Of the Xwayland that the compositor has started; its number is the first argument."""

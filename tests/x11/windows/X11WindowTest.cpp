@@ -210,6 +210,7 @@ TEST_F(X11WindowTest, MovesWithThePrimaryScreenWhenItIsPlacedAnew) {
   const auto window = makeOn(0);
   ASSERT_TRUE(appears(*window));
   ui_.session.run({"xrandr", "--setmonitor", "other", "800/200x600/150+480+200", "screen"});
+  ui_.session.run({"xrandr", "--delmonitor", "one"});
   ASSERT_TRUE(waitFor([this] { return ui_.screens.toQt(platform::Point{0, 0}) == QPointF(480, 800); }));
   window->setFrame(window->frame());
   EXPECT_TRUE(waitFor([&] { return probe(*window).geometry() == labelPixels.translated(480, 0); }));
