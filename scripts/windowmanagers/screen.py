@@ -167,7 +167,7 @@ class PlainWindow:
 
 
 def kwin_picture(path, width, height):
-    """KWin writes the pixels of its screens into a pipe."""
+    """KWin writes the pixels of its screens into a pipe; newer ones only where they have a graphics card: false."""
     import dbus  # pylint: disable=import-outside-toplevel  # only where KWin is tried
     kwin = dbus.SessionBus().get_object("org.kde.KWin", "/org/kde/KWin/ScreenShot2")
     reader, writer = os.pipe()
@@ -181,6 +181,10 @@ def kwin_picture(path, width, height):
     capture = dbus.Interface(kwin, "org.kde.KWin.ScreenShot2").CaptureArea
     try:
         answer = capture(0, 0, width, height, dbus.Dictionary(signature="sv"), dbus.types.UnixFd(writer))
+    except dbus.exceptions.DBusException as reason:
+        if reason.get_dbus_name() == "org.freedesktop.DBus.Error.UnknownObject":
+            return False
+        raise
     finally:
         os.close(writer)
         collector.join(20)
@@ -188,6 +192,7 @@ def kwin_picture(path, width, height):
     rows = b"".join(pixels[y * stride:y * stride + columns * 4] for y in range(lines))
     subprocess.run(["convert", "-size", f"{columns}x{lines}", "-depth", "8", "bgra:-", "-alpha", "off", path],
                    input=rows, check=True)
+    return True
 
 
 def brightness(path, frame):

@@ -277,16 +277,17 @@ class Session:
         return value
 
     def picture(self, path):
-        """Of the whole screen, by the means of the session."""
+        """Of the whole screen, by the means of the session; false where it has none."""
         if self.desktop.server == "xvfb":
             output_of("import", "-silent", "-window", "root", path)
         elif self.desktop.command[0] == "kwin_wayland":
             geometry = self.screen.root.get_geometry()
-            screen.kwin_picture(path, geometry.width, geometry.height)
+            return screen.kwin_picture(path, geometry.width, geometry.height)
         else:
             output_of("gdbus", "call", "--session", "--dest", "org.gnome.Shell.Screenshot", "--object-path",
                       "/org/gnome/Shell/Screenshot", "--method", "org.gnome.Shell.Screenshot.Screenshot", "false",
                       "false", path)
+        return True
 
     def ask_tray(self, property_name):
         return output_of("gdbus", "call", "--session", "--dest", "org.kde.StatusNotifierWatcher", "--object-path",
