@@ -2,7 +2,6 @@
 
 #include "platform/x11/AccessibleApplication.h"
 
-#include <QAccessible>
 #include <QWidget>
 #include <utility>
 
@@ -20,9 +19,6 @@ X11Application::X11Application(X11Connection& connection, int& argc, char** argv
   showOpenMenusToAssistiveTechnology();
   application_.installNativeEventFilter(&oversizeFilter_);
   connection_.attachToEventLoop();
-  // Asking makes the toolkit connect to the session bus for its services to people with disabilities, and wait for it.
-  // That is to be now, as the bus has just been found to answer.
-  QAccessible::isActive();
 }
 
 void X11Application::setActivationPolicy(ActivationPolicy) {

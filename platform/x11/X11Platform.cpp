@@ -9,7 +9,9 @@
 #include "platform/linux/system/QtMessages.h"
 #include "platform/linux/system/StandardStreams.h"
 #include "platform/x11/ToolkitEnvironment.h"
+#include "platform/x11/connection/AuthorityFile.h"
 #include "platform/x11/connection/PanelWait.h"
+#include "platform/x11/connection/Properties.h"
 #include "platform/x11/connection/SecondStart.h"
 
 #include <chrono>
@@ -64,6 +66,11 @@ std::optional<ExitStatus> findWindowManager(X11Connection& connection, const lin
   return ExitStatus{EXIT_SUCCESS};
 }
 
+/// at-spi writes it there for programs that find no session bus.
+std::string accessibilityBusOf(X11Connection& connection) {
+  return readBytes(connection, connection.root(), connection.atom("AT_SPI_BUS"), XCB_ATOM_STRING).value_or("");
+}
+
 std::variant<std::unique_ptr<Platform>, ExitStatus> start(int& argc, char** argv) {
   const linux::Start began = linux::startOf(argc, argv);
   if (!environmentVariable("DISPLAY")) {
@@ -76,6 +83,9 @@ std::variant<std::unique_ptr<Platform>, ExitStatus> start(int& argc, char** argv
   }
   if (const std::optional<std::string> setting = unusableToolkitSetting()) {
     return refuse(*setting);
+  }
+  if (const std::optional<std::string> file = unusableAuthorityFile()) {
+    return refuse(*file);
   }
   std::unique_ptr<X11Connection> connection = X11Connection::open();
   if (connection == nullptr) {
@@ -94,7 +104,7 @@ std::variant<std::unique_ptr<Platform>, ExitStatus> start(int& argc, char** argv
   }
   // Also where the environment asks the toolkit for another platform: the windows are X windows.
   setenv("QT_QPA_PLATFORM", "xcb", 1);
-  static const Registration muteBuses = linux::hideMuteBuses(busAnswer);
+  static const Registration muteBuses = linux::hideMuteBuses(busAnswer, accessibilityBusOf(*connection));
   linux::redirectQtMessages();
   watchToolkitConnection();
   return std::make_unique<X11Platform>(std::move(connection), std::move(lock), signals, argc, argv);
@@ -110,6 +120,7 @@ X11Platform::X11Platform(std::unique_ptr<X11Connection> connection, std::unique_
       system_(linux::SystemLog(linux::SystemLog::standardPath(), linux::Journal::open())),
       defaults_(linux::LinuxDefaults::standardPath(), [this](const std::string& line) { system_.log(line); }),
       sessionBus_(linux::MessageBus::Kind::Session),
+      accessibility_(sessionBus_),
       control_(sessionBus_, linux::controlNameOfDisplay(environmentVariable("DISPLAY").value_or("")),
                [this](const std::string& line) { system_.log(line); }),
       systemBus_(linux::MessageBus::Kind::System),

@@ -9,6 +9,7 @@
 #include "platform/linux/system/LinuxDispatcher.h"
 #include "platform/linux/system/LinuxSystem.h"
 #include "platform/linux/system/TerminationSignals.h"
+#include "platform/x11/AccessibilityWatch.h"
 #include "platform/x11/X11Application.h"
 #include "platform/x11/X11UserInterface.h"
 #include "platform/x11/appearance/X11Appearance.h"
@@ -60,6 +61,7 @@ class X11Platform final : public Platform {
   JsonTextCodec json_;
   linux::LinuxDispatcher dispatcher_;
   linux::MessageBus sessionBus_;
+  AccessibilityWatch accessibility_;
   linux::LinuxControlEndpoint control_;
   linux::MessageBus systemBus_;
   WindowManagerWatch windowManager_;

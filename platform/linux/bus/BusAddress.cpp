@@ -1,6 +1,7 @@
 #include "platform/linux/bus/BusAddress.h"
 
 #include "platform/linux/bus/BusMessage.h"
+#include "platform/linux/bus/BusPointer.h"
 #include "platform/linux/bus/MessagePointer.h"
 #include "platform/linux/system/EnvironmentVariable.h"
 
@@ -9,9 +10,9 @@
 #include <cstdint>
 #include <cstdlib>
 #include <functional>
-#include <memory>
 #include <systemd/sd-bus.h>
 #include <utility>
+#include <vector>
 
 namespace roomlattice::platform::linux {
 namespace {
@@ -19,18 +20,13 @@ namespace {
 using Clock = std::chrono::steady_clock;
 
 constexpr const char* sessionBusVariable = "DBUS_SESSION_BUS_ADDRESS";
-constexpr const char* accessibilityService = "org.a11y.Bus";
+constexpr const char* accessibilityVariable = "AT_SPI_BUS_ADDRESS";
 constexpr const char* accessibilityPath = "/org/a11y/bus";
 
 std::optional<std::string>& hiddenAddress() {
   static std::optional<std::string> address;
   return address;
 }
-
-struct Close {
-  void operator()(sd_bus* bus) const { sd_bus_close_unref(bus); }
-};
-using BusPointer = std::unique_ptr<sd_bus, Close>;
 
 std::uint64_t microsecondsUntil(Clock::time_point end) {
   const auto left = std::chrono::ceil<std::chrono::microseconds>(end - Clock::now());
@@ -45,61 +41,91 @@ struct Visit {
 };
 
 Visit visit(const std::string& address, Clock::time_point end) {
-  sd_bus* made = nullptr;
-  if (sd_bus_new(&made) < 0) {
-    return {};
+  BusPointer bus = openBus(address);
+  if (bus == nullptr) {
+    return {.bus = nullptr, .isMute = errno == EAGAIN};  // as many wait already as may
   }
-  BusPointer bus(made);
-  if (sd_bus_set_address(made, address.c_str()) < 0 || sd_bus_set_bus_client(made, 1) < 0) {
-    return {};
-  }
-  if (const int started = sd_bus_start(made); started < 0) {
-    return {.bus = nullptr, .isMute = started == -EAGAIN};  // as many wait already as may
-  }
-  while (sd_bus_is_ready(made) == 0) {
-    const int processed = sd_bus_process(made, nullptr);
+  while (sd_bus_is_ready(bus.get()) == 0) {
+    const int processed = sd_bus_process(bus.get(), nullptr);
     const std::uint64_t left = microsecondsUntil(end);
     if (processed < 0 || left == 0) {
       return {.bus = nullptr, .isMute = processed >= 0};
     }
     if (processed == 0) {
-      sd_bus_wait(made, left);
+      sd_bus_wait(bus.get(), left);
     }
   }
   return {.bus = std::move(bus)};
 }
 
-/// What answers a call is given to `isMute`, which may look further. A service that nobody offers is not mute.
-bool isMuteService(sd_bus* bus, sd_bus_message* call, Clock::time_point end,
-                   const std::function<bool(const BusMessage&)>& isMute) {
+/// A question to a service, if anybody offers it.
+struct Question {
+  const char* service;
+  const char* path;
+  const char* interface;
+  const char* method;
+  std::vector<const char*> arguments = {};
+};
+
+/// What came of it: a service that nobody offers is not mute, and gives no message, no more than an error does.
+struct Answer {
+  bool isMute = false;
+  BusMessage message{nullptr};
+};
+
+Answer ask(sd_bus* bus, const Question& question, Clock::time_point end) {
+  sd_bus_message* call = nullptr;
+  if (sd_bus_message_new_method_call(bus, &call, question.service, question.path, question.interface, question.method) <
+      0) {
+    return {};
+  }
   const MessagePointer owner(call);
+  for (const char* argument : question.arguments) {
+    sd_bus_message_append(call, "s", argument);
+  }
   sd_bus_message_set_auto_start(call, 0);
   sd_bus_message* answer = nullptr;
   const int result = sd_bus_call(bus, call, std::max<std::uint64_t>(microsecondsUntil(end), 1), nullptr, &answer);
   const MessagePointer answerOwner(answer);
-  return result == -ETIMEDOUT || (result >= 0 && isMute(BusMessage(answer)));
+  return {.isMute = result == -ETIMEDOUT, .message = BusMessage(answer)};
 }
 
-/// The toolkit asks the service for people with disabilities, which is at-spi's (org.a11y.Bus), whether it is in use,
-/// and then for the bus where that takes place.
-bool isAccessibilityMute(sd_bus* bus, Clock::time_point end) {
-  sd_bus_message* isEnabled = nullptr;
-  sd_bus_message* getAddress = nullptr;
-  if (sd_bus_message_new_method_call(bus, &isEnabled, accessibilityService, accessibilityPath,
-                                     "org.freedesktop.DBus.Properties", "Get") < 0 ||
-      sd_bus_message_append(isEnabled, "ss", "org.a11y.Status", "IsEnabled") < 0) {
-    return false;
-  }
-  return isMuteService(bus, isEnabled, end, [&](const BusMessage& answer) {
-    if (!answer.argument<bool>(0).value_or(false) ||
-        sd_bus_message_new_method_call(bus, &getAddress, accessibilityService, accessibilityPath, accessibilityService,
-                                       "GetAddress") < 0) {
-      return false;
+/// The toolkit tells the registry on that bus of itself.
+bool isAccessibilityBusMute(const std::string& address, Clock::time_point end) {
+  const Visit bus = visit(address, end);
+  return bus.isMute || (bus.bus != nullptr && ask(bus.bus.get(),
+                                                  {.service = "org.a11y.atspi.Registry",
+                                                   .path = "/org/a11y/atspi/registry",
+                                                   .interface = "org.freedesktop.DBus.Peer",
+                                                   .method = "Ping"},
+                                                  end)
+                                                  .isMute);
+}
+
+/// The toolkit asks the service in this order whether it is in use, and then for the bus where that takes place.
+bool isAccessibilityServiceMute(sd_bus* bus, Clock::time_point end) {
+  for (const char* property : {"IsEnabled", "ScreenReaderEnabled"}) {
+    const Answer isInUse = ask(bus,
+                               {.service = accessibilityService,
+                                .path = accessibilityPath,
+                                .interface = "org.freedesktop.DBus.Properties",
+                                .method = "Get",
+                                .arguments = {"org.a11y.Status", property}},
+                               end);
+    if (isInUse.isMute) {
+      return true;
     }
-    return isMuteService(bus, getAddress, end, [end](const BusMessage& given) {
-      return visit(given.argument<std::string>(0).value_or(""), end).isMute;
-    });
-  });
+    if (isInUse.message.argument<bool>(0).value_or(false)) {
+      const Answer address = ask(bus,
+                                 {.service = accessibilityService,
+                                  .path = accessibilityPath,
+                                  .interface = accessibilityService,
+                                  .method = "GetAddress"},
+                                 end);
+      return address.isMute || isAccessibilityBusMute(address.message.argument<std::string>(0).value_or(""), end);
+    }
+  }
+  return false;
 }
 
 /// As long as the result lives, the environment has an address there where no bus can be.
@@ -133,7 +159,14 @@ std::string systemBusAddress() {
   return environmentVariable("DBUS_SYSTEM_BUS_ADDRESS").value_or("unix:path=/var/run/dbus/system_bus_socket");
 }
 
-Registration hideMuteBuses(std::chrono::milliseconds limit) {
+bool isAccessibilityMute(std::chrono::milliseconds limit) {
+  const auto end = Clock::now() + limit;
+  const std::optional<std::string> address = sessionBusAddress();
+  const Visit session = address ? visit(*address, end) : Visit();
+  return session.isMute || (session.bus != nullptr && isAccessibilityServiceMute(session.bus.get(), end));
+}
+
+Registration hideMuteBuses(std::chrono::milliseconds limit, const std::string& accessibilityBus) {
   const auto end = Clock::now() + limit;
   const std::optional<std::string> address = sessionBusAddress();
   const Visit session = address ? visit(*address, end) : Visit();
@@ -141,8 +174,10 @@ Registration hideMuteBuses(std::chrono::milliseconds limit) {
     hiddenAddress() = address;
     return leadNowhere(sessionBusVariable, [] { hiddenAddress().reset(); });
   }
-  if (session.bus != nullptr && isAccessibilityMute(session.bus.get(), end)) {
-    return leadNowhere("AT_SPI_BUS_ADDRESS", [] {});
+  const std::string given = environmentVariable(accessibilityVariable).value_or(accessibilityBus);
+  if ((!given.empty() && isAccessibilityBusMute(given, end)) ||
+      (session.bus != nullptr && isAccessibilityServiceMute(session.bus.get(), end))) {
+    return leadNowhere(accessibilityVariable, [] {});
   }
   return {};
 }

@@ -17,17 +17,6 @@ using Clock = std::chrono::steady_clock;
 constexpr int messagesPerTurn = 100;
 constexpr milliseconds timePerTurn{10};
 
-sd_bus* busAt(const std::string& address) {
-  sd_bus* bus = nullptr;
-  if (sd_bus_new(&bus) < 0) {
-    return nullptr;
-  }
-  if (sd_bus_set_address(bus, address.c_str()) < 0 || sd_bus_set_bus_client(bus, 1) < 0 || sd_bus_start(bus) < 0) {
-    return sd_bus_unref(bus);
-  }
-  return bus;
-}
-
 MessagePointer messageOf(sd_bus* bus, const BusCall& call) {
   sd_bus_message* message = nullptr;
   if (bus == nullptr || sd_bus_message_new_method_call(bus, &message, call.service.c_str(), call.path.c_str(),
@@ -96,7 +85,7 @@ std::string ruleOf(const BusSignal& signal) {
 
 MessageBus::MessageBus(Kind kind) {
   if (const auto address = kind == Kind::System ? systemBusAddress() : sessionBusAddress()) {
-    bus_.reset(busAt(*address));
+    bus_ = openBus(*address);
   }
   if (bus_ != nullptr) {
     readable_.setSocket(sd_bus_get_fd(bus_.get()));

@@ -2,6 +2,7 @@
 
 #include "platform/Registration.h"
 #include "platform/linux/bus/BusMessage.h"
+#include "platform/linux/bus/BusPointer.h"
 #include "platform/linux/system/OneShotTimer.h"
 #include "support/Listeners.h"
 
@@ -91,14 +92,10 @@ class MessageBus {
   void listen();
 
  private:
-  struct Close {
-    void operator()(sd_bus* bus) const { sd_bus_close_unref(bus); }
-  };
-
   void process();
   bool processOne();
 
-  std::unique_ptr<sd_bus, Close> bus_;
+  BusPointer bus_;
   Listeners<> lossListeners_;
   bool lossReported_ = false;
   QSocketNotifier readable_{QSocketNotifier::Read};

@@ -4,6 +4,7 @@
 
 #include <csignal>
 #include <cstdlib>
+#include <future>
 
 namespace roomlattice::tests {
 namespace {
@@ -67,6 +68,30 @@ TEST_F(BusAddressTest, OfAMuteBusForAccessibilityIsKeptFromTheToolkit) {
       sd_bus_message_append(answer, "s", address.c_str());
     }
   });
+  EXPECT_TRUE(hideMuteBuses(200ms));
+}
+
+TEST_F(BusAddressTest, OfAServiceThatIsMuteOnlyAboutScreenReadersIsKeptFromTheToolkit) {
+  FakeService launcher(daemon_.address(), "org.a11y.Bus");
+  std::promise<void> over;
+  launcher.answerWith([asked = 0, isOver = over.get_future().share()](sd_bus_message* answer) mutable {
+    if (asked++ > 0) {
+      isOver.wait();
+    }
+    sd_bus_message_append(answer, "v", "b", 0);
+  });
+  EXPECT_TRUE(hideMuteBuses(200ms));
+  over.set_value();
+}
+
+TEST_F(BusAddressTest, OfAMuteRegistryForAccessibilityIsKeptFromTheToolkit) {
+  const TemporaryFolder folder;
+  const BusDaemon accessibility(folder.path());
+  const FakeService registry(accessibility.address(), "org.a11y.atspi.Registry");
+  Environment environment;
+  environment.set("DBUS_SESSION_BUS_ADDRESS", daemon_.address());
+  EXPECT_TRUE(hideMuteBuses(200ms, accessibility.address()));
+  environment.set("AT_SPI_BUS_ADDRESS", accessibility.address());
   EXPECT_TRUE(hideMuteBuses(200ms));
 }
 

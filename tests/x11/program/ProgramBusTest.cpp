@@ -27,6 +27,27 @@ TEST(ProgramBusTest, MayHaveAServiceForAccessibilityThatDoesNotAnswer) {
   EXPECT_TRUE(program.isUp()) << program.process().errorOutput();
 }
 
+TEST(ProgramBusTest, MayBeNamedForAccessibilityByTheServerAndNotAnswer) {
+  X11Session session;
+  const TemporaryFolder folder;
+  const BusDaemon accessibility(folder.path());
+  Environment environment;
+  environment.set("DBUS_SESSION_BUS_ADDRESS", session.busAddress());
+  accessibility.signal(SIGSTOP);
+  session.run({"xprop", "-root", "-f", "AT_SPI_BUS", "8s", "-set", "AT_SPI_BUS", accessibility.address()});
+  Program program;
+  EXPECT_TRUE(program.isUp()) << program.process().errorOutput();
+}
+
+TEST(ProgramBusTest, MayGetAServiceForAccessibilityThatDoesNotAnswer) {
+  X11Session session;
+  Program program;
+  ASSERT_TRUE(program.hasLogged("tour end")) << program.process().errorOutput();
+  const FakeService launcher(std::getenv("DBUS_SESSION_BUS_ADDRESS"), "org.a11y.Bus");
+  session.setDesktopCount(6);
+  EXPECT_TRUE(program.knowsDesktop("desktop-6"));
+}
+
 TEST(ProgramBusTest, NeedNotAnswerWhileTheProgramRuns) {
   X11Session session;
   Program program;

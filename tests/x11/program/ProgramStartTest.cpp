@@ -94,6 +94,27 @@ TEST(ProgramStartTest, NeedsAScreenThatExists) {
   EXPECT_THAT(program.complaints(), ElementsAre(HasSubstr(session.display() + ".7")));
 }
 
+class ProgramStartWithPermissionsTest : public ::testing::TestWithParam<const char*> {};
+
+TEST_P(ProgramStartWithPermissionsTest, ThatAreNoOrdinaryFileIsRefused) {
+  const X11Session session;
+  Environment environment;
+  environment.set("XAUTHORITY", GetParam());
+  Program program;
+  EXPECT_EQ(program.exitStatus(), 1);
+  EXPECT_THAT(program.complaints(), ElementsAre(HasSubstr("XAUTHORITY")));
+}
+
+INSTANTIATE_TEST_SUITE_P(OfTheProgram, ProgramStartWithPermissionsTest, ::testing::Values("/dev/zero", "/tmp"));
+
+TEST(ProgramStartTest, NeedsNoPermissions) {
+  const X11Session session;
+  Environment environment;
+  environment.set("XAUTHORITY", "/dev/null");
+  Program program;
+  EXPECT_TRUE(program.isUp()) << program.process().errorOutput();
+}
+
 TEST(ProgramStartTest, NeedsAWindowManager) {
   const X11Session session({.windowManager = std::nullopt});
   Program program;
