@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <map>
+#include <set>
 #include <tuple>
 #include <utility>
 
@@ -147,9 +148,11 @@ bool ExportedMenu::refresh() {
 }
 
 const ExportedItem* ExportedMenu::item(Identifier identifier) const {
-  const Identifier index = identifier == 0 ? 0 : identifier - firstIdentifier_ + 1;
-  const bool known = index >= 0 && static_cast<std::size_t>(index) < all_.size() && (index > 0 || identifier == 0);
-  return known ? all_[static_cast<std::size_t>(index)] : nullptr;
+  if (identifier != 0 && identifier < firstIdentifier_) {
+    return nullptr;
+  }
+  const auto index = static_cast<std::size_t>(identifier == 0 ? 0 : identifier - firstIdentifier_ + 1);
+  return index < all_.size() ? all_[index] : nullptr;
 }
 
 std::optional<BusError> ExportedMenu::writeLayout(Identifier parent, BusWriter& answer) {
@@ -167,8 +170,10 @@ std::optional<BusError> ExportedMenu::writeLayout(Identifier parent, BusWriter& 
 
 void ExportedMenu::writeProperties(BusWriter& answer, const std::vector<Identifier>& identifiers) const {
   std::vector<std::tuple<Identifier, Properties>> result;
+  std::set<Identifier> told;
   for (const Identifier identifier : identifiers) {
-    if (const ExportedItem* found = item(identifier)) {
+    // The question may be much shorter than the answer would be.
+    if (const ExportedItem* found = item(identifier); found != nullptr && told.insert(identifier).second) {
       result.emplace_back(identifier, propertiesOf(*found));
     }
   }

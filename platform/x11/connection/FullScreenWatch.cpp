@@ -11,14 +11,21 @@ FullScreenWatch::FullScreenWatch(X11Connection& connection, std::function<void()
     : connection_(connection), changed_(std::move(changed)) {
   propertyEvents_ = connection.observe<xcb_property_notify_event_t>([this](const auto& notify) {
     const xcb_ewmh_connection_t& atoms = *connection_.ewmh();
-    if (notify.window == connection_.root() && notify.atom == atoms._NET_ACTIVE_WINDOW) {
-      follow();
-    } else if (notify.window == active_ && notify.atom == atoms._NET_WM_STATE) {
-      update();
-    }
+    isOtherActive_ = isOtherActive_ || (notify.window == connection_.root() && notify.atom == atoms._NET_ACTIVE_WINDOW);
+    isOtherState_ = isOtherState_ || (notify.window == active_ && notify.atom == atoms._NET_WM_STATE);
   });
+  batches_ = connection.observeBatches([this] { batchEnded(); });
   connection.selectOnRoot(XCB_EVENT_MASK_PROPERTY_CHANGE);
   follow();
+}
+
+void FullScreenWatch::batchEnded() {
+  const bool isOtherState = std::exchange(isOtherState_, false);
+  if (std::exchange(isOtherActive_, false)) {
+    follow();
+  } else if (isOtherState) {
+    update();
+  }
 }
 
 void FullScreenWatch::follow() {

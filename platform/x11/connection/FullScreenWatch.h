@@ -19,6 +19,7 @@ class FullScreenWatch {
   const std::optional<QRect>& area() const { return area_; }
 
  private:
+  void batchEnded();
   void follow();
   void update();
   std::optional<QRect> readArea() const;
@@ -27,7 +28,10 @@ class FullScreenWatch {
   std::function<void()> changed_;
   xcb_window_t active_ = XCB_WINDOW_NONE;
   std::optional<QRect> area_;
+  bool isOtherActive_ = false;
+  bool isOtherState_ = false;
   Registration propertyEvents_;
+  Registration batches_;
 };
 
 }  // namespace roomlattice::platform::x11

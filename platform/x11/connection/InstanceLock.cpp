@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace roomlattice::platform::x11 {
 namespace {
@@ -28,17 +29,11 @@ std::unique_ptr<InstanceLock> InstanceLock::acquire(X11Connection& connection) {
 }
 
 InstanceLock::InstanceLock(X11Connection& connection, xcb_atom_t selection)
-    : connection_(connection), owner_(xcb_generate_id(connection.raw())) {
-  clearEvents_ = connection.observe(XCB_SELECTION_CLEAR, [this](const xcb_generic_event_t& event) {
-    if (reinterpret_cast<const xcb_selection_clear_event_t&>(event).owner == owner_) {
-      lossListeners_.notify();
-    }
-  });
-  destroyEvents_ = connection.observe<xcb_destroy_notify_event_t>([this](const auto& event) {
-    if (event.window == owner_) {
-      lossListeners_.notify();
-    }
-  });
+    : connection_(connection), selection_(selection), owner_(xcb_generate_id(connection.raw())) {
+  clearEvents_ = connection.observe(XCB_SELECTION_CLEAR, [this](const xcb_generic_event_t&) { isInDoubt_ = true; });
+  destroyEvents_ = connection.observe<xcb_destroy_notify_event_t>(
+      [this](const auto& event) { isInDoubt_ = isInDoubt_ || event.window == owner_; });
+  batches_ = connection.observeBatches([this] { batchEnded(); });
   constexpr std::uint32_t events = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
   xcb_connection_t* raw = connection.raw();
   xcb_create_window(raw, XCB_COPY_FROM_PARENT, owner_, connection.root(), -1, -1, 1, 1, 0, XCB_WINDOW_CLASS_INPUT_ONLY,
@@ -52,6 +47,14 @@ InstanceLock::InstanceLock(X11Connection& connection, xcb_atom_t selection)
 InstanceLock::~InstanceLock() {
   xcb_destroy_window(connection_.raw(), owner_);
   connection_.flush();
+}
+
+/// Any client can send such events: the server knows.
+void InstanceLock::batchEnded() {
+  const bool isLost = std::exchange(isInDoubt_, false) && connection_.selectionOwner(selection_) != owner_;
+  if (isLost && !connection_.isLost()) {
+    lossListeners_.notify();
+  }
 }
 
 }  // namespace roomlattice::platform::x11

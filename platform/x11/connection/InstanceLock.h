@@ -30,11 +30,16 @@ class InstanceLock {
  private:
   InstanceLock(X11Connection& connection, xcb_atom_t selection);
 
+  void batchEnded();
+
   X11Connection& connection_;
+  xcb_atom_t selection_;
   xcb_window_t owner_;
+  bool isInDoubt_ = false;
   Listeners<> lossListeners_;
   Registration clearEvents_;
   Registration destroyEvents_;
+  Registration batches_;
 };
 
 }  // namespace roomlattice::platform::x11

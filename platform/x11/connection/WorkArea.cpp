@@ -3,6 +3,7 @@
 #include "platform/x11/connection/Properties.h"
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 namespace roomlattice::platform::x11 {
@@ -10,11 +11,17 @@ namespace {
 
 using Numbers = std::vector<std::uint32_t>;
 
+/// Anybody may write any number there. X knows no place farther away than this.
+int pixels(std::uint32_t number) {
+  constexpr std::uint32_t farthest = 65535;
+  return static_cast<int>(std::min(number, farthest));
+}
+
 /// EWMH: four numbers for each desktop.
 std::optional<QRect> commonArea(const Numbers& numbers) {
   std::optional<QRect> common;
   for (std::size_t index = 0; index + 3 < numbers.size(); index += 4) {
-    const auto number = [&](std::size_t offset) { return static_cast<int>(numbers[index + offset]); };
+    const auto number = [&](std::size_t offset) { return pixels(numbers[index + offset]); };
     const QRect area(number(0), number(1), number(2), number(3));
     common = common ? *common & area : area;
   }
@@ -24,7 +31,7 @@ std::optional<QRect> commonArea(const Numbers& numbers) {
 /// `screen` without what a strut takes of it; `numbers` are those of a partial one, or the first four of them.
 QRect without(const Numbers& numbers, const QRect& screen, const QSize& root) {
   // EWMH: the depths at the left, the right, the top and the bottom of the root window, then from where to where each.
-  const auto number = [&](std::size_t index) { return static_cast<int>(numbers[index]); };
+  const auto number = [&](std::size_t index) { return pixels(numbers[index]); };
   const auto meets = [&](std::size_t side, int first, int last) {
     const std::size_t range = 4 + 2 * side;
     return numbers.size() < range + 2 || (number(range) <= last && number(range + 1) >= first);
@@ -53,7 +60,11 @@ QRect without(const Numbers& numbers, const QRect& screen, const QSize& root) {
 
 WorkArea::WorkArea(X11Connection& connection) : connection_(connection) {
   propertyEvents_ = connection.observe<xcb_property_notify_event_t>([this](const auto& notify) {
-    if (notify.window == connection_.root() && notify.atom == connection_.ewmh()->_NET_WORKAREA) {
+    const bool isArea = notify.window == connection_.root() && notify.atom == connection_.ewmh()->_NET_WORKAREA;
+    isOutOfDate_ = isOutOfDate_ || isArea;
+  });
+  batches_ = connection.observeBatches([this] {
+    if (std::exchange(isOutOfDate_, false)) {
       read();
       listeners_.notify();
     }

@@ -35,8 +35,10 @@ class WorkArea {
   X11Connection& connection_;
   // Free on every desktop.
   std::optional<QRect> area_;
+  bool isOutOfDate_ = false;
   Listeners<> listeners_;
   Registration propertyEvents_;
+  Registration batches_;
 };
 
 }  // namespace roomlattice::platform::x11

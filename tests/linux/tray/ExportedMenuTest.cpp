@@ -9,6 +9,7 @@
 #include <QDBusPendingReply>
 #include <QDBusVariant>
 #include <gmock/gmock.h>
+#include <limits>
 #include <optional>
 #include <set>
 
@@ -192,6 +193,33 @@ TEST_F(ExportedMenuTest, TellsOfChangesAndStillKnowsWhatWasShown) {
 
 TEST_F(ExportedMenuTest, RefusesItemsThatItDoesNotHave) {
   EXPECT_EQ(ask(QStringLiteral("GetLayout"), {1000, -1, QStringList()}).type(), QDBusMessage::ErrorMessage);
+}
+
+TEST_F(ExportedMenuTest, RefusesIdentifiersThatItHasNeverGiven) {
+  layout();
+  for (const int identifier : {std::numeric_limits<int>::min(), -1, 6 + 1, std::numeric_limits<int>::max()}) {
+    EXPECT_EQ(ask(QStringLiteral("GetLayout"), {identifier, -1, QStringList()}).type(), QDBusMessage::ErrorMessage);
+    click(identifier);
+  }
+  EXPECT_THAT(chosen_, ElementsAre());
+}
+
+TEST_F(ExportedMenuTest, TellsThePropertiesOfAnItemOnceHoweverOftenSomebodyAsks) {
+  const int first = layout().children.at(0).identifier;
+  QList<int> often(1000, first + 1);
+  often.push_back(first);
+  const QDBusMessage answer = ask(QStringLiteral("GetGroupProperties"), {QVariant::fromValue(often), QStringList()});
+  const auto list = answer.arguments().value(0).value<QDBusArgument>();
+  std::vector<int> told;
+  list.beginArray();
+  while (!list.atEnd()) {
+    QVariantMap properties;
+    list.beginStructure();
+    list >> told.emplace_back() >> properties;
+    list.endStructure();
+  }
+  list.endArray();
+  EXPECT_THAT(told, ElementsAre(first + 1, first));
 }
 
 TEST_F(ExportedMenuTest, TellsThePropertiesOfSeveralItems) {

@@ -2,6 +2,8 @@
 #include "tests/x11/session/Program.h"
 #include "tests/x11/session/X11Session.h"
 
+#include <array>
+#include <cstring>
 #include <gmock/gmock.h>
 
 namespace roomlattice::tests {
@@ -51,6 +53,32 @@ TEST(ProgramClaimTest, IsMissedWhenAnotherClientDestroysIt) {
   connection->waitForServer();
   EXPECT_EQ(program.exitStatus(), 1);
   EXPECT_THAT(program.complaints(), ElementsAre(HasSubstr("taken over the X11 display")));
+}
+
+TEST(ProgramClaimTest, IsNotMissedWhenAnotherClientOnlySaysSo) {
+  X11Session session;
+  Program program;
+  ASSERT_TRUE(program.isUp()) << program.process().errorOutput();
+  const auto connection = X11Connection::open();
+  const xcb_atom_t claim = connection->atom("_ROOMLATTICE_S0");
+  const xcb_window_t owner = connection->selectionOwner(claim);
+  xcb_selection_clear_event_t clear{};
+  clear.response_type = XCB_SELECTION_CLEAR;
+  clear.owner = owner;
+  clear.selection = claim;
+  xcb_destroy_notify_event_t destroy{};
+  destroy.response_type = XCB_DESTROY_NOTIFY;
+  destroy.event = owner;
+  destroy.window = owner;
+  std::array<char, 32> bytes{};
+  std::memcpy(bytes.data(), &clear, sizeof clear);
+  xcb_send_event(connection->raw(), 0, owner, XCB_EVENT_MASK_NO_EVENT, bytes.data());
+  std::memcpy(bytes.data(), &destroy, sizeof destroy);
+  xcb_send_event(connection->raw(), 0, owner, XCB_EVENT_MASK_NO_EVENT, bytes.data());
+  connection->waitForServer();
+  session.setDesktopCount(6);
+  EXPECT_TRUE(program.knowsDesktop("desktop-6"));
+  EXPECT_THAT(program.complaints(), ElementsAre());
 }
 
 }  // namespace
