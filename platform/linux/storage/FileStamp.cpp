@@ -1,6 +1,13 @@
 #include "platform/linux/storage/FileStamp.h"
 
 namespace roomlattice::platform::linux {
+namespace {
+
+bool same(const timespec& a, const timespec& b) {
+  return a.tv_sec == b.tv_sec && a.tv_nsec == b.tv_nsec;
+}
+
+}  // namespace
 
 FileStamp::FileStamp(const struct stat& status)
     : device(status.st_dev),
@@ -16,9 +23,11 @@ std::chrono::nanoseconds FileStamp::age() const {
 }
 
 bool FileStamp::operator==(const FileStamp& other) const {
-  const auto same = [](const timespec& a, const timespec& b) { return a.tv_sec == b.tv_sec && a.tv_nsec == b.tv_nsec; };
-  return device == other.device && inode == other.inode && size == other.size && same(modified, other.modified) &&
-         same(changed, other.changed);
+  return equalsApartFromName(other) && same(changed, other.changed);
+}
+
+bool FileStamp::equalsApartFromName(const FileStamp& other) const {
+  return device == other.device && inode == other.inode && size == other.size && same(modified, other.modified);
 }
 
 }  // namespace roomlattice::platform::linux

@@ -17,6 +17,9 @@ struct FileStamp {
 
   bool operator==(const FileStamp& other) const;
 
+  /// The same but for what a rename changes.
+  bool equalsApartFromName(const FileStamp& other) const;
+
   dev_t device;
   ino_t inode;
   off_t size;

@@ -107,6 +107,38 @@ bool writeNewFile(const Path& name, const std::string& text, const std::optional
   return writeAll(file.get(), text) && fsync(file.get()) == 0;
 }
 
+std::optional<FileStamp> stampOf(const Path& path) {
+  struct stat status {};
+  return ::stat(path.c_str(), &status) == 0 ? std::optional(FileStamp(status)) : std::nullopt;
+}
+
+/// Puts `made` in the place of `name`. A plain rename would lose what others have put there since it was looked at. So
+/// the two change places, and when it was not what was expected that was there, they change back.
+SettingsFile::WriteResult replace(const Path& name, const Path& made, const std::optional<FileStamp>& expected) {
+  using enum SettingsFile::WriteResult;
+  const auto exchange = [&](unsigned flags) {
+    return renameat2(AT_FDCWD, made.c_str(), AT_FDCWD, name.c_str(), flags) == 0;
+  };
+  if (!exchange(expected ? RENAME_EXCHANGE : RENAME_NOREPLACE)) {
+    if (errno == EINVAL || errno == ENOSYS) {
+      // A file system without that.
+      return rename(made.c_str(), name.c_str()) == 0 ? Written : Failed;
+    }
+    const bool isOther = errno == (expected ? ENOENT : EEXIST);
+    return isOther ? ChangedMeanwhile : Failed;
+  }
+  if (!expected) {
+    return Written;
+  }
+  const std::optional<FileStamp> former = stampOf(made);
+  if (!former || !former->equalsApartFromName(*expected)) {
+    exchange(RENAME_EXCHANGE);
+    return ChangedMeanwhile;
+  }
+  unlink(made.c_str());
+  return Written;
+}
+
 /// Where links lead to, whether anything stands there or not.
 Path endOfLinks(Path name) {
   // As many links as the system itself follows.
@@ -129,8 +161,7 @@ bool isLink(const Path& name) {
 }  // namespace
 
 std::optional<FileStamp> SettingsFile::stamp() const {
-  struct stat status {};
-  return ::stat(path_.c_str(), &status) == 0 ? std::optional(FileStamp(status)) : std::nullopt;
+  return stampOf(path_);
 }
 
 SettingsFile::ReadResult SettingsFile::read() const {
@@ -179,19 +210,17 @@ SettingsFile::WriteResult SettingsFile::write(const std::string& text, const std
   const Path temporary = withSuffix(name, ".new");
   struct stat status {};
   const bool keepsAccess = name != path_ && ::stat(name.c_str(), &status) == 0;
-  const bool prepared = writeNewFile(temporary, text, keepsAccess ? std::optional(status) : std::nullopt);
-  if (prepared && stamp() != expected) {
-    unlink(temporary.c_str());
-    return WriteResult::ChangedMeanwhile;
+  WriteResult result = WriteResult::Failed;
+  if (writeNewFile(temporary, text, keepsAccess ? std::optional(status) : std::nullopt)) {
+    result = stamp() == expected ? replace(name, temporary, expected) : WriteResult::ChangedMeanwhile;
   }
-  if (!prepared || rename(temporary.c_str(), name.c_str()) != 0) {
-    const int number = errno;
-    unlink(temporary.c_str());
-    reason = errorText(number);
-    return WriteResult::Failed;
+  if (result == WriteResult::Written) {
+    syncFolder(name.parent_path());
+    return result;
   }
-  syncFolder(name.parent_path());
-  return WriteResult::Written;
+  reason = errorText(errno);
+  unlink(temporary.c_str());
+  return result;
 }
 
 std::optional<std::filesystem::path> SettingsFile::setAside() const {

@@ -2,11 +2,15 @@
 
 #include "tests/linux/session/Environment.h"
 #include "tests/linux/session/TextFile.h"
+#include "tests/linux/session/Wait.h"
 
 #include <algorithm>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <stop_token>
+#include <string>
 #include <sys/stat.h>
+#include <thread>
 #include <unistd.h>
 
 namespace roomlattice::tests {
@@ -49,6 +53,25 @@ TEST_F(SettingsFileTest, IsNotMadeAnewWhenItHasGoneMeanwhile) {
   std::filesystem::remove(path_);
   EXPECT_EQ(file_.write("{}", stamp, reason_), SettingsFile::WriteResult::ChangedMeanwhile);
   EXPECT_EQ(file_.write("{}", std::nullopt, reason_), SettingsFile::WriteResult::Written);
+}
+
+TEST_F(SettingsFileTest, KeepsWhatAnEditorSavesAtAnyMomentOfAWrite) {
+  writeText(path_, "0");
+  // Writes what it has read with a mark before it, as fast as it can.
+  const std::jthread program([this](const std::stop_token& stop) {
+    while (!stop.stop_requested()) {
+      const auto stamp = file_.stamp();
+      const std::string text = textOf(path_);
+      file_.write(text.starts_with("+") ? text : "+" + text, stamp, reason_);
+    }
+  });
+  const std::filesystem::path saved = folder_.path() / "saved";
+  for (int number = 1; number <= 300; ++number) {
+    const std::string text = std::to_string(number);
+    writeText(saved, text);
+    std::filesystem::rename(saved, path_);
+    ASSERT_TRUE(waitFor([&] { return textOf(path_) == "+" + text; }, std::chrono::seconds(5))) << textOf(path_);
+  }
 }
 
 TEST_F(SettingsFileTest, KeepsTheOldestAndTheLastOfDamagedOnes) {
