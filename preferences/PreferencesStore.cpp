@@ -107,6 +107,9 @@ SpaceColors PreferencesStore::spaceColors() const {
   if (data == nullptr) {
     return {};
   }
+  if (!isReadable(*data)) {
+    return {};
+  }
   if (decoded_.text != *data) {
     const std::optional<Value> document = platform_.json().decode(*data);
     decoded_ = {*data, document ? decodeSpaceColors(*document).value_or(SpaceColors()) : SpaceColors()};
@@ -115,7 +118,10 @@ SpaceColors PreferencesStore::spaceColors() const {
 }
 
 void PreferencesStore::setSpaceColors(const SpaceColors& colors) {
-  if (std::optional<Value::Data> data = platform_.json().encode(encode(colors))) {
+  const std::optional<Value> before = platform_.defaults().object(spaceColorsKey);
+  const Value::Data* stored = before ? before->asData() : nullptr;
+  std::optional<Value::Data> data = platform_.json().encode(encode(colors));
+  if (data && isReadable(*data) && (stored == nullptr || isReadable(*stored))) {
     platform_.defaults().set(spaceColorsKey, *std::move(data));
   }
   platform_.notifications().defaultCenter().post(didChange);
@@ -133,6 +139,14 @@ void PreferencesStore::applyPalette(const ColorPalette& palette) {
   DesktopColors colors = desktopColors();
   colors.apply(palette);
   setSpaceColors(colors.stored());
+}
+
+bool PreferencesStore::isReadable(const Value::Data& colors) const {
+  const bool isTooLong = colors.size() > maximumColorsSize;
+  if (isTooLong && !std::exchange(toldOfLength_, true)) {
+    platform_.system().log("[Roomlattice] SpaceColors is too long to be read, and left as it is");
+  }
+  return !isTooLong;
 }
 
 double PreferencesStore::number(const char* key, double fallback) const {

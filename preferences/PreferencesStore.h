@@ -4,6 +4,7 @@
 #include "preferences/DesktopColors.h"
 #include "spaces/SpaceManager.h"
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -54,10 +55,14 @@ class PreferencesStore {
   ColorMode colorMode() const;
   void setColorMode(ColorMode mode);
 
-  /// Empty when nothing is stored or what is stored cannot be decoded as a whole.
+  /// Of stored colours, in bytes: those of some seven thousand desktops. Reading more would be felt.
+  static constexpr std::size_t maximumColorsSize = 2 << 20;
+
+  /// Empty when nothing is stored or what is stored is too long, or cannot be decoded as a whole.
   SpaceColors spaceColors() const;
 
-  /// Stores the whole dictionary. Colours that have no JSON form leave the stored ones as they are.
+  /// Stores the whole dictionary. Colours that have no JSON form, or too long a one, leave the stored ones as they are,
+  /// and so do any while those that are stored are too many to be read: they would be lost.
   void setSpaceColors(const SpaceColors& colors);
 
   /// The colours of the desktops as they are now.
@@ -77,6 +82,7 @@ class PreferencesStore {
   bool flag(const char* key, bool fallback) const;
   std::string string(const char* key) const;
   void write(const char* key, const platform::Value& value);
+  bool isReadable(const platform::Value::Data& colors) const;
 
   platform::Platform& platform_;
   const SpaceManager& spaces_;
@@ -87,6 +93,7 @@ class PreferencesStore {
     SpaceColors colors;
   };
   mutable Decoded decoded_;
+  mutable bool toldOfLength_ = false;
   platform::Registration changesElsewhere_;
 };
 

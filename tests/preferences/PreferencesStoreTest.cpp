@@ -1,8 +1,10 @@
 #include "preferences/PreferencesStore.h"
 
+#include "support/JsonText.h"
 #include "tests/support/SimulatedFixture.h"
 
 #include <functional>
+#include <gmock/gmock.h>
 #include <limits>
 #include <span>
 #include <string>
@@ -119,6 +121,34 @@ TEST_F(PreferencesStoreTest, PostsOneChangeForEveryWriteEvenOfTheSameValue) {
       EXPECT_EQ(changes([&] { setting.set(store, true); }), 1) << setting.key;
     }
   }
+}
+
+SpaceColors colorsOf(std::size_t desktops) {
+  SpaceColors colors;
+  for (std::size_t number = 0; number < desktops; ++number) {
+    colors[std::string(500, '-') + std::to_string(number)] = {{0.25, 0.5, 0.125, 1.0}, {0.5, 0.25, 0.75, 1.0}};
+  }
+  return colors;
+}
+
+TEST_F(PreferencesStoreTest, KeepsColorsOfAlmostAsMuchTextAsItReads) {
+  store.setSpaceColors(colorsOf(3'000));
+  EXPECT_EQ(store.spaceColors(), colorsOf(3'000));
+}
+
+TEST_F(PreferencesStoreTest, LeavesColorsAloneThatAreTooManyToRead) {
+  storeJson(toJson(encode(colorsOf(4'000)), JsonLayout::Compact).value());
+  const Value before = stored("SpaceColors");
+  EXPECT_TRUE(store.spaceColors().empty());
+  EXPECT_EQ(changes([this] { store.applyPalette(PreferencesStore::palettes().front()); }), 1);
+  EXPECT_EQ(stored("SpaceColors"), before);
+  EXPECT_THAT(desktop.log().texts(), ::testing::Contains(::testing::HasSubstr("SpaceColors")).Times(1));
+}
+
+TEST_F(PreferencesStoreTest, DoesNotStoreMoreColorsThanCanBeRead) {
+  store.setSpaceColors(colorsOf(1));
+  EXPECT_EQ(changes([this] { store.setSpaceColors(colorsOf(4'000)); }), 1);
+  EXPECT_EQ(store.spaceColors(), colorsOf(1));
 }
 
 TEST_F(PreferencesStoreTest, StoresBeforeItPosts) {
