@@ -10,7 +10,8 @@ namespace roomlattice::platform::linux {
 void endWithALineWhereNothingHelps();
 
 /// What the limits of the process leave too little of for a program with windows, in words; nothing where they suffice.
-/// Raises the number of files that may be open as far as that is allowed.
+/// Raises the number of files that may be open, and stacks, as far as that is allowed. To be called while there is one
+/// thread.
 std::optional<std::string> lackOfResources();
 
 }  // namespace roomlattice::platform::linux

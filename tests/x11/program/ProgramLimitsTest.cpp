@@ -7,6 +7,7 @@
 #include <gmock/gmock.h>
 #include <string>
 #include <string_view>
+#include <unistd.h>
 
 namespace roomlattice::tests {
 namespace {
@@ -32,7 +33,8 @@ constexpr bool takesAllAddressSpace = false;
 class ProgramLimitsTest : public ::testing::TestWithParam<const char*> {};
 
 TEST_P(ProgramLimitsTest, ThatAreTooTightAreNamedInOneLine) {
-  if (takesAllAddressSpace && !std::string_view(GetParam()).starts_with("-n")) {
+  const std::string_view kind = std::string_view(GetParam()).substr(0, 2);
+  if (takesAllAddressSpace && (kind == "-v" || kind == "-d")) {
     GTEST_SKIP() << "The address sanitizer needs more address space than this.";
   }
   const X11Session session;
@@ -43,14 +45,26 @@ TEST_P(ProgramLimitsTest, ThatAreTooTightAreNamedInOneLine) {
 
 INSTANTIATE_TEST_SUITE_P(OfEachKind, ProgramLimitsTest,
                          ::testing::Values("-n 12", "-n 16", "-n 24", "-n 32", "-n 48", "-n 64", "-v 300000",
-                                           "-v 600000", "-d 30000"));
+                                           "-v 600000", "-d 30000", "-s 64", "-s 256"));
+
+TEST(ProgramLimitsOfThreadsTest, AreNamedInOneLine) {
+  const X11Session session;
+  Environment environment;
+  // The sanitizer looks for leaks by a thread of its own.
+  environment.set("ASAN_OPTIONS", "detect_leaks=0");
+  // The superuser has no such limit.
+  const std::string asUser = geteuid() == 0 ? "setpriv --reuid=65534 --regid=65534 --clear-groups " : "";
+  Program program = Program::throughShell("exec " + asUser + "prlimit --nproc=1 \"$0\"");
+  EXPECT_EQ(program.exitStatus(), 1);
+  EXPECT_THAT(program.complaints(), ElementsAre(HasSubstr("ulimit -u")));
+}
 
 TEST(ProgramLimitsWideEnoughTest, LetTheProgramRun) {
   if (takesAllAddressSpace) {
     GTEST_SKIP() << "The address sanitizer needs more address space than this.";
   }
   const X11Session session;
-  Program program = Program::throughShell("ulimit -S -n 64; ulimit -v 1200000; exec \"$0\"");
+  Program program = Program::throughShell("ulimit -S -n 64; ulimit -S -s 64; ulimit -v 1200000; exec \"$0\"");
   EXPECT_TRUE(program.isUp()) << program.process().errorOutput();
 }
 
