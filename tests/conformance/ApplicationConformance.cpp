@@ -9,11 +9,12 @@ TEST_F(ApplicationConformance, TellsOnceThatItHasLaunched) {
   int launches = 0;
   platform::Application& application = platform().application();
   application.setActivationPolicy(platform::ActivationPolicy::Accessory);
-  const platform::Registration end = platform().dispatcher().schedule(std::chrono::milliseconds(50), [&] {
-    EXPECT_EQ(launches, 1);
-    application.terminate();
-  });
-  EXPECT_EQ(application.run([&] { ++launches; }), 0);
+  platform::Registration end;
+  const auto launched = [&] {
+    ++launches;
+    end = platform().dispatcher().schedule(std::chrono::milliseconds(50), [&] { application.terminate(); });
+  };
+  EXPECT_EQ(application.run(launched), 0);
   EXPECT_EQ(launches, 1);
 }
 

@@ -25,7 +25,7 @@ TEST_F(DispatcherConformance, RunsNoTaskWithinTheCallThatSchedulesIt) {
 
 TEST_F(DispatcherConformance, OrdersByDueTimeThenByScheduling) {
   std::string order;
-  dispatcher().asyncAfter(80ms, [&] { order += "d"; });
+  dispatcher().asyncAfter(400ms, [&] { order += "d"; });
   dispatcher().asyncAfter(40ms, [&] { order += "c"; });
   dispatcher().async([&] { order += "a"; });
   dispatcher().async([&] { order += "b"; });

@@ -36,6 +36,11 @@ class X11Backend final : public Backend {
     other_.emplace(platform::linux::MessageBus::Kind::Session);
   }
 
+  /// A program has its event loop until it ends: what was to be deleted in that is.
+  ~X11Backend() override { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
+  X11Backend(const X11Backend&) = delete;
+  X11Backend& operator=(const X11Backend&) = delete;
+
   platform::Platform& platform() override { return *platform_; }
   bool runUntil(const std::function<bool()>& condition) override { return waitFor(condition); }
   void runFor(std::chrono::milliseconds duration) override {

@@ -38,8 +38,10 @@ BusDaemon::BusDaemon(const std::filesystem::path& folder) {
   if (address_.empty()) {
     throw std::runtime_error("the message bus did not start: " + process_->errorOutput());
   }
-  environment_.set("DBUS_SESSION_BUS_ADDRESS", address_);
-  environment_.set("DBUS_SYSTEM_BUS_ADDRESS", address_);
+}
+
+Environment::Variables BusDaemon::variables() const {
+  return {{"DBUS_SESSION_BUS_ADDRESS", address_}, {"DBUS_SYSTEM_BUS_ADDRESS", address_}};
 }
 
 }  // namespace roomlattice::tests

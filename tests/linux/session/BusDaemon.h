@@ -9,8 +9,7 @@
 
 namespace roomlattice::tests {
 
-/// A message bus of a test's own, in `folder`. As long as this object lives the environment has it for the session's
-/// bus, and for the machine's: that one would bring the machine's sleep and its settings into the tests.
+/// A message bus of a test's own, in `folder`.
 class BusDaemon {
  public:
   explicit BusDaemon(const std::filesystem::path& folder);
@@ -18,12 +17,15 @@ class BusDaemon {
   /// Stays the same when it has stopped.
   const std::string& address() const { return address_; }
 
+  /// Make it the session's bus, and the machine's: that one would bring the machine's sleep and its settings into the
+  /// tests.
+  Environment::Variables variables() const;
+
   void signal(int number) const { process_->signal(number); }
   void stop() { process_->kill(); }
 
  private:
   std::string address_;
-  Environment environment_;
   std::unique_ptr<ChildProcess> process_;
 };
 

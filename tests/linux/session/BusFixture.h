@@ -16,6 +16,7 @@ class BusTest : public ::testing::Test {
  protected:
   TemporaryFolder folder_;
   BusDaemon daemon_{folder_.path()};
+  Environment busEnvironment_{daemon_.variables()};
   ToolkitApplication<QCoreApplication> qt_;
 };
 

@@ -16,6 +16,12 @@ void change(const std::string& name, const std::optional<std::string>& value) {
 
 }  // namespace
 
+Environment::Environment(const Variables& variables) {
+  for (const auto& [name, value] : variables) {
+    set(name, value);
+  }
+}
+
 Environment::~Environment() {
   for (const auto& [name, value] : before_) {
     change(name, value);

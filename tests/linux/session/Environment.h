@@ -10,7 +10,10 @@ namespace roomlattice::tests {
 /// Changes of the process's environment that end with this object.
 class Environment {
  public:
+  using Variables = std::map<std::string, std::optional<std::string>>;
+
   Environment() = default;
+  explicit Environment(const Variables& variables);
   ~Environment();
   Environment(const Environment&) = delete;
   Environment& operator=(const Environment&) = delete;
@@ -19,7 +22,7 @@ class Environment {
   void set(const std::string& name, const std::optional<std::string>& value);
 
  private:
-  std::map<std::string, std::optional<std::string>> before_;
+  Variables before_;
 };
 
 /// A folder that is gone, with all that is in it, with this object.

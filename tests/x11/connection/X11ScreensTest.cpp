@@ -21,6 +21,8 @@ using ::testing::ElementsAre;
 
 class X11ScreensTest : public ::testing::Test {
  protected:
+  X11ScreensTest() { session_.changesMonitors(); }
+
   /// Cuts the server's screen into two monitors, the right one of which is lower and smaller.
   void addSecondMonitor() {
     session_.run({"xrandr", "--setmonitor", "left", "800/200x600/150+0+0", "screen"});

@@ -35,6 +35,7 @@ TEST_F(FloatingItemTest, IsNeverWiderThanTheScreen) {
 }
 
 TEST_F(FloatingItemTest, GoesToTheMiddleOfAResizedScreen) {
+  ui_.session.changesMonitors();
   show(redTitle(" Mail "));
   ASSERT_TRUE(standsInTheMiddle(titleWidth(" Mail ")));
   ui_.session.run({"xrandr", "--newmode", "smaller", "36", "800", "824", "896", "1024", "600", "601", "603", "625"});

@@ -83,6 +83,7 @@ class HostedViewTest : public ::testing::Test {
   }
 
   static void settle() {
+    QGuiApplication::sync();
     static_cast<void>(waitFor([] { return false; }, 200ms));
   }
 

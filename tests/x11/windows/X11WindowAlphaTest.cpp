@@ -23,8 +23,10 @@ TEST_F(X11WindowAlphaTest, AnimatesItsAlphaToTheEnd) {
 
 TEST_F(X11WindowAlphaTest, PassesThroughTheValuesBetween) {
   const auto window = makeOn(0);
-  window->animateAlpha(0.0, 200ms, [] {});
-  EXPECT_TRUE(waitFor([&] { return window->alpha() < 0.9 && window->alpha() > 0.1; }));
+  window->animateAlpha(0.0, 10s, [] {});
+  EXPECT_TRUE(waitFor([&] { return window->alpha() < 0.99; }));
+  EXPECT_GT(window->alpha(), 0.0);
+  window->animateAlpha(0.0, 50ms, [] {});
   EXPECT_TRUE(waitFor([&] { return window->alpha() == 0.0; }));
 }
 

@@ -5,6 +5,7 @@
 #include "tests/x11/session/UserInterfaceFixture.h"
 #include "tests/x11/session/WindowProbe.h"
 
+#include <QGuiApplication>
 #include <QTimer>
 #include <chrono>
 #include <gtest/gtest.h>
@@ -71,6 +72,7 @@ class X11WindowTest : public ::testing::Test {
 
   /// Everything that was sent has had its effect.
   void settle(std::chrono::milliseconds time = std::chrono::milliseconds(200)) {
+    QGuiApplication::sync();
     bool done = false;
     QTimer::singleShot(time, [&done] { done = true; });
     ASSERT_TRUE(waitFor([&done] { return done; }));

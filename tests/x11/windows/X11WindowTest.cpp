@@ -108,7 +108,7 @@ TEST_P(X11WindowUnderTest, GoesBackHoweverOftenItIsTakenAwayInTheCourseOfTime) {
   for (int time = 0; time < 4; ++time) {
     ui_.session.run({"xdotool", "set_desktop_for_window", id, "1"});
     settle(time < 2 ? 200ms : 1100ms);
-    EXPECT_EQ(probe(*window).desktop(), 2U);
+    EXPECT_TRUE(waitFor([&] { return probe(*window).desktop() == 2U; }));
   }
 }
 
@@ -205,6 +205,7 @@ TEST_P(X11WindowUnderTest, ShowsNothingAtAlphaZero) {
 INSTANTIATE_TEST_SUITE_P(OnEvery, X11WindowUnderTest, everyWindowManager(), ::testing::PrintToStringParamName());
 
 TEST_F(X11WindowTest, MovesWithThePrimaryScreenWhenItIsPlacedAnew) {
+  ui_.session.changesMonitors();
   ui_.session.run({"xrandr", "--setmonitor", "one", "800/200x600/150+0+0", "screen"});
   ASSERT_TRUE(waitFor([this] { return ui_.screens.toQt(platform::Point{0, 0}) == QPointF(0, 600); }));
   const auto window = makeOn(0);
