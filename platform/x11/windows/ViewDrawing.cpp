@@ -65,9 +65,10 @@ void ViewDrawing::paint(QPainter& painter, const Blending& blending) const {
     if (blending.solid) {
       color.setAlphaF(1.0F);
     }
+    const double radius = blending.solid ? 0.0 : content_.cornerRadius;
     painter.setPen(Qt::NoPen);
     painter.setBrush(color);
-    painter.drawRoundedRect(bounds, content_.cornerRadius, content_.cornerRadius);
+    painter.drawRoundedRect(bounds, radius, radius);
   }
   for (const std::unique_ptr<ElementView>& element : elements_) {
     element->paint(painter);

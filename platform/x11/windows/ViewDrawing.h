@@ -14,7 +14,8 @@ namespace roomlattice::platform::x11 {
 
 /// How far what is drawn shows of what is below it.
 struct Blending {
-  /// Nothing is blended with what is below: the background is drawn without its transparency.
+  /// Nothing is blended with what is below: the background is drawn without its transparency, and to the corners, which
+  /// are for the window's shape to cut.
   bool solid = false;
   /// The opacity of all that is drawn.
   double opacity = 1.0;
