@@ -16,6 +16,12 @@ using platform::x11::readNumbers;
 using platform::x11::replyTo;
 using platform::x11::X11Connection;
 
+namespace {
+
+constexpr std::chrono::milliseconds lookAgain(5);
+
+}  // namespace
+
 DesktopScreen::DesktopScreen() : connection_(X11Connection::open()) {
   if (connection_ == nullptr) {
     fatal("no X server answers");
@@ -40,8 +46,10 @@ bool DesktopScreen::waitUntil(std::chrono::milliseconds limit, const std::functi
       return false;
     }
     connection_->flush();
+    // What an answer to `done` has brought along waits in the library, where poll does not see it.
+    const auto longest = std::min<std::chrono::milliseconds>(left, lookAgain);
     pollfd events{.fd = xcb_get_file_descriptor(connection_->raw()), .events = POLLIN, .revents = 0};
-    poll(&events, 1, static_cast<int>(left.count()));
+    poll(&events, 1, static_cast<int>(longest.count()));
   }
 }
 

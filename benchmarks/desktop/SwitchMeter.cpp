@@ -112,6 +112,13 @@ SwitchMeter::Pictures SwitchMeter::pictures(xcb_window_t window, int switches) {
   return result;
 }
 
+void SwitchMeter::visitAll() {
+  for (std::uint32_t desktop = 0; desktop < screen_.desktopCount(); ++desktop) {
+    screen_.switchTo(desktop);
+    screen_.waitUntil(picturesEnd, [] { return false; });
+  }
+}
+
 SwitchMeter::Cost SwitchMeter::cost(const ProcessFigures& program, const ProcessFigures& server, int switches,
                                     std::chrono::milliseconds pace) {
   const Cost before{program.processorTime(), server.processorTime()};

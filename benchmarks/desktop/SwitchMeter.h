@@ -26,6 +26,9 @@ class SwitchMeter {
   /// When the window shows the new desktop.
   Pictures pictures(xcb_window_t window, int switches);
 
+  /// Has each desktop in front once, so that whatever is kept for the next time is there then.
+  void visitAll();
+
   struct Cost {
     std::chrono::nanoseconds own{0};
     std::chrono::nanoseconds server{0};

@@ -1,6 +1,7 @@
 #include "benchmarks/desktop/SwitchMeter.h"
 #include "support/Fatal.h"
 
+#include <array>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
@@ -19,11 +20,22 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr int switchCount = 100;
+constexpr int pictureCount = 60;
 constexpr int fadeCount = 10;
+constexpr int hundred = 100;
 constexpr auto startLimit = 20s;
 constexpr auto tourLimit = 120s;
 constexpr auto rest = 1000ms;
+constexpr auto idleTime = 10s;
+constexpr auto idleUnit = 30s;
+
+// So slow that each fade comes to its end, and so fast that none does.
+struct Pace {
+  const char* name;
+  std::chrono::milliseconds interval;
+  int switches;
+};
+constexpr std::array paces{Pace{"slow", 650ms, 20}, Pace{"quick", 100ms, 50}};
 
 /// A program that is measured, from its start to its end.
 class MeasuredProgram {
@@ -58,36 +70,37 @@ double inMilliseconds(std::chrono::nanoseconds time) {
   return std::chrono::duration<double, std::milli>(time).count();
 }
 
-void print(const char* figure, double value) {
-  std::printf("%s %.2f\n", figure, value);
+void print(const std::string& figure, double value) {
+  std::printf("%s %.2f\n", figure.c_str(), value);
   std::fflush(stdout);
 }
 
+/// In milliseconds for a hundred switches.
 void measureCost(SwitchMeter& meter, const ProcessFigures& program, const ProcessFigures& server) {
-  // So slow that each fade comes to its end, and so fast that none does.
-  for (const auto& [name, pace] : {std::pair("slow", 700ms), std::pair("quick", 100ms)}) {
-    const SwitchMeter::Cost cost = meter.cost(program, server, switchCount, pace);
-    print((std::string("own_") + name).c_str(), inMilliseconds(cost.own));
-    print((std::string("server_") + name).c_str(), inMilliseconds(cost.server));
+  for (const Pace& pace : paces) {
+    const SwitchMeter::Cost cost = meter.cost(program, server, pace.switches, pace.interval);
+    print(std::string("own_") + pace.name, inMilliseconds(cost.own) * hundred / pace.switches);
+    print(std::string("server_") + pace.name, inMilliseconds(cost.server) * hundred / pace.switches);
   }
 }
 
 void measurePictures(SwitchMeter& meter, xcb_window_t window) {
-  meter.pictures(window, switchCount / 2);  // whatever is kept for the next time is there then
-  const SwitchMeter::Pictures pictures = meter.pictures(window, switchCount);
+  const SwitchMeter::Pictures pictures = meter.pictures(window, pictureCount);
   print("picture_median", quantile(pictures.milliseconds, 0.5));
   print("picture_p95", quantile(pictures.milliseconds, 0.95));
   print("drawings", pictures.drawings);
   print("missed", static_cast<double>(pictures.missed));
 }
 
-void measureIdle(const ProcessFigures& program, std::chrono::seconds duration) {
+/// For `idleUnit`.
+void measureIdle(const ProcessFigures& program) {
   std::this_thread::sleep_for(1s);
   const auto time = program.processorTime();
   const long wakeUps = program.wakeUps();
-  std::this_thread::sleep_for(duration);
-  print("idle_ms", inMilliseconds(program.processorTime() - time));
-  print("idle_wakeups", static_cast<double>(program.wakeUps() - wakeUps));
+  std::this_thread::sleep_for(idleTime);
+  constexpr auto scale = static_cast<double>(idleUnit / idleTime);
+  print("idle_ms", inMilliseconds(program.processorTime() - time) * scale);
+  print("idle_wakeups", static_cast<double>(program.wakeUps() - wakeUps) * scale);
 }
 
 void waitForTour(DesktopScreen& screen) {
@@ -113,6 +126,7 @@ void measureProgram(DesktopScreen& screen, const ProcessFigures& server, const s
   screen.waitForRest(rest);
   const ProcessFigures figures(program.process());
   SwitchMeter meter(screen);
+  meter.visitAll();
   if (wants('p')) {
     measurePictures(meter, *item);
   }
@@ -130,7 +144,7 @@ void measureProgram(DesktopScreen& screen, const ProcessFigures& server, const s
     print("server_pixmaps_kib", static_cast<double>(screen.pixmapBytes(*item)) / 1024);
   }
   if (wants('i')) {
-    measureIdle(figures, 30s);
+    measureIdle(figures);
   }
 }
 

@@ -17,10 +17,9 @@ X11UserInterface::X11UserInterface(const UserInterfaceEnvironment& environment)
     : environment_(environment),
       compositor_(environment.connection),
       overlayManagement_(environment.connection, environment.windowManager),
-      overlays_{environment.connection,  environment.windowManager,
-                environment.screens,     environment.desktops,
-                environment.attachments, compositor_,
-                overlayManagement_,      {}} {}
+      overlays_{environment.connection, environment.windowManager, environment.screens,
+                environment.desktops,   environment.attachments,   compositor_,
+                overlayManagement_,     environment.longestUnseen, {}} {}
 
 double X11UserInterface::systemFontSize() const {
   return x11::systemFontSize();

@@ -9,6 +9,7 @@
 #include "platform/x11/windows/X11Window.h"
 
 #include <QFont>
+#include <chrono>
 #include <map>
 #include <string>
 #include <utility>
@@ -27,6 +28,9 @@ struct UserInterfaceEnvironment {
   linux::MessageBus& sessionBus;
   Defaults& defaults;
   NotificationCenter& defaultCenter;
+  /// The user has switched labels off when one is not to be seen from other desktops for so long, which is longer than
+  /// a tour.
+  std::chrono::milliseconds longestUnseen{30'000};
 };
 
 /// What the program shows, as Qt widgets. A point is a logical pixel of Qt. Everything it makes must go before it and

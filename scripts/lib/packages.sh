@@ -8,8 +8,8 @@ packages_for() {
   case $1 in
     build)
       printf '%s\n' build-essential cmake ninja-build pkg-config nlohmann-json3-dev qt6-base-dev libsystemd-dev \
-        libx11-dev libxcb1-dev libxcb-composite0-dev libxcb-ewmh-dev libxcb-shape0-dev libxcb-xfixes0-dev \
-        libxcb-xinput-dev
+        libx11-dev libxcb1-dev libxcb-composite0-dev libxcb-ewmh-dev libxcb-render-util0-dev libxcb-render0-dev \
+        libxcb-shape0-dev libxcb-xfixes0-dev libxcb-xinput-dev
       ;;
     # A desktop without a screen, and the tools that act on it from outside.
     desktop)

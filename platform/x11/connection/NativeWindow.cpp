@@ -43,6 +43,10 @@ NativeWindow::NativeWindow(X11Connection& connection, QWidget& widget)
                       connection_.ewmh()->UTF8_STRING, 8, entry.size(), entry.data());
 }
 
+void NativeWindow::selectEvents(std::uint32_t eventMask) {
+  xcb_change_window_attributes(raw_, id_, XCB_CW_EVENT_MASK, &eventMask);
+}
+
 void NativeWindow::setTypes(const std::vector<xcb_atom_t>& types) {
   writeAtoms(connection_.ewmh()->_NET_WM_WINDOW_TYPE, types);
 }

@@ -46,6 +46,10 @@ class NativeWindow {
   /// The toolkit's connection.
   xcb_connection_t* raw() const { return raw_; }
 
+  /// Has the toolkit hear of these events only. It would ask the server for the window's state whenever a window
+  /// manager shows or hides it, and wait for the answer.
+  void selectEvents(std::uint32_t eventMask);
+
   /// Says what kind of window it is (EWMH), the best one first; to be called before it is mapped.
   void setTypes(const std::vector<xcb_atom_t>& types);
 

@@ -1,14 +1,16 @@
 #include "platform/x11/connection/WindowPicture.h"
 
-#include <algorithm>
+#include "platform/x11/connection/PixelRows.h"
+
+#include <QRegion>
 #include <cstddef>
 #include <vector>
 
 namespace roomlattice::platform::x11 {
 namespace {
 
-// Far less than a request may have, so that neither side needs much memory for one.
-constexpr std::size_t requestBytes = std::size_t{128} * 1024;
+constexpr std::uint8_t depthWithoutAlpha = 24;
+constexpr std::uint32_t rgbMask = 0xffffff;
 
 std::uint8_t depthOf(xcb_connection_t* raw, xcb_window_t window) {
   const auto geometry = replyTo(raw, xcb_get_geometry(raw, window), xcb_get_geometry_reply);
@@ -18,7 +20,11 @@ std::uint8_t depthOf(xcb_connection_t* raw, xcb_window_t window) {
 }  // namespace
 
 WindowPicture::WindowPicture(const NativeWindow& window)
-    : raw_(window.raw()), window_(window.id()), context_(xcb_generate_id(raw_)), depth_(depthOf(raw_, window_)) {
+    : native_(window),
+      raw_(window.raw()),
+      window_(window.id()),
+      context_(xcb_generate_id(raw_)),
+      depth_(depthOf(raw_, window_)) {
   xcb_create_gc(raw_, context_, window_, 0, nullptr);
 }
 
@@ -27,37 +33,60 @@ WindowPicture::~WindowPicture() {
 }
 
 void WindowPicture::put(const QImage& picture, const QPoint& corner) {
-  const auto bytesPerLine = static_cast<std::size_t>(picture.bytesPerLine());
-  const int most = static_cast<int>(std::max<std::size_t>(requestBytes / std::max<std::size_t>(bytesPerLine, 1), 1));
-  for (int y = 0; y < picture.height(); y += most) {
-    const int rows = std::min(most, picture.height() - y);
-    xcb_put_image(raw_, XCB_IMAGE_FORMAT_Z_PIXMAP, window_, context_, static_cast<std::uint16_t>(picture.width()),
-                  static_cast<std::uint16_t>(rows), static_cast<std::int16_t>(corner.x()),
-                  static_cast<std::int16_t>(corner.y() + y), 0, depth_,
-                  static_cast<std::uint32_t>(bytesPerLine * static_cast<std::size_t>(rows)), picture.constScanLine(y));
-  }
+  const PixelRows rows{.bytes = picture.constBits(),
+                       .size = picture.size(),
+                       .bytesPerRow = static_cast<std::size_t>(picture.bytesPerLine()),
+                       .depth = depth_};
+  x11::put(rows, raw_, window_, context_, corner);
 }
 
 void WindowPicture::put(const PackedPicture& picture) {
-  std::vector<xcb_rectangle_t> plate;
-  for (const QRect& area : picture.plate()) {
-    plate.push_back({static_cast<std::int16_t>(area.x()), static_cast<std::int16_t>(area.y()),
-                     static_cast<std::uint16_t>(area.width()), static_cast<std::uint16_t>(area.height())});
+  if (picture.ink() && ink().isAvailable()) {
+    putInk(picture);
+  } else {
+    putDetails(picture);
   }
+}
+
+void WindowPicture::putInk(const PackedPicture& picture) {
+  const InkMask mask = picture.inkMask();
+  const bool isBlack = depth_ == depthWithoutAlpha && (picture.plateColor() & rgbMask) == 0;
+  const QRegion whole(QRect(QPoint(), picture.size()));
+  const QRegion plate = isBlack ? whole.subtracted(mask.area) : whole;
+  fill({plate.begin(), plate.end()}, picture.plateColor());
+  ink().pour(*picture.ink(), mask, isBlack ? WindowInk::Ground::Black : WindowInk::Ground::AsItIs);
+}
+
+const WindowInk& WindowPicture::ink() {
+  if (!ink_) {
+    ink_.emplace(native_);
+  }
+  return *ink_;
+}
+
+void WindowPicture::putDetails(const PackedPicture& picture) {
   // All of them first, so that what is drawn comes without a pause.
   std::vector<std::vector<std::uint32_t>> details;
   for (std::size_t index = 0; index < picture.details().size(); ++index) {
     details.push_back(picture.pixels(index));
   }
-  const std::uint32_t color = picture.plateColor();
-  xcb_change_gc(raw_, context_, XCB_GC_FOREGROUND, &color);
-  xcb_poly_fill_rectangle(raw_, window_, context_, static_cast<std::uint32_t>(plate.size()), plate.data());
+  fill(picture.plate(), picture.plateColor());
   for (std::size_t index = 0; index < details.size(); ++index) {
     const QRect& area = picture.details()[index];
     const QImage part(reinterpret_cast<const uchar*>(details[index].data()), area.width(), area.height(),
                       QImage::Format_ARGB32_Premultiplied);
     put(part, area.topLeft());
   }
+}
+
+void WindowPicture::fill(const std::vector<QRect>& areas, std::uint32_t color) {
+  std::vector<xcb_rectangle_t> rectangles;
+  for (const QRect& area : areas) {
+    rectangles.push_back({static_cast<std::int16_t>(area.x()), static_cast<std::int16_t>(area.y()),
+                          static_cast<std::uint16_t>(area.width()), static_cast<std::uint16_t>(area.height())});
+  }
+  xcb_change_gc(raw_, context_, XCB_GC_FOREGROUND, &color);
+  xcb_poly_fill_rectangle(raw_, window_, context_, static_cast<std::uint32_t>(rectangles.size()), rectangles.data());
 }
 
 }  // namespace roomlattice::platform::x11

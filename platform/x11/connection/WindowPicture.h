@@ -2,10 +2,14 @@
 
 #include "platform/x11/connection/NativeWindow.h"
 #include "platform/x11/connection/PackedPicture.h"
+#include "platform/x11/connection/WindowInk.h"
 
 #include <QImage>
 #include <QPoint>
+#include <QRect>
 #include <cstdint>
+#include <optional>
+#include <vector>
 
 namespace roomlattice::platform::x11 {
 
@@ -23,14 +27,22 @@ class WindowPicture {
   /// for nobody.
   void put(const QImage& picture, const QPoint& corner);
 
-  /// The same for all of the window.
+  /// The same for all of the window. Waits for the server the first time.
   void put(const PackedPicture& picture);
 
  private:
+  const WindowInk& ink();
+  void fill(const std::vector<QRect>& areas, std::uint32_t color);
+  void putInk(const PackedPicture& picture);
+  void putDetails(const PackedPicture& picture);
+
+  const NativeWindow& native_;
   xcb_connection_t* raw_;
   xcb_window_t window_;
   xcb_gcontext_t context_;
   std::uint8_t depth_;
+  // Made when it is first wanted.
+  std::optional<WindowInk> ink_;
 };
 
 }  // namespace roomlattice::platform::x11

@@ -9,6 +9,8 @@
 #include "platform/x11/windows/OverlayManagement.h"
 #include "platform/x11/windows/OverlayStack.h"
 
+#include <chrono>
+
 namespace roomlattice::platform::x11 {
 
 /// What all overlay windows stand on. It outlives them.
@@ -20,6 +22,8 @@ struct OverlayEnvironment {
   WindowAttachments& attachments;
   CompositorWatch& compositor;
   OverlayManagement& management;
+  /// After so long the window manager is relieved of a window that is not to be seen, and not on the desktop in front.
+  std::chrono::milliseconds longestUnseen;
   OverlayStack stack;
 };
 

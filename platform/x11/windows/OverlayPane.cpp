@@ -14,6 +14,7 @@ OverlayPane::OverlayPane(OverlayEnvironment& environment, WindowLevel level, Col
       native_(environment.connection, surface_),
       desktop_(environment, surface_, native_, behavior) {
   environment_.stack.add(surface_, level);
+  native_.selectEvents(XCB_EVENT_MASK_EXPOSURE | XCB_EVENT_MASK_STRUCTURE_NOTIFY);
   listen(std::move(mapped));
 }
 

@@ -28,19 +28,19 @@ void OverlayPicture::setBlending(const Blending& blending) {
 
 void OverlayPicture::draw() {
   const Look now = look();
-  if (packed_ && packedLook_ == now) {
-    onScreen_.put(*packed_);
-    window_.flush();
-    return;
-  }
-  const QImage image = picture();
-  onScreen_.put(image, {});
-  window_.flush();
-  // For the next time, now that it can be seen.
-  if (isStill()) {
-    packed_.emplace(image);
+  if (!packed_ || packedLook_ != now) {
+    const QImage image = picture();
+    // For the next time as well.
+    packed_ = isStill() ? PackedPicture::of(image) : std::nullopt;
     packedLook_ = now;
+    if (!packed_) {
+      onScreen_.put(image, {});
+    }
   }
+  if (packed_) {
+    onScreen_.put(*packed_);
+  }
+  window_.flush();
 }
 
 void OverlayPicture::viewChanged() {

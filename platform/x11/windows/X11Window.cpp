@@ -41,6 +41,8 @@ X11Window::X11Window(OverlayEnvironment& environment, const OverlayWindowOptions
   desktopChanges_ = environment_.desktops.observe([this] {
     if (!environment_.management.mayWaitOnDesktops()) {
       present();
+    } else {
+      withdrawUnlessNeeded();
     }
   });
 }
@@ -124,8 +126,8 @@ bool X11Window::isWantedOnScreen() const {
   //
   // GNOME's window manager on Wayland overlooks the opacity that a window has when it is mapped. One that faded out
   // while it was still being mapped would stay on the screen for good.
-  const bool staysUnseen =
-      environment_.management.mayWaitOnDesktops() && (blends() || (pane_->isVisible() && !paintsOpacity_));
+  const bool staysUnseen = environment_.management.mayWaitOnDesktops() && !withdrawn_ &&
+                           (blends() || (pane_->isVisible() && !paintsOpacity_));
   return orderedIn_ && pane_->desktop().mayBeSeen() && (staysUnseen || isToBeSeen());
 }
 
@@ -149,6 +151,7 @@ void X11Window::changeDepth() {
 }
 
 void X11Window::present() {
+  withdrawUnlessNeeded();
   applyLook();
   if (!isWantedOnScreen()) {
     presentSoon_.stop();
@@ -158,6 +161,17 @@ void X11Window::present() {
     pane_->appear();
   }
   pane_->flush();
+}
+
+void X11Window::withdrawUnlessNeeded() {
+  if (isToBeSeen()) {
+    withdrawn_ = false;
+  }
+  if (!pane_->isVisible() || isToBeSeen() || pane_->desktop().isInFront()) {
+    withdrawLater_.stop();
+  } else if (!withdrawLater_.isRunning()) {
+    withdrawLater_.start(environment_.longestUnseen);
+  }
 }
 
 void X11Window::mapAnew() {

@@ -50,6 +50,7 @@ class X11Window final : public Window {
 
   /// Brings what is on the screen in line with what was asked for.
   void present();
+  void withdrawUnlessNeeded();
   void mapAnew();
   void applyLook();
 
@@ -62,7 +63,13 @@ class X11Window final : public Window {
   std::optional<OverlayPane> pane_;
   AlphaAnimation alpha_;
   bool paintsOpacity_ = false;
+  // Until it is to be seen again.
+  bool withdrawn_ = false;
   linux::OneShotTimer presentSoon_{[this] { present(); }};
+  linux::OneShotTimer withdrawLater_{[this] {
+    withdrawn_ = true;
+    present();
+  }};
   std::optional<Excursion> excursion_;
   Registration compositorChanges_;
   Registration managementChanges_;

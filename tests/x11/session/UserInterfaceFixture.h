@@ -7,13 +7,18 @@
 #include "tests/x11/session/QtApplication.h"
 #include "tests/x11/session/X11Session.h"
 
+#include <chrono>
 #include <gtest/gtest.h>
 
 namespace roomlattice::tests {
 
 /// A user interface in a session of its own, with all it stands on.
 struct UserInterfaceSession {
-  explicit UserInterfaceSession(const SessionOptions& options = {}) : session(options) {}
+  explicit UserInterfaceSession(const SessionOptions& options = {},
+                                std::chrono::milliseconds longestUnseen = std::chrono::hours(1))
+      : session(options),
+        userInterface({qt.connection(), windowManager, screens, appearance, desktops, desktopNames, attachments, bus,
+                       defaults, center, longestUnseen}) {}
 
   platform::x11::X11Connection& connection() { return qt.connection(); }
 
@@ -28,8 +33,7 @@ struct UserInterfaceSession {
   platform::x11::WindowAttachments attachments;
   platform::linux::LinuxDefaults defaults{std::nullopt, [](const std::string&) {}};
   platform::x11::X11DesktopNames desktopNames{desktops, defaults, center};
-  platform::x11::X11UserInterface userInterface{{qt.connection(), windowManager, screens, appearance, desktops,
-                                                 desktopNames, attachments, bus, defaults, center}};
+  platform::x11::X11UserInterface userInterface;
 };
 
 }  // namespace roomlattice::tests

@@ -2,6 +2,8 @@
 
 #include "tests/x11/windows/X11WindowFixture.h"
 
+#include <QGuiApplication>
+#include <QtGui/qguiapplication_platform.h>
 #include <xcb/res.h>
 
 namespace roomlattice::tests {
@@ -20,6 +22,17 @@ class X11WindowCostTest : public X11WindowTest {
     return reply == nullptr ? ~std::uint64_t{0} : reply->bytes;
   }
 };
+
+TEST_F(X11WindowCostTest, DoNotMakeTheToolkitAskForTheirState) {
+  const auto window = makeOn(0);
+  ASSERT_TRUE(centerBecomes(Qt::red));
+  auto* application = qApp->nativeInterface<QNativeInterface::QX11Application>();
+  const auto cookie =
+      xcb_get_window_attributes(application->connection(), static_cast<std::uint32_t>(window->number()));
+  const auto attributes = replyTo(application->connection(), cookie, xcb_get_window_attributes_reply);
+  ASSERT_NE(attributes, nullptr);
+  EXPECT_EQ(attributes->your_event_mask & XCB_EVENT_MASK_PROPERTY_CHANGE, 0U);
+}
 
 TEST_F(X11WindowCostTest, KeepNoPictureInTheServer) {
   const auto here = makeOn(0);

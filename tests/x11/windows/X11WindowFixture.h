@@ -30,7 +30,9 @@ class X11WindowTest : public ::testing::Test {
     platform::Color color_;
   };
 
-  explicit X11WindowTest(const SessionOptions& options = {}) : ui_(options) {
+  explicit X11WindowTest(const SessionOptions& options = {},
+                         std::chrono::milliseconds longestUnseen = std::chrono::hours(1))
+      : ui_(options, longestUnseen) {
     ui_.session.run({"hsetroot", "-solid", "#0000ff"});
   }
 

@@ -1,10 +1,14 @@
 #include "platform/x11/windows/X11Window.h"
 
+#include "platform/x11/windows/ViewDrawing.h"
 #include "tests/x11/session/PlainWindow.h"
 #include "tests/x11/windows/X11WindowFixture.h"
 
 #include <QApplication>
 #include <QMenu>
+#include <QPainter>
+#include <algorithm>
+#include <cstdlib>
 #include <gmock/gmock.h>
 
 namespace roomlattice::tests {
@@ -224,6 +228,54 @@ TEST_F(X11WindowTest, KeepsTheFrameItWasGiven) {
   EXPECT_EQ(window->frame(), frame);
   const QRect expected(10, 800 - 121, 301, 101);
   EXPECT_TRUE(waitFor([&] { return probe(*window).geometry() == expected; }));
+}
+
+/// A plate with large letters.
+class Sign final : public platform::View {
+ public:
+  Sign() { setFrame({{}, {480.0, 200.0}}); }
+  platform::ViewContent content() const override {
+    return {.background = platform::Color::black().withAlpha(0.78),
+            .cornerRadius = 40.0,
+            .elements = {{.frame = {{40.0, 40.0}, {400.0, 120.0}},
+                          .kind = platform::TextElement{.text = "Sign",
+                                                        .font = {.size = 100.0, .weight = platform::FontWeight::Heavy},
+                                                        .color = platform::Color::white(),
+                                                        .alignment = platform::TextAlignment::Center}}}};
+  }
+};
+
+/// Of all that is not at the corners.
+int largestDifference(const QImage& a, const QImage& b) {
+  int largest = 0;
+  for (int y = 0; y < a.height(); ++y) {
+    for (int x = 50; x < a.width() - 50; ++x) {
+      largest = std::max(largest, std::abs(qGray(a.pixel(x, y)) - qGray(b.pixel(x, y))));
+    }
+  }
+  return largest;
+}
+
+TEST_F(X11WindowTest, LooksAsItsViewIsDrawnEachTimeItIsShown) {
+  Sign sign;
+  QWidget widget;
+  QImage expected(labelPixels.size(), QImage::Format_RGB32);
+  {
+    QPainter painter(&expected);
+    platform::x11::ViewDrawing(sign, widget).paint(painter, {.solid = true});
+  }
+  const auto window = make({.alpha = 1.0});
+  window->setContentView(std::make_unique<Sign>());
+  window->orderFront();
+  server_.addWindowToSpace(window->number(), spaceAt(0));
+  const auto looksRight = [&] {
+    return waitFor([&] { return largestDifference(screenImage(ui_.connection(), labelPixels), expected) <= 1; });
+  };
+  EXPECT_TRUE(looksRight());
+  switchTo(1);
+  ASSERT_TRUE(centerBecomes(Qt::blue));
+  switchTo(0);
+  EXPECT_TRUE(looksRight());
 }
 
 }  // namespace
