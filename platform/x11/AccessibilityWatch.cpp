@@ -17,7 +17,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr std::chrono::milliseconds answerLimit = 1s;
+constexpr std::chrono::milliseconds accessibilityLimit = 1s;
 
 /// Sees what the toolkit makes that nobody else can get at.
 class NewChildren final : public QObject {
@@ -79,7 +79,7 @@ AccessibilityWatch::AccessibilityWatch(linux::MessageBus& sessionBus)
 }
 
 void AccessibilityWatch::serviceCame() {
-  if (toolkits_ == nullptr || linux::isAccessibilityMute(answerLimit)) {
+  if (toolkits_ == nullptr || linux::isAccessibilityMute(accessibilityLimit)) {
     return;
   }
   toolkits_->blockSignals(false);

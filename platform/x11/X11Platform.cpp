@@ -71,21 +71,25 @@ std::string accessibilityBusOf(X11Connection& connection) {
   return readBytes(connection, connection.root(), connection.atom("AT_SPI_BUS"), XCB_ATOM_STRING).value_or("");
 }
 
+/// Why the program cannot even try to connect, in words; nothing where it can.
+std::optional<std::string> whatIsInTheWay() {
+  if (!environmentVariable("DISPLAY")) {
+    return isWaylandSession() ? "no X11 display: DISPLAY is not set, and pure Wayland sessions are not supported"
+                              : "no X11 display: DISPLAY is not set";
+  }
+  for (const auto& reason : {linux::lackOfResources, unusableToolkitSetting, unusableAuthorityFile}) {
+    if (std::optional<std::string> found = reason()) {
+      return found;
+    }
+  }
+  return std::nullopt;
+}
+
 std::variant<std::unique_ptr<Platform>, ExitStatus> start(int& argc, char** argv) {
   const linux::Start began = linux::startOf(argc, argv);
-  if (!environmentVariable("DISPLAY")) {
-    return refuse(isWaylandSession() ? "no X11 display: DISPLAY is not set, and pure Wayland sessions are not supported"
-                                     : "no X11 display: DISPLAY is not set");
-  }
   static const linux::TerminationSignals signals;
-  if (const std::optional<std::string> lack = linux::lackOfResources()) {
-    return refuse(*lack);
-  }
-  if (const std::optional<std::string> setting = unusableToolkitSetting()) {
-    return refuse(*setting);
-  }
-  if (const std::optional<std::string> file = unusableAuthorityFile()) {
-    return refuse(*file);
+  if (const std::optional<std::string> reason = whatIsInTheWay()) {
+    return refuse(*reason);
   }
   std::unique_ptr<X11Connection> connection = X11Connection::open();
   if (connection == nullptr) {
