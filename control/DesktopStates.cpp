@@ -36,10 +36,10 @@ void addChanges(std::vector<DesktopChange>& changes, const DesktopState& before,
 }
 
 /// `number` means nothing unless the space is regular.
-DesktopState stateOf(const SpaceInfo& space, int number, const SpaceManager& manager, const DesktopColors& colors) {
+DesktopState stateOf(const SpaceInfo& space, int number, const SpaceManager& manager, const CodableColor& color) {
   return {.number = space.isRegular() ? std::optional(number) : std::nullopt,
           .name = manager.displayName(space),
-          .color = colors.usedColor(space.uuid).color(),
+          .color = color.color(),
           .isActive = space.spaceID == manager.activeSpaceID(),
           .uuid = space.uuid,
           .display = space.displayUUID};
@@ -52,7 +52,7 @@ std::vector<DesktopState> desktopStates(const SpaceManager& manager, const Prefe
   std::vector<DesktopState> states;
   int number = 0;
   for (const SpaceInfo& space : manager.spaces()) {
-    states.push_back(stateOf(space, space.isRegular() ? ++number : 0, manager, colors));
+    states.push_back(stateOf(space, space.isRegular() ? ++number : 0, manager, colors.usedColor(space.uuid)));
   }
   return states;
 }
@@ -64,7 +64,7 @@ std::optional<DesktopState> activeDesktopState(const SpaceManager& manager, cons
   }
   const auto before = std::span(manager.spaces().data(), active);
   const auto number = std::ranges::count_if(before, &SpaceInfo::isRegular) + 1;
-  return stateOf(*active, static_cast<int>(number), manager, preferences.desktopColors());
+  return stateOf(*active, static_cast<int>(number), manager, preferences.usedColor(*active));
 }
 
 std::vector<DesktopChange> changesBetween(const std::vector<DesktopState>& before,

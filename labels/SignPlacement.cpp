@@ -27,13 +27,11 @@ platform::Screen signScreen(const platform::UserInterface& userInterface) {
   return screens.front();
 }
 
-platform::Rect signFrame(const platform::UserInterface& userInterface, const std::string& text,
-                         const platform::Font& font) {
-  const platform::Rect screen = signScreen(userInterface).frame;
-  const platform::Size measured = userInterface.measure(text, font);
-  const double width = std::min(measured.width + 2 * horizontalMargin, screen.size.width * widestShareOfScreen);
-  const double height = std::min(measured.height + 2 * verticalMargin, screen.size.height * highestShareOfScreen);
-  return {{screen.midX() - width * 0.5, screen.midY() - height * 0.5}, {width, height}};
+platform::Rect SignPlacement::frameOf(const std::string& text) const {
+  const platform::Size measured = userInterface_.measure(text, font_);
+  const double width = std::min(measured.width + 2 * horizontalMargin, screen_.size.width * widestShareOfScreen);
+  const double height = std::min(measured.height + 2 * verticalMargin, screen_.size.height * highestShareOfScreen);
+  return {{screen_.midX() - width * 0.5, screen_.midY() - height * 0.5}, {width, height}};
 }
 
 }  // namespace roomlattice

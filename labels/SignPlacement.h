@@ -10,8 +10,19 @@ namespace roomlattice {
 /// all stops the program.
 platform::Screen signScreen(const platform::UserInterface& userInterface);
 
-/// The frame of a label with this text in this font, in screen coordinates: centred on that screen.
-platform::Rect signFrame(const platform::UserInterface& userInterface, const std::string& text,
-                         const platform::Font& font);
+/// Where labels with texts in this font are, as things are now.
+class SignPlacement {
+ public:
+  SignPlacement(const platform::UserInterface& userInterface, const platform::Font& font)
+      : userInterface_(userInterface), font_(font), screen_(signScreen(userInterface).frame) {}
+
+  /// The frame of a label with this text, in screen coordinates: centred on that screen.
+  platform::Rect frameOf(const std::string& text) const;
+
+ private:
+  const platform::UserInterface& userInterface_;
+  platform::Font font_;
+  platform::Rect screen_;
+};
 
 }  // namespace roomlattice

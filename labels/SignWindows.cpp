@@ -1,9 +1,9 @@
 #include "labels/SignWindows.h"
 
-#include "labels/SignPlacement.h"
 #include "labels/SignView.h"
 
-#include <unordered_map>
+#include <optional>
+#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -21,17 +21,6 @@ void moveToFrame(platform::Window& window, const platform::Rect& frame) {
   if (platform::View* view = window.contentView()) {
     view->setFrame({{}, frame.size});
   }
-}
-
-using DesktopMap = std::unordered_map<platform::SpaceID, const SpaceInfo*>;
-
-/// The first of each identifier.
-DesktopMap byIdentifier(const std::vector<SpaceInfo>& desktops) {
-  DesktopMap map;
-  for (const SpaceInfo& desktop : desktops) {
-    map.emplace(desktop.spaceID, &desktop);
-  }
-  return map;
 }
 
 }  // namespace
@@ -66,35 +55,48 @@ void SignWindows::ensure(const SpaceInfo& desktop) {
 }
 
 void SignWindows::spacesChanged() {
-  const std::vector<SpaceInfo> desktops = regularSpaces(manager_.spaces());
-  const DesktopMap known = byIdentifier(desktops);
-  std::erase_if(windows_, [&](const auto& entry) {
-    const bool stale = !known.contains(entry.first);
+  std::unordered_set<platform::SpaceID> desktops;
+  for (const SpaceInfo& space : manager_.spaces()) {
+    if (space.isRegular()) {
+      desktops.insert(space.spaceID);
+    }
+  }
+  std::erase_if(windows_, [&desktops](const auto& entry) {
+    const bool stale = !desktops.contains(entry.first);
     if (stale) {
       entry.second->orderOut();
     }
     return stale;
   });
-  for (const SpaceInfo& desktop : desktops) {
-    if (const WindowPointer window = find(desktop.spaceID)) {
-      const std::string name = manager_.displayName(desktop);
-      setText(*window, name);
-      moveToFrame(*window, signFrame(name));
+  // Where there is no label there need be no screen.
+  std::optional<SignPlacement> placement;
+  for (const SpaceInfo& space : manager_.spaces()) {
+    const auto label = space.isRegular() ? windows_.find(space.spaceID) : windows_.end();
+    if (label != windows_.end()) {
+      if (!placement) {
+        placement.emplace(this->placement());
+      }
+      const std::string name = manager_.displayName(space);
+      setText(*label->second, name);
+      moveToFrame(*label->second, placement->frameOf(name));
     }
   }
 }
 
 void SignWindows::place() {
-  const DesktopMap desktops = byIdentifier(manager_.spaces());
+  std::optional<SignPlacement> placement;
   for (const auto& [desktop, window] : windows_) {
-    if (const auto found = desktops.find(desktop); found != desktops.end()) {
-      moveToFrame(*window, signFrame(manager_.displayName(*found->second)));
+    if (const SpaceInfo* space = manager_.firstSpace(desktop)) {
+      if (!placement) {
+        placement.emplace(this->placement());
+      }
+      moveToFrame(*window, placement->frameOf(manager_.displayName(*space)));
     }
   }
 }
 
-platform::Rect SignWindows::signFrame(const std::string& text) const {
-  return roomlattice::signFrame(platform_.userInterface(), text, SignView::labelFont(preferences_));
+SignPlacement SignWindows::placement() const {
+  return {platform_.userInterface(), SignView::labelFont(preferences_)};
 }
 
 void SignWindows::pinWindow(const platform::Window& window, platform::SpaceID desktop) {

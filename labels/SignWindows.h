@@ -1,5 +1,6 @@
 #pragma once
 
+#include "labels/SignPlacement.h"
 #include "platform/Platform.h"
 #include "preferences/PreferencesStore.h"
 #include "spaces/SpaceManager.h"
@@ -43,9 +44,10 @@ class SignWindows {
   void place();
 
   /// The frame of a label with this text.
-  platform::Rect signFrame(const std::string& text) const;
+  platform::Rect signFrame(const std::string& text) const { return placement().frameOf(text); }
 
  private:
+  SignPlacement placement() const;
   void pinWindow(const platform::Window& window, platform::SpaceID desktop);
 
   platform::Platform& platform_;

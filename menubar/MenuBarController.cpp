@@ -111,7 +111,7 @@ Color MenuBarController::contrastingColor(const Color& color) {
 }
 
 Color MenuBarController::dotColor(const SpaceInfo& space) const {
-  return preferences_.desktopColors().usedColor(space.uuid).color();
+  return preferences_.usedColor(space).color();
 }
 
 void MenuBarController::showPreferences() {

@@ -5,13 +5,23 @@
 namespace roomlattice {
 namespace {
 
-/// `Config` is a pair, const or not.
-template <class Config>
-auto& usedOf(Config& config, ColorMode mode) {
-  return mode == ColorMode::ColorForeground ? config.foreground : config.background;
+CodableColor& placeIn(SpaceColorConfig& pair, ColorMode mode) {
+  return mode == ColorMode::ColorForeground ? pair.foreground : pair.background;
 }
 
 }  // namespace
+
+CodableColor usedOf(const SpaceColorConfig& pair, ColorMode mode) {
+  return mode == ColorMode::ColorForeground ? pair.foreground : pair.background;
+}
+
+CodableColor defaultColorAt(std::size_t position) {
+  const ColorPalette* palette = findPalette(defaultPaletteName);
+  if (palette == nullptr || palette->colors.empty()) {
+    return {1.0, 1.0, 1.0, 1.0};
+  }
+  return palette->colors[position % palette->colors.size()];
+}
 
 DesktopColors::DesktopColors(const std::vector<SpaceInfo>& spaces, SpaceColors stored, ColorMode mode)
     : stored_(std::move(stored)), mode_(mode) {
@@ -24,13 +34,8 @@ DesktopColors::DesktopColors(const std::vector<SpaceInfo>& spaces, SpaceColors s
 }
 
 CodableColor DesktopColors::defaultColor(const std::string& uuid) const {
-  const ColorPalette* palette = findPalette(defaultPaletteName);
-  if (palette == nullptr || palette->colors.empty()) {
-    return {1.0, 1.0, 1.0, 1.0};
-  }
   const auto found = positions_.find(uuid);
-  const std::size_t position = found == positions_.end() ? 0 : found->second;
-  return palette->colors[position % palette->colors.size()];
+  return defaultColorAt(found == positions_.end() ? 0 : found->second);
 }
 
 SpaceColorConfig DesktopColors::config(const std::string& uuid) const {
@@ -42,13 +47,12 @@ SpaceColorConfig DesktopColors::config(const std::string& uuid) const {
 }
 
 CodableColor DesktopColors::usedColor(const std::string& uuid) const {
-  const SpaceColorConfig pair = config(uuid);
-  return usedOf(pair, mode_);
+  return usedOf(config(uuid), mode_);
 }
 
 void DesktopColors::setUsedColor(const std::string& uuid, const CodableColor& color) {
   SpaceColorConfig changed = config(uuid);
-  usedOf(changed, mode_) = color;
+  placeIn(changed, mode_) = color;
   stored_[uuid] = changed;
 }
 

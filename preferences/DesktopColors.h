@@ -14,14 +14,19 @@ namespace roomlattice {
 /// Whether a desktop's colour tints its name or fills the area behind it.
 enum class ColorMode { ColorForeground, ColorBackground };
 
+/// The colour of the pair that the mode uses.
+CodableColor usedOf(const SpaceColorConfig& pair, ColorMode mode);
+
+/// What the regular desktop at that position has where no colour is stored: the "Pastel" one, going round.
+CodableColor defaultColorAt(std::size_t position);
+
 /// The colours of all desktops at one moment: the stored ones, and for the rest a default by position. Changes concern
 /// this value only, until it is stored again.
 class DesktopColors {
  public:
   DesktopColors(const std::vector<SpaceInfo>& spaces, SpaceColors stored, ColorMode mode);
 
-  /// The "Pastel" colour at the desktop's position among the regular ones, going round; that of position 0 for any
-  /// other uuid.
+  /// That of the desktop's position among the regular ones; that of position 0 for any other uuid.
   CodableColor defaultColor(const std::string& uuid) const;
 
   /// The stored pair, or the default colour twice.

@@ -2,6 +2,10 @@
 
 #include "support/Installation.h"
 
+#include <algorithm>
+#include <cstddef>
+#include <cstring>
+#include <functional>
 #include <optional>
 #include <utility>
 
@@ -26,6 +30,11 @@ constexpr const char* rawValue(MenuBarWidthMode mode) {
 
 constexpr const char* rawValue(ColorMode mode) {
   return mode == ColorMode::ColorForeground ? "colorForeground" : "colorBackground";
+}
+
+/// The library compares byte by byte, and the colours of many desktops are read for each title.
+bool areSame(const Value::Data& a, const Value::Data& b) {
+  return a.size() == b.size() && (a.empty() || std::memcmp(a.data(), b.data(), a.size()) == 0);
 }
 
 }  // namespace
@@ -102,15 +111,15 @@ void PreferencesStore::setColorMode(ColorMode mode) {
 }
 
 SpaceColors PreferencesStore::spaceColors() const {
+  return storedColors();
+}
+
+const SpaceColors& PreferencesStore::storedColors() const {
   const std::optional<Value> stored = platform_.defaults().object(spaceColorsKey);
   const Value::Data* data = stored ? stored->asData() : nullptr;
-  if (data == nullptr) {
-    return {};
-  }
-  if (!isReadable(*data)) {
-    return {};
-  }
-  if (decoded_.text != *data) {
+  if (data == nullptr || !isReadable(*data)) {
+    decoded_ = {};
+  } else if (!areSame(decoded_.text, *data)) {
     const std::optional<Value> document = platform_.json().decode(*data);
     decoded_ = {*data, document ? decodeSpaceColors(*document).value_or(SpaceColors()) : SpaceColors()};
   }
@@ -125,6 +134,19 @@ void PreferencesStore::setSpaceColors(const SpaceColors& colors) {
     platform_.defaults().set(spaceColorsKey, *std::move(data));
   }
   platform_.notifications().defaultCenter().post(didChange);
+}
+
+CodableColor PreferencesStore::usedColor(const SpaceInfo& space) const {
+  const SpaceColors& stored = storedColors();
+  if (const auto found = stored.find(space.uuid); found != stored.end()) {
+    return usedOf(found->second, colorMode());
+  }
+  const std::vector<SpaceInfo>& spaces = spaces_.spaces();
+  const auto isMeant = [&](const SpaceInfo& other) { return other.isRegular() && other.uuid == space.uuid; };
+  const auto found = std::ranges::find_if(spaces, isMeant);
+  const auto position =
+      found == spaces.end() ? 0 : std::count_if(spaces.begin(), found, std::mem_fn(&SpaceInfo::isRegular));
+  return defaultColorAt(static_cast<std::size_t>(position));
 }
 
 CodableColor PreferencesStore::defaultColor(const std::string& forSpaceUUID) const {

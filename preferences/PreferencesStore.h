@@ -68,6 +68,9 @@ class PreferencesStore {
   /// The colours of the desktops as they are now.
   DesktopColors desktopColors() const { return {spaces_.spaces(), spaceColors(), colorMode()}; }
 
+  /// What DesktopColors::usedColor is for one desktop, whatever the number of them.
+  CodableColor usedColor(const SpaceInfo& space) const;
+
   /// DesktopColors::defaultColor, which reads no setting.
   CodableColor defaultColor(const std::string& forSpaceUUID) const;
 
@@ -81,6 +84,7 @@ class PreferencesStore {
   double number(const char* key, double fallback) const;
   bool flag(const char* key, bool fallback) const;
   std::string string(const char* key) const;
+  const SpaceColors& storedColors() const;
   void write(const char* key, const platform::Value& value);
   bool isReadable(const platform::Value::Data& colors) const;
 

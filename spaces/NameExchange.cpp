@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <chrono>
 #include <cstddef>
+#include <string_view>
+#include <unordered_set>
 #include <utility>
 
 namespace roomlattice {
@@ -74,9 +76,12 @@ void NameExchange::forget() {
 
 NameExchange::Extent NameExchange::takeStock(const std::vector<SpaceInfo>& desktops, const Names& names) {
   const bool isStart = entries_.empty();
-  const std::size_t removed = std::erase_if(entries_, [&](const auto& entry) {
-    return std::ranges::find(desktops, entry.first, &SpaceInfo::uuid) == desktops.end();
-  });
+  std::unordered_set<std::string_view> listed;
+  for (const SpaceInfo& desktop : desktops) {
+    listed.insert(desktop.uuid);
+  }
+  const std::size_t removed =
+      std::erase_if(entries_, [&listed](const auto& entry) { return !listed.contains(entry.first); });
   std::size_t added = 0;
   std::size_t changed = 0;
   for (const SpaceInfo& desktop : desktops) {

@@ -23,7 +23,7 @@ constexpr platform::Duration spacingOf(SwitchStyle style) {
   return style == SwitchStyle::Instant ? 50ms : 220ms;
 }
 
-const std::string* find(const std::map<std::string, std::string>& names, const SpaceInfo& space) {
+const std::string* nameIn(const std::map<std::string, std::string>& names, const SpaceInfo& space) {
   const auto name = names.find(space.uuid);
   return name == names.end() || name->second.empty() ? nullptr : &name->second;
 }
@@ -61,7 +61,17 @@ const SpaceInfo* SpaceManager::homeSpace() const {
 }
 
 const SpaceInfo* SpaceManager::firstSpace(platform::SpaceID spaceID) const {
-  const auto found = std::ranges::find(spaces_, spaceID, &SpaceInfo::spaceID);
+  const auto found = firstOf_.find(spaceID);
+  return found == firstOf_.end() ? nullptr : &spaces_[found->second];
+}
+
+const SpaceInfo* SpaceManager::find(const SpaceInfo& space) const {
+  const SpaceInfo* first = firstSpace(space.spaceID);
+  if (first == nullptr || *first == space) {
+    return first;
+  }
+  // Window servers give no identifier twice, but nothing holds them to that.
+  const auto found = std::ranges::find(spaces_, space);
   return found == spaces_.end() ? nullptr : &*found;
 }
 
@@ -71,7 +81,7 @@ void SpaceManager::update(std::vector<SpaceInfo> spaces, platform::SpaceID activ
   spaces_ = std::move(spaces);
   activeSpaceID_ = activeSpaceID;
   if (listChanged) {
-    numberSpaces();
+    indexSpaces();
   }
   rememberRegularSpaces();
   if (listChanged) {
@@ -82,30 +92,43 @@ void SpaceManager::update(std::vector<SpaceInfo> spaces, platform::SpaceID activ
   }
 }
 
-void SpaceManager::numberSpaces() {
-  // They start anew on each display, unlike the order of switching, which runs across all of them.
-  std::map<std::string, int> last;
+void SpaceManager::indexSpaces() {
+  // Numbers start anew on each display, unlike the order of switching, which runs across all of them.
+  std::unordered_map<std::string, int> last;
+  firstOf_.clear();
   numbers_.clear();
   for (const SpaceInfo& space : spaces_) {
-    if (space.isRegular()) {
-      numbers_.emplace(space, ++last[space.displayUUID]);
-    }
+    firstOf_.emplace(space.spaceID, numbers_.size());
+    numbers_.push_back(space.isRegular() ? ++last[space.displayUUID] : 0);
   }
 }
 
 void SpaceManager::rememberRegularSpaces() {
-  std::set<std::string> known;
-  if (const std::optional<platform::Value> stored = platform_.defaults().object(knownUUIDsKey)) {
-    if (const auto uuids = stored->toStrings()) {
-      known.insert(uuids->begin(), uuids->end());
-    }
+  platform::Value stored = platform_.defaults().object(knownUUIDsKey).value_or(platform::Value());
+  if (stored != known_ || stored.isNull()) {
+    takeKnown(std::move(stored));
   }
+  bool isMore = known_.isNull();
   for (const SpaceInfo& space : spaces_) {
-    if (space.isRegular()) {
-      known.insert(space.uuid);
+    isMore = (space.isRegular() && knownUUIDs_.insert(space.uuid).second) || isMore;
+  }
+  if (isMore) {
+    const std::set<std::string> sorted(knownUUIDs_.begin(), knownUUIDs_.end());
+    known_ = platform::Value::Array(sorted.begin(), sorted.end());
+  }
+  platform_.defaults().set(knownUUIDsKey, known_);
+}
+
+void SpaceManager::takeKnown(platform::Value stored) {
+  knownUUIDs_.clear();
+  known_ = {};
+  if (const auto uuids = stored.toStrings()) {
+    knownUUIDs_.insert(uuids->begin(), uuids->end());
+    // With one that is in it twice, it is stored anew.
+    if (knownUUIDs_.size() == uuids->size()) {
+      known_ = std::move(stored);
     }
   }
-  platform_.defaults().set(knownUUIDsKey, platform::Value::Array(known.begin(), known.end()));
 }
 
 std::string SpaceManager::displayName(const SpaceInfo& space) const {
@@ -117,20 +140,21 @@ std::string SpaceManager::displayName(const SpaceInfo& space) const {
 }
 
 const std::string* SpaceManager::storedName(const SpaceInfo& space) const {
-  return find(names_, space);
+  return nameIn(names_, space);
 }
 
 const std::string* SpaceManager::givenName(const SpaceInfo& space) const {
   const std::string* stored = storedName(space);
-  return stored != nullptr ? stored : find(borrowedNames_, space);
+  return stored != nullptr ? stored : nameIn(borrowedNames_, space);
 }
 
 std::optional<int> SpaceManager::defaultNumber(const SpaceInfo& space) const {
   if (givenName(space) != nullptr) {
     return std::nullopt;
   }
-  const auto number = numbers_.find(space);
-  return number == numbers_.end() ? std::nullopt : std::optional(number->second);
+  const SpaceInfo* listed = find(space);
+  const int number = listed == nullptr ? 0 : numbers_[static_cast<std::size_t>(listed - spaces_.data())];
+  return number == 0 ? std::nullopt : std::optional(number);
 }
 
 void SpaceManager::setName(const std::string& name, const SpaceInfo& space) {

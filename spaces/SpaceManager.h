@@ -6,12 +6,14 @@
 #include "spaces/SpaceInfo.h"
 #include "support/Lifetime.h"
 
+#include <cstddef>
 #include <functional>
 #include <map>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 namespace roomlattice {
@@ -38,8 +40,11 @@ class SpaceManager {
   /// 0 before the first snapshot.
   platform::SpaceID activeSpaceID() const { return activeSpaceID_; }
 
-  /// The first desktop in the list with the active identifier, of any type; null when the list has none. Valid until
-  /// the next update.
+  /// The first desktop in the list with that identifier, of any type; null when the list has none. Valid until the next
+  /// update.
+  const SpaceInfo* firstSpace(platform::SpaceID spaceID) const;
+
+  /// The same for the active identifier.
   const SpaceInfo* activeSpace() const;
 
   /// The desktop the user is on: the active one, but during a tour the one that was active when it began. Like
@@ -79,17 +84,23 @@ class SpaceManager {
   void performAutoTour(std::function<void()> completion = {});
 
  private:
-  const SpaceInfo* firstSpace(platform::SpaceID spaceID) const;
+  const SpaceInfo* find(const SpaceInfo& space) const;
   void loadNames();
   const std::string* givenName(const SpaceInfo& space) const;
-  void numberSpaces();
+  void indexSpaces();
   void rememberRegularSpaces();
+  void takeKnown(platform::Value stored);
   void post(std::string_view notification);
 
   platform::Platform& platform_;
   std::vector<SpaceInfo> spaces_;
-  // The places of the regular ones on their displays, from 1.
-  std::unordered_map<SpaceInfo, int> numbers_;
+  // The index of the first one with each identifier.
+  std::unordered_map<platform::SpaceID, std::size_t> firstOf_;
+  // For each, its place among the regular ones of its display, from 1; 0 for one that is not regular.
+  std::vector<int> numbers_;
+  // As last stored, and the same for looking up.
+  platform::Value known_;
+  std::unordered_set<std::string> knownUUIDs_;
   platform::SpaceID activeSpaceID_ = 0;
   // While there is a tour, and the same for one that replaces another.
   std::optional<platform::SpaceID> tourHome_;
