@@ -26,12 +26,15 @@ double X11UserInterface::systemFontSize() const {
 }
 
 Size X11UserInterface::measure(const std::string& text, const Font& font) const {
-  if (measured_.size() >= mostMeasured) {
+  if (measuredCount_ >= mostMeasured) {
     measured_.clear();
+    measuredCount_ = 0;
   }
-  const auto [entry, isNew] = measured_.try_emplace({toQt(font), text});
+  const QFont shown = toQt(font);
+  const auto [entry, isNew] = measured_[shown].try_emplace(text);
   if (isNew) {
-    entry->second = measureText(text, entry->first.first);
+    ++measuredCount_;
+    entry->second = measureText(text, shown);
   }
   return entry->second;
 }

@@ -10,9 +10,10 @@
 
 #include <QFont>
 #include <chrono>
+#include <cstddef>
 #include <map>
 #include <string>
-#include <utility>
+#include <unordered_map>
 
 namespace roomlattice::platform::x11 {
 
@@ -56,7 +57,8 @@ class X11UserInterface final : public UserInterface {
   OverlayManagement overlayManagement_;
   OverlayEnvironment overlays_;
   // What was measured, so that a change of one name shapes one text, however many labels there are.
-  mutable std::map<std::pair<QFont, std::string>, Size> measured_;
+  mutable std::map<QFont, std::unordered_map<std::string, Size>> measured_;
+  mutable std::size_t measuredCount_ = 0;
 };
 
 }  // namespace roomlattice::platform::x11
