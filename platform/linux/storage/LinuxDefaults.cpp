@@ -33,11 +33,24 @@ std::optional<std::filesystem::path> LinuxDefaults::standardPath() {
 }
 
 std::optional<Value> LinuxDefaults::object(const std::string& key) const {
-  return memory_->object(key);
+  std::optional<Value> value = memory_->object(key);
+  lookIfWanted();
+  return value;
 }
 
 void LinuxDefaults::set(const std::string& key, const Value& value) {
   if (memory_->set(key, value) == SettingsMemory::Change::ToBeWritten) {
+    writer_.request();
+  }
+}
+
+void LinuxDefaults::setLooking(SettingsMemory::Looking looking) {
+  memory_->setLooking(looking);
+  lookIfWanted();
+}
+
+void LinuxDefaults::lookIfWanted() const {
+  if (memory_->isToBeLookedAt()) {
     writer_.request();
   }
 }

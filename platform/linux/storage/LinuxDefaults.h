@@ -44,8 +44,9 @@ class LinuxDefaults final : public Defaults {
   std::optional<Value> object(const std::string& key) const override;
   void set(const std::string& key, const Value& value) override;
 
-  /// Whether the file is looked at with each read, as it is unless this is called, or when somebody tells.
-  void setLooking(SettingsMemory::Looking looking) { memory_->setLooking(looking); }
+  /// Whether the file is looked at with each read, which then waits for the disk, as it is unless this is called, or by
+  /// the thread, soon after each or when somebody tells. Then what that has not seen yet is unknown to readers.
+  void setLooking(SettingsMemory::Looking looking);
 
   /// Whether the file has been changed by anybody else since this was asked last; the first time it has not.
   SettingsMemory::News newsFromOutside() { return memory_->newsFromOutside(); }
@@ -58,9 +59,11 @@ class LinuxDefaults final : public Defaults {
   void finishWriting();
 
  private:
+  void lookIfWanted() const;
+
   // The thread may outlive this object where a write does not end.
   std::shared_ptr<SettingsMemory> memory_;
-  BackgroundWork writer_;
+  mutable BackgroundWork writer_;
 };
 
 }  // namespace roomlattice::platform::linux

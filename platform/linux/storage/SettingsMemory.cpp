@@ -18,7 +18,12 @@ SettingsMemory::SettingsMemory(std::optional<std::filesystem::path> path, Report
 void SettingsMemory::setLooking(Looking looking) {
   const std::scoped_lock lock(mutex_);
   looking_ = looking;
-  isUpToDate_ = false;
+  isToBeLookedAt_ = looking != Looking::AtOnce;
+}
+
+bool SettingsMemory::isToBeLookedAt() const {
+  const std::scoped_lock lock(mutex_);
+  return isToBeLookedAt_;
 }
 
 std::optional<Value> SettingsMemory::object(const std::string& key) {
@@ -29,6 +34,7 @@ std::optional<Value> SettingsMemory::object(const std::string& key) {
     refresh(lines);
     value = current(key);
     known_[key] = value;
+    isToBeLookedAt_ = isToBeLookedAt_ || looking_ == Looking::Soon;
   }
   report(lines);
   return value.isNull() ? std::nullopt : std::optional(std::move(value));
@@ -41,7 +47,7 @@ SettingsMemory::Change SettingsMemory::set(const std::string& key, const Value& 
     const std::scoped_lock lock(mutex_);
     refresh(lines);
     const bool stored =
-        waiting_.empty() && beingWritten_.empty() && !std::holds_alternative<SettingsFile::Damaged>(state_);
+        waiting_.empty() && !writing_ && !isToBeLookedAt_ && !std::holds_alternative<SettingsFile::Damaged>(state_);
     if (!stored || current(key) != value) {
       const auto known = known_.find(key);
       SettingsChange own(known == known_.end() ? std::nullopt : std::optional(known->second), value);
@@ -61,8 +67,10 @@ SettingsMemory::Write SettingsMemory::write() {
   if (!file_) {
     return Write::Done;
   }
-  auto [changes, lastKnown] = beginWrite();
-  SettingsUpdate::Result result = SettingsUpdate(*file_, std::move(lastKnown), settling_).run(std::move(changes));
+  Work work = beginWrite();
+  SettingsUpdate::Result result =
+      work.changes.empty() ? look(work.stamp)
+                           : SettingsUpdate(*file_, std::move(work.lastKnown), settling_).run(std::move(work.changes));
   const bool failed = result.mayWorkLater;
   Lines lines;
   endWrite(std::move(result), lines);
@@ -70,11 +78,19 @@ SettingsMemory::Write SettingsMemory::write() {
   return failed ? Write::Failed : Write::Done;
 }
 
-std::pair<SettingsChanges, Value::Dictionary> SettingsMemory::beginWrite() {
+SettingsMemory::Work SettingsMemory::beginWrite() {
   const std::scoped_lock lock(mutex_);
   beingWritten_ = std::exchange(waiting_, {});
   writing_ = true;
-  return {beingWritten_, settings_};
+  isToBeLookedAt_ = false;
+  return {beingWritten_, settings_, stampCounts_ ? stamp_ : std::nullopt};
+}
+
+SettingsUpdate::Result SettingsMemory::look(const std::optional<FileStamp>& stamp) const {
+  if (stamp && file_->stamp() == stamp) {
+    return {};
+  }
+  return {.file = file_->read()};
 }
 
 void SettingsMemory::endWrite(SettingsUpdate::Result result, Lines& lines) {
@@ -107,7 +123,7 @@ SettingsMemory::News SettingsMemory::newsFromOutside() {
   News news = News::NotKnownYet;
   {
     const std::scoped_lock lock(mutex_);
-    if (!writing_) {
+    if (!writing_ && !isToBeLookedAt_) {
       refresh(lines);
       Value::Dictionary now = applied(waiting_, settings_);
       news = familiar_ && now != *familiar_ ? News::Changed : News::None;
@@ -124,13 +140,13 @@ void SettingsMemory::silence() {
 }
 
 void SettingsMemory::refresh(Lines& lines) {
-  if (!file_ || writing_ || isUpToDate_) {
+  if (!file_ || writing_ || (looking_ != Looking::AtOnce && hasLooked_)) {
     return;
   }
   if (!stampCounts_ || file_->stamp() != stamp_) {
     take(file_->read(), lines);
   }
-  isUpToDate_ = looking_ == Looking::WhenTold && stampCounts_;
+  hasLooked_ = true;
 }
 
 void SettingsMemory::take(SettingsFile::ReadResult state, Lines& lines) {

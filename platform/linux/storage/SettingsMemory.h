@@ -16,8 +16,8 @@
 namespace roomlattice::platform::linux {
 
 /// The settings as the program sees them: what the file holds, and over it what was changed and is not there yet. The
-/// file is looked at with each read unless somebody else watches it, but not while somebody writes: the memory is the
-/// truth then. Any thread.
+/// file is looked at with each read unless that is left to whoever writes, and not while somebody writes: the memory is
+/// the truth then. Any thread.
 class SettingsMemory {
  public:
   using Report = std::function<void(const std::string& line)>;
@@ -26,12 +26,19 @@ class SettingsMemory {
   SettingsMemory(std::optional<std::filesystem::path> path, Report report, std::chrono::milliseconds settling);
 
   enum class Looking {
-    /// With each read.
-    Always,
-    /// Once, and again after this was set anew: somebody else tells when the file may have become another one.
+    /// With each read, before it answers.
+    AtOnce,
+    /// After each read, by the next `write`: a later one sees what there is.
+    Soon,
+    /// By the next `write`, and again after this was set anew: somebody else tells when the file may have become
+    /// another
+    /// one.
     WhenTold,
   };
   void setLooking(Looking looking);
+
+  /// Whether a `write` is wanted even where nothing was changed.
+  bool isToBeLookedAt() const;
 
   std::optional<Value> object(const std::string& key);
 
@@ -44,7 +51,7 @@ class SettingsMemory {
     Failed,
   };
 
-  /// Writes what was changed. One thread at a time.
+  /// Writes what was changed, or else looks at the file. One thread at a time.
   Write write();
 
   bool isWritten() const;
@@ -52,7 +59,7 @@ class SettingsMemory {
   enum class News {
     None,
     Changed,
-    /// A write of this program's own is under way.
+    /// A write of this program's own is under way, or nobody has looked yet.
     NotKnownYet,
   };
 
@@ -66,8 +73,16 @@ class SettingsMemory {
  private:
   using Lines = std::vector<std::string>;
 
-  /// What was changed and is to be written now, and what was last read.
-  std::pair<SettingsChanges, Value::Dictionary> beginWrite();
+  /// What is to be written now, if anything, and what was last read.
+  struct Work {
+    SettingsChanges changes;
+    Value::Dictionary lastKnown;
+    /// While the file has this stamp, that is what it holds.
+    std::optional<FileStamp> stamp;
+  };
+
+  Work beginWrite();
+  SettingsUpdate::Result look(const std::optional<FileStamp>& stamp) const;
   void endWrite(SettingsUpdate::Result result, Lines& lines);
   void refresh(Lines& lines);
   void take(SettingsFile::ReadResult state, Lines& lines);
@@ -96,9 +111,9 @@ class SettingsMemory {
   // The file's stamp at the last reading, and whether the same stamp means the same contents.
   std::optional<FileStamp> stamp_;
   bool stampCounts_ = false;
-  Looking looking_ = Looking::Always;
-  // Looked at, and nothing was told since.
-  bool isUpToDate_ = false;
+  Looking looking_ = Looking::AtOnce;
+  bool hasLooked_ = false;
+  bool isToBeLookedAt_ = false;
   std::string readTrouble_;
   std::string writeTrouble_;
 };

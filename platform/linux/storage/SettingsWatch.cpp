@@ -16,13 +16,13 @@ SettingsWatch::SettingsWatch(LinuxDefaults& defaults, std::filesystem::path path
   lookSoon_.setSingleShot(true);
   lookSoon_.setInterval(restAfterChange);
   lookSoon_.callOnTimeout([this] { look(); });
-  fileChanged();
   defaults_.newsFromOutside();
+  fileChanged();
 }
 
 void SettingsWatch::fileChanged() {
   using Looking = SettingsMemory::Looking;
-  defaults_.setLooking(watch_.isReliable() ? Looking::WhenTold : Looking::Always);
+  defaults_.setLooking(watch_.isReliable() ? Looking::WhenTold : Looking::Soon);
   lookSoon_.start();
 }
 

@@ -9,9 +9,9 @@
 
 namespace roomlattice::platform::linux {
 
-/// Notices when the settings file is changed by anybody but this program, as long as it lives. Where the system tells
-/// of all changes, nobody else looks at the file meanwhile: what is changed there is seen by the first read after the
-/// next turn of the event loop. Needs the Qt application.
+/// Notices when the settings file is changed by anybody but this program, as long as it lives. The thread that writes
+/// looks at the file meanwhile, so that readers never wait for the disk: where the system tells of all changes, when it
+/// does, and elsewhere after each read. Needs the Qt application.
 class SettingsWatch {
  public:
   /// Of the file at `path`, whether it exists or not; `defaults` are the settings in it, and must outlive this object.
