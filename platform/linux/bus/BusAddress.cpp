@@ -28,11 +28,6 @@ std::optional<std::string>& hiddenAddress() {
   return address;
 }
 
-std::uint64_t microsecondsUntil(Clock::time_point end) {
-  const auto left = std::chrono::ceil<std::chrono::microseconds>(end - Clock::now());
-  return static_cast<std::uint64_t>(std::max<std::chrono::microseconds::rep>(left.count(), 0));
-}
-
 /// A try to be let in by a bus.
 struct Visit {
   BusPointer bus;
@@ -45,17 +40,11 @@ Visit visit(const std::string& address, Clock::time_point end) {
   if (bus == nullptr) {
     return {.bus = nullptr, .isMute = errno == EAGAIN};  // as many wait already as may
   }
-  while (sd_bus_is_ready(bus.get()) == 0) {
-    const int processed = sd_bus_process(bus.get(), nullptr);
-    const std::uint64_t left = microsecondsUntil(end);
-    if (processed < 0 || left == 0) {
-      return {.bus = nullptr, .isMute = processed >= 0};
-    }
-    if (processed == 0) {
-      sd_bus_wait(bus.get(), left);
-    }
+  const Admission admission = waitForAdmission(bus.get(), end);
+  if (admission != Admission::Granted) {
+    bus.reset();
   }
-  return {.bus = std::move(bus)};
+  return {.bus = std::move(bus), .isMute = admission == Admission::Unanswered};
 }
 
 /// A question to a service, if anybody offers it.

@@ -1,5 +1,6 @@
 #include "platform/linux/bus/BusPointer.h"
 
+#include <algorithm>
 #include <cerrno>
 
 namespace roomlattice::platform::linux {
@@ -27,6 +28,29 @@ BusPointer openBus(const std::string& address) {
     errno = -result;
   }
   return bus;
+}
+
+Admission waitForAdmission(sd_bus* bus, std::chrono::steady_clock::time_point end) {
+  while (sd_bus_is_ready(bus) == 0) {
+    const int processed = sd_bus_process(bus, nullptr);
+    const std::uint64_t left = microsecondsUntil(end);
+    if (processed < 0) {
+      return Admission::Refused;
+    }
+    if (left == 0) {
+      return Admission::Unanswered;
+    }
+    if (processed == 0) {
+      sd_bus_wait(bus, left);
+    }
+  }
+  return sd_bus_is_ready(bus) > 0 ? Admission::Granted : Admission::Refused;
+}
+
+std::uint64_t microsecondsUntil(std::chrono::steady_clock::time_point end) {
+  using std::chrono::microseconds;
+  const auto left = std::chrono::ceil<microseconds>(end - std::chrono::steady_clock::now());
+  return static_cast<std::uint64_t>(std::max<microseconds::rep>(left.count(), 0));
 }
 
 }  // namespace roomlattice::platform::linux

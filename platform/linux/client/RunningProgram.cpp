@@ -3,6 +3,7 @@
 #include "platform/linux/client/DesktopMessage.h"
 #include "platform/linux/control/ControlNames.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstdint>
@@ -16,7 +17,6 @@ namespace {
 
 using namespace std::string_view_literals;
 
-constexpr std::uint64_t libraryLimit = 0;  // as long as sd-bus usually waits
 constexpr const char* propertiesInterface = "org.freedesktop.DBus.Properties";
 
 /// What the bus says where nobody has the name.
@@ -72,7 +72,9 @@ bool waitForBus(sd_bus* bus) {
 
 }  // namespace
 
-RunningProgram::RunningProgram(const std::string& display) : name_(controlName) {
+RunningProgram::RunningProgram(const std::string& display, std::chrono::milliseconds answerLimit,
+                               std::chrono::milliseconds busLimit)
+    : name_(controlName), answerLimit_(answerLimit), busLimit_(busLimit) {
   if (const std::string own = controlNameOfDisplay(display); !own.empty()) {
     name_ = own;
   }
@@ -82,14 +84,22 @@ RunningProgram::RunningProgram(const std::string& display) : name_(controlName) 
   }
 }
 
+bool RunningProgram::isAdmitted() {
+  return waitForAdmission(bus_.get(), std::chrono::steady_clock::now() + busLimit_) == Admission::Granted;
+}
+
 RunningProgram::Answer<MessagePointer> RunningProgram::send(const MessagePointer& question) {
   if (question == nullptr) {
     return NotRunning{"there is no session bus"};
   }
+  if (!isAdmitted()) {
+    return NotRunning{"the session bus does not answer"};
+  }
   sd_bus_message_set_auto_start(question.get(), 0);
   sd_bus_error error{};
   sd_bus_message* answer = nullptr;
-  const int result = sd_bus_call(bus_.get(), question.get(), libraryLimit, &error, &answer);
+  const std::uint64_t limit = microsecondsUntil(std::chrono::steady_clock::now() + answerLimit_);
+  const int result = sd_bus_call(bus_.get(), question.get(), std::max<std::uint64_t>(limit, 1), &error, &answer);
   MessagePointer owner(answer);
   if (result >= 0) {
     return owner;
@@ -149,7 +159,7 @@ RunningProgram::Answer<std::vector<DesktopState>> RunningProgram::desktops() {
 }
 
 bool RunningProgram::watch(const Watcher& watcher, const std::function<bool()>& isEnough) {
-  if (bus_ == nullptr) {
+  if (bus_ == nullptr || !isAdmitted()) {
     return false;
   }
   Watch watch{watcher};

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "platform/ControlEndpoint.h"
+#include "platform/linux/bus/BusPointer.h"
 #include "platform/linux/bus/MessagePointer.h"
 
 #include <chrono>
 #include <functional>
-#include <memory>
 #include <optional>
 #include <string>
 #include <systemd/sd-bus.h>
@@ -30,8 +30,13 @@ class RunningProgram {
   template <class T>
   using Answer = std::variant<T, Refused, NotRunning>;
 
-  /// The program of `display`, or of any where it is empty.
-  explicit RunningProgram(const std::string& display);
+  /// The bus lets anybody in at once where it works; to the program D-Bus gives this time.
+  static constexpr std::chrono::milliseconds usualBusLimit{5000};
+  static constexpr std::chrono::milliseconds usualAnswerLimit{25000};
+
+  /// The program of `display`, or of any where it is empty. Neither the bus nor an answer is waited for any longer.
+  explicit RunningProgram(const std::string& display, std::chrono::milliseconds answerLimit = usualAnswerLimit,
+                          std::chrono::milliseconds busLimit = usualBusLimit);
 
   /// Whether there is a bus to find it on.
   bool isReachable() const { return bus_ != nullptr; }
@@ -54,18 +59,18 @@ class RunningProgram {
   };
 
   /// Tells what happens until `isEnough` says so, which is asked after each thing told, or nobody reads standard output
-  /// any more. False where there is no bus, or none any more.
+  /// any more. False where there is no bus, or none any more, or it does not answer.
   bool watch(const Watcher& watcher, const std::function<bool()>& isEnough);
 
  private:
-  struct Close {
-    void operator()(sd_bus* bus) const { sd_bus_flush_close_unref(bus); }
-  };
-
+  /// Whether the bus has let this client in.
+  bool isAdmitted();
   Answer<MessagePointer> send(const MessagePointer& question);
 
   std::string name_;
-  std::unique_ptr<sd_bus, Close> bus_;
+  std::chrono::milliseconds answerLimit_;
+  std::chrono::milliseconds busLimit_;
+  BusPointer bus_;
 };
 
 }  // namespace roomlattice::platform::linux

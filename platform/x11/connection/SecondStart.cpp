@@ -22,7 +22,7 @@ ExitStatus passOnStart(linux::Start start, const std::string& display, const lin
     return {EXIT_SUCCESS};
   }
   const auto deadline = std::chrono::steady_clock::now() + answerTime;
-  RunningProgram other(display);
+  RunningProgram other(display, answerTime);
   while (other.isReachable() && std::chrono::steady_clock::now() < deadline) {
     const auto answer = other.call("OpenMenu");
     if (std::holds_alternative<RunningProgram::Done>(answer)) {
