@@ -74,7 +74,7 @@ std::vector<std::string> commandFor(const SessionOptions& options, const std::fi
     }
   }
   if (options.display) {
-    command.push_back(":" + std::to_string(*options.display));
+    command.emplace_back(":" + std::to_string(*options.display));
   }
   // On a busy machine a key that a tool presses may be held long enough to repeat.
   command.push_back("-r");
