@@ -3,7 +3,9 @@
 #include "platform/x11/connection/PixelRows.h"
 
 #include <QRegion>
+#include <algorithm>
 #include <cstddef>
+#include <iterator>
 #include <vector>
 
 namespace roomlattice::platform::x11 {
@@ -15,6 +17,11 @@ constexpr std::uint32_t rgbMask = 0xffffff;
 std::uint8_t depthOf(xcb_connection_t* raw, xcb_window_t window) {
   const auto geometry = replyTo(raw, xcb_get_geometry(raw, window), xcb_get_geometry_reply);
   return geometry == nullptr ? std::uint8_t{0} : geometry->depth;
+}
+
+xcb_rectangle_t rectangleOf(const QRect& area) {
+  return {static_cast<std::int16_t>(area.x()), static_cast<std::int16_t>(area.y()),
+          static_cast<std::uint16_t>(area.width()), static_cast<std::uint16_t>(area.height())};
 }
 
 }  // namespace
@@ -81,10 +88,7 @@ void WindowPicture::putDetails(const PackedPicture& picture) {
 
 void WindowPicture::fill(const std::vector<QRect>& areas, std::uint32_t color) {
   std::vector<xcb_rectangle_t> rectangles;
-  for (const QRect& area : areas) {
-    rectangles.push_back({static_cast<std::int16_t>(area.x()), static_cast<std::int16_t>(area.y()),
-                          static_cast<std::uint16_t>(area.width()), static_cast<std::uint16_t>(area.height())});
-  }
+  std::ranges::transform(areas, std::back_inserter(rectangles), rectangleOf);
   xcb_change_gc(raw_, context_, XCB_GC_FOREGROUND, &color);
   xcb_poly_fill_rectangle(raw_, window_, context_, static_cast<std::uint32_t>(rectangles.size()), rectangles.data());
 }
