@@ -40,6 +40,12 @@ ExitStatus refuse(const std::string& reason, int status) {
   return ExitStatus{status};
 }
 
+/// Where the text cannot be written it must not look as if there were none.
+ExitStatus print(const std::string& text) {
+  const bool isWritten = std::fputs(text.c_str(), stdout) >= 0 && std::fflush(stdout) == 0;
+  return isWritten ? ExitStatus{0} : refuse("cannot write to standard output", failure);
+}
+
 /// `state` is what follows the option; null where nothing does.
 ExitStatus setAutostart(const char* state) {
   const std::string_view wanted = state == nullptr ? "" : state;
@@ -65,16 +71,13 @@ std::optional<ExitStatus> answerCommandLine(int argc, const char* const* argv) {
   for (int i = 1; i < argc; ++i) {
     const std::string_view argument = argv[i];
     if (argument == "--help" || argument == "-h") {
-      std::fputs(help, stdout);
-      return ExitStatus{0};
+      return print(help);
     }
     if (argument == "--version") {
-      std::puts("roomlattice " ROOMLATTICE_VERSION);
-      return ExitStatus{0};
+      return print("roomlattice " ROOMLATTICE_VERSION "\n");
     }
     if (argument == recentLogOption) {
-      std::fputs(recentLog(std::chrono::minutes(10)).c_str(), stdout);
-      return ExitStatus{0};
+      return print(recentLog(std::chrono::minutes(10)));
     }
     if (argument == "--autostart") {
       return setAutostart(argv[i + 1]);

@@ -36,6 +36,14 @@ TEST_F(ProgramStartOptionsTest, GiveTheVersionWithoutADisplay) {
   EXPECT_THAT(program.process().output(), ::testing::MatchesRegex("roomlattice [0-9.]+\n"));
 }
 
+TEST_F(ProgramStartOptionsTest, SayWhereNothingCanBeWritten) {
+  for (const char* option : {"--help", "--version"}) {
+    Program program = Program::throughShell("exec \"$0\" " + std::string(option) + " >/dev/full");
+    EXPECT_EQ(program.exitStatus(), 1) << option;
+    EXPECT_THAT(program.complaints(), ElementsAre(HasSubstr("standard output"))) << option;
+  }
+}
+
 class ProgramStartWrongArgumentTest : public ProgramStartOptionsTest,
                                       public ::testing::WithParamInterface<const char*> {};
 
