@@ -96,11 +96,6 @@ void DesktopState::putBackOn(X11Connection& connection) const {
       connection.sendToRoot(connection.root(), connection.atom(number), {value, XCB_CURRENT_TIME, 0, 0, 0});
     }
   }
-  if (differs(names)) {
-    const std::string& texts = properties.at(names);
-    xcb_change_property(connection.raw(), XCB_PROP_MODE_REPLACE, connection.root(), connection.atom(names),
-                        connection.ewmh()->UTF8_STRING, 8, static_cast<std::uint32_t>(texts.size()), texts.data());
-  }
   if (differs(picture) || differs(formerPicture)) {
     removePicture(connection);
   }
