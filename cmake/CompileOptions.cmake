@@ -22,6 +22,7 @@ if(ROOMLATTICE_SANITIZERS)
   target_compile_options(
     roomlattice_options
     INTERFACE -fsanitize=address $<$<NOT:$<BOOL:$<TARGET_PROPERTY:ROOMLATTICE_IS_TEST>>>:-fsanitize=undefined>
+              $<$<CXX_COMPILER_ID:Clang>:-fsanitize-ignorelist=${PROJECT_SOURCE_DIR}/cmake/undefined-ignorelist.txt>
               -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(roomlattice_options INTERFACE -fsanitize=address,undefined)
 endif()
