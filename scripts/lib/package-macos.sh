@@ -6,13 +6,15 @@ mac_app() { printf '%s\n' "$root/build/$(mac_preset)/app/Roomlattice.app"; }
 
 mac_preset() { if on_macos; then echo macos; else echo macos-cross; fi; }
 
+install_mac_compiler() { "$root/packaging/macos/compiler/install" "$root/.cache/mac-compiler"; }
+
 # On Linux the static analyzer reads the backend with it.
 build_mac_app() {
   if on_macos; then
     require_macos_tools
   else
     install_packages_for mac
-    "$root/packaging/macos/compiler/install" "$root/.cache/mac-compiler"
+    install_mac_compiler
   fi
   build_preset "$(mac_preset)"
 }

@@ -30,9 +30,8 @@ class SettingsMemory {
     AtOnce,
     /// After each read, by the next `write`: a later one sees what there is.
     Soon,
-    /// By the next `write`, and again after this was set anew: somebody else tells when the file may have become
-    /// another
-    /// one.
+    /// By the next `write`, and again after this was set anew: somebody else tells when the file may have
+    /// become another one.
     WhenTold,
   };
   void setLooking(Looking looking);
