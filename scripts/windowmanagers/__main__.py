@@ -8,7 +8,6 @@ from concurrent.futures import ThreadPoolExecutor
 
 from . import scenario, sessions
 
-at_a_time = 2
 time_limit = 300  # seconds, for one window manager
 
 
@@ -16,6 +15,7 @@ def parse_arguments():
     parser = argparse.ArgumentParser()
     parser.add_argument("--program")
     parser.add_argument("--pictures", type=pathlib.Path)
+    parser.add_argument("--at-once", type=int, default=2, help="how many side by side")
     parser.add_argument("--list", action="store_true")
     parser.add_argument("--one", action="store_true", help="in this process, with the outcomes as JSON")
     parser.add_argument("names", nargs="*")
@@ -81,7 +81,7 @@ def main():
     for desktop in wanted:
         if desktop not in present:
             print(f"{desktop.name}: not tried, as not all of {' '.join(desktop.programs())} are installed")
-    with ThreadPoolExecutor(at_a_time) as pool:
+    with ThreadPoolExecutor(arguments.at_once) as pool:
         tried = pool.map(lambda desktop: try_apart(desktop, arguments), present)
         outcomes = {desktop.name: outcome for desktop, outcome in zip(present, tried)}
     print_table(outcomes)
