@@ -90,6 +90,18 @@ std::optional<std::uint32_t> NativeWindow::desktop() const {
   return readNumber(connection_, id_, connection_.ewmh()->_NET_WM_DESKTOP, XCB_ATOM_CARDINAL);
 }
 
+bool NativeWindow::isManaged() const {
+  const xcb_atom_t state = connection_.atom("WM_STATE");
+  const auto cookie = xcb_get_property(connection_.raw(), 0, id_, state, state, 0, 0);
+  const auto reply = replyTo(connection_.raw(), cookie, xcb_get_property_reply);
+  return reply != nullptr && reply->type != XCB_NONE;
+}
+
+void NativeWindow::map() {
+  xcb_map_window(raw_, id_);
+  flush();
+}
+
 void NativeWindow::setOpacity(xcb_window_t frame, double opacity) {
   const double scaled = std::round(std::clamp(opacity, 0.0, 1.0) * std::numeric_limits<std::uint32_t>::max());
   const auto value = static_cast<std::uint32_t>(scaled);

@@ -74,6 +74,12 @@ class NativeWindow {
   /// Whether _NET_WM_STATE now holds `state`. Waits for the server.
   bool hasState(xcb_atom_t state) const;
 
+  /// Whether a window manager has it in its care (ICCCM's WM_STATE). Waits for the server.
+  bool isManaged() const;
+
+  /// Asks for it to be shown, as the toolkit does not for what it has asked for already.
+  void map();
+
   /// _NET_WM_DESKTOP, or nothing while there is none. Waits for the server.
   std::optional<std::uint32_t> desktop() const;
 

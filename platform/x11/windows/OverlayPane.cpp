@@ -3,9 +3,16 @@
 #include "platform/x11/drawing/RoundedShape.h"
 
 #include <algorithm>
+#include <chrono>
 #include <utility>
 
 namespace roomlattice::platform::x11 {
+namespace {
+
+// Of a window manager that has been asked to show a window.
+constexpr std::chrono::milliseconds forgettingTime(500);
+
+}  // namespace
 
 OverlayPane::OverlayPane(OverlayEnvironment& environment, WindowLevel level, CollectionBehavior behavior,
                          OverlaySurface::Depth depth, std::function<void()> mapped)
@@ -69,6 +76,13 @@ void OverlayPane::setCut(Cut cut) {
 }
 
 void OverlayPane::appear() {
+  prepareToAppear();
+  surface_.appear();
+  raise();
+  environment_.management.check(native_.id());
+}
+
+void OverlayPane::prepareToAppear() {
   const xcb_ewmh_connection_t& atoms = *environment_.connection.ewmh();
   WindowHints hints{
       .types = {atoms._NET_WM_WINDOW_TYPE_NOTIFICATION, atoms._NET_WM_WINDOW_TYPE_UTILITY},
@@ -80,9 +94,14 @@ void OverlayPane::appear() {
   native_.writeHints(hints);
   native_.refuseKeyboard();
   desktop_.windowWillAppear();
-  surface_.appear();
-  raise();
-  environment_.management.check(native_.id());
+}
+
+void OverlayPane::appearAgain() {
+  const bool isForgotten = surface_.isVisible() && !isMapped_ && !native_.isManaged();
+  if (isForgotten) {
+    prepareToAppear();
+    native_.map();
+  }
 }
 
 void OverlayPane::raise() {
@@ -132,6 +151,11 @@ void OverlayPane::passOpacityOn() {
 }
 
 void OverlayPane::propertyChanged(const xcb_property_notify_event_t& property) {
+  if (property.atom == environment_.connection.atom("WM_STATE") && property.state == XCB_PROPERTY_DELETE &&
+      surface_.isVisible()) {
+    // A window manager that is busy may hide what was hidden and shown again in the meantime.
+    appearAgainLater_.start(forgettingTime);
+  }
   const xcb_atom_t state = environment_.connection.ewmh()->_NET_WM_STATE;
   const xcb_atom_t attention = environment_.connection.ewmh()->_NET_WM_STATE_DEMANDS_ATTENTION;
   // Some window managers mark what appears without the focus.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Window.h"
+#include "platform/linux/system/OneShotTimer.h"
 #include "platform/x11/connection/NativeWindow.h"
 #include "platform/x11/windows/DesktopKeeper.h"
 #include "platform/x11/windows/OverlayEnvironment.h"
@@ -59,6 +60,8 @@ class OverlayPane {
   using Shape = std::optional<std::vector<xcb_rectangle_t>>;
 
   Shape shapeOf(Cut cut) const;
+  void prepareToAppear();
+  void appearAgain();
   void draw();
   void listen(std::function<void()> mapped);
   void reparented(const xcb_reparent_notify_event_t& reparent);
@@ -72,6 +75,7 @@ class OverlayPane {
   std::optional<OverlayPicture> picture_;
   std::optional<double> writtenOpacity_;
   Shape writtenShape_;
+  linux::OneShotTimer appearAgainLater_{[this] { appearAgain(); }};
   bool isMapped_ = false;
   // What a window manager has put around it.
   std::optional<xcb_window_t> frame_;
