@@ -141,16 +141,16 @@ CodableColor PreferencesStore::usedColor(const SpaceInfo& space) const {
   if (const auto found = stored.find(space.uuid); found != stored.end()) {
     return usedOf(found->second, colorMode());
   }
+  return defaultColor(space.uuid);
+}
+
+CodableColor PreferencesStore::defaultColor(const std::string& forSpaceUUID) const {
   const std::vector<SpaceInfo>& spaces = spaces_.spaces();
-  const auto isMeant = [&](const SpaceInfo& other) { return other.isRegular() && other.uuid == space.uuid; };
+  const auto isMeant = [&](const SpaceInfo& space) { return space.isRegular() && space.uuid == forSpaceUUID; };
   const auto found = std::ranges::find_if(spaces, isMeant);
   const auto position =
       found == spaces.end() ? 0 : std::count_if(spaces.begin(), found, std::mem_fn(&SpaceInfo::isRegular));
   return defaultColorAt(static_cast<std::size_t>(position));
-}
-
-CodableColor PreferencesStore::defaultColor(const std::string& forSpaceUUID) const {
-  return DesktopColors(spaces_.spaces(), {}, {}).defaultColor(forSpaceUUID);
 }
 
 SpaceColorConfig PreferencesStore::colorConfig(const std::string& forSpaceUUID) const {

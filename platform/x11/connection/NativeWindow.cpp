@@ -92,9 +92,7 @@ std::optional<std::uint32_t> NativeWindow::desktop() const {
 
 bool NativeWindow::isManaged() const {
   const xcb_atom_t state = connection_.atom("WM_STATE");
-  const auto cookie = xcb_get_property(connection_.raw(), 0, id_, state, state, 0, 0);
-  const auto reply = replyTo(connection_.raw(), cookie, xcb_get_property_reply);
-  return reply != nullptr && reply->type != XCB_NONE;
+  return readNumber(connection_, id_, state, state).has_value();
 }
 
 void NativeWindow::map() {

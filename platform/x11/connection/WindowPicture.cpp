@@ -27,16 +27,12 @@ xcb_rectangle_t rectangleOf(const QRect& area) {
 }  // namespace
 
 WindowPicture::WindowPicture(const NativeWindow& window)
-    : native_(window),
-      raw_(window.raw()),
-      window_(window.id()),
-      context_(xcb_generate_id(raw_)),
-      depth_(depthOf(raw_, window_)) {
-  xcb_create_gc(raw_, context_, window_, 0, nullptr);
+    : window_(window), context_(xcb_generate_id(window.raw())), depth_(depthOf(window.raw(), window.id())) {
+  xcb_create_gc(window_.raw(), context_, window_.id(), 0, nullptr);
 }
 
 WindowPicture::~WindowPicture() {
-  xcb_free_gc(raw_, context_);
+  xcb_free_gc(window_.raw(), context_);
 }
 
 void WindowPicture::put(const QImage& picture, const QPoint& corner) {
@@ -44,7 +40,7 @@ void WindowPicture::put(const QImage& picture, const QPoint& corner) {
                        .size = picture.size(),
                        .bytesPerRow = static_cast<std::size_t>(picture.bytesPerLine()),
                        .depth = depth_};
-  x11::put(rows, raw_, window_, context_, corner);
+  x11::put(rows, window_.raw(), window_.id(), context_, corner);
 }
 
 void WindowPicture::put(const PackedPicture& picture) {
@@ -66,7 +62,7 @@ void WindowPicture::putInk(const PackedPicture& picture) {
 
 const WindowInk& WindowPicture::ink() {
   if (!ink_) {
-    ink_.emplace(native_);
+    ink_.emplace(window_);
   }
   return *ink_;
 }
@@ -89,8 +85,9 @@ void WindowPicture::putDetails(const PackedPicture& picture) {
 void WindowPicture::fill(const std::vector<QRect>& areas, std::uint32_t color) {
   std::vector<xcb_rectangle_t> rectangles;
   std::ranges::transform(areas, std::back_inserter(rectangles), rectangleOf);
-  xcb_change_gc(raw_, context_, XCB_GC_FOREGROUND, &color);
-  xcb_poly_fill_rectangle(raw_, window_, context_, static_cast<std::uint32_t>(rectangles.size()), rectangles.data());
+  xcb_change_gc(window_.raw(), context_, XCB_GC_FOREGROUND, &color);
+  xcb_poly_fill_rectangle(window_.raw(), window_.id(), context_, static_cast<std::uint32_t>(rectangles.size()),
+                          rectangles.data());
 }
 
 }  // namespace roomlattice::platform::x11

@@ -36,9 +36,7 @@ class WindowPicture {
   void putInk(const PackedPicture& picture);
   void putDetails(const PackedPicture& picture);
 
-  const NativeWindow& native_;
-  xcb_connection_t* raw_;
-  xcb_window_t window_;
+  const NativeWindow& window_;
   xcb_gcontext_t context_;
   std::uint8_t depth_;
   // Made when it is first wanted.

@@ -10,9 +10,7 @@ namespace {
 
 using platform::x11::replyTo;
 using platform::x11::X11Connection;
-using platform::x11::XcbPointer;
 
-constexpr const char* names = "_NET_DESKTOP_NAMES";
 constexpr const char* picture = "_XROOTPMAP_ID";
 constexpr const char* formerPicture = "ESETROOT_PMAP_ID";
 
@@ -73,8 +71,8 @@ QRect workAreaOf(X11Connection& connection, const QSize& screen) {
 DesktopState DesktopState::of(X11Connection& connection) {
   DesktopState state;
   for (const char* property :
-       {"_NET_CURRENT_DESKTOP", "_NET_NUMBER_OF_DESKTOPS", names, "_NET_DESKTOP_LAYOUT", "_NET_SUPPORTING_WM_CHECK",
-        "_XKB_RULES_NAMES", "RESOURCE_MANAGER", picture, formerPicture}) {
+       {"_NET_CURRENT_DESKTOP", "_NET_NUMBER_OF_DESKTOPS", "_NET_DESKTOP_NAMES", "_NET_DESKTOP_LAYOUT",
+        "_NET_SUPPORTING_WM_CHECK", "_XKB_RULES_NAMES", "RESOURCE_MANAGER", picture, formerPicture}) {
     state.properties[property] = bytesOf(connection, property);
   }
   state.screen = screenSize(connection);

@@ -40,20 +40,6 @@ TEST_F(X11WindowAlphaTest, EndsAnAnimationWithoutCompletionWhenItsAlphaIsSet) {
   EXPECT_EQ(window->alpha(), 0.78);
 }
 
-TEST_F(X11WindowAlphaTest, BeginsAnAnimationWhenABusyWindowManagerHasTakenItIn) {
-  ui_.session.windowManager()->signal(SIGSTOP);
-  const auto window = makeOn(0);
-  settle();
-  bool done = false;
-  window->animateAlpha(0.0, 50ms, [&done] { done = true; });
-  settle();
-  EXPECT_EQ(window->alpha(), 1.0);
-  EXPECT_FALSE(done);
-  ui_.session.windowManager()->signal(SIGCONT);
-  EXPECT_TRUE(waitFor([&done] { return done; }));
-  EXPECT_EQ(window->alpha(), 0.0);
-}
-
 TEST_F(X11WindowAlphaTest, AnimatesItsAlphaOnADesktopThatIsNotInFront) {
   const auto window = makeOn(1);
   settle();
@@ -64,18 +50,38 @@ TEST_F(X11WindowAlphaTest, AnimatesItsAlphaOnADesktopThatIsNotInFront) {
   EXPECT_FALSE(probe(*window).isViewable());
 }
 
-TEST_F(X11WindowAlphaTest, GivesUpAnAnimationThatWaitsWhenItsAlphaIsSet) {
-  ui_.session.windowManager()->signal(SIGSTOP);
-  const auto window = makeOn(0);
+/// The window manager does nothing, and the window is to fade out.
+class X11WindowAlphaOfABusyWindowManagerTest : public X11WindowTest {
+ protected:
+  X11WindowAlphaOfABusyWindowManagerTest() {
+    ui_.session.windowManager()->signal(SIGSTOP);
+    window_ = makeOn(0);
+    settle();
+    window_->animateAlpha(0.0, 50ms, [this] { done_ = true; });
+  }
+
+  void letItGoOn() { ui_.session.windowManager()->signal(SIGCONT); }
+
+  std::unique_ptr<Window> window_;
+  bool done_ = false;
+};
+
+TEST_F(X11WindowAlphaOfABusyWindowManagerTest, BeginsAnAnimationOnceItIsTakenIn) {
   settle();
-  bool done = false;
-  window->animateAlpha(0.0, 50ms, [&done] { done = true; });
-  window->setAlpha(0.78);
-  ui_.session.windowManager()->signal(SIGCONT);
-  ASSERT_TRUE(appears(*window));
+  EXPECT_EQ(window_->alpha(), 1.0);
+  EXPECT_FALSE(done_);
+  letItGoOn();
+  EXPECT_TRUE(waitFor([this] { return done_; }));
+  EXPECT_EQ(window_->alpha(), 0.0);
+}
+
+TEST_F(X11WindowAlphaOfABusyWindowManagerTest, GivesUpAnAnimationThatWaitsWhenItsAlphaIsSet) {
+  window_->setAlpha(0.78);
+  letItGoOn();
+  ASSERT_TRUE(appears(*window_));
   settle();
-  EXPECT_EQ(window->alpha(), 0.78);
-  EXPECT_FALSE(done);
+  EXPECT_EQ(window_->alpha(), 0.78);
+  EXPECT_FALSE(done_);
 }
 
 TEST_F(X11WindowAlphaTest, AnimatesAgainAfterAnimationsThatEndedEarly) {
