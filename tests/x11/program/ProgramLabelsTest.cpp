@@ -1,3 +1,4 @@
+#include "platform/x11/connection/NativeWindow.h"
 #include "platform/x11/connection/Properties.h"
 #include "tests/x11/session/PlainWindow.h"
 #include "tests/x11/session/ProgramSession.h"
@@ -35,8 +36,8 @@ class TourWitness {
     user_.connection().deliverEvents();
     const std::vector<xcb_window_t> own = user_.windows().all();
     tookFocus_ = tookFocus_ || std::ranges::find(own, focusedWindow(user_.connection())) != own.end();
-    for (const WindowProbe& overlay : user_.windows().overlaysEverywhere()) {
-      sawOverlay_ = sawOverlay_ || (overlay.isViewable() && opacityOf(overlay) > 0.9);
+    for (const WindowProbe& window : user_.windows().seen(0.9)) {
+      sawOverlay_ = sawOverlay_ || window.desktop() == platform::x11::allDesktops;
     }
   }
 

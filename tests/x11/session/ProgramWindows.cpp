@@ -9,35 +9,15 @@
 namespace roomlattice::tests {
 namespace {
 
-using platform::x11::X11Connection;
-using platform::x11::XcbPointer;
-
-// What a window manager puts around a client is not deeper.
-constexpr int deepestLevel = 4;
-
-void collectWindows(X11Connection& connection, xcb_window_t parent, int level, std::vector<xcb_window_t>& windows) {
-  const XcbPointer<xcb_query_tree_reply_t> tree(
-      xcb_query_tree_reply(connection.raw(), xcb_query_tree(connection.raw(), parent), nullptr));
-  if (tree == nullptr) {
-    return;
-  }
-  const xcb_window_t* children = xcb_query_tree_children(tree.get());
-  for (int i = 0; i < xcb_query_tree_children_length(tree.get()); ++i) {
-    windows.push_back(children[i]);
-    if (level < deepestLevel) {
-      collectWindows(connection, children[i], level + 1, windows);
-    }
-  }
-}
+using platform::x11::allDesktops;
 
 }  // namespace
 
 std::vector<xcb_window_t> ProgramWindows::all() const {
   std::vector<xcb_window_t> windows;
-  collectWindows(connection_, connection_.root(), 1, windows);
-  std::erase_if(windows, [this](xcb_window_t window) {
-    return WindowProbe(connection_, window).number("_NET_WM_PID") != static_cast<std::uint32_t>(process_);
-  });
+  for (const WindowProbe& window : those([](const WindowState& /*window*/) { return true; })) {
+    windows.push_back(window.id());
+  }
   return windows;
 }
 
@@ -46,61 +26,72 @@ std::optional<WindowProbe> ProgramWindows::statusItem() const {
 }
 
 std::vector<WindowProbe> ProgramWindows::labels() const {
-  std::vector<WindowProbe> labels = ofType("NOTIFICATION");
-  std::erase_if(labels, [](const WindowProbe& label) { return label.desktop() == platform::x11::allDesktops; });
-  return labels;
+  return those(
+      [this](const WindowState& window) { return hasType(window, "NOTIFICATION") && window.desktop != allDesktops; });
 }
 
 std::vector<WindowProbe> ProgramWindows::labelsOn(std::uint32_t desktop) const {
-  std::vector<WindowProbe> labels = ofType("NOTIFICATION");
-  std::erase_if(labels, [desktop](const WindowProbe& label) { return label.desktop() != desktop; });
-  return labels;
+  return those([&](const WindowState& window) { return hasType(window, "NOTIFICATION") && window.desktop == desktop; });
 }
 
 std::vector<WindowProbe> ProgramWindows::overlaysEverywhere() const {
-  return labelsOn(platform::x11::allDesktops);
+  return labelsOn(allDesktops);
 }
 
-std::optional<WindowProbe> ProgramWindows::popup() const {
-  for (const xcb_window_t window : all()) {
-    const WindowProbe probe(connection_, window);
-    if (probe.isOverrideRedirect() && probe.isViewable()) {
-      return probe;
-    }
-  }
-  return std::nullopt;
+std::vector<WindowProbe> ProgramWindows::seen(double opacity) const {
+  return those([&](const WindowState& window) { return isSeen(window, opacity); });
 }
 
-std::optional<WindowProbe> ProgramWindows::preferences() const {
-  for (const WindowProbe& window : ofType("NORMAL")) {
-    if (!window.isOverrideRedirect() && window.isViewable()) {
-      return window;
-    }
-  }
-  return std::nullopt;
-}
-
-std::optional<WindowProbe> ProgramWindows::viewable(const std::string& type) const {
-  const std::vector<WindowProbe> windows = ofType(type);
-  const auto found = std::ranges::find_if(windows, &WindowProbe::isViewable);
-  return found == windows.end() ? std::nullopt : std::optional(*found);
-}
-
-std::vector<WindowProbe> ProgramWindows::ofType(const std::string& type) const {
+std::vector<WindowProbe> ProgramWindows::seen(double opacity, const std::vector<xcb_window_t>& among) const {
   std::vector<WindowProbe> windows;
-  for (const xcb_window_t window : all()) {
-    const WindowProbe probe(connection_, window);
-    const std::vector<std::string> types = probe.types();
-    if (std::ranges::find(types, "_NET_WM_WINDOW_TYPE_" + type) != types.end()) {
-      windows.push_back(probe);
+  for (const WindowState& window : statesOf(connection_, among)) {
+    if (isSeen(window, opacity)) {
+      windows.emplace_back(connection_, window.id);
     }
   }
   return windows;
 }
 
+std::optional<WindowProbe> ProgramWindows::popup() const {
+  return first([](const WindowState& window) { return window.isOverrideRedirect && window.isViewable; });
+}
+
+std::optional<WindowProbe> ProgramWindows::preferences() const {
+  return first([this](const WindowState& window) {
+    return hasType(window, "NORMAL") && !window.isOverrideRedirect && window.isViewable;
+  });
+}
+
+std::optional<WindowProbe> ProgramWindows::viewable(const std::string& type) const {
+  return first([&](const WindowState& window) { return hasType(window, type) && window.isViewable; });
+}
+
+bool ProgramWindows::hasType(const WindowState& window, const std::string& type) const {
+  return std::ranges::count(window.types, connection_.atom("_NET_WM_WINDOW_TYPE_" + type)) > 0;
+}
+
+bool ProgramWindows::isSeen(const WindowState& window, double opacity) const {
+  return hasType(window, "NOTIFICATION") && window.isViewable && window.opacity >= opacity;
+}
+
+std::vector<WindowProbe> ProgramWindows::those(const std::function<bool(const WindowState&)>& condition) const {
+  std::vector<WindowProbe> windows;
+  for (const WindowState& window : windowsOfScreen(connection_)) {
+    if (window.process == static_cast<std::uint32_t>(process_) && condition(window)) {
+      windows.emplace_back(connection_, window.id);
+    }
+  }
+  return windows;
+}
+
+std::optional<WindowProbe> ProgramWindows::first(const std::function<bool(const WindowState&)>& condition) const {
+  const std::vector<WindowProbe> windows = those(condition);
+  return windows.empty() ? std::nullopt : std::optional(windows.front());
+}
+
 double opacityOf(const WindowProbe& window) {
-  constexpr double opaque = std::numeric_limits<std::uint32_t>::max();
-  return window.number("_NET_WM_WINDOW_OPACITY").value_or(std::numeric_limits<std::uint32_t>::max()) / opaque;
+  constexpr std::uint32_t opaque = std::numeric_limits<std::uint32_t>::max();
+  return static_cast<double>(window.number("_NET_WM_WINDOW_OPACITY").value_or(opaque)) / opaque;
 }
 
 }  // namespace roomlattice::tests

@@ -1,7 +1,9 @@
 #pragma once
 
 #include "tests/x11/session/WindowProbe.h"
+#include "tests/x11/session/WindowState.h"
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <sys/types.h>
@@ -31,6 +33,12 @@ class ProgramWindows {
   /// Overlay windows on all desktops at once: while the tour runs, one.
   std::vector<WindowProbe> overlaysEverywhere() const;
 
+  /// The labels and overlays that are on the screen now, at that opacity at least where a compositor obeys it.
+  std::vector<WindowProbe> seen(double opacity) const;
+
+  /// Those among these windows of the program, in one look.
+  std::vector<WindowProbe> seen(double opacity, const std::vector<xcb_window_t>& among) const;
+
   /// What has popped up, the menu or the choices of a pop-up button.
   std::optional<WindowProbe> popup() const;
 
@@ -41,7 +49,10 @@ class ProgramWindows {
   std::optional<WindowProbe> viewable(const std::string& type) const;
 
  private:
-  std::vector<WindowProbe> ofType(const std::string& type) const;
+  bool hasType(const WindowState& window, const std::string& type) const;
+  bool isSeen(const WindowState& window, double opacity) const;
+  std::vector<WindowProbe> those(const std::function<bool(const WindowState&)>& condition) const;
+  std::optional<WindowProbe> first(const std::function<bool(const WindowState&)>& condition) const;
 
   platform::x11::X11Connection& connection_;
   pid_t process_;
