@@ -21,26 +21,26 @@ namespace {
 // In seconds, as alarm(2) has them.
 constexpr unsigned timeToEnd = 4;
 
-// In seconds. Some send a signal twice, to the process and to its group; a person presses the keys again later.
-constexpr std::time_t impatience = 2;
+// Some send a signal twice, to the process and to its group; a person presses the keys again later.
+constexpr std::int64_t impatienceInMilliseconds = 2000;
 
 // Signal handlers have nothing else to find it by.
 int eventFile = -1;
 
-std::time_t seconds() {
+std::int64_t monotonicMilliseconds() {
   timespec time{};
   clock_gettime(CLOCK_MONOTONIC, &time);
-  return time.tv_sec;
+  return std::int64_t{time.tv_sec} * 1000 + time.tv_nsec / 1'000'000;
 }
 
 void signalCame(int) {
-  static volatile std::time_t firstSignal = 0;
+  static volatile std::int64_t firstSignal = 0;
   const int error = errno;
   if (firstSignal == 0) {
-    firstSignal = seconds();
+    firstSignal = monotonicMilliseconds();
     // A timer of the kernel's needs no thread and no event loop.
     alarm(timeToEnd);
-  } else if (seconds() - firstSignal >= impatience) {
+  } else if (monotonicMilliseconds() - firstSignal >= impatienceInMilliseconds) {
     _exit(EXIT_FAILURE);
   }
   const std::uint64_t one = 1;

@@ -56,7 +56,7 @@ TEST_P(ProgramEndBySignalTest, IsOneForSignalsThatComeTogether) {
   for (int i = 0; i < 5; ++i) {
     program.process().signal(GetParam());
   }
-  EXPECT_EQ(program.exitStatus(), 0);
+  EXPECT_EQ(program.exitStatus(), 0) << program.process().errorOutput();
 }
 
 INSTANTIATE_TEST_SUITE_P(OfTheProgram, ProgramEndBySignalTest, ::testing::Values(SIGTERM, SIGINT, SIGHUP));
