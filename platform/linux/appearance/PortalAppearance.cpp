@@ -7,7 +7,7 @@ namespace roomlattice::platform::linux {
 namespace {
 
 constexpr const char* service = "org.freedesktop.portal.Desktop";
-constexpr const char* path = "/org/freedesktop/portal/desktop";
+constexpr const char* objectPath = "/org/freedesktop/portal/desktop";
 constexpr const char* interface = "org.freedesktop.portal.Settings";
 constexpr const char* appearance = "org.freedesktop.appearance";
 constexpr const char* colorScheme = "color-scheme";
@@ -41,7 +41,7 @@ std::optional<Color> colorOf(const std::optional<std::tuple<double, double, doub
 PortalAppearance::PortalAppearance(MessageBus& bus, std::function<void()> changed)
     : changed_(std::move(changed)), service_(bus, service, [this](bool hasOwner) { hasOwner ? ask() : forget(); }) {
   signal_ = service_.observeSignal(
-      {.path = path, .interface = interface, .name = "SettingChanged", .firstArgument = appearance},
+      {.path = objectPath, .interface = interface, .name = "SettingChanged", .firstArgument = appearance},
       [this](const BusMessage& message) { take(message.argument<std::string>(1).value_or(""), message, 2); });
   loss_ = bus.observeLoss([this] { forget(); });
   ask();
@@ -54,7 +54,7 @@ void PortalAppearance::ask() {
 }
 
 void PortalAppearance::ask(const std::string& key) {
-  const BusCall read{.path = path, .interface = interface, .method = "Read", .arguments = {appearance, key}};
+  const BusCall read{.path = objectPath, .interface = interface, .method = "Read", .arguments = {appearance, key}};
   calls_.push_back(service_.call(read, usualAnswerLimit, [this, key](const BusMessage& answer) {
     if (!answer.isError()) {
       take(key, answer, 0);

@@ -33,7 +33,7 @@ using ::testing::IsEmpty;
 using namespace std::chrono_literals;
 
 const QString service = QStringLiteral("org.roomlattice.Roomlattice");
-const QString path = QStringLiteral("/org/roomlattice/Roomlattice");
+const QString objectPath = QStringLiteral("/org/roomlattice/Roomlattice");
 const QString properties = QStringLiteral("org.freedesktop.DBus.Properties");
 
 /// The service, and another program on its bus.
@@ -59,7 +59,7 @@ class ControlServiceTest : public BusTest {
   }
 
   QDBusMessage call(const char* method, const QVariantList& arguments = {}, const QString& interface = service) {
-    QDBusMessage message = QDBusMessage::createMethodCall(service, path, interface, QLatin1String(method));
+    QDBusMessage message = QDBusMessage::createMethodCall(service, objectPath, interface, QLatin1String(method));
     message.setArguments(arguments);
     return wait(message);
   }
@@ -237,7 +237,7 @@ TEST_F(ControlServiceTest, AnswersAFloodInOrderAndLeavesOthersTheirTurn) {
   serveAndBeFound();
   std::vector<QDBusPendingCall> pending;
   for (int count = 0; count < flood; ++count) {
-    QDBusMessage message = QDBusMessage::createMethodCall(service, path, service, QStringLiteral("SwitchTo"));
+    QDBusMessage message = QDBusMessage::createMethodCall(service, objectPath, service, QStringLiteral("SwitchTo"));
     message.setArguments({QString::number(count)});
     pending.push_back(other_.asyncCall(message));
   }
@@ -268,7 +268,7 @@ TEST_F(ControlServiceTest, LeavesTheCommonNameToWhoRunsLongest) {
   EXPECT_TRUE(waitFor([this] { return log_.size() == 1; }));
   EXPECT_THAT(log_[0], HasSubstr("org.roomlattice.Roomlattice "));
   QDBusMessage toSecond = QDBusMessage::createMethodCall(QStringLiteral("org.roomlattice.Roomlattice.Display_8_0"),
-                                                         path, service, QStringLiteral("OpenMenu"));
+                                                         objectPath, service, QStringLiteral("OpenMenu"));
   EXPECT_EQ(wait(toSecond).type(), QDBusMessage::ReplyMessage);
   call("StartTour");
   EXPECT_THAT(secondCommands.record, ElementsAre("menu"));
@@ -285,7 +285,7 @@ TEST_F(ControlServiceTest, IsFoundByTheNameOfItsDisplayWhereAStrangerHasTheCommo
   serve();
   EXPECT_TRUE(waitFor([this] { return log_.size() == 1; }));
   const QDBusMessage message = QDBusMessage::createMethodCall(QStringLiteral("org.roomlattice.Roomlattice.Display_7_0"),
-                                                              path, service, QStringLiteral("OpenMenu"));
+                                                              objectPath, service, QStringLiteral("OpenMenu"));
   EXPECT_EQ(wait(message).type(), QDBusMessage::ReplyMessage);
   EXPECT_THAT(commands_.record, ElementsAre("menu"));
 }

@@ -9,10 +9,11 @@ namespace {
 using platform::Registration;
 using platform::linux::MessageBus;
 using platform::linux::TrayWatch;
-using State = TrayWatch::State;
 
 class TrayWatchTest : public BusTest {
  protected:
+  using State = TrayWatch::State;
+
   bool becomes(State state) {
     return waitFor([this, state] { return watch_.state() == state; });
   }
