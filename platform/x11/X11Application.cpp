@@ -32,7 +32,12 @@ int X11Application::run(std::function<void()> didFinishLaunching) {
     return 0;
   }
   state_ = State::Running;
-  QMetaObject::invokeMethod(&application_, std::move(didFinishLaunching), Qt::QueuedConnection);
+  launchLimit_.emplace(launchTime, launchIsStuck);
+  const auto launch = [this, launch = std::move(didFinishLaunching)] {
+    launch();
+    launchLimit_.reset();
+  };
+  QMetaObject::invokeMethod(&application_, launch, Qt::QueuedConnection);
   return QApplication::exec();
 }
 

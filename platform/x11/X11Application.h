@@ -1,11 +1,20 @@
 #pragma once
 
 #include "platform/Application.h"
+#include "platform/linux/system/StartLimit.h"
 #include "platform/x11/connection/X11Connection.h"
 #include "platform/x11/statusitem/MenuKeepingApplication.h"
 #include "platform/x11/windows/OversizeFilter.h"
 
+#include <chrono>
+#include <optional>
+
 namespace roomlattice::platform::x11 {
+
+/// What the making of the toolkit, and then the launch of the program, may take, as StartLimit has it. The toolkit may
+/// have to look through all fonts.
+inline constexpr std::chrono::milliseconds launchTime = std::chrono::minutes(3);
+inline constexpr const char* launchIsStuck = "something that is needed for the start, such as a file, does not answer";
 
 /// The Qt application. It must be made before, and end after, everything that uses Qt.
 class X11Application final : public Application {
@@ -25,6 +34,7 @@ class X11Application final : public Application {
   MenuKeepingApplication application_;
   OversizeFilter oversizeFilter_;
   State state_ = State::Ready;
+  std::optional<linux::StartLimit> launchLimit_;
 };
 
 }  // namespace roomlattice::platform::x11

@@ -4,10 +4,12 @@
 #include "platform/linux/bus/BusAddress.h"
 #include "platform/linux/control/ControlNames.h"
 #include "platform/linux/system/CommandLine.h"
+#include "platform/linux/system/EnvironmentFiles.h"
 #include "platform/linux/system/EnvironmentVariable.h"
 #include "platform/linux/system/LastResort.h"
 #include "platform/linux/system/QtMessages.h"
 #include "platform/linux/system/StandardStreams.h"
+#include "platform/linux/system/StartLimit.h"
 #include "platform/x11/ToolkitEnvironment.h"
 #include "platform/x11/connection/AuthorityFile.h"
 #include "platform/x11/connection/PanelWait.h"
@@ -33,6 +35,9 @@ constexpr std::chrono::milliseconds windowManagerStart = 5s;
 constexpr std::chrono::milliseconds windowManagerAtLogin = 60s;
 constexpr std::chrono::milliseconds panelAtLogin = 15s;
 
+// Generous: machines are slowest when a session starts.
+constexpr std::chrono::milliseconds serverAnswer = 60s;
+
 // A bus that works lets anybody in within a few milliseconds.
 constexpr std::chrono::milliseconds busAnswer = 1s;
 
@@ -51,6 +56,10 @@ bool isWaylandSession() {
   return environmentVariable("WAYLAND_DISPLAY") || environmentVariable("XDG_SESSION_TYPE") == "wayland";
 }
 
+std::chrono::milliseconds windowManagerPatience(linux::Start began) {
+  return began == linux::Start::AtLogin ? windowManagerAtLogin : windowManagerStart;
+}
+
 std::optional<ExitStatus> findWindowManager(X11Connection& connection, const linux::TerminationSignals& signals,
                                             std::chrono::milliseconds limit) {
   switch (waitForWindowManager(connection, signals, limit)) {
@@ -64,6 +73,18 @@ std::optional<ExitStatus> findWindowManager(X11Connection& connection, const lin
       break;
   }
   return ExitStatus{EXIT_SUCCESS};
+}
+
+/// What makes the X server a desktop.
+std::optional<ExitStatus> findSession(X11Connection& connection, const linux::TerminationSignals& signals,
+                                      linux::Start began) {
+  if (const std::optional<ExitStatus> status = findWindowManager(connection, signals, windowManagerPatience(began))) {
+    return status;
+  }
+  const bool waits = began == linux::Start::AtLogin;
+  return waits && waitForPanel(connection, signals, panelAtLogin) == PanelWait::Terminated
+             ? std::optional(ExitStatus{EXIT_SUCCESS})
+             : std::nullopt;
 }
 
 /// at-spi writes it there for programs that find no session bus.
@@ -91,6 +112,8 @@ std::variant<std::unique_ptr<Platform>, ExitStatus> start(int& argc, char** argv
   if (const std::optional<std::string> reason = whatIsInTheWay()) {
     return refuse(*reason);
   }
+  std::optional<linux::StartLimit> limit(std::in_place, serverAnswer + windowManagerPatience(began) + panelAtLogin,
+                                         "the X server does not answer");
   std::unique_ptr<X11Connection> connection = X11Connection::open();
   if (connection == nullptr) {
     return refuse("cannot connect to the X11 display " + displayName());
@@ -99,13 +122,10 @@ std::variant<std::unique_ptr<Platform>, ExitStatus> start(int& argc, char** argv
   if (lock == nullptr) {
     return passOnStart(began, environmentVariable("DISPLAY").value_or(""), signals);
   }
-  const auto patience = began == linux::Start::AtLogin ? windowManagerAtLogin : windowManagerStart;
-  if (const std::optional<ExitStatus> status = findWindowManager(*connection, signals, patience)) {
+  if (const std::optional<ExitStatus> status = findSession(*connection, signals, began)) {
     return *status;
   }
-  if (began == linux::Start::AtLogin && waitForPanel(*connection, signals, panelAtLogin) == PanelWait::Terminated) {
-    return ExitStatus{EXIT_SUCCESS};
-  }
+  limit.emplace(launchTime, launchIsStuck);
   // Also where the environment asks the toolkit for another platform: the windows are X windows.
   setenv("QT_QPA_PLATFORM", "xcb", 1);
   static const Registration muteBuses = linux::hideMuteBuses(busAnswer, accessibilityBusOf(*connection));
@@ -156,6 +176,9 @@ X11Platform::~X11Platform() {
 std::variant<std::unique_ptr<Platform>, ExitStatus> makeNativePlatform(int& argc, char** argv) {
   linux::prepareStandardStreams();
   linux::endWithALineWhereNothingHelps();
+  for (const std::string& variable : linux::withholdEndlessFiles()) {
+    linux::printError("the environment's " + variable + " names no ordinary file, and is left out");
+  }
   if (const std::optional<ExitStatus> status = linux::answerCommandLine(argc, argv)) {
     return *status;
   }

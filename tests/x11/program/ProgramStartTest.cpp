@@ -7,6 +7,7 @@
 #include <csignal>
 #include <fstream>
 #include <gmock/gmock.h>
+#include <sys/stat.h>
 
 namespace roomlattice::tests {
 namespace {
@@ -122,6 +123,23 @@ TEST(ProgramStartTest, NeedsNoPermissions) {
   Program program;
   EXPECT_TRUE(program.isUp()) << program.process().errorOutput();
 }
+
+class ProgramStartWithEnvironmentTest : public ::testing::TestWithParam<const char*> {};
+
+TEST_P(ProgramStartWithEnvironmentTest, ThatNamesNoOrdinaryFileIsPossible) {
+  const X11Session session;
+  const std::string pipe = session.home() / "pipe";
+  ASSERT_EQ(mkfifo(pipe.c_str(), S_IRUSR | S_IWUSR), 0);
+  Environment environment;
+  environment.set(GetParam(), pipe);
+  Program program;
+  EXPECT_TRUE(program.isUp()) << program.process().errorOutput();
+  EXPECT_TRUE(program.hasLogged("tour start"));
+  EXPECT_THAT(program.complaints(), ElementsAre(AllOf(StartsWith("roomlattice: "), HasSubstr(GetParam()))));
+}
+
+INSTANTIATE_TEST_SUITE_P(OfTheProgram, ProgramStartWithEnvironmentTest,
+                         ::testing::Values("FONTCONFIG_FILE", "QT_LOGGING_CONF", "TZ", "XENVIRONMENT"));
 
 TEST(ProgramStartTest, NeedsAWindowManager) {
   const X11Session session({.windowManager = std::nullopt});
