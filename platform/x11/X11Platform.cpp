@@ -149,7 +149,7 @@ X11Platform::X11Platform(std::unique_ptr<X11Connection> connection, std::unique_
                [this](const std::string& line) { system_.log(line); }),
       systemBus_(linux::MessageBus::Kind::System),
       windowManager_(*connection_),
-      guard_(*connection_, *lock_, windowManager_, [this] { defaults_.finishWriting(); }),
+      guard_(*connection_, *lock_, windowManager_, [this] { finishWriting(); }),
       desktops_(*connection_, sessionBus_, windowManager_, notifications_.workspaceCenter()),
       desktopNames_(desktops_, defaults_, notifications_.defaultCenter()),
       windowServer_(connection_->screenNumber(), desktops_, attachments_),
@@ -164,6 +164,11 @@ X11Platform::X11Platform(std::unique_ptr<X11Connection> connection, std::unique_
     settingsWatch_.emplace(defaults_, *std::move(settings),
                            [this] { notifications_.defaultCenter().post(notification::defaultsDidChangeElsewhere); });
   }
+}
+
+void X11Platform::finishWriting() {
+  defaults_.finishWriting();
+  system_.finishLog();
 }
 
 X11Platform::~X11Platform() {

@@ -52,6 +52,9 @@ class X11Platform final : public Platform {
   WindowServer& windowServer() override { return windowServer_; }
 
  private:
+  /// Where the process is about to end without this object ending.
+  void finishWriting();
+
   std::unique_ptr<X11Connection> connection_;
   std::unique_ptr<InstanceLock> lock_;
   X11Application application_;

@@ -33,12 +33,12 @@ BackgroundWork::~BackgroundWork() {
 }
 
 void BackgroundWork::request() {
-  {
-    const std::scoped_lock lock(state_->mutex);
-    state_->requested = true;
-    state_->changed.notify_all();
-  }
-  if (!std::exchange(state_->started, true)) {
+  std::unique_lock lock(state_->mutex);
+  state_->requested = true;
+  state_->changed.notify_all();
+  const bool hasThread = std::exchange(state_->started, true);
+  lock.unlock();
+  if (!hasThread) {
     startThread();
   }
 }
@@ -52,9 +52,11 @@ void BackgroundWork::startThread() {
   try {
     std::thread([state = state_] { run(*state); }).detach();
   } catch (const std::system_error&) {
+    std::unique_lock lock(state_->mutex);
     // The next request may find one.
     state_->started = false;
     state_->requested = false;
+    lock.unlock();
     state_->work();
   }
 }

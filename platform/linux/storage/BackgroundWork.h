@@ -26,6 +26,7 @@ class BackgroundWork {
   /// Waits for nothing: work that is under way goes on, until the process ends.
   ~BackgroundWork();
 
+  /// Any thread.
   void request();
 
   /// Waits until all that was requested is done, whatever the outcome, but not beyond `limit`. Gives whether it is.

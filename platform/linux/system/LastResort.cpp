@@ -33,7 +33,7 @@ constexpr rlim_t leastStack = rlim_t{1} << 20U;
 constexpr rlim_t usualStack = rlim_t{8} << 20U;
 
 // As many as run at the same time: the toolkit waits for ever for one that it cannot have.
-constexpr std::size_t leastThreads = 5;
+constexpr std::size_t leastThreads = 6;
 
 [[noreturn]] void end() {
   writeAtOnce(STDERR_FILENO, "roomlattice: memory or something else has run out that it cannot do without: ");

@@ -63,6 +63,7 @@ void LinuxSystem::log(const std::string& line) {
 
 std::variant<ProcessOutput, LaunchError> LinuxSystem::run(const std::string& path,
                                                           const std::vector<std::string>& arguments) {
+  finishLog();  // which it may read
   auto result = children_.run(path, arguments, {.limit = childLimit});
   if (auto* ended = std::get_if<ChildResult>(&result)) {
     return ProcessOutput{std::move(ended->bytes)};

@@ -24,6 +24,9 @@ class LinuxSystem final : public System {
   /// Lets no run keep the process from ending.
   void interruptRuns() { children_.interrupt(); }
 
+  /// Waits until the log has all that was written to it, for a second at most.
+  void finishLog() const { log_.waitUntilWritten(LogWriter::endLimit); }
+
  private:
   SystemLog log_;
   ChildRunner children_;

@@ -52,6 +52,10 @@ std::string stampedLogLine(system_clock::time_point time, const std::string& lin
   return stamp.data() + line + "\n";
 }
 
+std::string lineAboutLoss(std::size_t lines) {
+  return stampedLogLine(system_clock::now(), "[Roomlattice] lines lost here: " + std::to_string(lines));
+}
+
 std::string logSince(system_clock::time_point start, std::string_view log) {
   const auto earliest = std::chrono::ceil<milliseconds>(start);
   std::string recent;

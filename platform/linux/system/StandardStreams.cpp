@@ -4,7 +4,6 @@
 #include "platform/linux/system/LogLine.h"
 
 #include <cerrno>
-#include <chrono>
 #include <climits>
 #include <fcntl.h>
 #include <mutex>
@@ -20,7 +19,7 @@ namespace {
 /// What has not got through to standard error.
 struct Loss {
   std::mutex mutex;
-  int lines = 0;
+  std::size_t lines = 0;
   // The last thing that got through has no line end.
   bool inMidLine = false;
 };
@@ -68,8 +67,7 @@ bool tellOfLoss(Loss& loss) {
     return false;
   }
   if (loss.lines > 0) {
-    const std::string lost = "[Roomlattice] lines lost here: " + std::to_string(loss.lines);
-    if (!getsThrough(loss, stampedLogLine(std::chrono::system_clock::now(), lost))) {
+    if (!getsThrough(loss, lineAboutLoss(loss.lines))) {
       return false;
     }
     loss.lines = 0;

@@ -2,6 +2,7 @@
 
 #include "platform/linux/storage/UserFolders.h"
 #include "platform/linux/system/ChildRunner.h"
+#include "platform/linux/system/LogFile.h"
 #include "platform/linux/system/LogLine.h"
 #include "platform/linux/system/StandardStreams.h"
 
@@ -34,7 +35,8 @@ std::string linesOfJournal(std::chrono::minutes duration, const JournalPlace& jo
 SystemLog::SystemLog(const std::optional<std::filesystem::path>& file, std::optional<Journal> journal)
     : journal_(std::move(journal)) {
   if (file) {
-    file_.emplace(*file);
+    file_ = std::make_unique<LogWriter>(
+        [place = std::make_shared<LogFile>(*file)](const std::string& stamped) { place->append(stamped); });
   }
 }
 
@@ -50,7 +52,13 @@ void SystemLog::write(const std::string& line) {
     writeToStandardError(stamped);
   }
   if (file_) {
-    file_->append(stamped);
+    file_->add(stamped);
+  }
+}
+
+void SystemLog::waitUntilWritten(std::chrono::milliseconds limit) const {
+  if (file_) {
+    file_->waitUntilWritten(limit);
   }
 }
 

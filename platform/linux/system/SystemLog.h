@@ -1,17 +1,18 @@
 #pragma once
 
 #include "platform/linux/system/Journal.h"
-#include "platform/linux/system/LogFile.h"
+#include "platform/linux/system/LogWriter.h"
 
 #include <chrono>
 #include <filesystem>
+#include <memory>
 #include <optional>
 #include <string>
 
 namespace roomlattice::platform::linux {
 
 /// Where the program's log lines go: to standard error, stamped, to the journal where there is one, and to a file of
-/// their own, which is read where there is none.
+/// their own, which is read where there is none. Nobody waits for any of them.
 class SystemLog {
  public:
   /// Standard error alone: nothing is kept.
@@ -24,8 +25,11 @@ class SystemLog {
   /// Writes a line, given without its end. Any thread.
   void write(const std::string& line);
 
+  /// Waits until the file has all lines, but not beyond `limit`.
+  void waitUntilWritten(std::chrono::milliseconds limit) const;
+
  private:
-  std::optional<LogFile> file_;
+  std::unique_ptr<LogWriter> file_;
   std::optional<Journal> journal_;
 };
 
