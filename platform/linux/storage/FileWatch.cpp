@@ -1,113 +1,61 @@
 #include "platform/linux/storage/FileWatch.h"
 
-#include <algorithm>
-#include <array>
-#include <sys/inotify.h>
-#include <sys/vfs.h>
-#include <system_error>
-#include <unistd.h>
+#include <QMetaObject>
 #include <utility>
 
 namespace roomlattice::platform::linux {
-namespace {
 
-// linux/magic.h and the kernel's sources: file systems that may change without the kernel here doing it.
-constexpr std::array<std::uint32_t, 7> sharedFileSystems = {
-    0x6969 /* NFS */,    0xff534d42 /* CIFS */, 0xfe534d42 /* SMB2 */, 0x65735546 /* FUSE */,
-    0x01021997 /* 9P */, 0x5346414f /* AFS */,  0x00c36400 /* Ceph */,
-};
-
-constexpr std::uint32_t comingAndGoing = IN_CREATE | IN_DELETE | IN_MOVED_FROM | IN_MOVED_TO;
-constexpr std::uint32_t changing = IN_MODIFY | IN_CLOSE_WRITE | IN_ATTRIB;
-constexpr std::uint32_t folderGoing = IN_DELETE_SELF | IN_MOVE_SELF | IN_UNMOUNT;
-
-bool isShared(const std::filesystem::path& folder) {
-  struct statfs status {};
-  const bool known = statfs(folder.c_str(), &status) == 0;
-  return !known ||
-         std::ranges::find(sharedFileSystems, static_cast<std::uint32_t>(status.f_type)) != sharedFileSystems.end();
+FileWatch::FileWatch(std::filesystem::path path, std::function<void()> changed, Background background)
+    : path_(std::move(path)),
+      changed_(std::move(changed)),
+      background_(std::move(background)),
+      watches_(std::make_shared<InotifyWatches>(path_)) {
+  access_->watch = this;
+  listen();
 }
 
-}  // namespace
-
-FileWatch::FileWatch(std::filesystem::path path, std::function<void()> changed)
-    : path_(std::move(path)), changed_(std::move(changed)) {
-  establish();
+FileWatch::~FileWatch() {
+  const std::scoped_lock lock(access_->mutex);
+  access_->watch = nullptr;
 }
 
-void FileWatch::establish() {
+void FileWatch::listen() {
   notifier_.reset();
-  names_.clear();
-  descriptor_ = FileDescriptor(inotify_init1(IN_NONBLOCK | IN_CLOEXEC));
-  std::error_code error;
-  const Path folder = std::filesystem::weakly_canonical(path_.parent_path(), error);
-  isReliable_ = descriptor_ && !error && watchFile(folder / path_.filename());
-  // A file behind a link changes in another folder.
-  const Path end = std::filesystem::weakly_canonical(path_, error);
-  if (isReliable_ && end != folder / path_.filename()) {
-    isReliable_ = !error && watchFile(end);
-  }
-  if (!descriptor_) {
+  if (!watches_->descriptor()) {
     return;
   }
-  notifier_.emplace(descriptor_.get(), QSocketNotifier::Read);
+  notifier_.emplace(watches_->descriptor().get(), QSocketNotifier::Read);
   QObject::connect(&*notifier_, &QSocketNotifier::activated, &*notifier_, [this] { readEvents(); });
 }
 
-bool FileWatch::watchFile(const Path& file) {
-  std::error_code error;
-  Path name = file.filename();
-  Path folder = file.parent_path();
-  std::uint32_t events = comingAndGoing | changing;
-  // While the folder is missing, the last one that is there tells when the next one comes.
-  while (!std::filesystem::is_directory(folder, error) && folder.has_relative_path()) {
-    name = folder.filename();
-    folder = folder.parent_path();
-    events = comingAndGoing;
-  }
-  if (!watchFolder(folder, events | folderGoing, name) || isShared(folder)) {
-    return false;
-  }
-  // The folders above have other entries that come and go often. Those need not wake anybody.
-  while (folder.has_relative_path()) {
-    folder = folder.parent_path();
-    if (!watchFolder(folder, folderGoing, {})) {
-      return false;
-    }
-  }
-  return true;
-}
-
-bool FileWatch::watchFolder(const Path& folder, std::uint32_t events, const std::string& name) {
-  const int watch = inotify_add_watch(descriptor_.get(), folder.c_str(), events | IN_ONLYDIR | IN_MASK_ADD);
-  if (watch >= 0 && !name.empty()) {
-    names_.emplace(watch, name);
-  }
-  return watch >= 0;
-}
-
 void FileWatch::readEvents() {
-  alignas(inotify_event) std::array<char, 4096> buffer{};
-  bool isChanged = false;
-  bool isRebuilt = false;
-  for (ssize_t size = 0; (size = read(descriptor_.get(), buffer.data(), buffer.size())) > 0;) {
-    for (ssize_t at = 0; at < size;) {
-      const auto& event = *reinterpret_cast<const inotify_event*>(buffer.data() + at);
-      at += static_cast<ssize_t>(sizeof(inotify_event) + event.len);
-      const auto [first, last] = names_.equal_range(event.wd);
-      const bool matters = event.len == 0 || std::any_of(first, last, [&event](const auto& entry) {
-                             return entry.second == static_cast<const char*>(event.name);
-                           });
-      isChanged = isChanged || matters;
-      isRebuilt = isRebuilt || (matters && (event.mask & changing) == 0);
-    }
+  const InotifyWatches::News news = watches_->news();
+  if (news.isRebuilt) {
+    renew();
   }
-  if (isRebuilt) {
-    establish();
-  }
-  if (isChanged) {
+  if (news.isChanged) {
     changed_();
   }
+}
+
+/// Until the new watches are there, the old ones tell what they can.
+void FileWatch::renew() {
+  background_([path = path_, access = access_] {
+    auto made = std::make_shared<InotifyWatches>(path);
+    const std::scoped_lock lock(access->mutex);
+    if (FileWatch* watch = access->watch) {
+      const auto hand = [watch, made = std::move(made)] { watch->take(made); };
+      QMetaObject::invokeMethod(&watch->receiver_, hand, Qt::QueuedConnection);
+    }
+  });
+}
+
+void FileWatch::take(std::shared_ptr<InotifyWatches> watches) {
+  notifier_.reset();
+  watches_ = std::move(watches);
+  listen();
+  // What happened before the new watches were made may have been told by nobody.
+  changed_();
 }
 
 }  // namespace roomlattice::platform::linux

@@ -1,14 +1,14 @@
 #pragma once
 
-#include "platform/linux/storage/FileDescriptor.h"
+#include "platform/linux/storage/InotifyWatches.h"
 
+#include <QObject>
 #include <QSocketNotifier>
-#include <cstdint>
 #include <filesystem>
 #include <functional>
-#include <map>
+#include <memory>
+#include <mutex>
 #include <optional>
-#include <string>
 
 namespace roomlattice::platform::linux {
 
@@ -16,28 +16,39 @@ namespace roomlattice::platform::linux {
 /// it (inotify). A link is followed. That a link among the folders above leads elsewhere goes unnoticed.
 class FileWatch {
  public:
-  /// `changed` is called from the event loop of the Qt application.
-  FileWatch(std::filesystem::path path, std::function<void()> changed);
+  /// Has what it is given run, once, on any thread: what waits for the disk.
+  using Background = std::function<void(std::function<void()>)>;
+
+  /// `changed` is called from the event loop of the Qt application, which is where this object lives. The disk is
+  /// waited for here, and then no more.
+  FileWatch(std::filesystem::path path, std::function<void()> changed, Background background);
+  FileWatch(const FileWatch&) = delete;
+  FileWatch& operator=(const FileWatch&) = delete;
+  ~FileWatch();
 
   /// Whether all changes are told. Only some are on a file system that other machines write to as well, and where the
   /// system grants no more watches; whoever wants to know has to look then.
-  bool isReliable() const { return isReliable_; }
+  bool isReliable() const { return watches_->isReliable(); }
 
  private:
-  using Path = std::filesystem::path;
+  /// How the background finds this object, as long as it is there.
+  struct Access {
+    std::mutex mutex;
+    FileWatch* watch = nullptr;
+  };
 
-  void establish();
-  bool watchFile(const Path& file);
-  bool watchFolder(const Path& folder, std::uint32_t events, const std::string& name);
+  void listen();
   void readEvents();
+  void renew();
+  void take(std::shared_ptr<InotifyWatches> watches);
 
-  Path path_;
+  std::filesystem::path path_;
   std::function<void()> changed_;
-  FileDescriptor descriptor_;
+  Background background_;
+  std::shared_ptr<InotifyWatches> watches_;
   std::optional<QSocketNotifier> notifier_;
-  // The entry that matters in each watched folder, by the number of the watch; none where only the folder itself does.
-  std::multimap<int, std::string> names_;
-  bool isReliable_ = false;
+  std::shared_ptr<Access> access_ = std::make_shared<Access>();
+  QObject receiver_;
 };
 
 }  // namespace roomlattice::platform::linux

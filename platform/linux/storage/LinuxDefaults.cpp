@@ -2,7 +2,10 @@
 
 #include "platform/linux/storage/UserFolders.h"
 
+#include <functional>
+#include <mutex>
 #include <utility>
+#include <vector>
 
 namespace roomlattice::platform::linux {
 namespace {
@@ -12,11 +15,27 @@ constexpr std::chrono::seconds pauseAfterFailure{5};
 
 }  // namespace
 
+struct LinuxDefaults::Errands {
+  std::mutex mutex;
+  std::vector<std::function<void()>> waiting;
+
+  void run() {
+    std::unique_lock lock(mutex);
+    const auto tasks = std::exchange(waiting, {});
+    lock.unlock();
+    for (const auto& task : tasks) {
+      task();
+    }
+  }
+};
+
 LinuxDefaults::LinuxDefaults(std::optional<std::filesystem::path> path, Report report,
                              std::chrono::milliseconds settling)
     : memory_(std::make_shared<SettingsMemory>(std::move(path), std::move(report), settling)),
+      errands_(std::make_shared<Errands>()),
       writer_(
-          [memory = memory_] {
+          [memory = memory_, errands = errands_] {
+            errands->run();
             using Outcome = BackgroundWork::Outcome;
             return memory->write() == SettingsMemory::Write::Failed ? Outcome::TryAgainLater : Outcome::Done;
           },
@@ -53,6 +72,14 @@ void LinuxDefaults::lookIfWanted() const {
   if (memory_->isToBeLookedAt()) {
     writer_.request();
   }
+}
+
+void LinuxDefaults::runByWriter(std::function<void()> task) {
+  {
+    const std::scoped_lock lock(errands_->mutex);
+    errands_->waiting.push_back(std::move(task));
+  }
+  writer_.request();
 }
 
 bool LinuxDefaults::waitUntilWritten(std::chrono::milliseconds limit) const {

@@ -51,6 +51,9 @@ class LinuxDefaults final : public Defaults {
   /// Whether the file has been changed by anybody else since this was asked last; the first time it has not.
   SettingsMemory::News newsFromOutside() { return memory_->newsFromOutside(); }
 
+  /// Has the thread that writes do something else that waits for the disk, once: before it next writes or looks.
+  void runByWriter(std::function<void()> task);
+
   /// Waits until all that was set is in the file or has failed to get there, but not beyond `limit`. Gives whether it
   /// is in the file.
   bool waitUntilWritten(std::chrono::milliseconds limit) const;
@@ -61,8 +64,11 @@ class LinuxDefaults final : public Defaults {
  private:
   void lookIfWanted() const;
 
+  struct Errands;
+
   // The thread may outlive this object where a write does not end.
   std::shared_ptr<SettingsMemory> memory_;
+  std::shared_ptr<Errands> errands_;
   mutable BackgroundWork writer_;
 };
 

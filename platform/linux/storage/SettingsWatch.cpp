@@ -12,7 +12,11 @@ constexpr std::chrono::milliseconds restAfterChange{60};
 }  // namespace
 
 SettingsWatch::SettingsWatch(LinuxDefaults& defaults, std::filesystem::path path, std::function<void()> changed)
-    : defaults_(defaults), changed_(std::move(changed)), watch_(std::move(path), [this] { fileChanged(); }) {
+    : defaults_(defaults),
+      changed_(std::move(changed)),
+      watch_(
+          std::move(path), [this] { fileChanged(); },
+          [&defaults](std::function<void()> task) { defaults.runByWriter(std::move(task)); }) {
   lookSoon_.setSingleShot(true);
   lookSoon_.setInterval(restAfterChange);
   lookSoon_.callOnTimeout([this] { look(); });
