@@ -6,26 +6,14 @@
 namespace roomlattice::platform::linux {
 
 FileWatch::FileWatch(std::filesystem::path path, std::function<void()> changed, Background background)
-    : path_(std::move(path)),
-      changed_(std::move(changed)),
-      background_(std::move(background)),
-      watches_(std::make_shared<InotifyWatches>(path_)) {
+    : path_(std::move(path)), changed_(std::move(changed)), background_(std::move(background)) {
   access_->watch = this;
-  listen();
+  renew();
 }
 
 FileWatch::~FileWatch() {
   const std::scoped_lock lock(access_->mutex);
   access_->watch = nullptr;
-}
-
-void FileWatch::listen() {
-  notifier_.reset();
-  if (!watches_->descriptor()) {
-    return;
-  }
-  notifier_.emplace(watches_->descriptor().get(), QSocketNotifier::Read);
-  QObject::connect(&*notifier_, &QSocketNotifier::activated, &*notifier_, [this] { readEvents(); });
 }
 
 void FileWatch::readEvents() {
@@ -38,7 +26,7 @@ void FileWatch::readEvents() {
   }
 }
 
-/// Until the new watches are there, the old ones tell what they can.
+/// Until the new watches are there, the old ones, if any, tell what they can.
 void FileWatch::renew() {
   background_([path = path_, access = access_] {
     auto made = std::make_shared<InotifyWatches>(path);
@@ -53,7 +41,10 @@ void FileWatch::renew() {
 void FileWatch::take(std::shared_ptr<InotifyWatches> watches) {
   notifier_.reset();
   watches_ = std::move(watches);
-  listen();
+  if (watches_->descriptor()) {
+    notifier_.emplace(watches_->descriptor().get(), QSocketNotifier::Read);
+    QObject::connect(&*notifier_, &QSocketNotifier::activated, &*notifier_, [this] { readEvents(); });
+  }
   // What happened before the new watches were made may have been told by nobody.
   changed_();
 }

@@ -19,16 +19,16 @@ class FileWatch {
   /// Has what it is given run, once, on any thread: what waits for the disk.
   using Background = std::function<void(std::function<void()>)>;
 
-  /// `changed` is called from the event loop of the Qt application, which is where this object lives. The disk is
-  /// waited for here, and then no more.
+  /// `changed` is called from the event loop of the Qt application, which is where this object lives: also once when it
+  /// has begun to watch, which is a while after this.
   FileWatch(std::filesystem::path path, std::function<void()> changed, Background background);
   FileWatch(const FileWatch&) = delete;
   FileWatch& operator=(const FileWatch&) = delete;
   ~FileWatch();
 
-  /// Whether all changes are told. Only some are on a file system that other machines write to as well, and where the
-  /// system grants no more watches; whoever wants to know has to look then.
-  bool isReliable() const { return watches_->isReliable(); }
+  /// Whether all changes are told from now on. Only some are on a file system that other machines write to as well, and
+  /// where the system grants no more watches; whoever wants to know has to look then.
+  bool isReliable() const { return watches_ != nullptr && watches_->isReliable(); }
 
  private:
   /// How the background finds this object, as long as it is there.
@@ -37,7 +37,6 @@ class FileWatch {
     FileWatch* watch = nullptr;
   };
 
-  void listen();
   void readEvents();
   void renew();
   void take(std::shared_ptr<InotifyWatches> watches);
