@@ -14,15 +14,16 @@ namespace {
 
 using platform::Value;
 
-constexpr const char* signTextSizeKey = "SignTextSize";
-constexpr const char* signSwipeAlphaKey = "SignSwipeAlpha";
-constexpr const char* showSignInSwipeModeKey = "ShowSignInSwipeMode";
-constexpr const char* showSignAfterSelectionKey = "ShowSignAfterSelection";
-constexpr const char* showSpaceNameInMenuBarKey = "ShowSpaceNameInMenuBar";
-constexpr const char* instantMenuSwitchKey = "InstantMenuSwitch";
-constexpr const char* menuBarWidthModeKey = "MenuBarWidthMode";
-constexpr const char* colorModeKey = "ColorMode";
-constexpr const char* spaceColorsKey = "SpaceColors";
+// Strings: some are asked for twice a second, and too long to be made of text for nothing.
+const std::string signTextSizeKey = "SignTextSize";
+const std::string signSwipeAlphaKey = "SignSwipeAlpha";
+const std::string showSignInSwipeModeKey = "ShowSignInSwipeMode";
+const std::string showSignAfterSelectionKey = "ShowSignAfterSelection";
+const std::string showSpaceNameInMenuBarKey = "ShowSpaceNameInMenuBar";
+const std::string instantMenuSwitchKey = "InstantMenuSwitch";
+const std::string menuBarWidthModeKey = "MenuBarWidthMode";
+const std::string colorModeKey = "ColorMode";
+const std::string spaceColorsKey = "SpaceColors";
 
 constexpr const char* rawValue(MenuBarWidthMode mode) {
   return mode == MenuBarWidthMode::FitToTitle ? "fitToTitle" : "maxTitleLength";
@@ -171,23 +172,23 @@ bool PreferencesStore::isReadable(const Value::Data& colors) const {
   return !isTooLong;
 }
 
-double PreferencesStore::number(const char* key, double fallback) const {
+double PreferencesStore::number(const std::string& key, double fallback) const {
   const std::optional<Value> stored = platform_.defaults().object(key);
   return stored ? stored->toDouble().value_or(fallback) : fallback;
 }
 
-bool PreferencesStore::flag(const char* key, bool fallback) const {
+bool PreferencesStore::flag(const std::string& key, bool fallback) const {
   const std::optional<Value> stored = platform_.defaults().object(key);
   return stored ? stored->toBool().value_or(fallback) : fallback;
 }
 
-std::string PreferencesStore::string(const char* key) const {
+std::string PreferencesStore::string(const std::string& key) const {
   const std::optional<Value> stored = platform_.defaults().object(key);
   const std::string* string = stored ? stored->asString() : nullptr;
   return string == nullptr ? std::string() : *string;
 }
 
-void PreferencesStore::write(const char* key, const Value& value) {
+void PreferencesStore::write(const std::string& key, const Value& value) {
   platform_.defaults().set(key, value);
   platform_.notifications().defaultCenter().post(didChange);
 }

@@ -81,11 +81,11 @@ class PreferencesStore {
   void applyPalette(const ColorPalette& palette);
 
  private:
-  double number(const char* key, double fallback) const;
-  bool flag(const char* key, bool fallback) const;
-  std::string string(const char* key) const;
+  double number(const std::string& key, double fallback) const;
+  bool flag(const std::string& key, bool fallback) const;
+  std::string string(const std::string& key) const;
   const SpaceColors& storedColors() const;
-  void write(const char* key, const platform::Value& value);
+  void write(const std::string& key, const platform::Value& value);
   bool isReadable(const platform::Value::Data& colors) const;
 
   platform::Platform& platform_;

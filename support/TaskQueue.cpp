@@ -1,20 +1,20 @@
 #include "support/TaskQueue.h"
 
+#include <algorithm>
+
 namespace roomlattice {
 
 std::uint64_t TaskQueue::post(Instant due, Task task) {
   const std::uint64_t token = nextToken_++;
   tasks_.emplace(Order{due, token}, std::move(task));
-  dueByToken_.emplace(token, due);
   return token;
 }
 
 void TaskQueue::remove(std::uint64_t token) {
-  const auto found = dueByToken_.find(token);
-  if (found != dueByToken_.end()) {
+  const auto found = std::ranges::find_if(tasks_, [token](const auto& task) { return task.first.second == token; });
+  if (found != tasks_.end()) {
     // The task may own what its removal destroys, and that may come back here: take it out first.
-    const auto node = tasks_.extract(Order{found->second, token});
-    dueByToken_.erase(found);
+    const auto node = tasks_.extract(found);
   }
 }
 
@@ -27,7 +27,6 @@ std::optional<TaskQueue::Task> TaskQueue::takeDue(Instant now) {
     return std::nullopt;
   }
   auto node = tasks_.extract(tasks_.begin());
-  dueByToken_.erase(node.key().second);
   return std::move(node.mapped());
 }
 

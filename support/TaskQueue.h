@@ -20,6 +20,7 @@ class TaskQueue {
   /// Queues a task; the token identifies it to remove.
   std::uint64_t post(Instant due, Task task);
 
+  /// Looks through all tasks; there are never many.
   void remove(std::uint64_t token);
 
   /// When the first task is due; nothing when there is no task.
@@ -32,7 +33,6 @@ class TaskQueue {
   using Order = std::pair<Instant, std::uint64_t>;
 
   std::map<Order, Task> tasks_;
-  std::map<std::uint64_t, Instant> dueByToken_;
   std::uint64_t nextToken_ = 0;
 };
 

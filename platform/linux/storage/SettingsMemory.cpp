@@ -21,19 +21,17 @@ void SettingsMemory::setLooking(Looking looking) {
   isToBeLookedAt_ = looking != Looking::AtOnce;
 }
 
-bool SettingsMemory::isToBeLookedAt() const {
-  const std::scoped_lock lock(mutex_);
-  return isToBeLookedAt_;
-}
-
 std::optional<Value> SettingsMemory::object(const std::string& key) {
   Lines lines;
   Value value;
   {
     const std::scoped_lock lock(mutex_);
     refresh(lines);
-    value = current(key);
-    known_[key] = value;
+    Known& known = known_[key];
+    if (known.asOf != version_) {
+      known = {current(key), version_};
+    }
+    value = known.value;
     isToBeLookedAt_ = isToBeLookedAt_ || looking_ == Looking::Soon;
   }
   report(lines);
@@ -48,19 +46,37 @@ SettingsMemory::Change SettingsMemory::set(const std::string& key, const Value& 
     refresh(lines);
     const bool stored =
         waiting_.empty() && !writing_ && !isToBeLookedAt_ && !std::holds_alternative<SettingsFile::Damaged>(state_);
-    if (!stored || current(key) != value) {
-      const auto known = known_.find(key);
-      SettingsChange own(known == known_.end() ? std::nullopt : std::optional(known->second), value);
-      follow(waiting_, {{key, std::move(own)}});
+    Known& known = known_[key];
+    if (!stored || !holds(key, known, value)) {
+      const bool wasKnown = known.asOf != never;
+      follow(waiting_, {{key, SettingsChange(wasKnown ? std::optional(known.value) : std::nullopt, value)}});
+      ++version_;
       change = Change::ToBeWritten;
     }
-    known_[key] = value;
+    if (known.asOf != version_) {
+      // What another process has written beside it may be there as well.
+      known = {value, setHere};
+    }
     if (familiar_) {
-      familiar_ = applied({{key, SettingsChange(std::nullopt, value)}}, *std::move(familiar_));
+      becomeFamiliar(key, value);
     }
   }
   report(lines);
   return change;
+}
+
+/// Whether that is the value now.
+bool SettingsMemory::holds(const std::string& key, const Known& known, const Value& value) const {
+  return known.asOf == version_ ? known.value == value : current(key) == value;
+}
+
+void SettingsMemory::becomeFamiliar(const std::string& key, const Value& value) {
+  const Value* familiar = find(*familiar_, key);
+  if (value.isNull()) {
+    familiar_->erase(key);
+  } else if (familiar == nullptr || *familiar != value) {
+    (*familiar_)[key] = value;
+  }
 }
 
 SettingsMemory::Write SettingsMemory::write() {
@@ -100,6 +116,7 @@ void SettingsMemory::endWrite(SettingsUpdate::Result result, Lines& lines) {
   follow(waiting_, std::move(later));
   beingWritten_.clear();
   writing_ = false;
+  ++version_;
   if (result.setAside) {
     const auto& [aside, reason] = *result.setAside;
     lines.push_back("[Roomlattice] settings file " + path + " was damaged (" + reason + ") and is kept as " +
@@ -151,6 +168,7 @@ void SettingsMemory::refresh(Lines& lines) {
 
 void SettingsMemory::take(SettingsFile::ReadResult state, Lines& lines) {
   state_ = std::move(state);
+  ++version_;
   std::string trouble;
   if (auto* contents = std::get_if<SettingsFile::Contents>(&state_)) {
     settings_ = std::move(contents->settings);
@@ -169,6 +187,9 @@ void SettingsMemory::take(SettingsFile::ReadResult state, Lines& lines) {
 }
 
 void SettingsMemory::report(const Lines& lines) {
+  if (lines.empty()) {
+    return;
+  }
   const std::scoped_lock lock(reportMutex_);
   for (const std::string& line : lines) {
     if (report_) {

@@ -4,7 +4,9 @@
 #include "platform/linux/storage/SettingsFile.h"
 #include "platform/linux/storage/SettingsUpdate.h"
 
+#include <atomic>
 #include <chrono>
+#include <cstdint>
 #include <functional>
 #include <map>
 #include <mutex>
@@ -37,7 +39,7 @@ class SettingsMemory {
   void setLooking(Looking looking);
 
   /// Whether a `write` is wanted even where nothing was changed.
-  bool isToBeLookedAt() const;
+  bool isToBeLookedAt() const { return isToBeLookedAt_; }
 
   std::optional<Value> object(const std::string& key);
 
@@ -80,6 +82,16 @@ class SettingsMemory {
     std::optional<FileStamp> stamp;
   };
 
+  static constexpr std::uint64_t never = 0;
+  static constexpr std::uint64_t setHere = 1;
+  static constexpr std::uint64_t firstVersion = 2;
+
+  struct Known {
+    Value value;  // null where there was nothing
+    /// The version of which it is the value; `never` before the first, `setHere` for what may be in part of it only.
+    std::uint64_t asOf = never;
+  };
+
   Work beginWrite();
   SettingsUpdate::Result look(const std::optional<FileStamp>& stamp) const;
   void endWrite(SettingsUpdate::Result result, Lines& lines);
@@ -87,6 +99,8 @@ class SettingsMemory {
   void take(SettingsFile::ReadResult state, Lines& lines);
   void report(const Lines& lines);
   Value current(const std::string& key) const;
+  bool holds(const std::string& key, const Known& known, const Value& value) const;
+  void becomeFamiliar(const std::string& key, const Value& value);
   void tellTrouble(std::string& told, const std::string& trouble, Lines& lines) const;
 
   const std::optional<SettingsFile> file_;
@@ -102,8 +116,10 @@ class SettingsMemory {
   SettingsChanges beingWritten_;
   SettingsChanges waiting_;
   bool writing_ = false;
-  // What the program has last read or set; a null where there was nothing.
-  std::map<std::string, Value> known_;
+  // What the program has last read or set.
+  std::map<std::string, Known> known_;
+  // Another one whenever a value may have become another.
+  std::uint64_t version_ = firstVersion;
   // The settings when it was last asked for news, and what was set here since then.
   std::optional<Value::Dictionary> familiar_;
   SettingsFile::ReadResult state_ = SettingsFile::Absent{};
@@ -112,7 +128,8 @@ class SettingsMemory {
   bool stampCounts_ = false;
   Looking looking_ = Looking::AtOnce;
   bool hasLooked_ = false;
-  bool isToBeLookedAt_ = false;
+  // Changed under the mutex, and asked after each read.
+  std::atomic<bool> isToBeLookedAt_ = false;
   std::string readTrouble_;
   std::string writeTrouble_;
 };

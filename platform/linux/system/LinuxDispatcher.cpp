@@ -2,10 +2,13 @@
 
 #include "support/TaskQueue.h"
 
+#include <QBasicTimer>
+#include <QObject>
 #include <QThread>
-#include <QTimer>
+#include <QTimerEvent>
 #include <algorithm>
 #include <mutex>
+#include <optional>
 #include <utility>
 
 namespace roomlattice::platform::linux {
@@ -17,14 +20,8 @@ Duration now() {
 
 }  // namespace
 
-class LinuxDispatcher::MainQueue : public std::enable_shared_from_this<MainQueue> {
+class LinuxDispatcher::MainQueue final : public QObject, public std::enable_shared_from_this<MainQueue> {
  public:
-  MainQueue() {
-    timer_.setSingleShot(true);
-    timer_.setTimerType(Qt::PreciseTimer);
-    QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { runDueTasks(); });
-  }
-
   std::uint64_t post(Duration delay, Task task) {
     const std::scoped_lock lock(mutex_);
     // Later than the turn that runs now, so that a task which posts itself leaves the turn an end.
@@ -53,6 +50,13 @@ class LinuxDispatcher::MainQueue : public std::enable_shared_from_this<MainQueue
     });
   }
 
+ protected:
+  void timerEvent(QTimerEvent* event) override {
+    if (event->timerId() == timer_.timerId()) {
+      runDueTasks();
+    }
+  }
+
  private:
   struct Repetition {
     Repetition(Duration givenPeriod, Task givenTask) : period(givenPeriod), task(std::move(givenTask)) {}
@@ -64,11 +68,11 @@ class LinuxDispatcher::MainQueue : public std::enable_shared_from_this<MainQueue
 
   std::uint64_t add(Duration due, Task task) {
     const std::uint64_t token = tasks_.post(due, std::move(task));
-    if (QThread::currentThread() == timer_.thread()) {
+    if (QThread::currentThread() == thread()) {
       arm();
     } else {
       QMetaObject::invokeMethod(
-          &timer_, [this] { arm(); }, Qt::QueuedConnection);
+          this, [this] { arm(); }, Qt::QueuedConnection);
     }
     return token;
   }
@@ -91,16 +95,20 @@ class LinuxDispatcher::MainQueue : public std::enable_shared_from_this<MainQueue
 
   void arm() {
     const std::scoped_lock lock(mutex_);
-    if (const std::optional<Duration> due = tasks_.nextDue()) {
-      timer_.start(std::max(std::chrono::ceil<std::chrono::milliseconds>(*due - now()), std::chrono::milliseconds(0)));
-    } else {
-      timer_.stop();
+    const std::optional<Duration> due = tasks_.nextDue();
+    // To set the timer costs more than all that most turns have to do. One whose task is gone goes off in vain.
+    if (due && due != armedFor_) {
+      const auto delay = std::chrono::ceil<std::chrono::milliseconds>(*due - now());
+      timer_.start(static_cast<int>(std::max(delay, std::chrono::milliseconds(0)).count()), Qt::PreciseTimer, this);
+      armedFor_ = due;
     }
   }
 
   void runDueTasks() {
     const auto alive = shared_from_this();
     const Duration started = now();
+    timer_.stop();
+    armedFor_.reset();
     while (std::optional<Task> task = takeDue(started)) {
       (*task)();
     }
@@ -122,7 +130,9 @@ class LinuxDispatcher::MainQueue : public std::enable_shared_from_this<MainQueue
   std::recursive_mutex mutex_;
   TaskQueue tasks_;
   Duration turn_ = Duration::zero();
-  QTimer timer_;
+  QBasicTimer timer_;
+  // When the task is due for which the timer runs; nothing while it does not.
+  std::optional<Duration> armedFor_;
 };
 
 LinuxDispatcher::LinuxDispatcher() : mainQueue_(std::make_shared<MainQueue>()) {
