@@ -3,8 +3,10 @@
 #include <cstddef>
 #include <cstdint>
 #include <map>
+#include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -12,6 +14,9 @@ namespace roomlattice::platform {
 
 /// Everything that crosses the platform boundary as loose data: window-server dictionaries, stored settings, JSON.
 /// Strings are UTF-8. The typed reads answer with nothing when the value is of another type.
+///
+/// Copies share their elements, which never change: to copy a value costs the same however large it is, and so does to
+/// compare it with a copy of itself.
 class Value {
  public:
   using Data = std::vector<std::byte>;
@@ -26,8 +31,8 @@ class Value {
   Value(const char* value) : storage_(std::string(value)) {}
   Value(std::string value) : storage_(std::move(value)) {}
   Value(Data value) : storage_(std::move(value)) {}
-  Value(Array value) : storage_(std::move(value)) {}
-  Value(Dictionary value) : storage_(std::move(value)) {}
+  Value(Array value) : storage_(Shared<Array>(std::move(value))) {}
+  Value(Dictionary value) : storage_(Shared<Dictionary>(std::move(value))) {}
 
   bool isNull() const { return std::holds_alternative<std::monostate>(storage_); }
 
@@ -36,8 +41,8 @@ class Value {
   const double* asDouble() const { return std::get_if<double>(&storage_); }
   const std::string* asString() const { return std::get_if<std::string>(&storage_); }
   const Data* asData() const { return std::get_if<Data>(&storage_); }
-  const Array* asArray() const { return std::get_if<Array>(&storage_); }
-  const Dictionary* asDictionary() const { return std::get_if<Dictionary>(&storage_); }
+  const Array* asArray() const { return elements<Array>(); }
+  const Dictionary* asDictionary() const { return elements<Dictionary>(); }
 
   /// An integer or a double as a double. A Boolean is not a number.
   std::optional<double> toDouble() const;
@@ -57,7 +62,26 @@ class Value {
   bool operator==(const Value&) const = default;
 
  private:
-  std::variant<std::monostate, bool, std::int64_t, double, std::string, Data, Array, Dictionary> storage_;
+  template <class Container>
+  struct Shared {
+    std::shared_ptr<const Container> elements;
+
+    explicit Shared(Container given) : elements(std::make_shared<const Container>(std::move(given))) {}
+
+    bool operator==(const Shared& other) const {
+      return elements == other.elements ||
+             (elements != nullptr && other.elements != nullptr && *elements == *other.elements);
+    }
+  };
+
+  template <class Container>
+  const Container* elements() const {
+    const auto* shared = std::get_if<Shared<Container>>(&storage_);
+    return shared == nullptr ? nullptr : shared->elements.get();
+  }
+
+  std::variant<std::monostate, bool, std::int64_t, double, std::string, Data, Shared<Array>, Shared<Dictionary>>
+      storage_;
 };
 
 /// The entry under `key`, or nothing.

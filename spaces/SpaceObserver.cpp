@@ -13,13 +13,20 @@ namespace {
 
 using platform::Value;
 
-std::string stringOr(const Value::Dictionary& dictionary, const char* key, const std::string& fallback) {
+// Strings, as each is looked for in every desktop of each snapshot.
+const std::string displayIdentifierKey = "Display Identifier";
+const std::string spacesKey = "Spaces";
+const std::string managedSpaceIDKey = "ManagedSpaceID";
+const std::string otherIdentifierKey = "id64";
+const std::string uuidKey = "uuid";
+const std::string typeKey = "type";
+
+const std::string* string(const Value::Dictionary& dictionary, const std::string& key) {
   const Value* value = platform::find(dictionary, key);
-  const std::string* string = value == nullptr ? nullptr : value->asString();
-  return string == nullptr ? fallback : *string;
+  return value == nullptr ? nullptr : value->asString();
 }
 
-std::optional<std::int64_t> integer(const Value::Dictionary& dictionary, const char* key) {
+std::optional<std::int64_t> integer(const Value::Dictionary& dictionary, const std::string& key) {
   const Value* value = platform::find(dictionary, key);
   const std::int64_t* number = value == nullptr ? nullptr : value->asInteger();
   return number == nullptr ? std::nullopt : std::optional(*number);
@@ -27,9 +34,9 @@ std::optional<std::int64_t> integer(const Value::Dictionary& dictionary, const c
 
 /// Nothing for a space without an identifier.
 std::optional<SpaceInfo> parseSpace(const Value::Dictionary& space, const std::string& displayUUID) {
-  std::optional<std::int64_t> identifier = integer(space, "ManagedSpaceID");
+  std::optional<std::int64_t> identifier = integer(space, managedSpaceIDKey);
   if (!identifier) {
-    identifier = integer(space, "id64");
+    identifier = integer(space, otherIdentifierKey);
   }
   if (!identifier) {
     return std::nullopt;
@@ -37,28 +44,11 @@ std::optional<SpaceInfo> parseSpace(const Value::Dictionary& space, const std::s
   if (*identifier < 0) {
     fatal("the window server gave a negative space identifier");
   }
+  const std::string* uuid = string(space, uuidKey);
   return SpaceInfo{.spaceID = static_cast<platform::SpaceID>(*identifier),
-                   .uuid = stringOr(space, "uuid", "space-" + std::to_string(*identifier)),
+                   .uuid = uuid == nullptr ? "space-" + std::to_string(*identifier) : *uuid,
                    .displayUUID = displayUUID,
-                   .type = integer(space, "type").value_or(0)};
-}
-
-std::vector<SpaceInfo> parseDisplays(const Value& displays) {
-  std::vector<SpaceInfo> spaces;
-  for (const Value::Dictionary* display : displays.toDictionaries().value_or(std::vector<const Value::Dictionary*>())) {
-    const std::string displayUUID = stringOr(*display, "Display Identifier", "Main");
-    const Value* list = platform::find(*display, "Spaces");
-    const auto dictionaries = list == nullptr ? std::nullopt : list->toDictionaries();
-    if (!dictionaries) {
-      continue;
-    }
-    for (const Value::Dictionary* dictionary : *dictionaries) {
-      if (std::optional<SpaceInfo> space = parseSpace(*dictionary, displayUUID)) {
-        spaces.push_back(std::move(*space));
-      }
-    }
-  }
-  return spaces;
+                   .type = integer(space, typeKey).value_or(0)};
 }
 
 }  // namespace
@@ -71,8 +61,41 @@ SpaceObserver::SpaceObserver(platform::WindowServer& windowServer, platform::Not
           workspace.observe(platform::notification::activeSpaceDidChange, [this] { activeSpaceDidChange(); })) {}
 
 void SpaceObserver::refresh() {
-  std::vector<SpaceInfo> spaces = parseDisplays(windowServer_.managedDisplaySpaces());
+  std::vector<SpaceInfo> spaces = parse(windowServer_.managedDisplaySpaces());
   spaces_.update(std::move(spaces), windowServer_.activeSpace());
+}
+
+std::vector<SpaceInfo> SpaceObserver::parse(const Value& displays) {
+  std::vector<SpaceInfo> spaces;
+  std::size_t position = 0;
+  for (const Value::Dictionary* display : displays.toDictionaries().value_or(std::vector<const Value::Dictionary*>())) {
+    const std::string* identifier = string(*display, displayIdentifierKey);
+    const std::string displayUUID = identifier == nullptr ? "Main" : *identifier;
+    const Value* list = platform::find(*display, spacesKey);
+    if (list == nullptr || !list->toDictionaries()) {
+      continue;
+    }
+    spaces.reserve(spaces.size() + list->asArray()->size());
+    for (const Value& dictionary : *list->asArray()) {
+      if (const auto& space = parse(position++, dictionary, displayUUID)) {
+        spaces.push_back(*space);
+      }
+    }
+  }
+  parsed_.resize(position);
+  return spaces;
+}
+
+const std::optional<SpaceInfo>& SpaceObserver::parse(std::size_t position, const Value& dictionary,
+                                                     const std::string& displayUUID) {
+  if (position == parsed_.size()) {
+    parsed_.emplace_back();
+  }
+  Parsed& parsed = parsed_[position];
+  if (parsed.dictionary != dictionary || parsed.displayUUID != displayUUID) {
+    parsed = {dictionary, displayUUID, parseSpace(*dictionary.asDictionary(), displayUUID)};
+  }
+  return parsed.space;
 }
 
 }  // namespace roomlattice

@@ -10,8 +10,11 @@ namespace {
 using Difference = std::vector<Space>::difference_type;
 
 Value toDictionary(const Space& space) {
-  return Value::Dictionary{
-      {"ManagedSpaceID", static_cast<std::int64_t>(space.id)}, {"uuid", space.uuid}, {"type", space.type}};
+  Value::Dictionary dictionary;
+  dictionary.emplace("ManagedSpaceID", static_cast<std::int64_t>(space.id));
+  dictionary.emplace("type", space.type);
+  dictionary.emplace("uuid", space.uuid);
+  return dictionary;
 }
 
 }  // namespace
@@ -120,9 +123,14 @@ void SpaceList::activate(SpaceID space) {
 Value SpaceList::managedDisplaySpaces() const {
   Value::Array displays;
   for (const Display& display : displays_) {
+    // All of it is moved: a list in braces would be copied.
     Value::Array spaces;
+    spaces.reserve(display.spaces.size());
     std::ranges::transform(display.spaces, std::back_inserter(spaces), toDictionary);
-    displays.emplace_back(Value::Dictionary{{"Display Identifier", display.identifier}, {"Spaces", std::move(spaces)}});
+    Value::Dictionary dictionary;
+    dictionary.emplace("Display Identifier", display.identifier);
+    dictionary.emplace("Spaces", std::move(spaces));
+    displays.emplace_back(std::move(dictionary));
   }
   return displays;
 }

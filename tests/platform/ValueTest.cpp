@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <utility>
 
 namespace roomlattice::platform {
 namespace {
@@ -96,6 +97,25 @@ TEST(ValueTest, ReadsAnArrayOfDictionariesAsAWholeOrNotAtAll) {
   EXPECT_EQ(dictionaries->front(), displays.asArray()->front().asDictionary());
   EXPECT_EQ(Value(Value::Array{Value::Dictionary{}, 1}).toDictionaries(), std::nullopt);
   EXPECT_EQ(Value(Value::Dictionary{}).toDictionaries(), std::nullopt);
+}
+
+TEST(ValueTest, SharesItsElementsWithItsCopies) {
+  const Value array = Value::Array{"a", Value::Dictionary{{"b", 1}}};
+  const Value copy = array;
+  EXPECT_EQ(copy.asArray(), array.asArray());
+  EXPECT_EQ(copy, array);
+  Value::Array changed = *copy.asArray();
+  changed.front() = "c";
+  EXPECT_NE(Value(changed), array);
+  EXPECT_EQ(array, Value(Value::Array{"a", Value::Dictionary{{"b", 1}}}));
+}
+
+TEST(ValueTest, HoldsNothingReadableOnceItWasMovedFrom) {
+  Value from = Value::Array{"a"};
+  const Value to = std::move(from);
+  EXPECT_EQ(from.asArray(), nullptr);  // NOLINT(bugprone-use-after-move)
+  EXPECT_NE(from, to);
+  EXPECT_EQ(to, Value(Value::Array{"a"}));
 }
 
 TEST(ValueTest, FindsEntriesOfADictionaryByKey) {

@@ -117,6 +117,21 @@ TEST_F(SpaceObserverTest, MakesUpAUuidFromTheIdentifier) {
   EXPECT_EQ(spaces[2].uuid, "");
 }
 
+TEST_F(SpaceObserverTest, ReadsWhatHasBecomeOfAListThatItHasRead) {
+  const Value first = Value::Dictionary{{"id64", 1}, {"uuid", "A"}};
+  const Value second = Value::Dictionary{{"id64", 2}, {"uuid", "B"}};
+  const Value renewed = Value::Dictionary{{"id64", 2}, {"uuid", "C"}};
+  readSpaces(Value::Array{first, second});
+  EXPECT_EQ(readSpaces(Value::Array{first, renewed})[1].uuid, "C");
+  EXPECT_EQ(readSpaces(Value::Array{second, first})[0].uuid, "B");
+  EXPECT_EQ(readSpaces(Value::Array{first}).size(), 1U);
+  const auto& spaces = read(Value::Array{Value::Dictionary{
+      {"Display Identifier", "Other"}, {"Spaces", Value::Array{first, Value::Dictionary{}, second}}}});
+  ASSERT_EQ(spaces.size(), 2U);
+  EXPECT_EQ(spaces[0].displayUUID, "Other");
+  EXPECT_EQ(spaces[1].uuid, "B");
+}
+
 TEST_F(SpaceObserverTest, TakesASpaceWithoutTypeForARegularOne) {
   const auto& spaces = readSpaces(Value::Array{space(1), Value::Dictionary{{"id64", 2}, {"type", "4"}},
                                                Value::Dictionary{{"id64", 3}, {"type", -2}}});

@@ -1,19 +1,45 @@
 #include "platform/x11/desktops/X11WindowServer.h"
 
+#include <cstddef>
+#include <utility>
+
 namespace roomlattice::platform::x11 {
+namespace {
+
+Value dictionaryOf(const Desktop& desktop) {
+  Value::Dictionary space;
+  space.emplace("ManagedSpaceID", static_cast<std::int64_t>(desktop.id));
+  space.emplace("type", std::int64_t{0});
+  space.emplace("uuid", desktop.uuid);
+  return space;
+}
+
+}  // namespace
 
 Value X11WindowServer::managedDisplaySpaces() {
   const DesktopList& list = desktops_.list();
   if (list.desktops.empty()) {
     return {};
   }
+  // All of it is moved: a list in braces would be copied.
   Value::Array spaces;
-  for (const Desktop& desktop : list.desktops) {
-    spaces.emplace_back(Value::Dictionary{
-        {"ManagedSpaceID", static_cast<std::int64_t>(desktop.id)}, {"uuid", desktop.uuid}, {"type", std::int64_t{0}}});
+  spaces.reserve(list.desktops.size());
+  dictionaries_.resize(list.desktops.size());
+  for (std::size_t index = 0; index < list.desktops.size(); ++index) {
+    const Desktop& desktop = list.desktops[index];
+    auto& [of, dictionary] = dictionaries_[index];
+    if (of != desktop) {
+      of = desktop;
+      dictionary = dictionaryOf(desktop);
+    }
+    spaces.push_back(dictionary);
   }
-  return Value::Array{Value::Dictionary{{"Display Identifier", "screen-" + std::to_string(screenNumber_)},
-                                        {"Spaces", std::move(spaces)}}};
+  Value::Dictionary display;
+  display.emplace("Display Identifier", "screen-" + std::to_string(screenNumber_));
+  display.emplace("Spaces", std::move(spaces));
+  Value::Array displays;
+  displays.emplace_back(std::move(display));
+  return displays;
 }
 
 SpaceID X11WindowServer::activeSpace() {

@@ -4,6 +4,9 @@
 #include "platform/x11/desktops/WindowAttachments.h"
 #include "platform/x11/desktops/X11Desktops.h"
 
+#include <utility>
+#include <vector>
+
 namespace roomlattice::platform::x11 {
 
 /// The desktops as one display's. Window numbers are X window identifiers.
@@ -24,6 +27,8 @@ class X11WindowServer final : public WindowServer {
   int screenNumber_;
   X11Desktops& desktops_;
   WindowAttachments& attachments_;
+  // Of the desktops as they were last asked for: most are the same the next time.
+  std::vector<std::pair<Desktop, Value>> dictionaries_;
 };
 
 }  // namespace roomlattice::platform::x11
