@@ -44,7 +44,7 @@ DesktopCommands::DesktopCommands(platform::Platform& platform, SpaceManager& man
       switcher_(platform, manager),
       told_(desktops()) {
   platform::NotificationCenter& center = platform.notifications().defaultCenter();
-  const auto changed = [this] { tell(desktops()); };
+  const auto changed = [this] { update(desktops()); };
   observers_ = {center.observe(SpaceManager::didChange, changed),
                 center.observe(SpaceManager::activeChanged, [this] { activeChanged(); }),
                 center.observe(PreferencesStore::didChange, changed)};
@@ -165,20 +165,27 @@ void DesktopCommands::activeChanged() {
   const std::vector<SpaceInfo>& spaces = manager_.spaces();
   if (!std::ranges::equal(told_, spaces, {}, &DesktopState::uuid, &SpaceInfo::uuid)) {
     // A switch from within the news of another list, which is still to come here.
-    tell(desktops());
+    update(desktops());
     return;
   }
-  // Looking at everything anew would cost each switch more than there are desktops.
-  std::vector<DesktopState> now = told_;
-  for (std::size_t index = 0; index < now.size(); ++index) {
-    now[index].isActive = spaces[index].spaceID == manager_.activeSpaceID();
+  // Looking at everything anew would cost each switch more, the more desktops there are.
+  std::vector<DesktopChange> changes;
+  for (std::size_t index = 0; index < told_.size(); ++index) {
+    const bool isActive = spaces[index].spaceID == manager_.activeSpaceID();
+    if (!std::exchange(told_[index].isActive, isActive) && isActive) {
+      changes.push_back({platform::DesktopChangeKind::Switched, told_[index]});
+    }
   }
-  tell(std::move(now));
+  tell(changes);
 }
 
-void DesktopCommands::tell(std::vector<DesktopState> now) {
+void DesktopCommands::update(std::vector<DesktopState> now) {
   const std::vector<DesktopChange> changes = changesBetween(told_, now);
   told_ = std::move(now);
+  tell(changes);
+}
+
+void DesktopCommands::tell(const std::vector<DesktopChange>& changes) {
   if (!changes.empty()) {
     listeners_.notify(changes);
   }

@@ -47,7 +47,8 @@ class DesktopCommands final : public platform::Commands {
   platform::CommandResult step(platform::Direction direction);
   platform::CommandResult setName(const SpaceInfo& space, const std::string& name);
   void activeChanged();
-  void tell(std::vector<platform::DesktopState> now);
+  void update(std::vector<platform::DesktopState> now);
+  void tell(const std::vector<platform::DesktopChange>& changes);
 
   /// Carries `act` out when the answer is on its way: it may take as long as a menu is open, or end the program.
   platform::CommandResult later(std::function<void()> act);

@@ -1,10 +1,11 @@
 #include "control/DesktopStates.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <functional>
 #include <map>
 #include <span>
-#include <string>
+#include <string_view>
 
 namespace roomlattice {
 namespace {
@@ -13,9 +14,21 @@ using platform::DesktopChange;
 using platform::DesktopChangeKind;
 using platform::DesktopState;
 
-using StatesByUUID = std::map<std::string, std::reference_wrapper<const DesktopState>>;
+using States = std::span<const DesktopState>;
+using StatesByUUID = std::map<std::string_view, std::reference_wrapper<const DesktopState>>;
 
-StatesByUUID byUUID(const std::vector<DesktopState>& states) {
+/// Leaves out what both begin with and what both end with: most desktops are as they were.
+void trim(States& before, States& after) {
+  const auto head = std::ranges::mismatch(before, after).in1 - before.begin();
+  before = before.subspan(static_cast<std::size_t>(head));
+  after = after.subspan(static_cast<std::size_t>(head));
+  while (!before.empty() && !after.empty() && before.back() == after.back()) {
+    before = before.first(before.size() - 1);
+    after = after.first(after.size() - 1);
+  }
+}
+
+StatesByUUID byUUID(States states) {
   StatesByUUID result;
   for (const DesktopState& state : states) {
     result.emplace(state.uuid, state);
@@ -50,6 +63,7 @@ DesktopState stateOf(const SpaceInfo& space, int number, const SpaceManager& man
 std::vector<DesktopState> desktopStates(const SpaceManager& manager, const PreferencesStore& preferences) {
   const DesktopColors colors = preferences.desktopColors();
   std::vector<DesktopState> states;
+  states.reserve(manager.spaces().size());
   int number = 0;
   for (const SpaceInfo& space : manager.spaces()) {
     states.push_back(stateOf(space, space.isRegular() ? ++number : 0, manager, colors.usedColor(space.uuid)));
@@ -67,8 +81,8 @@ std::optional<DesktopState> activeDesktopState(const SpaceManager& manager, cons
   return stateOf(*active, static_cast<int>(number), manager, preferences.usedColor(*active));
 }
 
-std::vector<DesktopChange> changesBetween(const std::vector<DesktopState>& before,
-                                          const std::vector<DesktopState>& after) {
+std::vector<DesktopChange> changesBetween(States before, States after) {
+  trim(before, after);
   std::vector<DesktopChange> changes;
   const StatesByUUID former = byUUID(before);
   const StatesByUUID present = byUUID(after);

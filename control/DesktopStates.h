@@ -5,6 +5,7 @@
 #include "spaces/SpaceManager.h"
 
 #include <optional>
+#include <span>
 #include <vector>
 
 namespace roomlattice {
@@ -18,7 +19,7 @@ std::optional<platform::DesktopState> activeDesktopState(const SpaceManager& man
 
 /// How desktops came from being `before` to being `after`: those that have gone, in their order, then for each that is
 /// there what has changed about it, and last which one has come to the front.
-std::vector<platform::DesktopChange> changesBetween(const std::vector<platform::DesktopState>& before,
-                                                    const std::vector<platform::DesktopState>& after);
+std::vector<platform::DesktopChange> changesBetween(std::span<const platform::DesktopState> before,
+                                                    std::span<const platform::DesktopState> after);
 
 }  // namespace roomlattice

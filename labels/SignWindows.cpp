@@ -3,9 +3,7 @@
 #include "labels/SignView.h"
 
 #include <optional>
-#include <unordered_set>
 #include <utility>
-#include <vector>
 
 namespace roomlattice {
 namespace {
@@ -55,14 +53,8 @@ void SignWindows::ensure(const SpaceInfo& desktop) {
 }
 
 void SignWindows::spacesChanged() {
-  std::unordered_set<platform::SpaceID> desktops;
-  for (const SpaceInfo& space : manager_.spaces()) {
-    if (space.isRegular()) {
-      desktops.insert(space.spaceID);
-    }
-  }
-  std::erase_if(windows_, [&desktops](const auto& entry) {
-    const bool stale = !desktops.contains(entry.first);
+  std::erase_if(windows_, [this](const auto& entry) {
+    const bool stale = !isOfRegularSpace(entry.first);
     if (stale) {
       entry.second->orderOut();
     }
@@ -93,6 +85,15 @@ void SignWindows::place() {
       moveToFrame(*window, placement->frameOf(manager_.displayName(*space)));
     }
   }
+}
+
+bool SignWindows::isOfRegularSpace(platform::SpaceID desktop) const {
+  const SpaceInfo* first = manager_.firstSpace(desktop);
+  if (first == nullptr || first->isRegular()) {
+    return first != nullptr;
+  }
+  // Window servers give no identifier twice, but nothing holds them to that.
+  return positionOf(desktop, regularSpaces(manager_.spaces())).has_value();
 }
 
 SignPlacement SignWindows::placement() const {

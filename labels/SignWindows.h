@@ -47,6 +47,7 @@ class SignWindows {
   platform::Rect signFrame(const std::string& text) const { return placement().frameOf(text); }
 
  private:
+  bool isOfRegularSpace(platform::SpaceID desktop) const;
   SignPlacement placement() const;
   void pinWindow(const platform::Window& window, platform::SpaceID desktop);
 

@@ -25,6 +25,8 @@ CodableColor defaultColorAt(std::size_t position) {
 
 DesktopColors::DesktopColors(const std::vector<SpaceInfo>& spaces, SpaceColors stored, ColorMode mode)
     : stored_(std::move(stored)), mode_(mode) {
+  positions_.reserve(spaces.size());
+  uuids_.reserve(spaces.size());
   for (const SpaceInfo& space : spaces) {
     if (space.isRegular()) {
       positions_.emplace(space.uuid, uuids_.size());

@@ -5,8 +5,8 @@
 #include "spaces/SpaceInfo.h"
 
 #include <cstddef>
-#include <map>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 namespace roomlattice {
@@ -49,7 +49,7 @@ class DesktopColors {
   ColorMode mode_;
   // Of the regular desktops, in list order.
   std::vector<std::string> uuids_;
-  std::map<std::string, std::size_t> positions_;
+  std::unordered_map<std::string, std::size_t> positions_;
 };
 
 }  // namespace roomlattice

@@ -18,17 +18,10 @@ using namespace std::chrono_literals;
 // Environments answer within milliseconds, and have set their own names soon after they are there.
 constexpr platform::Duration answerTime = 1s;
 
-std::string textOf(const platform::DesktopNames::Names& names, const SpaceInfo& desktop) {
-  const auto found = names.find(desktop.uuid);
-  return found == names.end() ? std::string() : found->second;
-}
+const std::string noName;
 
 std::optional<std::string> realName(const std::string& there) {
   return isNumberedName(there) ? std::nullopt : std::optional(trimWhitespace(there));
-}
-
-std::optional<std::string> shownName(const SpaceManager& spaces, const SpaceInfo& desktop) {
-  return spaces.defaultNumber(desktop) ? std::nullopt : std::optional(spaces.displayName(desktop));
 }
 
 }  // namespace
@@ -55,16 +48,16 @@ void NameExchange::compare() {
 
 void NameExchange::follow(const Names& names) {
   const std::vector<SpaceInfo> desktops = regularSpaces(spaces_.spaces());
-  const Extent extent = takeStock(desktops, names);
-  for (const SpaceInfo& desktop : desktops) {
-    const std::string there = textOf(names, desktop);
-    if (entries_.contains(desktop.uuid)) {
-      compare(desktop, there, extent);
+  const std::vector<Meeting> meetings = meetingsOf(desktops, names);
+  const Extent extent = takeStock(meetings);
+  for (const Meeting& meeting : meetings) {
+    if (meeting.entry != nullptr) {
+      compare(*meeting.desktop, *meeting.entry, *meeting.there, extent);
     } else {
-      meet(desktop, there);
+      meet(*meeting.desktop, *meeting.there);
     }
   }
-  lend();
+  lend(desktops);
 }
 
 void NameExchange::forget() {
@@ -74,28 +67,44 @@ void NameExchange::forget() {
   spaces_.borrowNames({});
 }
 
-NameExchange::Extent NameExchange::takeStock(const std::vector<SpaceInfo>& desktops, const Names& names) {
-  const bool isStart = entries_.empty();
-  std::unordered_set<std::string_view> listed;
+std::vector<NameExchange::Meeting> NameExchange::meetingsOf(const std::vector<SpaceInfo>& desktops,
+                                                            const Names& names) {
+  std::vector<Meeting> meetings;
+  meetings.reserve(desktops.size());
   for (const SpaceInfo& desktop : desktops) {
-    listed.insert(desktop.uuid);
+    const auto there = names.find(desktop.uuid);
+    const auto entry = entries_.find(desktop.uuid);
+    meetings.push_back({.desktop = &desktop,
+                        .there = there == names.end() ? &noName : &there->second,
+                        .entry = entry == entries_.end() ? nullptr : &entry->second});
   }
-  const std::size_t removed =
-      std::erase_if(entries_, [&listed](const auto& entry) { return !listed.contains(entry.first); });
-  std::size_t added = 0;
+  return meetings;
+}
+
+NameExchange::Extent NameExchange::takeStock(const std::vector<Meeting>& meetings) {
+  const bool isStart = entries_.empty();
+  std::size_t kept = 0;
   std::size_t changed = 0;
-  for (const SpaceInfo& desktop : desktops) {
-    const auto known = entries_.find(desktop.uuid);
-    if (known == entries_.end()) {
-      ++added;
-    } else if (known->second.there != textOf(names, desktop)) {
-      ++changed;
+  for (const Meeting& meeting : meetings) {
+    if (meeting.entry != nullptr) {
+      ++kept;
+      changed += static_cast<std::size_t>(meeting.entry->there != *meeting.there);
     }
   }
+  const std::size_t added = meetings.size() - kept;
+  const std::size_t removed = kept == entries_.size() ? 0 : forgetAllBut(meetings);
   if (added + removed > 0) {
     begin(isStart ? Phase::Starting : Phase::Settling);
   }
   return changed + added + removed > 1 ? Extent::Several : Extent::One;
+}
+
+std::size_t NameExchange::forgetAllBut(const std::vector<Meeting>& meetings) {
+  std::unordered_set<std::string_view> listed;
+  for (const Meeting& meeting : meetings) {
+    listed.insert(meeting.desktop->uuid);
+  }
+  return std::erase_if(entries_, [&listed](const auto& entry) { return !listed.contains(entry.first); });
 }
 
 void NameExchange::meet(const SpaceInfo& desktop, const std::string& there) {
@@ -106,12 +115,16 @@ void NameExchange::meet(const SpaceInfo& desktop, const std::string& there) {
   }
 }
 
-void NameExchange::compare(const SpaceInfo& desktop, const std::string& there, Extent extent) {
-  Entry& entry = entries_[desktop.uuid];
-  const bool changedThere = std::exchange(entry.there, there) != there;
-  const std::optional<std::string> shown = shownName(spaces_, desktop);
-  if (shown != entry.here) {
-    entry.here = shown;
+void NameExchange::compare(const SpaceInfo& desktop, Entry& entry, const std::string& there, Extent extent) {
+  const bool changedThere = entry.there != there;
+  if (changedThere) {
+    entry.there = there;
+  }
+  // Most are as they were, of however many, so nothing is copied to find that.
+  const std::string* shown = spaces_.givenName(desktop);
+  const bool changedHere = shown == nullptr ? entry.here.has_value() : entry.here != *shown;
+  if (changedHere) {
+    entry.here = shown == nullptr ? std::nullopt : std::optional(*shown);
     ask(desktop);
   } else if (changedThere && realName(there) != entry.here && !isAnswer(desktop, there, extent)) {
     take(desktop, there);
@@ -160,9 +173,9 @@ std::string NameExchange::wishFor(const SpaceInfo& desktop) const {
                           spaces_.defaultNumber(desktop).value_or(1));
 }
 
-void NameExchange::lend() {
+void NameExchange::lend(const std::vector<SpaceInfo>& desktops) {
   Names lent;
-  for (const SpaceInfo& desktop : regularSpaces(spaces_.spaces())) {
+  for (const SpaceInfo& desktop : desktops) {
     const Entry& entry = entries_[desktop.uuid];
     if (entry.here && spaces_.storedName(desktop) == nullptr) {
       lent[desktop.uuid] = *entry.here;

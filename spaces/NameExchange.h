@@ -44,20 +44,29 @@ class NameExchange {
     std::optional<std::string> before;
   };
 
+  /// A desktop with what it is called there, and its entry where it has one.
+  struct Meeting {
+    const SpaceInfo* desktop;
+    const std::string* there;
+    Entry* entry;
+  };
+
   /// How much of what the environment has changed at once. A user renames one desktop; it sets all of them anew.
   enum class Extent { One, Several };
 
   void compare();
   void follow(const Names& names);
   void forget();
-  Extent takeStock(const std::vector<SpaceInfo>& desktops, const Names& names);
+  std::vector<Meeting> meetingsOf(const std::vector<SpaceInfo>& desktops, const Names& names);
+  Extent takeStock(const std::vector<Meeting>& meetings);
+  std::size_t forgetAllBut(const std::vector<Meeting>& meetings);
   void meet(const SpaceInfo& desktop, const std::string& there);
-  void compare(const SpaceInfo& desktop, const std::string& there, Extent extent);
+  void compare(const SpaceInfo& desktop, Entry& entry, const std::string& there, Extent extent);
   bool isAnswer(const SpaceInfo& desktop, const std::string& there, Extent extent) const;
   void take(const SpaceInfo& desktop, const std::string& there);
   void ask(const SpaceInfo& desktop);
   std::string wishFor(const SpaceInfo& desktop) const;
-  void lend();
+  void lend(const std::vector<SpaceInfo>& desktops);
   void begin(Phase phase);
   void endPhase();
 

@@ -94,12 +94,18 @@ void SpaceManager::update(std::vector<SpaceInfo> spaces, platform::SpaceID activ
 
 void SpaceManager::indexSpaces() {
   // Numbers start anew on each display, unlike the order of switching, which runs across all of them.
-  std::unordered_map<std::string, int> last;
+  std::unordered_map<std::string_view, int> lastOf;
+  const std::string* display = nullptr;
+  int* last = nullptr;
   firstOf_.clear();
   numbers_.clear();
   for (const SpaceInfo& space : spaces_) {
+    if (display == nullptr || *display != space.displayUUID) {
+      display = &space.displayUUID;
+      last = &lastOf[*display];
+    }
     firstOf_.emplace(space.spaceID, numbers_.size());
-    numbers_.push_back(space.isRegular() ? ++last[space.displayUUID] : 0);
+    numbers_.push_back(space.isRegular() ? ++*last : 0);
   }
 }
 

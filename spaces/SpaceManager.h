@@ -62,6 +62,9 @@ class SpaceManager {
   /// The name that is kept for the desktop's uuid; null when there is none. Valid until the next name is set.
   const std::string* storedName(const SpaceInfo& space) const;
 
+  /// The same, or else the borrowed one. Valid until the next name is set or borrowed.
+  const std::string* givenName(const SpaceInfo& space) const;
+
   /// The number in the display name of a desktop that has no name; nothing for others.
   std::optional<int> defaultNumber(const SpaceInfo& space) const;
 
@@ -86,7 +89,6 @@ class SpaceManager {
  private:
   const SpaceInfo* find(const SpaceInfo& space) const;
   void loadNames();
-  const std::string* givenName(const SpaceInfo& space) const;
   void indexSpaces();
   void rememberRegularSpaces();
   void takeKnown(platform::Value stored);

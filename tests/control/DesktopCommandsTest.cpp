@@ -267,6 +267,12 @@ TEST_F(DesktopCommandsChangesTest, AreToldForDesktopsThatComeAndGo) {
   EXPECT_THAT(lines_, ElementsAre("added 4 Desktop 4", "removed 4 Desktop 4"));
 }
 
+TEST_F(DesktopCommandsChangesTest, AreToldForThoseBehindOneThatGoes) {
+  desktop.removeDesktop(desktop.desktopAt(1));
+  EXPECT_THAT(lines_,
+              ElementsAre("removed 2 Desktop 2", "moved 2 Desktop 2", "renamed 2 Desktop 2", "recolored 2 Desktop 2"));
+}
+
 TEST_F(DesktopCommandsChangesTest, AreNotToldForOtherSettings) {
   PreferencesStore::shared().setSignTextSize(99.0);
   EXPECT_THAT(lines_, IsEmpty());

@@ -25,7 +25,8 @@ std::size_t sizeOf(const xcb_get_property_reply_t& reply) {
 }
 
 std::string validUtf8(const std::string& text) {
-  return QString::fromStdString(text).toStdString();
+  const auto isAscii = [](char character) { return static_cast<unsigned char>(character) < 0x80; };
+  return std::ranges::all_of(text, isAscii) ? text : QString::fromStdString(text).toStdString();
 }
 
 }  // namespace

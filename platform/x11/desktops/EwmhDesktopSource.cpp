@@ -15,6 +15,7 @@ constexpr std::size_t maximumNamesSize = 65536;
 
 std::vector<Desktop> desktopsByPosition(std::size_t count) {
   std::vector<Desktop> desktops;
+  desktops.reserve(count);
   for (std::size_t position = 1; position <= count; ++position) {
     desktops.push_back({position, "desktop-" + std::to_string(position)});
   }

@@ -14,11 +14,12 @@ constexpr const char* sharedKey = "DesktopNames.Shared";
 X11DesktopNames::X11DesktopNames(X11Desktops& desktops, Defaults& defaults, NotificationCenter& defaultCenter)
     : desktops_(desktops),
       defaults_(defaults),
-      changes_(desktops.observeNames([this] { listeners_.notify(); })),
+      changes_(desktops.observeNames([this] { namesChanged(); })),
       edits_(defaultCenter.observe(notification::defaultsDidChangeElsewhere, [this] { listeners_.notify(); })) {}
 
 std::optional<DesktopNames::Names> X11DesktopNames::read() {
   const DesktopList& list = desktops_.list();
+  read_ = list;
   if (list.names.empty() || sharing() == Sharing::Off) {
     return std::nullopt;
   }
@@ -34,6 +35,14 @@ void X11DesktopNames::set(const std::string& uuid, const std::string& name) {
   const auto found = std::ranges::find(desktops, uuid, &Desktop::uuid);
   if (sharing() == Sharing::On) {
     desktops_.rename(static_cast<std::size_t>(std::distance(desktops.begin(), found)), name);
+  }
+}
+
+void X11DesktopNames::namesChanged() {
+  // With another list of desktops come other names, and whoever has heard of the list has read them already.
+  const DesktopList& list = desktops_.list();
+  if (read_.desktops != list.desktops || read_.names != list.names) {
+    listeners_.notify();
   }
 }
 

@@ -30,8 +30,12 @@ class X11DesktopNames final : public DesktopNames {
   void setSharing(Sharing sharing);
 
  private:
+  void namesChanged();
+
   X11Desktops& desktops_;
   Defaults& defaults_;
+  // As it was when the names were last read.
+  DesktopList read_;
   Listeners<> listeners_;
   Registration changes_;
   Registration edits_;

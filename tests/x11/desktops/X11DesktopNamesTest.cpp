@@ -120,6 +120,17 @@ TEST_F(X11DesktopNamesPropertyTest, MayBeFewerOrMoreThanDesktops) {
   EXPECT_TRUE(reads({"", "", ""}));
 }
 
+TEST_F(X11DesktopNamesPropertyTest, AreNotToldAgainToOneWhoHasReadThemWithTheList) {
+  const platform::Registration reader =
+      shared_.followed.center.observe(platform::notification::activeSpaceDidChange, [this] { shared_.names.read(); });
+  shared_.followed.session.setDesktopCount(4);
+  ASSERT_TRUE(waitFor([this] { return shared_.followed.count() == 4; }));
+  EXPECT_EQ(shared_.changes, 0);
+  shared_.foreign.setProperty(platform::x11::bytesOf({"Mail", "", "", "Chat"}));
+  EXPECT_TRUE(reads({"Mail", "", "", "Chat"}));
+  EXPECT_EQ(shared_.changes, 1);
+}
+
 TEST_F(X11DesktopNamesPropertyTest, MayBeNoTextsAtAll) {
   shared_.foreign.setProperty("\xff\xfe" + zero_ + "Web");
   EXPECT_TRUE(reads({"\xef\xbf\xbd\xef\xbf\xbd", "Web", ""}));
