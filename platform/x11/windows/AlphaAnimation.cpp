@@ -30,7 +30,7 @@ AlphaAnimation::AlphaAnimation(double value, std::function<void()> changed)
 }
 
 double AlphaAnimation::value() const {
-  if (!steps_.isActive()) {
+  if (!isMoving_) {
     return value_;
   }
   const double progress =
@@ -70,6 +70,7 @@ void AlphaAnimation::release() {
 }
 
 void AlphaAnimation::run() {
+  isMoving_ = true;
   sinceStart_.start();
   steps_.start();
 }
@@ -81,6 +82,7 @@ void AlphaAnimation::step() {
     return;
   }
   steps_.stop();
+  isMoving_ = false;
   assign(target_);
   callLater(std::exchange(completion_, nullptr));
 }
@@ -95,6 +97,7 @@ void AlphaAnimation::assign(double value) {
 std::function<void()> AlphaAnimation::end() {
   value_ = value();
   steps_.stop();
+  isMoving_ = false;
   isWaiting_ = false;
   return std::exchange(completion_, nullptr);
 }

@@ -50,6 +50,8 @@ class AlphaAnimation {
   std::function<void()> completion_;
   bool isHeld_ = false;
   bool isWaiting_ = false;
+  // Whether the timer runs, said where the value is: it is asked for of all labels twice a second.
+  bool isMoving_ = false;
   // Of the move that runs or waits.
   double start_ = 0.0;
   double target_ = 0.0;
