@@ -80,7 +80,9 @@ void FloatingItem::setContent(const StatusButtonContent& content, const StatusIt
   if (frame_.width() <= width) {
     draw();
   } else {
-    // The part that comes in addition is to be drawn when it is there, and with it all the rest, once.
+    // The part that comes in addition is to be drawn when it is there, and with it all the rest, once. It is asked for
+    // before anything of labels is.
+    native_.flush();
     drawLater_.start(resizeLimit);
   }
 }
