@@ -2,8 +2,6 @@
 
 #include "platform/x11/connection/PixelRows.h"
 
-#include <xcb/xcb_renderutil.h>
-
 namespace roomlattice::platform::x11 {
 namespace {
 
@@ -49,25 +47,8 @@ class MaskPicture {
 
 }  // namespace
 
-WindowInk::WindowInk(const NativeWindow& window) : raw_(window.raw()), window_(window.id()) {
-  const xcb_query_extension_reply_t* extension = xcb_get_extension_data(raw_, &xcb_render_id);
-  if (extension == nullptr || extension->present == 0) {
-    return;
-  }
-  const auto attributesAsked = xcb_get_window_attributes(raw_, window_);
-  const auto formatsAsked = xcb_render_query_pict_formats(raw_);
-  const auto attributes = replyTo(raw_, attributesAsked, xcb_get_window_attributes_reply);
-  const auto formats = replyTo(raw_, formatsAsked, xcb_render_query_pict_formats_reply);
-  if (attributes == nullptr || formats == nullptr) {
-    return;
-  }
-  if (const auto* visual = xcb_render_util_find_visual_format(formats.get(), attributes->visual)) {
-    windowFormat_ = visual->format;
-  }
-  if (const auto* mask = xcb_render_util_find_standard_format(formats.get(), XCB_PICT_STANDARD_A_8)) {
-    maskFormat_ = mask->id;
-  }
-}
+WindowInk::WindowInk(const NativeWindow& window, xcb_visualid_t visual, PictureFormats& formats)
+    : raw_(window.raw()), window_(window.id()), windowFormat_(formats.of(visual)), maskFormat_(formats.ofMasks()) {}
 
 void WindowInk::pour(std::uint32_t color, const InkMask& mask, Ground ground) const {
   const MaskPicture picture(raw_, window_, maskFormat_, mask);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/x11/connection/NativeWindow.h"
+#include "platform/x11/connection/PictureFormats.h"
 
 #include <QRect>
 #include <cstddef>
@@ -23,8 +24,8 @@ struct InkMask {
 /// take goes to the server.
 class WindowInk {
  public:
-  /// The window must outlive it. Waits for the server.
-  explicit WindowInk(const NativeWindow& window);
+  /// The window, which has that visual, must outlive it. Waits for the server only where the formats do.
+  WindowInk(const NativeWindow& window, xcb_visualid_t visual, PictureFormats& formats);
 
   /// Servers may lack the extension, or know no format for the window.
   bool isAvailable() const { return windowFormat_ != 0 && maskFormat_ != 0; }
@@ -41,8 +42,8 @@ class WindowInk {
  private:
   xcb_connection_t* raw_;
   xcb_window_t window_;
-  xcb_render_pictformat_t windowFormat_ = 0;
-  xcb_render_pictformat_t maskFormat_ = 0;
+  xcb_render_pictformat_t windowFormat_;
+  xcb_render_pictformat_t maskFormat_;
 };
 
 }  // namespace roomlattice::platform::x11

@@ -14,11 +14,6 @@ namespace {
 constexpr std::uint8_t depthWithoutAlpha = 24;
 constexpr std::uint32_t rgbMask = 0xffffff;
 
-std::uint8_t depthOf(xcb_connection_t* raw, xcb_window_t window) {
-  const auto geometry = replyTo(raw, xcb_get_geometry(raw, window), xcb_get_geometry_reply);
-  return geometry == nullptr ? std::uint8_t{0} : geometry->depth;
-}
-
 xcb_rectangle_t rectangleOf(const QRect& area) {
   return {static_cast<std::int16_t>(area.x()), static_cast<std::int16_t>(area.y()),
           static_cast<std::uint16_t>(area.width()), static_cast<std::uint16_t>(area.height())};
@@ -26,9 +21,18 @@ xcb_rectangle_t rectangleOf(const QRect& area) {
 
 }  // namespace
 
-WindowPicture::WindowPicture(const NativeWindow& window)
-    : window_(window), context_(xcb_generate_id(window.raw())), depth_(depthOf(window.raw(), window.id())) {
-  xcb_create_gc(window_.raw(), context_, window_.id(), 0, nullptr);
+WindowPicture::WindowPicture(const NativeWindow& window) : window_(window), context_(xcb_generate_id(window.raw())) {
+  xcb_connection_t* raw = window_.raw();
+  xcb_create_gc(raw, context_, window_.id(), 0, nullptr);
+  // Both at once, for one wait.
+  const auto geometryAsked = xcb_get_geometry(raw, window_.id());
+  const auto attributesAsked = xcb_get_window_attributes(raw, window_.id());
+  if (const auto geometry = replyTo(raw, geometryAsked, xcb_get_geometry_reply)) {
+    depth_ = geometry->depth;
+  }
+  if (const auto attributes = replyTo(raw, attributesAsked, xcb_get_window_attributes_reply)) {
+    visual_ = attributes->visual;
+  }
 }
 
 WindowPicture::~WindowPicture() {
@@ -43,28 +47,24 @@ void WindowPicture::put(const QImage& picture, const QPoint& corner) {
   x11::put(rows, window_.raw(), window_.id(), context_, corner);
 }
 
-void WindowPicture::put(const PackedPicture& picture) {
-  if (picture.ink() && ink().isAvailable()) {
-    putInk(picture);
+void WindowPicture::put(const PackedPicture& picture, PictureFormats& formats) {
+  if (!ink_) {
+    ink_.emplace(window_, visual_, formats);
+  }
+  if (picture.ink() && ink_->isAvailable()) {
+    putInk(picture, *ink_);
   } else {
     putDetails(picture);
   }
 }
 
-void WindowPicture::putInk(const PackedPicture& picture) {
+void WindowPicture::putInk(const PackedPicture& picture, const WindowInk& ink) {
   const InkMask mask = picture.inkMask();
   const bool isBlack = depth_ == depthWithoutAlpha && (picture.plateColor() & rgbMask) == 0;
   const QRegion whole(QRect(QPoint(), picture.size()));
   const QRegion plate = isBlack ? whole.subtracted(mask.area) : whole;
   fill({plate.begin(), plate.end()}, picture.plateColor());
-  ink().pour(*picture.ink(), mask, isBlack ? WindowInk::Ground::Black : WindowInk::Ground::AsItIs);
-}
-
-const WindowInk& WindowPicture::ink() {
-  if (!ink_) {
-    ink_.emplace(window_);
-  }
-  return *ink_;
+  ink.pour(*picture.ink(), mask, isBlack ? WindowInk::Ground::Black : WindowInk::Ground::AsItIs);
 }
 
 void WindowPicture::putDetails(const PackedPicture& picture) {

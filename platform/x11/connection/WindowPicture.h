@@ -2,6 +2,7 @@
 
 #include "platform/x11/connection/NativeWindow.h"
 #include "platform/x11/connection/PackedPicture.h"
+#include "platform/x11/connection/PictureFormats.h"
 #include "platform/x11/connection/WindowInk.h"
 
 #include <QImage>
@@ -17,7 +18,7 @@ namespace roomlattice::platform::x11 {
 /// server, and wait for the server before it writes there again. The widget must have no paint engine.
 class WindowPicture {
  public:
-  /// The window must outlive it.
+  /// The window must outlive it. Waits for the server.
   explicit WindowPicture(const NativeWindow& window);
   ~WindowPicture();
   WindowPicture(const WindowPicture&) = delete;
@@ -27,18 +28,18 @@ class WindowPicture {
   /// for nobody.
   void put(const QImage& picture, const QPoint& corner);
 
-  /// The same for all of the window. Waits for the server the first time.
-  void put(const PackedPicture& picture);
+  /// The same for all of the window. Waits for the server only where the formats, always the same ones, do.
+  void put(const PackedPicture& picture, PictureFormats& formats);
 
  private:
-  const WindowInk& ink();
   void fill(const std::vector<QRect>& areas, std::uint32_t color);
-  void putInk(const PackedPicture& picture);
+  void putInk(const PackedPicture& picture, const WindowInk& ink);
   void putDetails(const PackedPicture& picture);
 
   const NativeWindow& window_;
   xcb_gcontext_t context_;
-  std::uint8_t depth_;
+  std::uint8_t depth_ = 0;
+  xcb_visualid_t visual_ = 0;
   // Made when it is first wanted.
   std::optional<WindowInk> ink_;
 };

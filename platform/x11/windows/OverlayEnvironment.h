@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/x11/connection/CompositorWatch.h"
+#include "platform/x11/connection/PictureFormats.h"
 #include "platform/x11/connection/WindowManagerWatch.h"
 #include "platform/x11/connection/X11Connection.h"
 #include "platform/x11/connection/X11Screens.h"
@@ -25,6 +26,7 @@ struct OverlayEnvironment {
   /// After so long the window manager is relieved of a window that is not to be seen, and not on the desktop in front.
   std::chrono::milliseconds longestUnseen;
   OverlayStack stack;
+  PictureFormats formats{connection};
 };
 
 }  // namespace roomlattice::platform::x11
