@@ -25,7 +25,7 @@ void moveToFrame(platform::Window& window, const platform::Rect& frame) {
 
 SignWindows::WindowPointer SignWindows::find(platform::SpaceID desktop) const {
   const auto found = windows_.find(desktop);
-  return found == windows_.end() ? nullptr : found->second;
+  return found == windows_.end() ? nullptr : found->second.window;
 }
 
 platform::Window& SignWindows::make(const SpaceInfo& desktop, double alpha) {
@@ -40,15 +40,20 @@ platform::Window& SignWindows::make(const SpaceInfo& desktop, double alpha) {
   made->setContentView(std::move(view));
   made->orderFront();
   pinWindow(*made, desktop.spaceID);
-  windows_[desktop.spaceID] = made;
+  windows_[desktop.spaceID] = {made, name};
   return *made;
 }
 
 void SignWindows::ensure(const SpaceInfo& desktop) {
-  if (const WindowPointer existing = find(desktop.spaceID)) {
-    setText(*existing, manager_.displayName(desktop));
-  } else {
+  const auto found = windows_.find(desktop.spaceID);
+  if (found == windows_.end()) {
     make(desktop, 0.0);
+    return;
+  }
+  Label& label = found->second;
+  if (const std::string name = manager_.displayName(desktop); label.name != name) {
+    label.name.reset();
+    setText(*label.window, name);
   }
 }
 
@@ -56,33 +61,40 @@ void SignWindows::spacesChanged() {
   std::erase_if(windows_, [this](const auto& entry) {
     const bool stale = !isOfRegularSpace(entry.first);
     if (stale) {
-      entry.second->orderOut();
+      entry.second.window->orderOut();
     }
     return stale;
   });
-  // Where there is no label there need be no screen.
-  std::optional<SignPlacement> placement;
+  if (windows_.empty()) {
+    // There need be no screen.
+    return;
+  }
+  const SignPlacement placement = this->placement();
+  const platform::Rect placedBy = placement.frameOf("");
+  const bool isPlaced = placedBy_ == placedBy;
+  placedBy_ = placedBy;
   for (const SpaceInfo& space : manager_.spaces()) {
-    const auto label = space.isRegular() ? windows_.find(space.spaceID) : windows_.end();
-    if (label != windows_.end()) {
-      if (!placement) {
-        placement.emplace(this->placement());
+    const auto found = space.isRegular() ? windows_.find(space.spaceID) : windows_.end();
+    if (found != windows_.end()) {
+      Label& label = found->second;
+      // Most are as they were.
+      if (std::string name = manager_.displayName(space); !isPlaced || label.name != name) {
+        setText(*label.window, name);
+        moveToFrame(*label.window, placement.frameOf(name));
+        label.name = std::move(name);
       }
-      const std::string name = manager_.displayName(space);
-      setText(*label->second, name);
-      moveToFrame(*label->second, placement->frameOf(name));
     }
   }
 }
 
 void SignWindows::place() {
   std::optional<SignPlacement> placement;
-  for (const auto& [desktop, window] : windows_) {
+  for (const auto& [desktop, label] : windows_) {
     if (const SpaceInfo* space = manager_.firstSpace(desktop)) {
       if (!placement) {
         placement.emplace(this->placement());
       }
-      moveToFrame(*window, placement->frameOf(manager_.displayName(*space)));
+      moveToFrame(*label.window, placement->frameOf(manager_.displayName(*space)));
     }
   }
 }

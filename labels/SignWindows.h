@@ -7,6 +7,7 @@
 
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace roomlattice {
@@ -17,7 +18,12 @@ class SignWindows {
  public:
   // Shared: a deferred fade keeps its window.
   using WindowPointer = std::shared_ptr<platform::Window>;
-  using Map = std::map<platform::SpaceID, WindowPointer>;
+  struct Label {
+    WindowPointer window;
+    /// For which the window has its text and its frame; nothing where it may have those of another.
+    std::optional<std::string> name;
+  };
+  using Map = std::map<platform::SpaceID, Label>;
 
   static constexpr platform::CollectionBehavior ordinaryBehavior = platform::CollectionBehavior::Managed |
                                                                    platform::CollectionBehavior::IgnoresCycle |
@@ -55,6 +61,8 @@ class SignWindows {
   const SpaceManager& manager_;
   const PreferencesStore& preferences_;
   Map windows_;
+  // The frame of no text when all were placed last. It tells of the screen and of the font.
+  std::optional<platform::Rect> placedBy_;
 };
 
 }  // namespace roomlattice

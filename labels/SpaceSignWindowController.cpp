@@ -92,8 +92,8 @@ void SpaceSignWindowController::hideAll() {
   flashWorkItem_.cancel();
   hideWorkItem_.cancel();
   for (const auto& [spaceID, label] : windows_.all()) {
-    label->setCollectionBehavior(SignWindows::ordinaryBehavior);
-    label->animateAlpha(0.0, hideDuration);
+    label.window->setCollectionBehavior(SignWindows::ordinaryBehavior);
+    label.window->animateAlpha(0.0, hideDuration);
   }
 }
 
@@ -107,7 +107,7 @@ void SpaceSignWindowController::handleSwipeBegan(platform::Direction direction) 
   // The animated set takes a running fade's place, the direct one makes the value hold at once.
   for (const auto& [spaceID, label] : windows_.all()) {
     if (spaceID != active) {
-      label->animateAlpha(alpha, 0s);
+      label.window->animateAlpha(alpha, 0s);
     }
   }
   setInactiveAlpha(active, alpha);
@@ -168,8 +168,8 @@ void SpaceSignWindowController::startMouseMonitor() {
 void SpaceSignWindowController::mouseMoved() {
   const platform::Point pointer = platform_.events().mouseLocation();
   if (isShowing_) {
-    const bool overLabel =
-        std::ranges::any_of(windows_.all(), [&](const auto& entry) { return entry.second->frame().contains(pointer); });
+    const bool overLabel = std::ranges::any_of(
+        windows_.all(), [&](const auto& entry) { return entry.second.window->frame().contains(pointer); });
     if (overLabel) {
       hideAll();
     }
@@ -186,14 +186,14 @@ void SpaceSignWindowController::mouseMoved() {
 void SpaceSignWindowController::setInactiveAlpha(platform::SpaceID activeSpaceID, double alpha) {
   for (const auto& [spaceID, label] : windows_.all()) {
     if (spaceID != activeSpaceID) {
-      label->setAlpha(alpha);
+      label.window->setAlpha(alpha);
     }
   }
 }
 
 void SpaceSignWindowController::setAllAlpha(double alpha) {
   for (const auto& [spaceID, label] : windows_.all()) {
-    label->setAlpha(alpha);
+    label.window->setAlpha(alpha);
   }
 }
 
@@ -210,7 +210,7 @@ void SpaceSignWindowController::primeNonActiveSigns() {
   };
   if (!preferences_.showSignInSwipeMode()) {
     for (const auto& [spaceID, label] : windows_.all()) {
-      prime(*label, 0.0);
+      prime(*label.window, 0.0);
     }
     return;
   }
@@ -221,7 +221,7 @@ void SpaceSignWindowController::primeNonActiveSigns() {
   const double alpha = preferences_.signSwipeAlpha();
   for (const auto& [spaceID, label] : windows_.all()) {
     if (spaceID != active && !dismissedSpaceIDs_.contains(spaceID)) {
-      prime(*label, alpha);
+      prime(*label.window, alpha);
     }
   }
 }

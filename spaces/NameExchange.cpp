@@ -57,7 +57,7 @@ void NameExchange::follow(const Names& names) {
       meet(*meeting.desktop, *meeting.there);
     }
   }
-  lend(desktops);
+  lend(meetings);
 }
 
 void NameExchange::forget() {
@@ -173,10 +173,11 @@ std::string NameExchange::wishFor(const SpaceInfo& desktop) const {
                           spaces_.defaultNumber(desktop).value_or(1));
 }
 
-void NameExchange::lend(const std::vector<SpaceInfo>& desktops) {
+void NameExchange::lend(const std::vector<Meeting>& meetings) {
   Names lent;
-  for (const SpaceInfo& desktop : desktops) {
-    const Entry& entry = entries_[desktop.uuid];
+  for (const Meeting& meeting : meetings) {
+    const SpaceInfo& desktop = *meeting.desktop;
+    const Entry& entry = meeting.entry == nullptr ? entries_[desktop.uuid] : *meeting.entry;
     if (entry.here && spaces_.storedName(desktop) == nullptr) {
       lent[desktop.uuid] = *entry.here;
     }

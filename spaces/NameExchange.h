@@ -66,7 +66,7 @@ class NameExchange {
   void take(const SpaceInfo& desktop, const std::string& there);
   void ask(const SpaceInfo& desktop);
   std::string wishFor(const SpaceInfo& desktop) const;
-  void lend(const std::vector<SpaceInfo>& desktops);
+  void lend(const std::vector<Meeting>& meetings);
   void begin(Phase phase);
   void endPhase();
 

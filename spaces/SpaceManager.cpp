@@ -8,6 +8,8 @@
 #include <cstddef>
 #include <optional>
 #include <set>
+#include <span>
+#include <unordered_map>
 #include <utility>
 
 namespace roomlattice {
@@ -61,8 +63,8 @@ const SpaceInfo* SpaceManager::homeSpace() const {
 }
 
 const SpaceInfo* SpaceManager::firstSpace(platform::SpaceID spaceID) const {
-  const auto found = firstOf_.find(spaceID);
-  return found == firstOf_.end() ? nullptr : &spaces_[found->second];
+  const auto found = std::ranges::lower_bound(places_, spaceID, {}, &std::pair<platform::SpaceID, std::size_t>::first);
+  return found == places_.end() || found->first != spaceID ? nullptr : &spaces_[found->second];
 }
 
 const SpaceInfo* SpaceManager::find(const SpaceInfo& space) const {
@@ -76,14 +78,16 @@ const SpaceInfo* SpaceManager::find(const SpaceInfo& space) const {
 }
 
 void SpaceManager::update(std::vector<SpaceInfo> spaces, platform::SpaceID activeSpaceID) {
-  const bool listChanged = spaces != spaces_;
+  const auto [changedHere, changedThere] = std::ranges::mismatch(spaces, spaces_);
+  const bool listChanged = changedHere != spaces.end() || changedThere != spaces_.end();
+  const auto known = static_cast<std::size_t>(changedHere - spaces.begin());
   const bool activeSpaceChanged = activeSpaceID != activeSpaceID_;
   spaces_ = std::move(spaces);
   activeSpaceID_ = activeSpaceID;
   if (listChanged) {
     indexSpaces();
   }
-  rememberRegularSpaces();
+  rememberRegularSpaces(known);
   if (listChanged) {
     post(didChange);
   }
@@ -97,25 +101,28 @@ void SpaceManager::indexSpaces() {
   std::unordered_map<std::string_view, int> lastOf;
   const std::string* display = nullptr;
   int* last = nullptr;
-  firstOf_.clear();
+  places_.clear();
   numbers_.clear();
   for (const SpaceInfo& space : spaces_) {
     if (display == nullptr || *display != space.displayUUID) {
       display = &space.displayUUID;
       last = &lastOf[*display];
     }
-    firstOf_.emplace(space.spaceID, numbers_.size());
+    places_.emplace_back(space.spaceID, numbers_.size());
     numbers_.push_back(space.isRegular() ? ++*last : 0);
   }
+  std::ranges::sort(places_);
 }
 
-void SpaceManager::rememberRegularSpaces() {
+/// The first `known` spaces are those of the list before.
+void SpaceManager::rememberRegularSpaces(std::size_t known) {
   platform::Value stored = platform_.defaults().object(knownUUIDsKey).value_or(platform::Value());
   if (stored != known_ || stored.isNull()) {
     takeKnown(std::move(stored));
+    known = 0;
   }
   bool isMore = known_.isNull();
-  for (const SpaceInfo& space : spaces_) {
+  for (const SpaceInfo& space : std::span(spaces_).subspan(known)) {
     isMore = (space.isRegular() && knownUUIDs_.insert(space.uuid).second) || isMore;
   }
   if (isMore) {

@@ -12,8 +12,8 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
 namespace roomlattice {
@@ -90,14 +90,14 @@ class SpaceManager {
   const SpaceInfo* find(const SpaceInfo& space) const;
   void loadNames();
   void indexSpaces();
-  void rememberRegularSpaces();
+  void rememberRegularSpaces(std::size_t known);
   void takeKnown(platform::Value stored);
   void post(std::string_view notification);
 
   platform::Platform& platform_;
   std::vector<SpaceInfo> spaces_;
-  // The index of the first one with each identifier.
-  std::unordered_map<platform::SpaceID, std::size_t> firstOf_;
+  // The identifiers in their order, each with its place in the list.
+  std::vector<std::pair<platform::SpaceID, std::size_t>> places_;
   // For each, its place among the regular ones of its display, from 1; 0 for one that is not regular.
   std::vector<int> numbers_;
   // As last stored, and the same for looking up.
