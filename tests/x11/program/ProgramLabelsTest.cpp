@@ -103,8 +103,8 @@ class ProgramLabelsUnderTest : public ::testing::TestWithParam<Desktop> {
 TEST_P(ProgramLabelsUnderTest, AreOnEveryDesktopAfterATourThatEndsWhereItBegan) {
   ASSERT_TRUE(user_.switchTo(1));
   PlainWindow application({100, 550, 300, 150}, Qt::green);
-  ASSERT_TRUE(user_.start()) << user_.program().process().errorOutput();
   TourWitness witness(user_);
+  ASSERT_TRUE(user_.start()) << user_.program().process().errorOutput();
   ASSERT_TRUE(waitFor([&] {
     witness.look();
     return user_.program().process().errorOutput().find("tour end") != std::string::npos;

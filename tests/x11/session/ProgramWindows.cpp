@@ -53,7 +53,10 @@ std::vector<WindowProbe> ProgramWindows::seen(double opacity, const std::vector<
 }
 
 std::optional<WindowProbe> ProgramWindows::popup() const {
-  return first([](const WindowState& window) { return window.isOverrideRedirect && window.isViewable; });
+  return first([this](const WindowState& window) {
+    // A tool tip comes by itself where a busy machine lets the pointer rest on the item before its button is pressed.
+    return window.isOverrideRedirect && window.isViewable && !hasType(window, "TOOLTIP");
+  });
 }
 
 std::optional<WindowProbe> ProgramWindows::preferences() const {

@@ -39,7 +39,7 @@ class ProgramWindows {
   /// Those among these windows of the program, in one look.
   std::vector<WindowProbe> seen(double opacity, const std::vector<xcb_window_t>& among) const;
 
-  /// What has popped up, the menu or the choices of a pop-up button.
+  /// What has popped up, the menu or the choices of a pop-up button; not a tool tip.
   std::optional<WindowProbe> popup() const;
 
   /// The preferences window, when it is to be seen.
