@@ -11,17 +11,6 @@ namespace {
 /// Between two windows that are active, none may be for a moment.
 constexpr std::chrono::milliseconds handoverTime(50);
 
-/// Where Qt's y axis has the bottom edge of the primary screen.
-double bottomOfPrimary() {
-  const QScreen* primary = QGuiApplication::primaryScreen();
-  return primary == nullptr ? 0.0 : QRectF(primary->geometry()).bottom();
-}
-
-double leftOfPrimary() {
-  const QScreen* primary = QGuiApplication::primaryScreen();
-  return primary == nullptr ? 0.0 : QRectF(primary->geometry()).left();
-}
-
 /// The screens there really are: started without any output, Qt has one of no size.
 std::vector<QScreen*> realScreens() {
   QList<QScreen*> screens = QGuiApplication::screens();
@@ -67,6 +56,9 @@ std::vector<Screen> X11Screens::screens() const {
   for (const QScreen* screen : realScreens()) {
     screens.push_back({frameOf(*screen)});
   }
+  if (screens.empty()) {
+    screens.push_back({fromQt(QRectF(primaryGeometry()))});
+  }
   return screens;
 }
 
@@ -78,7 +70,18 @@ std::optional<Screen> X11Screens::mainScreen() const {
   if (screen == nullptr) {
     screen = QGuiApplication::primaryScreen();
   }
-  return screen == nullptr || screen->geometry().isEmpty() ? std::nullopt : std::optional(Screen{frameOf(*screen)});
+  return screen == nullptr || screen->geometry().isEmpty() ? screens().front() : Screen{frameOf(*screen)};
+}
+
+/// The root window's while there is no output: it has a size then, too.
+QRect X11Screens::primaryGeometry() const {
+  const QScreen* primary = QGuiApplication::primaryScreen();
+  if (primary != nullptr && !primary->geometry().isEmpty()) {
+    return primary->geometry();
+  }
+  const auto root =
+      replyTo(connection_.raw(), xcb_get_geometry(connection_.raw(), connection_.root()), xcb_get_geometry_reply);
+  return root == nullptr ? QRect() : QRect(0, 0, root->width, root->height);
 }
 
 Rect X11Screens::frameOf(const QScreen& screen) const {
@@ -86,7 +89,8 @@ Rect X11Screens::frameOf(const QScreen& screen) const {
 }
 
 Point X11Screens::fromQt(QPointF point) const {
-  return {point.x() - leftOfPrimary(), bottomOfPrimary() - point.y()};
+  const QRectF primary = primaryGeometry();
+  return {point.x() - primary.left(), primary.bottom() - point.y()};
 }
 
 Rect X11Screens::fromQt(const QRectF& rect) const {
@@ -94,7 +98,8 @@ Rect X11Screens::fromQt(const QRectF& rect) const {
 }
 
 QPointF X11Screens::toQt(Point point) const {
-  return {point.x + leftOfPrimary(), bottomOfPrimary() - point.y};
+  const QRectF primary = primaryGeometry();
+  return {point.x + primary.left(), primary.bottom() - point.y};
 }
 
 QRectF X11Screens::toQt(const Rect& rect) const {

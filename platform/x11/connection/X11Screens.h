@@ -26,7 +26,8 @@ class X11Screens {
   /// didChangeScreenParameters, once for all that come together.
   X11Screens(X11Connection& connection, NotificationCenter& defaultCenter);
 
-  /// The primary screen first. While no output is on, one of those there were before.
+  /// The primary screen first. While no output is on, one of those there were before; where there have been none, the
+  /// root window, which has a size then, too.
   std::vector<Screen> screens() const;
 
   /// The screen with the active window; without one, the screen with the pointer; else the primary screen.
@@ -45,6 +46,7 @@ class X11Screens {
   void followActiveWindow();
   void changed();
   void postIfChanged();
+  QRect primaryGeometry() const;
   Rect frameOf(const QScreen& screen) const;
   QScreen* screenAtPixel(QPointF pixel) const;
   QScreen* screenOfActiveWindow() const;

@@ -109,7 +109,21 @@ TEST_F(X11ScreensTest, HaveTheMainOneWhereThePointerIsWhenNoWindowIsActive) {
   EXPECT_EQ(screens_.mainScreen(), screens_.screens()[0]);
 }
 
-// The outputs of Xvfb are always on.
+TEST(X11ScreensWithoutOutputsTest, AreTheRootWindowUntilThereIsOne) {
+  X11Session session({.screen = "1280x800x24"});
+  session.run({"xrandr", "--fb", "1280x800", "--output", "screen", "--off"});
+  QtApplication qt;
+  InProcessNotificationCenter center;
+  int posts = 0;
+  const auto observation = center.observe(platform::notification::didChangeScreenParameters, [&posts] { ++posts; });
+  const X11Screens screens(qt.connection(), center);
+  EXPECT_THAT(screens.screens(), ElementsAre(Screen{Rect{{0, 0}, {1280, 800}}}));
+  EXPECT_EQ(screens.mainScreen(), screens.screens().front());
+  EXPECT_EQ(screens.toQt(Point{10, 780}), QPointF(10, 20));
+  session.run({"xrandr", "--output", "screen", "--auto"});
+  EXPECT_TRUE(waitFor([&posts] { return posts > 0; }));
+}
+
 TEST(X11ScreensOfAnotherServerTest, StayWhatTheyWereWhileNoOutputIsOn) {
   std::optional<X11Session> session;
   try {

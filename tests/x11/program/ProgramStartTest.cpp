@@ -141,6 +141,18 @@ TEST_P(ProgramStartWithEnvironmentTest, ThatNamesNoOrdinaryFileIsPossible) {
 INSTANTIATE_TEST_SUITE_P(OfTheProgram, ProgramStartWithEnvironmentTest,
                          ::testing::Values("FONTCONFIG_FILE", "QT_LOGGING_CONF", "TZ", "XENVIRONMENT"));
 
+TEST(ProgramStartTest, NeedsNoOutputThatIsOn) {
+  X11Session session;
+  session.run({"xrandr", "--fb", "1280x800", "--output", "screen", "--off"});
+  Program program;
+  EXPECT_TRUE(program.hasLogged("tour end")) << program.process().errorOutput();
+  session.run({"xrandr", "--output", "screen", "--auto"});
+  EXPECT_TRUE(program.isUp());
+  program.process().signal(SIGTERM);
+  EXPECT_EQ(program.exitStatus(), 0);
+  EXPECT_THAT(program.complaints(), IsEmpty());
+}
+
 TEST(ProgramStartTest, NeedsAWindowManager) {
   const X11Session session({.windowManager = std::nullopt});
   Program program;
