@@ -6,6 +6,7 @@
 #include <QTimer>
 #include <filesystem>
 #include <functional>
+#include <optional>
 
 namespace roomlattice::platform::linux {
 
@@ -24,7 +25,7 @@ class SettingsWatch {
 
   LinuxDefaults& defaults_;
   std::function<void()> changed_;
-  FileWatch watch_;
+  std::optional<FileWatch> watch_;
   QTimer lookSoon_;
 };
 
