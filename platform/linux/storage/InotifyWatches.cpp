@@ -20,6 +20,9 @@ constexpr std::uint32_t comingAndGoing = IN_CREATE | IN_DELETE | IN_MOVED_FROM |
 constexpr std::uint32_t changing = IN_MODIFY | IN_CLOSE_WRITE | IN_ATTRIB;
 constexpr std::uint32_t folderGoing = IN_DELETE_SELF | IN_MOVE_SELF | IN_UNMOUNT;
 
+// Somebody who makes and removes folders without a pause has to end some time.
+constexpr int mostFolderChanges = 10;
+
 bool isShared(const std::filesystem::path& folder) {
   struct statfs status {};
   const bool known = statfs(folder.c_str(), &status) == 0;
@@ -41,17 +44,24 @@ InotifyWatches::InotifyWatches(const Path& path) : descriptor_(inotify_init1(IN_
 }
 
 bool InotifyWatches::watchFile(const Path& file) {
-  std::error_code error;
-  Path name = file.filename();
-  Path folder = file.parent_path();
-  std::uint32_t events = comingAndGoing | changing;
-  // While the folder is missing, the last one that is there tells when the next one comes.
-  while (!std::filesystem::is_directory(folder, error) && folder.has_relative_path()) {
-    name = folder.filename();
-    folder = folder.parent_path();
-    events = comingAndGoing;
+  Path folder;
+  bool isSettled = false;
+  for (int attempt = 0; attempt < mostFolderChanges && !isSettled; ++attempt) {
+    std::error_code error;
+    Path name = file.filename();
+    folder = file.parent_path();
+    std::uint32_t events = comingAndGoing | changing;
+    // While the folder is missing, the last one that is there tells when the next one comes.
+    while (!std::filesystem::is_directory(folder, error) && folder.has_relative_path()) {
+      name = folder.filename();
+      folder = folder.parent_path();
+      events = comingAndGoing;
+    }
+    // What came or went before the watch was there has been told by nobody.
+    isSettled = watchFolder(folder, events | folderGoing, name) &&
+                (folder == file.parent_path() || !std::filesystem::is_directory(folder / name, error));
   }
-  if (!watchFolder(folder, events | folderGoing, name) || isShared(folder)) {
+  if (!isSettled || isShared(folder)) {
     return false;
   }
   // The folders above have other entries that come and go often. Those need not wake anybody.
