@@ -53,8 +53,8 @@ packages_for() {
     # All that scripts/window-managers tries the program under and beside.
     windowmanagers)
       printf '%s\n' marco mate-settings-daemon-common icewm fluxbox i3-wm awesome bspwm gnome-shell \
-        gnome-shell-extension-appindicator cinnamon xfce4-panel mate-panel lxqt-panel tint2 polybar plasma-workspace \
-        plasma-desktop qtwayland5
+        gnome-settings-daemon gnome-shell-extension-appindicator cinnamon xfce4-panel mate-panel lxqt-panel tint2 \
+        polybar plasma-workspace plasma-desktop qtwayland5
       ;;
     check) printf '%s\n' git clang-format clang-tidy python3 shellcheck ;;
     *) die "no packages are known for $1" ;;

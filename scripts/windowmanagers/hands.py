@@ -146,9 +146,12 @@ class MutterHands(Hands):
 
     def move_pointer(self, x, y):
         """By a step from where it is, as only steps can be told without a stream of pictures."""
-        answer = self.shell.Eval("global.get_pointer().slice(0, 2)")[1]
-        left, top = json.loads(answer)
-        self.session.NotifyPointerMotionRelative(float(x - left), float(y - top))
+        left, top, scale = self.ask("[...global.get_pointer().slice(0, 2), global.display.get_monitor_scale(0)]")
+        # A step is longer where the monitor is scaled.
+        self.session.NotifyPointerMotionRelative((x - left) / scale, (y - top) / scale)
+
+    def ask(self, expression):
+        return json.loads(self.shell.Eval(expression)[1])
 
     def button(self, pressed):
         self.session.NotifyPointerButton(left_button, pressed)

@@ -191,14 +191,17 @@ class Scenario:
         if not wait_for(self.popup, 2):
             self.click_item()
         menu = expect(wait_for(self.popup, 5), "no menu")
-        wait_for(lambda: self.screen.frame(menu)[3] > row_height * desktop_count, 3)
+        wait_for(lambda: self.screen.frame(menu)[3] > self.pixels(row_height) * desktop_count, 3)
         return self.screen.frame(menu)
+
+    def pixels(self, points):
+        return points * self.session.desktop.scale
 
     def click_item(self):
         item = next(iter(self.own("DOCK")), None)
         if item:
             left, top, width, height = self.screen.frame(item)
-            self.session.hands.click(left + width - 15, top + height // 2)
+            self.session.hands.click(left + width - self.pixels(15), top + height // 2)
         else:
             self.session.hands.move_pointer(600, 100)
             expect(self.session.activate_panel_item(600, 100), "no status item")
@@ -208,9 +211,9 @@ class Scenario:
 
     def click_row(self, row):
         left, top, _, _ = self.open_menu()
-        self.session.hands.move_pointer(left + 50, top + 5)
+        self.session.hands.move_pointer(left + self.pixels(50), top + self.pixels(5))
         time.sleep(0.1)
-        self.session.hands.click(left + 60, top + 1 + row * row_height + row_height // 2)
+        self.session.hands.click(left + self.pixels(60), top + 1 + self.pixels(row * row_height + row_height // 2))
         expect(wait_for(lambda: not self.popup(), 3), "the menu stays")
         expect(wait_for(lambda: self.screen.current_desktop() == row, 3), "no switch")
         time.sleep(fade)
@@ -226,10 +229,10 @@ class Scenario:
 
     def try_rename(self):
         left, top, width, _ = self.open_menu()
-        middle = top + 1 + row_height + row_height // 2
-        self.session.hands.move_pointer(left + 60, middle)
+        middle = top + 1 + self.pixels(row_height + row_height // 2)
+        self.session.hands.move_pointer(left + self.pixels(60), middle)
         time.sleep(0.2)
-        self.session.hands.click(left + width - 20, middle)
+        self.session.hands.click(left + width - self.pixels(20), middle)
         time.sleep(0.2)
         self.session.hands.type("mail")
         self.session.hands.press("\r")
@@ -247,8 +250,8 @@ class Scenario:
 
     def try_preferences(self):
         left, top, _, height = self.open_menu()
-        below = top + 1 + row_height * (self.screen.desktop_count() or 0)
-        self.session.hands.click(left + 60, below + (top + height - below) * 3 // 10)
+        below = top + 1 + self.pixels(row_height) * (self.screen.desktop_count() or 0)
+        self.session.hands.click(left + self.pixels(60), below + (top + height - below) * 3 // 10)
         window = expect(wait_for(self.preferences, 5), "no window")[0]
         expect(wait_for(lambda: self.screen.is_in_front(window), 2), "on another desktop")
         expect(wait_for(lambda: self.screen.focused() in self.own_ids(), 3), "without the keyboard")
@@ -299,7 +302,7 @@ class Scenario:
 
     def try_quit(self):
         left, top, _, height = self.open_menu()
-        self.session.hands.click(left + 60, top + height - row_height // 2)
+        self.session.hands.click(left + self.pixels(60), top + height - self.pixels(row_height // 2))
         expect(wait_for(lambda: self.process.poll() is not None, 5), "still runs")
         expect(self.process.returncode == 0, f"exit status {self.process.returncode}")
 

@@ -8,6 +8,7 @@ from Xlib import X, Xatom, display, error
 from .processes import output_of, wait_for
 
 all_desktops = 0xFFFFFFFF
+largest_corner = 4  # pixels; a point is several where the session is scaled
 
 
 class Screen:
@@ -44,6 +45,10 @@ class Screen:
         selection = self.atom(f"_NET_WM_CM_S{self.display.get_default_screen()}")
         return self.display.get_selection_owner(selection) != X.NONE
 
+    def has_settings(self):
+        selection = self.atom(f"_XSETTINGS_S{self.display.get_default_screen()}")
+        return self.display.get_selection_owner(selection) != X.NONE
+
     def windows(self, process=None):
         """All that bear a process's number, or that of one process, at whatever depth."""
         found = []
@@ -75,10 +80,10 @@ class Screen:
             return False
 
     def is_popup(self, window):
-        """A menu, and not one of the pixels in the corners that a program may watch."""
+        """A menu, and not one of the points in the corners that a program may watch."""
         try:
             attributes = window.get_attributes()
-            return attributes.override_redirect and self.is_viewable(window) and self.frame(window)[2] > 1
+            return attributes.override_redirect and self.is_viewable(window) and self.frame(window)[2] > largest_corner
         except error.XError:
             return False
 

@@ -42,6 +42,7 @@ class Desktop:
     makes_desktops: bool = True  # obeys _NET_NUMBER_OF_DESKTOPS
     dynamic: bool = False  # makes and drops desktops by itself
     obeys_opacity: bool = True
+    scale: int = 1  # pixels of an X client for each point of the program's
     drawing_time: float = 0.0  # seconds until what is mapped is on the screen
 
     def programs(self):
@@ -65,6 +66,7 @@ memory_settings = {"GSETTINGS_BACKEND": "memory"}
 openbox_files = {".config/openbox/rc.xml": openbox_settings}
 openbox = ["openbox", "--sm-disable"]
 plasma = ["plasmashell", "--no-respawn"]
+settings_daemon = ["/usr/libexec/gsd-xsettings"]
 picom = ["picom", "--config", "/dev/null", "--backend", "xrender"]
 
 
@@ -79,10 +81,11 @@ def on_kwin_wayland(name, *options, environment=None, **rest):
                    environment={**kwin_wayland_environment, **(environment or {})}, **rest)
 
 
-def on_gnome_wayland(name, *options):
-    return Desktop(name, ["gnome-shell", "--wayland", "--headless", "--unsafe-mode", "--virtual-monitor", size, *options],
-                   server="wayland", files=gnome_settings, makes_desktops=False, dynamic=True,
-                   environment={**gnome_environment, "XDG_SESSION_TYPE": "wayland"})
+def on_gnome_wayland(name, *options, monitor=size, settings="", **rest):
+    files = {gnome_file: gnome_settings[gnome_file] + settings}
+    return Desktop(name, ["gnome-shell", "--wayland", "--headless", "--unsafe-mode", "--virtual-monitor", monitor, *options],
+                   server="wayland", files=files, makes_desktops=False, dynamic=True,
+                   environment={**gnome_environment, "XDG_SESSION_TYPE": "wayland"}, **rest)
 
 
 def beside_panel(panel, *command, files=None):
@@ -119,6 +122,10 @@ desktops = [
     on_kwin_wayland("kwin_wayland+plasma", environment=plasma_environment, companions=[plasma]),
     on_gnome_wayland("gnome-shell wayland"),
     on_gnome_wayland("gnome-shell wayland two outputs", "--virtual-monitor", "1280x1024"),
+    # Its settings daemon tells X clients of the scale.
+    on_gnome_wayland("gnome-shell wayland scale 2", monitor="2732x1536",
+                     settings="[org/gnome/desktop/interface]\nscaling-factor=uint32 2\n",
+                     companions=[settings_daemon], scale=2),
     beside_panel("xfce4-panel"),
     beside_panel("mate-panel"),
     beside_panel("lxqt-panel"),
@@ -248,6 +255,8 @@ class Session:
             self.processes.start(command[0], *command)
             if command is picom:
                 self.require(wait_for(self.screen.is_composited), "the compositor")
+            elif command is settings_daemon:
+                self.require(wait_for(self.screen.has_settings, 60), "the settings daemon")
             elif command is plasma:
                 self.require(wait_for(self.has_tray, 60), "the panel")
             else:
