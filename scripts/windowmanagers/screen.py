@@ -42,12 +42,15 @@ class Screen:
         return self.number(window, "_NET_WM_DESKTOP")
 
     def is_composited(self):
-        selection = self.atom(f"_NET_WM_CM_S{self.display.get_default_screen()}")
-        return self.display.get_selection_owner(selection) != X.NONE
+        return self.has_owner("_NET_WM_CM_S")
 
     def has_settings(self):
-        selection = self.atom(f"_XSETTINGS_S{self.display.get_default_screen()}")
-        return self.display.get_selection_owner(selection) != X.NONE
+        return self.has_owner("_XSETTINGS_S")
+
+    def has_owner(self, selection):
+        """Of one that each screen has."""
+        atom = self.atom(f"{selection}{self.display.get_default_screen()}")
+        return self.display.get_selection_owner(atom) != X.NONE
 
     def windows(self, process=None):
         """All that bear a process's number, or that of one process, at whatever depth."""
