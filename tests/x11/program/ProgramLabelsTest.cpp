@@ -162,7 +162,7 @@ TEST_P(ProgramLabelsUnderTest, FollowWhatTheUserDoes) {
   // Those of desktops that vanish go with them; a new desktop has one once it was in front.
   user_.session.setDesktopCount(2);
   EXPECT_TRUE(waitFor([&] { return user_.windows().labels().size() == 2; }));
-  EXPECT_TRUE(waitFor([&] { return user_.isOnDesktop(1); }));
+  EXPECT_TRUE(waitFor([&] { return user_.isOnDesktop(1); })) << user_.session.currentDesktop().value_or(-1);
   user_.session.setDesktopCount(3);
   ASSERT_TRUE(user_.switchTo(2));
   EXPECT_TRUE(waitFor([&] { return hasLabelInOrder(1); }));
