@@ -198,7 +198,7 @@ void SpaceSignWindowController::setAllAlpha(double alpha) {
 }
 
 void SpaceSignWindowController::startPrimeTimer() {
-  primeTimer_ = platform_.dispatcher().repeat(primePeriod, primePeriod, [this] { primeNonActiveSigns(); });
+  primeTimer_ = platform_.dispatcher().repeatWhileActive(primePeriod, primePeriod, [this] { primeNonActiveSigns(); });
 }
 
 void SpaceSignWindowController::primeNonActiveSigns() {

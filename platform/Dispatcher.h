@@ -4,6 +4,7 @@
 
 #include <chrono>
 #include <functional>
+#include <utility>
 
 namespace roomlattice::platform {
 
@@ -30,6 +31,13 @@ class Dispatcher {
   /// Runs `task` once `first` has passed and then every `period`, until the registration ends. Where the main thread
   /// was busy for several periods, the missed ones are not made up.
   virtual Registration repeat(Duration first, Duration period, Task task) = 0;
+
+  /// Like repeat, for a task that looks at nothing but what the program knows: as long as nothing happens on the main
+  /// thread after a call, each further one would find everything as that one left it, and a backend may leave it out.
+  /// Those that come keep to the period.
+  virtual Registration repeatWhileActive(Duration first, Duration period, Task task) {
+    return repeat(first, period, std::move(task));
+  }
 
   /// Runs `task` off the main thread at user-initiated priority. It may call async and nothing else of this class.
   virtual void background(Task task) = 0;

@@ -64,6 +64,20 @@ TEST_F(DispatcherConformance, RepeatsUntilCancelledFromWithin) {
   EXPECT_EQ(ticks, 3);
 }
 
+TEST_F(DispatcherConformance, RepeatsWhileSomethingHappensUntilCancelledFromWithin) {
+  int ticks = 0;
+  Registration timer;
+  timer = dispatcher().repeatWhileActive(5ms, 5ms, [&] {
+    if (++ticks == 3) {
+      timer.cancel();
+    }
+    dispatcher().async([] {});
+  });
+  EXPECT_TRUE(runUntil([&] { return ticks == 3; }));
+  runFor(100ms);
+  EXPECT_EQ(ticks, 3);
+}
+
 TEST_F(DispatcherConformance, ComesBackFromTheBackground) {
   const std::thread::id main = std::this_thread::get_id();
   bool cameBack = false;

@@ -1,9 +1,11 @@
 #include "platform/linux/system/LinuxDispatcher.h"
 
+#include "platform/linux/system/RestingBeat.h"
 #include "support/TaskQueue.h"
 
 #include <QBasicTimer>
 #include <QObject>
+#include <QPointer>
 #include <QThread>
 #include <QTimerEvent>
 #include <algorithm>
@@ -160,6 +162,11 @@ Registration LinuxDispatcher::schedule(Duration delay, Task task) {
 
 Registration LinuxDispatcher::repeat(Duration first, Duration period, Task task) {
   return mainQueue_->repeat(first, period, std::move(task));
+}
+
+Registration LinuxDispatcher::repeatWhileActive(Duration first, Duration period, Task task) {
+  const QPointer<RestingBeat> beat(new RestingBeat(first, period, std::move(task), &beats_));
+  return Registration([beat] { delete beat; });
 }
 
 void LinuxDispatcher::background(Task task) {

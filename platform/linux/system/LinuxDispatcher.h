@@ -2,6 +2,7 @@
 
 #include "platform/Dispatcher.h"
 
+#include <QObject>
 #include <QThreadPool>
 #include <memory>
 
@@ -19,12 +20,15 @@ class LinuxDispatcher final : public Dispatcher {
   void asyncAfter(Duration delay, Task task) override;
   Registration schedule(Duration delay, Task task) override;
   Registration repeat(Duration first, Duration period, Task task) override;
+  /// On the main thread. The calls have no place in the order of the other tasks.
+  Registration repeatWhileActive(Duration first, Duration period, Task task) override;
   void background(Task task) override;
 
  private:
   class MainQueue;
 
   std::shared_ptr<MainQueue> mainQueue_;
+  QObject beats_;  // owns them
   QThreadPool worker_;
 };
 

@@ -173,6 +173,7 @@ TEST_F(LinuxDispatcherTest, EndsWithTasksStillQueuedWithoutRunningThem) {
   const std::weak_ptr<int> weak = owned;
   Registration task = dispatcher_->schedule(0ms, [&ran, owned] { ran = true; });
   const Registration repetition = dispatcher_->repeat(0ms, 1ms, [&ran, owned] { ran = true; });
+  const Registration beat = dispatcher_->repeatWhileActive(0ms, 1ms, [&ran, owned] { ran = true; });
   owned.reset();
   dispatcher_.reset();
   EXPECT_TRUE(weak.expired());
