@@ -13,6 +13,7 @@
 #include <chrono>
 #include <cmath>
 #include <utility>
+#include <variant>
 
 namespace roomlattice::platform::x11 {
 namespace {
@@ -25,6 +26,10 @@ constexpr int wheelStep = 120;
 
 // A window manager that has not given the item its new size by then will not.
 constexpr std::chrono::milliseconds resizeLimit(30);
+
+// To be placed anew takes most of the time in which a switch is shown. A title that fills that much of the item leaves
+// it as it is, so that it soon has one width for all names of about one length.
+constexpr double filledPart = 0.8;
 
 /// Flags and translucency have to be there before the widget gets its X window.
 QWidget& prepared(QWidget& widget) {
@@ -214,7 +219,7 @@ bool FloatingItem::isWanted() const {
 }
 
 bool FloatingItem::place() {
-  const auto width = static_cast<int>(std::ceil(pictures_.width(content_, length_, area_.width())));
+  const int width = wantedWidth();
   const auto height = static_cast<int>(statusBarHeight);
   const bool isOther = std::exchange(itemWidth_, width) != width;
   const QRect frame =
@@ -224,6 +229,12 @@ bool FloatingItem::place() {
   }
   applyShape();
   return isOther;
+}
+
+int FloatingItem::wantedWidth() {
+  const auto width = static_cast<int>(std::ceil(pictures_.width(content_, length_, area_.width())));
+  const bool mayStay = std::holds_alternative<VariableLength>(length_) && itemWidth_ <= area_.width();
+  return mayStay && width < itemWidth_ && width >= filledPart * itemWidth_ ? itemWidth_ : width;
 }
 
 void FloatingItem::appear() {

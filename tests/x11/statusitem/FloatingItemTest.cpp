@@ -12,6 +12,7 @@ namespace {
 using platform::Color;
 using platform::FixedLength;
 using platform::SquareLength;
+using platform::StatusButtonContent;
 using platform::StatusItem;
 
 class FloatingItemTest : public FloatingItemFixture {};
@@ -27,6 +28,20 @@ TEST_F(FloatingItemTest, HasExactlyTheFixedWidthWhateverItsTitle) {
   item.button()->setContent(redTitle(" A title that is a good deal longer than it has room for "));
   item.setLength(FixedLength{141.0});
   EXPECT_TRUE(standsInTheMiddle(141));
+}
+
+TEST_F(FloatingItemTest, StaysAsItIsForATitleThatFillsMostOfIt) {
+  StatusItem& item = show(redTitle(" Letters "));
+  const int width = titleWidth(" Letters ");
+  ASSERT_TRUE(standsInTheMiddle(width));
+  ASSERT_LT(titleWidth(" Letter "), width);
+  StatusButtonContent blue = redTitle(" Letter ");
+  blue.background = Color{0.0, 0.0, 1.0};
+  item.button()->setContent(blue);
+  EXPECT_TRUE(waitFor([&] { return similar(colorAtTheEnd(width), Qt::blue); }));
+  EXPECT_TRUE(standsInTheMiddle(width));
+  item.button()->setContent(redTitle(" Me "));
+  EXPECT_TRUE(standsInTheMiddle(titleWidth(" Me ")));
 }
 
 TEST_F(FloatingItemTest, IsNeverWiderThanTheScreen) {
