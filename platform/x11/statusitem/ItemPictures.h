@@ -33,7 +33,7 @@ class ItemPictures {
 
  private:
   // Some ten kilobytes each.
-  static constexpr std::size_t mostPictures = 32;
+  static constexpr std::size_t mostPictures = 96;
 
   struct WidthKey {
     StatusButtonContent content;
