@@ -22,8 +22,6 @@ constexpr Gap gaps[] = {
     {"simulated", "SystemConformance.ReadsMoreThanAPipeHolds", noProcesses},
     {"simulated", "SystemConformance.KeepsBytesThatAreNoText", noProcesses},
     {"simulated", "SystemConformance.DoesNotLookAtTheExitStatus", noProcesses},
-    {"x11", "MenuConformance.LeavesAMonitorThatARowEndedWithoutKeys",
-     "A window that gets the keyboard late closes the menu, and nothing tells the test when it has it"},
     {"gnustep", "ApplicationConformance.TellsOnceThatItHasLaunched", exits},
     {"gnustep", "ControlConformance.BringsWhatOtherProgramsAskForWhileItIsServed", noWayIn},
     {"gnustep", "DesktopNamesConformance.GivesADesktopANameAndTells", noNames},

@@ -190,6 +190,7 @@ TEST_F(MenuConformance, LeavesAMonitorThatARowEndedWithoutKeys) {
   // It has the keyboard when the menu is closed.
   const auto window = platform().userInterface().createTabbedWindow({.title = "Window", .contentSize = {300.0, 200.0}});
   window->show();
+  backend().waitForKeyboard();
   open();
   row().edit(platform().events());
   backend().pressReturn();

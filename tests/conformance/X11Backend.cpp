@@ -61,6 +61,14 @@ class X11Backend final : public Backend {
   void closeMenu() override { QApplication::activePopupWidget()->close(); }
   bool isMenuOpen() override { return QApplication::activePopupWidget() != nullptr; }
 
+  void waitForKeyboard() override {
+    // The window manager tells so once it is done with it.
+    EXPECT_TRUE(waitFor([this] {
+      const QWindow* window = QGuiApplication::focusWindow();
+      return window != nullptr && session_.activeWindow() == static_cast<xcb_window_t>(window->winId());
+    }));
+  }
+
   void pressReturn() override {
     QWidget* popup = QApplication::activePopupWidget();
     QWidget* shown = popup != nullptr ? popup : statusItem();

@@ -189,6 +189,11 @@ std::optional<int> SessionBase::rootNumber(const char* property) {
   return number ? std::optional(static_cast<int>(*number)) : std::nullopt;
 }
 
+std::optional<xcb_window_t> SessionBase::activeWindow() {
+  return platform::x11::readNumber(*connection_, connection_->root(), connection_->ewmh()->_NET_ACTIVE_WINDOW,
+                                   XCB_ATOM_WINDOW);
+}
+
 bool SessionBase::renew() {
   const bool runs = server_->process().isRunning() && (windowManager_ == nullptr || windowManager_->isRunning());
   // Its desktops would be others with other identifiers.

@@ -52,6 +52,9 @@ class SessionBase {
   std::optional<int> desktopCount() { return rootNumber("_NET_NUMBER_OF_DESKTOPS"); }
   std::optional<int> currentDesktop() { return rootNumber("_NET_CURRENT_DESKTOP"); }
 
+  /// The window that has the keyboard.
+  std::optional<xcb_window_t> activeWindow();
+
   /// Puts back what the clients that have gone have left behind; false when it is not as it was when it was new.
   bool renew();
 

@@ -62,6 +62,9 @@ class X11Session {
   std::optional<int> desktopCount() { return base_->desktopCount(); }
   std::optional<int> currentDesktop() { return base_->currentDesktop(); }
 
+  /// The window that has the keyboard, as the window manager tells.
+  std::optional<xcb_window_t> activeWindow() { return base_->activeWindow(); }
+
  private:
   std::unique_ptr<SessionBase> base_;
   Environment environment_;
