@@ -187,12 +187,23 @@ class Scenario:
 
     def open_menu(self):
         """By a click; by a second one where the animation of a switch has eaten the first."""
+        before = self.compositor_picture("before.png")
         self.click_item()
         if not wait_for(self.popup, 2):
             self.click_item()
         menu = expect(wait_for(self.popup, 5), "no menu")
         wait_for(lambda: self.screen.frame(menu)[3] > self.pixels(row_height) * desktop_count, 3)
-        return self.screen.frame(menu)
+        frame = self.screen.frame(menu)
+        if before:
+            # What a user does before the compositor shows the menu goes to what lies below.
+            wait_for(lambda: screen.differ(before, self.compositor_picture("menu.png"), frame), 5)
+        return frame
+
+    def compositor_picture(self, name):
+        """Of the screen as a compositor says it is; nothing where the X server's windows are all there is to see."""
+        path = os.path.join(self.session.folder, name)
+        is_composited = self.session.desktop.server == "wayland"
+        return path if is_composited and self.session.picture(path) else None
 
     def pixels(self, points):
         return points * self.session.desktop.scale
@@ -295,10 +306,8 @@ class Scenario:
         label = next(iter(self.labels_in_front()), None)
         if not label:
             return False
-        picture = os.path.join(self.session.folder, "label.png")
-        if not self.session.picture(picture):
-            return True
-        return screen.brightness(picture, self.screen.frame(label)) < 0.8
+        picture = self.compositor_picture("label.png")
+        return not picture or screen.brightness(picture, self.screen.frame(label)) < 0.8
 
     def try_quit(self):
         left, top, _, height = self.open_menu()

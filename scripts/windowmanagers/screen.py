@@ -205,6 +205,14 @@ def kwin_picture(path, width, height):
 
 def brightness(path, frame):
     """The mean of that part of a picture, from 0 to 1."""
+    return float(of_part(path, frame, "-colorspace", "gray", "-format", "%[fx:mean]"))
+
+
+def differ(path, other, frame):
+    """Whether that part of two pictures is not the same."""
+    return of_part(path, frame, "-format", "%#") != of_part(other, frame, "-format", "%#")
+
+
+def of_part(path, frame, *options):
     left, top, width, height = frame
-    return float(output_of("convert", path, "-crop", f"{width}x{height}+{left}+{top}", "-colorspace", "gray", "-format",
-                           "%[fx:mean]", "info:"))
+    return output_of("convert", path, "-crop", f"{width}x{height}+{left}+{top}", *options, "info:")

@@ -119,6 +119,7 @@ desktops = [
     on_kwin_wayland("kwin_wayland"),
     on_kwin_wayland("kwin_wayland two outputs", "--output-count", "2"),
     on_kwin_wayland("kwin_wayland scale 2", "--scale", "2"),
+    on_kwin_wayland("kwin_wayland two outputs scale 2", "--output-count", "2", "--scale", "2"),
     on_kwin_wayland("kwin_wayland+plasma", environment=plasma_environment, companions=[plasma]),
     on_gnome_wayland("gnome-shell wayland"),
     on_gnome_wayland("gnome-shell wayland two outputs", "--virtual-monitor", "1280x1024"),
