@@ -10,7 +10,7 @@
 namespace roomlattice::platform::x11 {
 namespace {
 
-/// Much longer than a window manager needs to take a window in.
+/// Much longer than a window manager needs to take a window in, unless it is very busy.
 constexpr std::chrono::milliseconds lookDelay(300);
 
 bool isMapped(X11Connection& connection, xcb_window_t window) {
@@ -34,7 +34,7 @@ bool OverlayManagement::mayWaitOnDesktops() const {
 }
 
 void OverlayManagement::check(xcb_window_t window) {
-  if (mayWaitOnDesktops() && !lookSoon_.isRunning()) {
+  if (windowManager_.traits().letsOverlaysWait && !lookSoon_.isRunning()) {
     checked_ = window;
     lookSoon_.start(lookDelay);
   }
@@ -45,13 +45,16 @@ Registration OverlayManagement::observe(std::function<void()> handler) {
 }
 
 void OverlayManagement::look() {
+  // A window that is not to be seen may just be about to come or to go.
+  if (!isMapped(connection_, checked_)) {
+    return;
+  }
   // Before the first window it manages, a window manager may have told of none.
   const auto managed =
       readNumbers(connection_, connection_.root(), connection_.ewmh()->_NET_CLIENT_LIST, XCB_ATOM_WINDOW)
           .value_or(std::vector<std::uint32_t>());
-  // A window that is not to be seen may just be about to come or to go.
-  if (std::ranges::find(managed, checked_) == managed.end() && isMapped(connection_, checked_)) {
-    seenUnmanaged_ = true;
+  const bool isUnmanaged = std::ranges::find(managed, checked_) == managed.end();
+  if (std::exchange(seenUnmanaged_, isUnmanaged) != isUnmanaged) {
     listeners_.notify();
   }
 }

@@ -18,8 +18,8 @@ class OverlayManagement {
   /// Whether an overlay may be on its desktop while that is not in front, for the window manager to show it in time.
   bool mayWaitOnDesktops() const;
 
-  /// To be called when an overlay was mapped: after a while it should be among the windows that the window manager
-  /// says it manages (EWMH: _NET_CLIENT_LIST).
+  /// To be called whenever an overlay was mapped: after a while it should be among the windows that the window manager
+  /// says it manages (EWMH: _NET_CLIENT_LIST). One that was too busy to say so is believed the next time.
   void check(xcb_window_t window);
 
   /// Calls `handler` from the event loop when the answer has changed.
