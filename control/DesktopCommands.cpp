@@ -2,9 +2,12 @@
 
 #include "control/DesktopLookup.h"
 #include "control/DesktopStates.h"
+#include "support/Difference.h"
 
 #include <algorithm>
 #include <cstddef>
+#include <iterator>
+#include <span>
 #include <utility>
 #include <variant>
 
@@ -42,12 +45,12 @@ DesktopCommands::DesktopCommands(platform::Platform& platform, SpaceManager& man
       menuBar_(menuBar),
       signs_(signs),
       switcher_(platform, manager),
-      told_(desktops()) {
+      told_(desktops()),
+      toldAt_(manager.table().now()) {
   platform::NotificationCenter& center = platform.notifications().defaultCenter();
-  const auto changed = [this] { update(desktops()); };
-  observers_ = {center.observe(SpaceManager::didChange, changed),
+  observers_ = {center.observe(SpaceManager::didChange, [this] { listChanged(); }),
                 center.observe(SpaceManager::activeChanged, [this] { activeChanged(); }),
-                center.observe(PreferencesStore::didChange, changed)};
+                center.observe(PreferencesStore::didChange, [this] { update(desktops()); })};
 }
 
 std::vector<DesktopState> DesktopCommands::desktops() const {
@@ -165,7 +168,7 @@ void DesktopCommands::activeChanged() {
   const std::vector<SpaceInfo>& spaces = manager_.spaces();
   if (!std::ranges::equal(told_, spaces, {}, &DesktopState::uuid, &SpaceInfo::uuid)) {
     // A switch from within the news of another list, which is still to come here.
-    update(desktops());
+    listChanged();
     return;
   }
   // Looking at everything anew would cost each switch more, the more desktops there are.
@@ -179,9 +182,29 @@ void DesktopCommands::activeChanged() {
   tell(changes);
 }
 
+void DesktopCommands::listChanged() {
+  const std::vector<SpaceInfo>& spaces = manager_.spaces();
+  const auto isAsTold = [&](std::size_t before, std::size_t after) {
+    const bool isActive = spaces[after].spaceID == manager_.activeSpaceID();
+    return manager_.table().rows()[after].changedAt <= toldAt_ && told_[before].isActive == isActive &&
+           told_[before].uuid == spaces[after].uuid;
+  };
+  const Difference difference = differenceOf(told_.size(), spaces.size(), isAsTold);
+  std::vector<DesktopState> now =
+      desktopStates(std::span(spaces).subspan(difference.first, difference.after), manager_, preferences_);
+  const std::vector<DesktopChange> changes =
+      changesBetween(std::span(told_).subspan(difference.first, difference.before), now);
+  const auto begin = told_.begin() + static_cast<std::ptrdiff_t>(difference.first);
+  const auto end = begin + static_cast<std::ptrdiff_t>(difference.before);
+  told_.insert(told_.erase(begin, end), std::move_iterator(now.begin()), std::move_iterator(now.end()));
+  toldAt_ = manager_.table().now();
+  tell(changes);
+}
+
 void DesktopCommands::update(std::vector<DesktopState> now) {
   const std::vector<DesktopChange> changes = changesBetween(told_, now);
   told_ = std::move(now);
+  toldAt_ = manager_.table().now();
   tell(changes);
 }
 

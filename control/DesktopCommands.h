@@ -47,6 +47,7 @@ class DesktopCommands final : public platform::Commands {
   platform::CommandResult step(platform::Direction direction);
   platform::CommandResult setName(const SpaceInfo& space, const std::string& name);
   void activeChanged();
+  void listChanged();
   void update(std::vector<platform::DesktopState> now);
   void tell(const std::vector<platform::DesktopChange>& changes);
 
@@ -61,6 +62,8 @@ class DesktopCommands final : public platform::Commands {
   DesktopSwitcher switcher_;
   // As the listeners know them.
   std::vector<platform::DesktopState> told_;
+  // What has not changed in the model since then is as they know it.
+  SpaceTable::Moment toldAt_;
   Listeners<const std::vector<platform::DesktopChange>&> listeners_;
   std::array<platform::Registration, 3> observers_;
   Lifetime lifetime_;

@@ -1,6 +1,7 @@
 #include "control/DesktopStates.h"
 
-#include <algorithm>
+#include "support/Difference.h"
+
 #include <cstddef>
 #include <functional>
 #include <map>
@@ -16,17 +17,6 @@ using platform::DesktopState;
 
 using States = std::span<const DesktopState>;
 using StatesByUUID = std::map<std::string_view, std::reference_wrapper<const DesktopState>>;
-
-/// Leaves out what both begin with and what both end with: most desktops are as they were.
-void trim(States& before, States& after) {
-  const auto head = std::ranges::mismatch(before, after).in1 - before.begin();
-  before = before.subspan(static_cast<std::size_t>(head));
-  after = after.subspan(static_cast<std::size_t>(head));
-  while (!before.empty() && !after.empty() && before.back() == after.back()) {
-    before = before.first(before.size() - 1);
-    after = after.first(after.size() - 1);
-  }
-}
 
 StatesByUUID byUUID(States states) {
   StatesByUUID result;
@@ -48,11 +38,12 @@ void addChanges(std::vector<DesktopChange>& changes, const DesktopState& before,
   }
 }
 
-/// `number` means nothing unless the space is regular.
-DesktopState stateOf(const SpaceInfo& space, int number, const SpaceManager& manager, const CodableColor& color) {
+/// Of a desktop in the model's list.
+DesktopState stateOf(const SpaceInfo& space, const SpaceManager& manager, const PreferencesStore& preferences) {
+  const int number = manager.table().rowOf(space).numbers.overall;
   return {.number = space.isRegular() ? std::optional(number) : std::nullopt,
           .name = manager.displayName(space),
-          .color = color.color(),
+          .color = preferences.usedColor(space).color(),
           .isActive = space.spaceID == manager.activeSpaceID(),
           .uuid = space.uuid,
           .display = space.displayUUID};
@@ -61,28 +52,30 @@ DesktopState stateOf(const SpaceInfo& space, int number, const SpaceManager& man
 }  // namespace
 
 std::vector<DesktopState> desktopStates(const SpaceManager& manager, const PreferencesStore& preferences) {
-  const DesktopColors colors = preferences.desktopColors();
+  return desktopStates(manager.spaces(), manager, preferences);
+}
+
+std::vector<DesktopState> desktopStates(std::span<const SpaceInfo> spaces, const SpaceManager& manager,
+                                        const PreferencesStore& preferences) {
   std::vector<DesktopState> states;
-  states.reserve(manager.spaces().size());
-  int number = 0;
-  for (const SpaceInfo& space : manager.spaces()) {
-    states.push_back(stateOf(space, space.isRegular() ? ++number : 0, manager, colors.usedColor(space.uuid)));
+  states.reserve(spaces.size());
+  for (const SpaceInfo& space : spaces) {
+    states.push_back(stateOf(space, manager, preferences));
   }
   return states;
 }
 
 std::optional<DesktopState> activeDesktopState(const SpaceManager& manager, const PreferencesStore& preferences) {
   const SpaceInfo* active = manager.activeSpace();
-  if (active == nullptr) {
-    return std::nullopt;
-  }
-  const auto before = std::span(manager.spaces().data(), active);
-  const auto number = std::ranges::count_if(before, &SpaceInfo::isRegular) + 1;
-  return stateOf(*active, static_cast<int>(number), manager, preferences.usedColor(*active));
+  return active == nullptr ? std::nullopt : std::optional(stateOf(*active, manager, preferences));
 }
 
 std::vector<DesktopChange> changesBetween(States before, States after) {
-  trim(before, after);
+  // Most desktops are as they were.
+  const Difference difference = differenceOf(
+      before.size(), after.size(), [&](std::size_t one, std::size_t other) { return before[one] == after[other]; });
+  before = before.subspan(difference.first, difference.before);
+  after = after.subspan(difference.first, difference.after);
   std::vector<DesktopChange> changes;
   const StatesByUUID former = byUUID(before);
   const StatesByUUID present = byUUID(after);

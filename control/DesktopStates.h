@@ -13,6 +13,10 @@ namespace roomlattice {
 /// All desktops as other programs are told of them, in the model's order.
 std::vector<platform::DesktopState> desktopStates(const SpaceManager& manager, const PreferencesStore& preferences);
 
+/// Some of them; `spaces` is part of the model's list.
+std::vector<platform::DesktopState> desktopStates(std::span<const SpaceInfo> spaces, const SpaceManager& manager,
+                                                  const PreferencesStore& preferences);
+
 /// The one in front; nothing while none is known.
 std::optional<platform::DesktopState> activeDesktopState(const SpaceManager& manager,
                                                          const PreferencesStore& preferences);

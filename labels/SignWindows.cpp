@@ -2,8 +2,12 @@
 
 #include "labels/SignView.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <optional>
+#include <string>
 #include <utility>
+#include <vector>
 
 namespace roomlattice {
 namespace {
@@ -40,7 +44,7 @@ platform::Window& SignWindows::make(const SpaceInfo& desktop, double alpha) {
   made->setContentView(std::move(view));
   made->orderFront();
   pinWindow(*made, desktop.spaceID);
-  windows_[desktop.spaceID] = {made, name};
+  windows_[desktop.spaceID] = {.window = made, .name = name};
   return *made;
 }
 
@@ -58,31 +62,45 @@ void SignWindows::ensure(const SpaceInfo& desktop) {
 }
 
 void SignWindows::spacesChanged() {
-  std::erase_if(windows_, [this](const auto& entry) {
-    const bool stale = !isOfRegularSpace(entry.first);
-    if (stale) {
-      entry.second.window->orderOut();
+  for (auto entry = windows_.begin(); entry != windows_.end();) {
+    auto& [desktop, label] = *entry;
+    if (isOfRegularSpace(desktop, label)) {
+      ++entry;
+    } else {
+      label.window->orderOut();
+      entry = windows_.erase(entry);
     }
-    return stale;
-  });
+  }
   if (windows_.empty()) {
     // There need be no screen.
     return;
   }
   const SignPlacement placement = this->placement();
   const platform::Rect placedBy = placement.frameOf("");
-  const bool isPlaced = placedBy_ == placedBy;
-  placedBy_ = placedBy;
-  for (const SpaceInfo& space : manager_.spaces()) {
-    const auto found = space.isRegular() ? windows_.find(space.spaceID) : windows_.end();
-    if (found != windows_.end()) {
-      Label& label = found->second;
-      // Most are as they were.
-      if (std::string name = manager_.displayName(space); !isPlaced || label.name != name) {
-        setText(*label.window, name);
-        moveToFrame(*label.window, placement.frameOf(name));
-        label.name = std::move(name);
-      }
+  if (std::exchange(placedBy_, placedBy) != placedBy) {
+    namedAt_ = 0;
+    for (auto& [desktop, label] : windows_) {
+      label.name.reset();
+    }
+  }
+  const std::vector<SpaceTable::Row>& rows = manager_.table().rows();
+  for (std::size_t index = 0; index < rows.size(); ++index) {
+    // Most are as they were.
+    if (rows[index].changedAt > namedAt_) {
+      bringUpToDate(manager_.spaces()[index], placement);
+    }
+  }
+  namedAt_ = manager_.table().now();
+}
+
+void SignWindows::bringUpToDate(const SpaceInfo& desktop, const SignPlacement& placement) {
+  const auto found = desktop.isRegular() ? windows_.find(desktop.spaceID) : windows_.end();
+  if (found != windows_.end()) {
+    Label& label = found->second;
+    if (std::string name = manager_.displayName(desktop); label.name != name) {
+      setText(*label.window, name);
+      moveToFrame(*label.window, placement.frameOf(name));
+      label.name = std::move(name);
     }
   }
 }
@@ -99,13 +117,23 @@ void SignWindows::place() {
   }
 }
 
-bool SignWindows::isOfRegularSpace(platform::SpaceID desktop) const {
-  const SpaceInfo* first = manager_.firstSpace(desktop);
-  if (first == nullptr || first->isRegular()) {
-    return first != nullptr;
+bool SignWindows::isOfRegularSpace(platform::SpaceID desktop, Label& label) const {
+  const std::vector<SpaceInfo>& spaces = manager_.spaces();
+  const auto isOf = [desktop](const SpaceInfo& space) { return space.isRegular() && space.spaceID == desktop; };
+  // Most stand where they stood.
+  if (label.place < spaces.size() && isOf(spaces[label.place])) {
+    return true;
   }
-  // Window servers give no identifier twice, but nothing holds them to that.
-  return positionOf(desktop, regularSpaces(manager_.spaces())).has_value();
+  const SpaceInfo* first = manager_.firstSpace(desktop);
+  if (first != nullptr && !first->isRegular()) {
+    // Window servers give no identifier twice, but nothing holds them to that.
+    const auto found = std::ranges::find_if(spaces, isOf);
+    first = found == spaces.end() ? nullptr : &*found;
+  }
+  if (first != nullptr) {
+    label.place = static_cast<std::size_t>(first - spaces.data());
+  }
+  return first != nullptr;
 }
 
 SignPlacement SignWindows::placement() const {

@@ -5,6 +5,7 @@
 #include "preferences/PreferencesStore.h"
 #include "spaces/SpaceManager.h"
 
+#include <cstddef>
 #include <map>
 #include <memory>
 #include <optional>
@@ -22,6 +23,8 @@ class SignWindows {
     WindowPointer window;
     /// For which the window has its text and its frame; nothing where it may have those of another.
     std::optional<std::string> name;
+    /// Where the desktop was last seen in the list.
+    std::size_t place = 0;
   };
   using Map = std::map<platform::SpaceID, Label>;
 
@@ -53,7 +56,8 @@ class SignWindows {
   platform::Rect signFrame(const std::string& text) const { return placement().frameOf(text); }
 
  private:
-  bool isOfRegularSpace(platform::SpaceID desktop) const;
+  bool isOfRegularSpace(platform::SpaceID desktop, Label& label) const;
+  void bringUpToDate(const SpaceInfo& desktop, const SignPlacement& placement);
   SignPlacement placement() const;
   void pinWindow(const platform::Window& window, platform::SpaceID desktop);
 
@@ -63,6 +67,8 @@ class SignWindows {
   Map windows_;
   // The frame of no text when all were placed last. It tells of the screen and of the font.
   std::optional<platform::Rect> placedBy_;
+  // Desktops that have not changed since then have their names on their labels.
+  SpaceTable::Moment namedAt_ = 0;
 };
 
 }  // namespace roomlattice

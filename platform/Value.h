@@ -15,8 +15,8 @@ namespace roomlattice::platform {
 /// Everything that crosses the platform boundary as loose data: window-server dictionaries, stored settings, JSON.
 /// Strings are UTF-8. The typed reads answer with nothing when the value is of another type.
 ///
-/// Copies share their elements, which never change: to copy a value costs the same however large it is, and so does to
-/// compare it with a copy of itself.
+/// Copies share their elements and their data, which never change: to copy a value costs the same however large it is,
+/// and so does to compare it with a copy of itself.
 class Value {
  public:
   using Data = std::vector<std::byte>;
@@ -30,7 +30,7 @@ class Value {
   Value(double value) : storage_(value) {}
   Value(const char* value) : storage_(std::string(value)) {}
   Value(std::string value) : storage_(std::move(value)) {}
-  Value(Data value) : storage_(std::move(value)) {}
+  Value(Data value) : storage_(Shared<Data>(std::move(value))) {}
   Value(Array value) : storage_(Shared<Array>(std::move(value))) {}
   Value(Dictionary value) : storage_(Shared<Dictionary>(std::move(value))) {}
 
@@ -40,7 +40,7 @@ class Value {
   const std::int64_t* asInteger() const { return std::get_if<std::int64_t>(&storage_); }
   const double* asDouble() const { return std::get_if<double>(&storage_); }
   const std::string* asString() const { return std::get_if<std::string>(&storage_); }
-  const Data* asData() const { return std::get_if<Data>(&storage_); }
+  const Data* asData() const { return elements<Data>(); }
   const Array* asArray() const { return elements<Array>(); }
   const Dictionary* asDictionary() const { return elements<Dictionary>(); }
 
@@ -80,7 +80,7 @@ class Value {
     return shared == nullptr ? nullptr : shared->elements.get();
   }
 
-  std::variant<std::monostate, bool, std::int64_t, double, std::string, Data, Shared<Array>, Shared<Dictionary>>
+  std::variant<std::monostate, bool, std::int64_t, double, std::string, Shared<Data>, Shared<Array>, Shared<Dictionary>>
       storage_;
 };
 

@@ -2,10 +2,8 @@
 
 #include "support/Installation.h"
 
-#include <algorithm>
 #include <cstddef>
 #include <cstring>
-#include <functional>
 #include <optional>
 #include <utility>
 
@@ -35,7 +33,7 @@ constexpr const char* rawValue(ColorMode mode) {
 
 /// The library compares byte by byte, and the colours of many desktops are read for each title.
 bool areSame(const Value::Data& a, const Value::Data& b) {
-  return a.size() == b.size() && (a.empty() || std::memcmp(a.data(), b.data(), a.size()) == 0);
+  return &a == &b || (a.size() == b.size() && (a.empty() || std::memcmp(a.data(), b.data(), a.size()) == 0));
 }
 
 }  // namespace
@@ -120,9 +118,9 @@ const SpaceColors& PreferencesStore::storedColors() const {
   const Value::Data* data = stored ? stored->asData() : nullptr;
   if (data == nullptr || !isReadable(*data)) {
     decoded_ = {};
-  } else if (!areSame(decoded_.text, *data)) {
+  } else if (const Value::Data* known = decoded_.text.asData(); known == nullptr || !areSame(*known, *data)) {
     const std::optional<Value> document = platform_.json().decode(*data);
-    decoded_ = {*data, document ? decodeSpaceColors(*document).value_or(SpaceColors()) : SpaceColors()};
+    decoded_ = {*stored, document ? decodeSpaceColors(*document).value_or(SpaceColors()) : SpaceColors()};
   }
   return decoded_.colors;
 }
@@ -146,12 +144,9 @@ CodableColor PreferencesStore::usedColor(const SpaceInfo& space) const {
 }
 
 CodableColor PreferencesStore::defaultColor(const std::string& forSpaceUUID) const {
-  const std::vector<SpaceInfo>& spaces = spaces_.spaces();
-  const auto isMeant = [&](const SpaceInfo& space) { return space.isRegular() && space.uuid == forSpaceUUID; };
-  const auto found = std::ranges::find_if(spaces, isMeant);
-  const auto position =
-      found == spaces.end() ? 0 : std::count_if(spaces.begin(), found, std::mem_fn(&SpaceInfo::isRegular));
-  return defaultColorAt(static_cast<std::size_t>(position));
+  const SpaceInfo* space = spaces_.table().firstRegular(forSpaceUUID);
+  const int number = space == nullptr ? 1 : spaces_.table().rowOf(*space).numbers.overall;
+  return defaultColorAt(static_cast<std::size_t>(number - 1));
 }
 
 SpaceColorConfig PreferencesStore::colorConfig(const std::string& forSpaceUUID) const {

@@ -93,7 +93,7 @@ class PreferencesStore {
 
   // What was last decoded: the same text means the same colours, and there may be very many.
   struct Decoded {
-    platform::Value::Data text;
+    platform::Value text;
     SpaceColors colors;
   };
   mutable Decoded decoded_;

@@ -6,8 +6,6 @@
 #include <algorithm>
 #include <chrono>
 #include <cstddef>
-#include <string_view>
-#include <unordered_set>
 #include <utility>
 
 namespace roomlattice {
@@ -38,7 +36,7 @@ void NameExchange::compare() {
     return;
   }
   comparing_ = true;
-  if (const std::optional<Names> names = names_.read()) {
+  if (const Names* names = names_.known()) {
     follow(*names);
   } else {
     forget();
@@ -47,14 +45,14 @@ void NameExchange::compare() {
 }
 
 void NameExchange::follow(const Names& names) {
-  const std::vector<SpaceInfo> desktops = regularSpaces(spaces_.spaces());
-  const std::vector<Meeting> meetings = meetingsOf(desktops, names);
+  const std::vector<Meeting> meetings = changesSinceLast(names);
+  comparedAt_ = spaces_.table().now();
   const Extent extent = takeStock(meetings);
   for (const Meeting& meeting : meetings) {
     if (meeting.entry != nullptr) {
-      compare(*meeting.desktop, *meeting.entry, *meeting.there, extent);
+      compare(meeting.desktop, *meeting.entry, *meeting.there, extent);
     } else {
-      meet(*meeting.desktop, *meeting.there);
+      meet(meeting.desktop, *meeting.there);
     }
   }
   lend(meetings);
@@ -62,54 +60,100 @@ void NameExchange::follow(const Names& names) {
 
 void NameExchange::forget() {
   entries_.clear();
+  comparedAt_ = 0;
   phase_ = Phase::AtRest;
   phaseEnd_.cancel();
   spaces_.borrowNames({});
 }
 
-std::vector<NameExchange::Meeting> NameExchange::meetingsOf(const std::vector<SpaceInfo>& desktops,
-                                                            const Names& names) {
+/// The desktops, in their order, of which anything may have changed on either side. Most have not.
+std::vector<NameExchange::Meeting> NameExchange::changesSinceLast(const Names& names) {
+  const SpaceTable& table = spaces_.table();
+  std::vector<std::size_t> places;
+  for (std::size_t place = 0; place < table.rows().size(); ++place) {
+    if (table.rows()[place].changedAt > comparedAt_) {
+      places.push_back(place);
+    }
+  }
+  addChangedThere(places, names);
   std::vector<Meeting> meetings;
-  meetings.reserve(desktops.size());
-  for (const SpaceInfo& desktop : desktops) {
-    const auto there = names.find(desktop.uuid);
-    const auto entry = entries_.find(desktop.uuid);
-    meetings.push_back({.desktop = &desktop,
-                        .there = there == names.end() ? &noName : &there->second,
-                        .entry = entry == entries_.end() ? nullptr : &entry->second});
+  for (const std::size_t place : places) {
+    const SpaceInfo& desktop = table.spaces()[place];
+    if (desktop.isRegular()) {
+      const auto there = names.find(desktop.uuid);
+      const auto entry = entries_.find(desktop.uuid);
+      meetings.push_back({.desktop = desktop,
+                          .there = there == names.end() ? &noName : &there->second,
+                          .entry = entry == entries_.end() ? nullptr : &entry->second});
+    }
   }
   return meetings;
 }
 
-NameExchange::Extent NameExchange::takeStock(const std::vector<Meeting>& meetings) {
-  const bool isStart = entries_.empty();
-  std::size_t kept = 0;
-  std::size_t changed = 0;
-  for (const Meeting& meeting : meetings) {
-    if (meeting.entry != nullptr) {
-      ++kept;
-      changed += static_cast<std::size_t>(meeting.entry->there != *meeting.there);
+void NameExchange::addChangedThere(std::vector<std::size_t>& places, const Names& names) const {
+  const std::size_t changedHere = places.size();
+  auto there = names.begin();
+  for (const auto& [uuid, entry] : entries_) {
+    // Both are in the same order, so that nothing is looked for.
+    while (there != names.end() && there->first < uuid) {
+      ++there;
+    }
+    const bool hasName = there != names.end() && there->first == uuid;
+    if (entry.there != (hasName ? there->second : noName)) {
+      if (const SpaceInfo* desktop = spaces_.table().firstRegular(uuid)) {
+        places.push_back(static_cast<std::size_t>(desktop - spaces_.spaces().data()));
+      }
     }
   }
-  const std::size_t added = meetings.size() - kept;
-  const std::size_t removed = kept == entries_.size() ? 0 : forgetAllBut(meetings);
+  if (places.size() > changedHere) {
+    std::ranges::sort(places);
+    places.erase(std::unique(places.begin(), places.end()), places.end());
+  }
+}
+
+NameExchange::Extent NameExchange::takeStock(const std::vector<Meeting>& meetings) {
+  const bool isStart = entries_.empty();
+  std::size_t added = 0;
+  std::size_t changed = 0;
+  for (const Meeting& meeting : meetings) {
+    added += static_cast<std::size_t>(meeting.entry == nullptr);
+    changed += static_cast<std::size_t>(meeting.entry != nullptr && meeting.entry->there != *meeting.there);
+  }
+  const std::size_t before = entries_.size();
+  forgetThoseThatWent();
+  const std::size_t removed = before - entries_.size();
   if (added + removed > 0) {
     begin(isStart ? Phase::Starting : Phase::Settling);
   }
   return changed + added + removed > 1 ? Extent::Several : Extent::One;
 }
 
-std::size_t NameExchange::forgetAllBut(const std::vector<Meeting>& meetings) {
-  std::unordered_set<std::string_view> listed;
-  for (const Meeting& meeting : meetings) {
-    listed.insert(meeting.desktop->uuid);
+void NameExchange::forgetThoseThatWent() {
+  for (auto known = entries_.begin(); known != entries_.end();) {
+    if (isListed(known->first, known->second)) {
+      ++known;
+    } else {
+      lending_[known->first] = std::nullopt;
+      known = entries_.erase(known);
+    }
   }
-  return std::erase_if(entries_, [&listed](const auto& entry) { return !listed.contains(entry.first); });
+}
+
+bool NameExchange::isListed(const std::string& uuid, Entry& entry) const {
+  const std::vector<SpaceInfo>& spaces = spaces_.spaces();
+  // Most stand where they stood.
+  if (entry.place < spaces.size() && spaces[entry.place].isRegular() && spaces[entry.place].uuid == uuid) {
+    return true;
+  }
+  const SpaceInfo* desktop = spaces_.table().firstRegular(uuid);
+  entry.place = desktop == nullptr ? 0 : static_cast<std::size_t>(desktop - spaces.data());
+  return desktop != nullptr;
 }
 
 void NameExchange::meet(const SpaceInfo& desktop, const std::string& there) {
   const std::string* stored = spaces_.storedName(desktop);
-  entries_[desktop.uuid] = {.here = stored == nullptr ? realName(there) : *stored, .there = there, .before = {}};
+  entries_[desktop.uuid] = {
+      .here = stored == nullptr ? realName(there) : *stored, .there = there, .before = {}, .place = 0};
   if (stored != nullptr && phase_ != Phase::Starting) {
     ask(desktop);
   }
@@ -174,15 +218,12 @@ std::string NameExchange::wishFor(const SpaceInfo& desktop) const {
 }
 
 void NameExchange::lend(const std::vector<Meeting>& meetings) {
-  Names lent;
   for (const Meeting& meeting : meetings) {
-    const SpaceInfo& desktop = *meeting.desktop;
-    const Entry& entry = meeting.entry == nullptr ? entries_[desktop.uuid] : *meeting.entry;
-    if (entry.here && spaces_.storedName(desktop) == nullptr) {
-      lent[desktop.uuid] = *entry.here;
-    }
+    const Entry& entry = meeting.entry == nullptr ? entries_[meeting.desktop.uuid] : *meeting.entry;
+    const bool isLent = spaces_.storedName(meeting.desktop) == nullptr;
+    lending_[meeting.desktop.uuid] = isLent ? entry.here : std::nullopt;
   }
-  spaces_.borrowNames(std::move(lent));
+  spaces_.changeBorrowedNames(std::exchange(lending_, {}));
 }
 
 void NameExchange::begin(Phase phase) {

@@ -4,6 +4,7 @@
 #include "platform/Platform.h"
 #include "spaces/SpaceManager.h"
 
+#include <cstddef>
 #include <map>
 #include <optional>
 #include <string>
@@ -42,11 +43,13 @@ class NameExchange {
     std::string there;
     /// What it was there when we last asked for another; nothing as long as we have not.
     std::optional<std::string> before;
+    /// Where the desktop was last seen in the list.
+    std::size_t place = 0;
   };
 
   /// A desktop with what it is called there, and its entry where it has one.
   struct Meeting {
-    const SpaceInfo* desktop;
+    SpaceInfo desktop;
     const std::string* there;
     Entry* entry;
   };
@@ -57,9 +60,11 @@ class NameExchange {
   void compare();
   void follow(const Names& names);
   void forget();
-  std::vector<Meeting> meetingsOf(const std::vector<SpaceInfo>& desktops, const Names& names);
+  std::vector<Meeting> changesSinceLast(const Names& names);
+  void addChangedThere(std::vector<std::size_t>& places, const Names& names) const;
   Extent takeStock(const std::vector<Meeting>& meetings);
-  std::size_t forgetAllBut(const std::vector<Meeting>& meetings);
+  void forgetThoseThatWent();
+  bool isListed(const std::string& uuid, Entry& entry) const;
   void meet(const SpaceInfo& desktop, const std::string& there);
   void compare(const SpaceInfo& desktop, Entry& entry, const std::string& there, Extent extent);
   bool isAnswer(const SpaceInfo& desktop, const std::string& there, Extent extent) const;
@@ -74,6 +79,10 @@ class NameExchange {
   platform::Dispatcher& dispatcher_;
   SpaceManager& spaces_;
   std::map<std::string, Entry> entries_;
+  // What has not changed in the model since then was compared.
+  SpaceTable::Moment comparedAt_ = 0;
+  // What is to be lent from now on, and no longer.
+  SpaceManager::BorrowedNameChanges lending_;
   Phase phase_ = Phase::AtRest;
   // While names go from one side to the other, nobody else changes any.
   bool comparing_ = false;

@@ -7,9 +7,7 @@
 #include <chrono>
 #include <cstddef>
 #include <optional>
-#include <set>
 #include <span>
-#include <unordered_map>
 #include <utility>
 
 namespace roomlattice {
@@ -62,86 +60,64 @@ const SpaceInfo* SpaceManager::homeSpace() const {
   return firstSpace(tourHome_.value_or(activeSpaceID_));
 }
 
-const SpaceInfo* SpaceManager::firstSpace(platform::SpaceID spaceID) const {
-  const auto found = std::ranges::lower_bound(places_, spaceID, {}, &std::pair<platform::SpaceID, std::size_t>::first);
-  return found == places_.end() || found->first != spaceID ? nullptr : &spaces_[found->second];
-}
-
 const SpaceInfo* SpaceManager::find(const SpaceInfo& space) const {
   const SpaceInfo* first = firstSpace(space.spaceID);
   if (first == nullptr || *first == space) {
     return first;
   }
   // Window servers give no identifier twice, but nothing holds them to that.
-  const auto found = std::ranges::find(spaces_, space);
-  return found == spaces_.end() ? nullptr : &*found;
+  const auto found = std::ranges::find(spaces(), space);
+  return found == spaces().end() ? nullptr : &*found;
 }
 
 void SpaceManager::update(std::vector<SpaceInfo> spaces, platform::SpaceID activeSpaceID) {
-  const auto [changedHere, changedThere] = std::ranges::mismatch(spaces, spaces_);
-  const bool listChanged = changedHere != spaces.end() || changedThere != spaces_.end();
-  const auto known = static_cast<std::size_t>(changedHere - spaces.begin());
-  const bool activeSpaceChanged = activeSpaceID != activeSpaceID_;
-  spaces_ = std::move(spaces);
-  activeSpaceID_ = activeSpaceID;
-  if (listChanged) {
-    indexSpaces();
-  }
-  rememberRegularSpaces(known);
-  if (listChanged) {
+  replace(0, table_.spaces().size(), std::move(spaces), activeSpaceID);
+}
+
+SpaceTable::Moment SpaceManager::replace(std::size_t first, std::size_t count, std::vector<SpaceInfo> by,
+                                         platform::SpaceID activeSpaceID) {
+  const Difference change = table_.replace(first, count, std::move(by));
+  const SpaceTable::Moment changedAt = table_.listChangedAt();
+  const bool activeSpaceChanged = std::exchange(activeSpaceID_, activeSpaceID) != activeSpaceID;
+  rememberRegularSpaces(change.first, change.after);
+  if (!change.empty()) {
     post(didChange);
   }
   if (activeSpaceChanged) {
     post(activeChanged);
   }
+  return changedAt;
 }
 
-void SpaceManager::indexSpaces() {
-  // Numbers start anew on each display, unlike the order of switching, which runs across all of them.
-  std::unordered_map<std::string_view, int> lastOf;
-  const std::string* display = nullptr;
-  int* last = nullptr;
-  places_.clear();
-  numbers_.clear();
-  for (const SpaceInfo& space : spaces_) {
-    if (display == nullptr || *display != space.displayUUID) {
-      display = &space.displayUUID;
-      last = &lastOf[*display];
-    }
-    places_.emplace_back(space.spaceID, numbers_.size());
-    numbers_.push_back(space.isRegular() ? ++*last : 0);
-  }
-  std::ranges::sort(places_);
-}
-
-/// The first `known` spaces are those of the list before.
-void SpaceManager::rememberRegularSpaces(std::size_t known) {
+/// Those beside `count` spaces from `first` on were there before.
+void SpaceManager::rememberRegularSpaces(std::size_t first, std::size_t count) {
+  std::span<const SpaceInfo> added = std::span(spaces()).subspan(first, count);
   platform::Value stored = platform_.defaults().object(knownUUIDsKey).value_or(platform::Value());
-  if (stored != known_ || stored.isNull()) {
-    takeKnown(std::move(stored));
-    known = 0;
+  if (stored != known_ || known_.isNull()) {
+    takeKnown(stored);
+    added = spaces();
+  } else {
+    known_ = std::move(stored);
   }
-  bool isMore = known_.isNull();
-  for (const SpaceInfo& space : std::span(spaces_).subspan(known)) {
-    isMore = (space.isRegular() && knownUUIDs_.insert(space.uuid).second) || isMore;
+  platform::Value::Array uuids;
+  for (const SpaceInfo& space : added) {
+    if (space.isRegular() && knownUUIDs_.insert(space.uuid).second) {
+      uuids.emplace_back(space.uuid);
+    }
   }
-  if (isMore) {
-    const std::set<std::string> sorted(knownUUIDs_.begin(), knownUUIDs_.end());
-    known_ = platform::Value::Array(sorted.begin(), sorted.end());
+  if (!uuids.empty()) {
+    uuids.insert(uuids.begin(), known_.asArray()->begin(), known_.asArray()->end());
+    known_ = std::move(uuids);
   }
   platform_.defaults().set(knownUUIDsKey, known_);
 }
 
-void SpaceManager::takeKnown(platform::Value stored) {
-  knownUUIDs_.clear();
-  known_ = {};
-  if (const auto uuids = stored.toStrings()) {
-    knownUUIDs_.insert(uuids->begin(), uuids->end());
-    // With one that is in it twice, it is stored anew.
-    if (knownUUIDs_.size() == uuids->size()) {
-      known_ = std::move(stored);
-    }
-  }
+void SpaceManager::takeKnown(const platform::Value& stored) {
+  const auto uuids = stored.toStrings().value_or(std::vector<std::string>());
+  knownUUIDs_ = {uuids.begin(), uuids.end()};
+  // What is none, or has one in it twice, is stored anew.
+  const bool isGood = stored.asArray() != nullptr && stored.asArray()->size() == knownUUIDs_.size();
+  known_ = isGood ? stored : platform::Value::Array(knownUUIDs_.begin(), knownUUIDs_.end());
 }
 
 std::string SpaceManager::displayName(const SpaceInfo& space) const {
@@ -166,7 +142,7 @@ std::optional<int> SpaceManager::defaultNumber(const SpaceInfo& space) const {
     return std::nullopt;
   }
   const SpaceInfo* listed = find(space);
-  const int number = listed == nullptr ? 0 : numbers_[static_cast<std::size_t>(listed - spaces_.data())];
+  const int number = listed == nullptr ? 0 : table_.rowOf(*listed).numbers.onDisplay;
   return number == 0 ? std::nullopt : std::optional(number);
 }
 
@@ -178,19 +154,44 @@ void SpaceManager::setName(const std::string& name, const SpaceInfo& space) {
     names_[space.uuid] = trimmed;
   }
   borrowedNames_.erase(space.uuid);
+  table_.renamed(space.uuid);
   platform_.defaults().set(namesKey, platform::Value::Dictionary(names_.begin(), names_.end()));
   post(didChange);
 }
 
-void SpaceManager::borrowNames(std::map<std::string, std::string> names) {
-  if (names != borrowedNames_) {
-    borrowedNames_ = std::move(names);
+void SpaceManager::borrowNames(const std::map<std::string, std::string>& names) {
+  BorrowedNameChanges changes;
+  for (const auto& [uuid, name] : borrowedNames_) {
+    changes.emplace(uuid, std::nullopt);
+  }
+  for (const auto& [uuid, name] : names) {
+    changes.insert_or_assign(uuid, name);
+  }
+  changeBorrowedNames(changes);
+}
+
+void SpaceManager::changeBorrowedNames(const BorrowedNameChanges& changes) {
+  bool differ = false;
+  for (const auto& [uuid, name] : changes) {
+    const auto borrowed = borrowedNames_.find(uuid);
+    if (borrowed == borrowedNames_.end() ? !name : name == borrowed->second) {
+      continue;
+    }
+    if (name) {
+      borrowedNames_.insert_or_assign(uuid, *name);
+    } else {
+      borrowedNames_.erase(borrowed);
+    }
+    table_.renamed(uuid);
+    differ = true;
+  }
+  if (differ) {
     post(didChange);
   }
 }
 
 void SpaceManager::switchToSpace(const SpaceInfo& space, SwitchStyle style) {
-  const std::vector<SpaceInfo> regular = regularSpaces(spaces_);
+  const std::vector<SpaceInfo> regular = regularSpaces(spaces());
   const std::optional<std::size_t> active = positionOf(activeSpaceID_, regular);
   const std::optional<std::size_t> target = positionOf(space.spaceID, regular);
   if (!active || !target) {
@@ -205,7 +206,7 @@ void SpaceManager::switchToSpace(const SpaceInfo& space, SwitchStyle style) {
 }
 
 void SpaceManager::performAutoTour(std::function<void()> completion) {
-  const std::vector<SpaceInfo> regular = regularSpaces(spaces_);
+  const std::vector<SpaceInfo> regular = regularSpaces(spaces());
   const std::optional<std::size_t> active = positionOf(activeSpaceID_, regular);
   if (regular.size() < 2 || !active) {
     if (completion) {

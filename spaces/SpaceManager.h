@@ -4,6 +4,7 @@
 #include "spaces/DesktopTour.h"
 #include "spaces/DockSwipePoster.h"
 #include "spaces/SpaceInfo.h"
+#include "spaces/SpaceTable.h"
 #include "support/Lifetime.h"
 
 #include <cstddef>
@@ -13,7 +14,6 @@
 #include <string>
 #include <string_view>
 #include <unordered_set>
-#include <utility>
 #include <vector>
 
 namespace roomlattice {
@@ -35,14 +35,17 @@ class SpaceManager {
   explicit SpaceManager(platform::Platform& platform);
 
   /// All desktops of all displays in the window server's order, those that are not regular included.
-  const std::vector<SpaceInfo>& spaces() const { return spaces_; }
+  const std::vector<SpaceInfo>& spaces() const { return table_.spaces(); }
+
+  /// The same, with what is looked up in it.
+  const SpaceTable& table() const { return table_; }
 
   /// 0 before the first snapshot.
   platform::SpaceID activeSpaceID() const { return activeSpaceID_; }
 
   /// The first desktop in the list with that identifier, of any type; null when the list has none. Valid until the next
   /// update.
-  const SpaceInfo* firstSpace(platform::SpaceID spaceID) const;
+  const SpaceInfo* firstSpace(platform::SpaceID spaceID) const { return table_.first(spaceID); }
 
   /// The same for the active identifier.
   const SpaceInfo* activeSpace() const;
@@ -54,6 +57,11 @@ class SpaceManager {
   /// Stores a snapshot, remembers every regular desktop in it, and posts didChange if the list is another one and then
   /// activeChanged if the active desktop is another one.
   void update(std::vector<SpaceInfo> spaces, platform::SpaceID activeSpaceID);
+
+  /// The same for a snapshot that differs from the list in some of it only: `by` stands in the place of `count`
+  /// desktops from `first` on. Gives the moment of the list's last change, as it was before anything was posted.
+  SpaceTable::Moment replace(std::size_t first, std::size_t count, std::vector<SpaceInfo> by,
+                             platform::SpaceID activeSpaceID);
 
   /// The name the user gave the desktop, or "Desktop" with its number among the regular desktops of its display. A name
   /// that was borrowed stands in for the latter.
@@ -74,7 +82,13 @@ class SpaceManager {
 
   /// Names, by uuid, that desktops have elsewhere, in place of those borrowed before. They stand in for default titles
   /// and are not kept; a name set here ends the one borrowed for its desktop. Posts didChange if they are others.
-  void borrowNames(std::map<std::string, std::string> names);
+  void borrowNames(const std::map<std::string, std::string>& names);
+
+  /// By uuid, the name that is borrowed from now on, or nothing where none is. Those of other desktops stay.
+  using BorrowedNameChanges = std::map<std::string, std::optional<std::string>>;
+
+  /// The same for some names of many.
+  void changeBorrowedNames(const BorrowedNameChanges& changes);
 
   /// Moves to `space` from the active desktop by one Dock swipe for each regular desktop on the way, over all displays.
   /// All swipes are scheduled now and none is posted before this returns. Does nothing unless both desktops are regular
@@ -89,17 +103,12 @@ class SpaceManager {
  private:
   const SpaceInfo* find(const SpaceInfo& space) const;
   void loadNames();
-  void indexSpaces();
-  void rememberRegularSpaces(std::size_t known);
-  void takeKnown(platform::Value stored);
+  void rememberRegularSpaces(std::size_t first, std::size_t count);
+  void takeKnown(const platform::Value& stored);
   void post(std::string_view notification);
 
   platform::Platform& platform_;
-  std::vector<SpaceInfo> spaces_;
-  // The identifiers in their order, each with its place in the list.
-  std::vector<std::pair<platform::SpaceID, std::size_t>> places_;
-  // For each, its place among the regular ones of its display, from 1; 0 for one that is not regular.
-  std::vector<int> numbers_;
+  SpaceTable table_;
   // As last stored, and the same for looking up.
   platform::Value known_;
   std::unordered_set<std::string> knownUUIDs_;

@@ -5,7 +5,7 @@
 #include "spaces/SpaceManager.h"
 
 #include <cstddef>
-#include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -24,21 +24,33 @@ class SpaceObserver {
   void refresh();
 
  private:
-  /// What was made of a dictionary in the list.
-  struct Parsed {
-    platform::Value dictionary;
-    std::string displayUUID;
-    std::optional<SpaceInfo> space;
+  /// A dictionary in the list, and the identifier of its display. Both belong to `displays_`.
+  struct Listed {
+    const platform::Value::Dictionary* dictionary;
+    const std::string* displayUUID;
+    /// Others than spaces have no identifier.
+    bool isSpace = false;
   };
 
-  std::vector<SpaceInfo> parse(const platform::Value& displays);
-  const std::optional<SpaceInfo>& parse(std::size_t position, const platform::Value& dictionary,
-                                        const std::string& displayUUID);
+  /// What is to be done to the list that was read before: `by` stands in the place of `count` spaces.
+  struct Change {
+    std::size_t first = 0;
+    std::size_t count = 0;
+    std::vector<SpaceInfo> by = {};
+  };
+
+  static std::vector<Listed> listedIn(const platform::Value& displays);
+  static std::size_t countSpaces(std::span<const Listed> listed);
+  static bool areSame(const Listed& a, const Listed& b);
+  Change take(platform::Value displays);
 
   platform::WindowServer& windowServer_;
   SpaceManager& spaces_;
-  // Of the last list, in its order: most of the next one is the same.
-  std::vector<Parsed> parsed_;
+  // As last read: most of the next list is the same.
+  platform::Value displays_;
+  std::vector<Listed> listed_;
+  // When the model got it. Later changes of the model's list are somebody else's.
+  SpaceTable::Moment handedOverAt_ = 0;
   platform::Registration observation_;
 };
 

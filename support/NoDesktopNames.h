@@ -7,7 +7,7 @@ namespace roomlattice {
 /// For backends whose system has no names for desktops.
 class NoDesktopNames final : public platform::DesktopNames {
  public:
-  std::optional<Names> read() override { return std::nullopt; }
+  const Names* known() override { return nullptr; }
   void set(const std::string&, const std::string&) override {}
   platform::Registration observe(std::function<void()>) override { return {}; }
 };

@@ -37,22 +37,18 @@ SpaceID SimulatedDesktop::desktopAt(std::size_t index) const {
 
 template <class Change>
 void SimulatedDesktop::changeSpaces(Change change) {
-  const SpaceList before = spaces_;
+  const std::uint64_t changes = spaces_.changes();
+  const SpaceID active = spaces_.activeSpace();
   change();
-  detachWindowsFromRemoved(before.all());
-  const bool activeChanged = spaces_.activeSpace() != before.activeSpace();
-  if (activeChanged || (spaces_ != before && !faults.listChangesNotReported)) {
+  const bool activeChanged = spaces_.activeSpace() != active;
+  if (activeChanged || (spaces_.changes() != changes && !faults.listChangesNotReported)) {
     reportActiveSpaceChange();
   }
 }
 
-void SimulatedDesktop::detachWindowsFromRemoved(const std::vector<Space>& before) {
-  for (const Space& space : before) {
-    if (!spaces_.find(space.id)) {
-      for (SimulatedWindow* window : windows_.overlays()) {
-        window->detach(space.id);
-      }
-    }
+void SimulatedDesktop::detachWindowsFrom(SpaceID space) {
+  for (SimulatedWindow* window : windows_.overlays()) {
+    window->detach(space);
   }
 }
 
@@ -70,7 +66,10 @@ SpaceID SimulatedDesktop::addDesktop(const NewSpace& description) {
 }
 
 void SimulatedDesktop::removeDesktop(SpaceID space) {
-  changeSpaces([&] { spaces_.remove(space); });
+  changeSpaces([&] {
+    spaces_.remove(space);
+    detachWindowsFrom(space);
+  });
 }
 
 void SimulatedDesktop::moveDesktop(SpaceID space, std::size_t position) {
@@ -109,7 +108,16 @@ std::size_t SimulatedDesktop::addDisplay(const std::string& identifier, int desk
 }
 
 void SimulatedDesktop::removeDisplay(std::size_t display) {
-  changeSpaces([&] { spaces_.removeDisplay(display); });
+  if (display >= spaces_.displays().size()) {
+    return;
+  }
+  const std::vector<Space> removed = spaces_.displays()[display].spaces;
+  changeSpaces([&] {
+    spaces_.removeDisplay(display);
+    for (const Space& space : removed) {
+      detachWindowsFrom(space.id);
+    }
+  });
 }
 
 void SimulatedDesktop::giveKeyboardTo(std::size_t display) {

@@ -135,7 +135,7 @@ class SimulatedDesktop {
   template <class Change>
   void changeSpaces(Change change);
   SpaceID insertSpace(const NewSpace& description);
-  void detachWindowsFromRemoved(const std::vector<Space>& before);
+  void detachWindowsFrom(SpaceID space);
 
   VirtualTime time_;
   SpaceList spaces_;

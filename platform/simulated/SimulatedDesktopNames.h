@@ -16,7 +16,10 @@ class SimulatedDesktopNames final : public DesktopNames {
  public:
   explicit SimulatedDesktopNames(SimulatedDesktop& desktop) : desktop_(desktop) {}
 
-  std::optional<Names> read() override { return desktop_.names().all(); }
+  const Names* known() override {
+    const std::optional<Names>& all = desktop_.names().all();
+    return all ? &*all : nullptr;
+  }
 
   void set(const std::string& uuid, const std::string& name) override {
     const std::vector<Space> spaces = desktop_.spaces().all();

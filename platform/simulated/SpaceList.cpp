@@ -1,5 +1,7 @@
 #include "platform/simulated/SpaceList.h"
 
+#include "platform/ManagedSpaces.h"
+
 #include <algorithm>
 #include <iterator>
 #include <utility>
@@ -8,14 +10,6 @@ namespace roomlattice::platform::simulated {
 namespace {
 
 using Difference = std::vector<Space>::difference_type;
-
-Value toDictionary(const Space& space) {
-  Value::Dictionary dictionary;
-  dictionary.emplace("ManagedSpaceID", static_cast<std::int64_t>(space.id));
-  dictionary.emplace("type", space.type);
-  dictionary.emplace("uuid", space.uuid);
-  return dictionary;
-}
 
 }  // namespace
 
@@ -49,6 +43,7 @@ SpaceID SpaceList::activeSpace() const {
 
 std::size_t SpaceList::addDisplay(std::string identifier) {
   displays_.push_back({.identifier = std::move(identifier)});
+  spacesChanged();
   return displays_.size() - 1;
 }
 
@@ -57,6 +52,7 @@ void SpaceList::removeDisplay(std::size_t display) {
     return;
   }
   displays_.erase(displays_.begin() + static_cast<Difference>(display));
+  spacesChanged();
   if (keyboardDisplay_ == display) {
     keyboardDisplay_ = 0;
   } else if (keyboardDisplay_ > display) {
@@ -65,8 +61,9 @@ void SpaceList::removeDisplay(std::size_t display) {
 }
 
 void SpaceList::giveKeyboardTo(std::size_t display) {
-  if (display < displays_.size()) {
+  if (display < displays_.size() && display != keyboardDisplay_) {
     keyboardDisplay_ = display;
+    ++changes_;
   }
 }
 
@@ -78,8 +75,10 @@ void SpaceList::insert(std::size_t display, Space space, std::optional<std::size
   if (target.spaces.empty()) {
     target.active = space.id;
   }
-  const std::size_t at = std::min(position.value_or(target.spaces.size()), target.spaces.size());
-  target.spaces.insert(target.spaces.begin() + static_cast<Difference>(at), std::move(space));
+  const auto at = static_cast<Difference>(std::min(position.value_or(target.spaces.size()), target.spaces.size()));
+  target.dictionaries.insert(target.dictionaries.begin() + at, spaceDictionary(space.id, space.uuid, space.type));
+  target.spaces.insert(target.spaces.begin() + at, std::move(space));
+  spacesChanged();
 }
 
 void SpaceList::remove(SpaceID space) {
@@ -88,7 +87,10 @@ void SpaceList::remove(SpaceID space) {
     return;
   }
   std::vector<Space>& spaces = display->spaces;
-  auto next = spaces.erase(std::ranges::find(spaces, space, &Space::id));
+  const auto found = std::ranges::find(spaces, space, &Space::id);
+  display->dictionaries.erase(display->dictionaries.begin() + (found - spaces.begin()));
+  auto next = spaces.erase(found);
+  spacesChanged();
   if (display->active != space) {
     return;
   }
@@ -104,35 +106,44 @@ void SpaceList::move(SpaceID space, std::size_t position) {
     return;
   }
   std::vector<Space>& spaces = display->spaces;
-  const auto from = std::ranges::find(spaces, space, &Space::id);
-  const auto to = spaces.begin() + static_cast<Difference>(std::min(position, spaces.size() - 1));
-  if (from < to) {
-    std::rotate(from, from + 1, to + 1);
-  } else {
-    std::rotate(to, from, from + 1);
+  const Difference from = std::ranges::find(spaces, space, &Space::id) - spaces.begin();
+  const auto to = static_cast<Difference>(std::min(position, spaces.size() - 1));
+  if (from == to) {
+    return;
   }
+  const auto rotate = [from, to](auto& list) {
+    const auto begin = list.begin();
+    std::rotate(begin + std::min(from, to), begin + (from < to ? from + 1 : from), begin + std::max(from, to) + 1);
+  };
+  rotate(spaces);
+  rotate(display->dictionaries);
+  spacesChanged();
 }
 
 void SpaceList::activate(SpaceID space) {
-  if (Display* const display = displayWith(space)) {
-    display->active = space;
-    keyboardDisplay_ = static_cast<std::size_t>(display - displays_.data());
+  Display* const display = displayWith(space);
+  if (display == nullptr || space == activeSpace()) {
+    return;
   }
+  display->active = space;
+  keyboardDisplay_ = static_cast<std::size_t>(display - displays_.data());
+  ++changes_;
 }
 
 Value SpaceList::managedDisplaySpaces() const {
-  Value::Array displays;
-  for (const Display& display : displays_) {
-    // All of it is moved: a list in braces would be copied.
-    Value::Array spaces;
-    spaces.reserve(display.spaces.size());
-    std::ranges::transform(display.spaces, std::back_inserter(spaces), toDictionary);
-    Value::Dictionary dictionary;
-    dictionary.emplace("Display Identifier", display.identifier);
-    dictionary.emplace("Spaces", std::move(spaces));
-    displays.emplace_back(std::move(dictionary));
+  if (!told_) {
+    Value::Array displays;
+    for (const Display& display : displays_) {
+      displays.push_back(displayDictionary(display.identifier, display.dictionaries));
+    }
+    told_ = std::move(displays);
   }
-  return displays;
+  return *told_;
+}
+
+void SpaceList::spacesChanged() {
+  ++changes_;
+  told_.reset();
 }
 
 Display* SpaceList::displayWith(SpaceID space) {

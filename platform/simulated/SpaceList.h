@@ -29,6 +29,8 @@ struct Space {
 struct Display {
   std::string identifier;
   std::vector<Space> spaces;
+  /// As the window server tells of them, one for each.
+  Value::Array dictionaries = {};
   /// 0 when the display has no space.
   SpaceID active = 0;
 
@@ -74,13 +76,22 @@ class SpaceList {
   /// In the form WindowServer::managedDisplaySpaces describes.
   Value managedDisplaySpaces() const;
 
-  bool operator==(const SpaceList&) const = default;
+  /// Another number after each change.
+  std::uint64_t changes() const { return changes_; }
+
+  bool operator==(const SpaceList& other) const {
+    return displays_ == other.displays_ && keyboardDisplay_ == other.keyboardDisplay_;
+  }
 
  private:
   Display* displayWith(SpaceID space);
+  void spacesChanged();
 
   std::vector<Display> displays_;
   std::size_t keyboardDisplay_ = 0;
+  std::uint64_t changes_ = 0;
+  // Made when it is asked for, until spaces change.
+  mutable std::optional<Value> told_;
 };
 
 }  // namespace roomlattice::platform::simulated

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <limits>
 #include <utility>
 
@@ -108,6 +109,14 @@ TEST(ValueTest, SharesItsElementsWithItsCopies) {
   changed.front() = "c";
   EXPECT_NE(Value(changed), array);
   EXPECT_EQ(array, Value(Value::Array{"a", Value::Dictionary{{"b", 1}}}));
+}
+
+TEST(ValueTest, SharesItsDataWithItsCopies) {
+  const Value data = Value::Data{std::byte{1}, std::byte{2}};
+  const Value copy = data;
+  EXPECT_EQ(copy.asData(), data.asData());
+  EXPECT_EQ(copy, Value(Value::Data{std::byte{1}, std::byte{2}}));
+  EXPECT_NE(copy, Value(Value::Data{std::byte{1}}));
 }
 
 TEST(ValueTest, HoldsNothingReadableOnceItWasMovedFrom) {

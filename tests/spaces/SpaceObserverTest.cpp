@@ -132,6 +132,27 @@ TEST_F(SpaceObserverTest, ReadsWhatHasBecomeOfAListThatItHasRead) {
   EXPECT_EQ(spaces[1].uuid, "B");
 }
 
+TEST_F(SpaceObserverTest, GivesTheListAgainWhereSomebodyElseHasGivenAnother) {
+  const auto& spaces = readSpaces(Value::Array{space(1), Value::Dictionary{}, space(2), space(3)});
+  SpaceManager::shared().update({SpaceInfo{7, "G", "Main", 0}}, 7);
+  refreshed();
+  ASSERT_EQ(spaces.size(), 3U);
+  EXPECT_EQ(spaces[2].spaceID, 3U);
+}
+
+TEST_F(SpaceObserverTest, ReadsTheListFromWithinTheNewsOfAnother) {
+  refreshed();
+  const auto observation = platform().notifications().defaultCenter().observe(SpaceManager::didChange, [this] {
+    if (SpaceManager::shared().spaces().size() == 1) {
+      readSpaces(Value::Array{space(1), space(2)});
+    }
+  });
+  const auto& spaces = readSpaces(Value::Array{space(1)});
+  EXPECT_EQ(spaces.size(), 2U);
+  EXPECT_EQ(readSpaces(Value::Array{space(1), space(2), space(3)}).size(), 3U);
+  EXPECT_EQ(readSpaces(Value::Array{space(3)}).size(), 2U);
+}
+
 TEST_F(SpaceObserverTest, TakesASpaceWithoutTypeForARegularOne) {
   const auto& spaces = readSpaces(Value::Array{space(1), Value::Dictionary{{"id64", 2}, {"type", "4"}},
                                                Value::Dictionary{{"id64", 3}, {"type", -2}}});

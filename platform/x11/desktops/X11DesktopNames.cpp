@@ -1,5 +1,7 @@
 #include "platform/x11/desktops/X11DesktopNames.h"
 
+#include "support/Difference.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <iterator>
@@ -17,17 +19,30 @@ X11DesktopNames::X11DesktopNames(X11Desktops& desktops, Defaults& defaults, Noti
       changes_(desktops.observeNames([this] { namesChanged(); })),
       edits_(defaultCenter.observe(notification::defaultsDidChangeElsewhere, [this] { listeners_.notify(); })) {}
 
-std::optional<DesktopNames::Names> X11DesktopNames::read() {
+const DesktopNames::Names* X11DesktopNames::known() {
   const DesktopList& list = desktops_.list();
+  const bool isShared = !list.names.empty() && sharing() == Sharing::On;
+  if (isShared) {
+    bringUpToDate(list);
+  } else {
+    names_.clear();
+  }
   read_ = list;
-  if (list.names.empty() || sharing() == Sharing::Off) {
-    return std::nullopt;
+  return isShared ? &names_ : nullptr;
+}
+
+/// Most are as they were.
+void X11DesktopNames::bringUpToDate(const DesktopList& list) {
+  const Difference difference = differenceOf(
+      names_.empty() ? 0 : read_.desktops.size(), list.desktops.size(), [&](std::size_t before, std::size_t after) {
+        return read_.names[before] == list.names[after] && read_.desktops[before] == list.desktops[after];
+      });
+  for (std::size_t index = 0; index < difference.before; ++index) {
+    names_.erase(read_.desktops[difference.first + index].uuid);
   }
-  Names names;
-  for (std::size_t index = 0; index < list.desktops.size(); ++index) {
-    names[list.desktops[index].uuid] = list.names[index];
+  for (std::size_t index = difference.first; index < difference.first + difference.after; ++index) {
+    names_[list.desktops[index].uuid] = list.names[index];
   }
-  return names;
 }
 
 void X11DesktopNames::set(const std::string& uuid, const std::string& name) {

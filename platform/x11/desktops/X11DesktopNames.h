@@ -7,7 +7,6 @@
 #include "support/Listeners.h"
 
 #include <functional>
-#include <optional>
 #include <string>
 
 namespace roomlattice::platform::x11 {
@@ -21,7 +20,7 @@ class X11DesktopNames final : public DesktopNames {
   /// In `defaultCenter` it hears of edits of the settings.
   X11DesktopNames(X11Desktops& desktops, Defaults& defaults, NotificationCenter& defaultCenter);
 
-  std::optional<Names> read() override;
+  const Names* known() override;
   void set(const std::string& uuid, const std::string& name) override;
   Registration observe(std::function<void()> handler) override { return listeners_.add(std::move(handler)); }
 
@@ -31,11 +30,14 @@ class X11DesktopNames final : public DesktopNames {
 
  private:
   void namesChanged();
+  void bringUpToDate(const DesktopList& list);
 
   X11Desktops& desktops_;
   Defaults& defaults_;
   // As it was when the names were last read.
   DesktopList read_;
+  // Those in it, or none.
+  Names names_;
   Listeners<> listeners_;
   Registration changes_;
   Registration edits_;

@@ -1,27 +1,16 @@
 #include "platform/x11/desktops/X11WindowServer.h"
 
+#include "platform/ManagedSpaces.h"
+
 #include <cstddef>
 #include <utility>
 
 namespace roomlattice::platform::x11 {
-namespace {
-
-Value dictionaryOf(const Desktop& desktop) {
-  Value::Dictionary space;
-  space.emplace("ManagedSpaceID", static_cast<std::int64_t>(desktop.id));
-  space.emplace("type", std::int64_t{0});
-  space.emplace("uuid", desktop.uuid);
-  return space;
-}
-
-}  // namespace
-
 Value X11WindowServer::managedDisplaySpaces() {
   const DesktopList& list = desktops_.list();
   if (list.desktops.empty()) {
     return {};
   }
-  // All of it is moved: a list in braces would be copied.
   Value::Array spaces;
   spaces.reserve(list.desktops.size());
   dictionaries_.resize(list.desktops.size());
@@ -30,16 +19,11 @@ Value X11WindowServer::managedDisplaySpaces() {
     auto& [of, dictionary] = dictionaries_[index];
     if (of != desktop) {
       of = desktop;
-      dictionary = dictionaryOf(desktop);
+      dictionary = spaceDictionary(desktop.id, desktop.uuid, 0);
     }
     spaces.push_back(dictionary);
   }
-  Value::Dictionary display;
-  display.emplace("Display Identifier", "screen-" + std::to_string(screenNumber_));
-  display.emplace("Spaces", std::move(spaces));
-  Value::Array displays;
-  displays.emplace_back(std::move(display));
-  return displays;
+  return Value::Array{displayDictionary("screen-" + std::to_string(screenNumber_), std::move(spaces))};
 }
 
 SpaceID X11WindowServer::activeSpace() {
