@@ -30,11 +30,12 @@ class RegistrationList {
   template <class Visit>
   void forEach(Visit visit) const {
     const auto items = items_;
-    const auto atStart = *items;
-    for (const auto& [order, item] : atStart) {
-      if (items->contains(order)) {
-        visit(*item);
-      }
+    const std::uint64_t end = nextOrder_;
+    for (auto next = items->begin(); next != items->end() && next->first < end;) {
+      const auto [order, item] = *next;
+      visit(*item);
+      // Any of them may have ended, this one included.
+      next = items->upper_bound(order);
     }
   }
 

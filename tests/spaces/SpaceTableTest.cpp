@@ -12,10 +12,11 @@
 namespace roomlattice {
 namespace {
 
-constexpr std::int64_t regular = 0;
-constexpr std::int64_t fullScreen = 4;
+constexpr std::int64_t regularType = 0;
+constexpr std::int64_t fullScreenType = 4;
 
-SpaceInfo spaceOf(platform::SpaceID identifier, const std::string& display = "Main", std::int64_t type = regular) {
+SpaceInfo madeSpace(platform::SpaceID identifier, const std::string& display = "Main",
+                    std::int64_t type = regularType) {
   return {.spaceID = identifier, .uuid = "uuid-" + std::to_string(identifier), .displayUUID = display, .type = type};
 }
 
@@ -53,15 +54,15 @@ using Numbers = std::vector<int>;
 using Indices = std::vector<std::size_t>;
 
 TEST_F(SpaceTableTest, NumbersRegularDesktopsOverallAndOnTheirDisplay) {
-  set({spaceOf(1), spaceOf(2, "Main", fullScreen), spaceOf(3), spaceOf(4, "Other"), spaceOf(5)});
+  set({madeSpace(1), madeSpace(2, "Main", fullScreenType), madeSpace(3), madeSpace(4, "Other"), madeSpace(5)});
   EXPECT_EQ(overall(), (Numbers{1, 0, 2, 3, 4}));
   EXPECT_EQ(onDisplays(), (Numbers{1, 0, 2, 1, 3}));
 }
 
 TEST_F(SpaceTableTest, FindsTheFirstOfAKind) {
-  SpaceInfo alike = spaceOf(1, "Other");
-  alike.uuid = spaceOf(2).uuid;
-  set({spaceOf(2, "Main", fullScreen), spaceOf(1), alike});
+  SpaceInfo alike = madeSpace(1, "Other");
+  alike.uuid = madeSpace(2).uuid;
+  set({madeSpace(2, "Main", fullScreenType), madeSpace(1), alike});
   EXPECT_EQ(table_.first(1), &table_.spaces()[1]);
   EXPECT_EQ(table_.first(2), &table_.spaces()[0]);
   EXPECT_EQ(table_.first(3), nullptr);
@@ -70,30 +71,30 @@ TEST_F(SpaceTableTest, FindsTheFirstOfAKind) {
 }
 
 TEST_F(SpaceTableTest, TellsWhichDesktopsAnAdditionHasChanged) {
-  set({spaceOf(1), spaceOf(2), spaceOf(3)});
+  set({madeSpace(1), madeSpace(2), madeSpace(3)});
   const SpaceTable::Moment before = table_.now();
-  table_.replace(3, 0, {spaceOf(4)});
+  table_.replace(3, 0, {madeSpace(4)});
   EXPECT_EQ(changedSince(before), Indices{3});
   const SpaceTable::Moment then = table_.now();
-  table_.replace(1, 0, {spaceOf(5, "Main", fullScreen)});
+  table_.replace(1, 0, {madeSpace(5, "Main", fullScreenType)});
   EXPECT_EQ(changedSince(then), Indices{1});
   EXPECT_EQ(changedSince(before), (Indices{1, 4}));
   EXPECT_EQ(table_.listChangedAt(), table_.now());
 }
 
 TEST_F(SpaceTableTest, TellsWhichDesktopsHaveOtherNumbersAfterARemoval) {
-  set({spaceOf(1), spaceOf(2), spaceOf(3), spaceOf(4)});
+  set({madeSpace(1), madeSpace(2), madeSpace(3), madeSpace(4)});
   const SpaceTable::Moment before = table_.now();
   table_.replace(1, 1, {});
   EXPECT_EQ(changedSince(before), (Indices{1, 2}));
 }
 
 TEST_F(SpaceTableTest, GivesWhatHasReallyChanged) {
-  set({spaceOf(1), spaceOf(2), spaceOf(3)});
+  set({madeSpace(1), madeSpace(2), madeSpace(3)});
   const SpaceTable::Moment before = table_.now();
-  EXPECT_TRUE(table_.replace(1, 2, {spaceOf(2), spaceOf(3)}).empty());
+  EXPECT_TRUE(table_.replace(1, 2, {madeSpace(2), madeSpace(3)}).empty());
   EXPECT_EQ(table_.now(), before);
-  const Difference difference = table_.replace(0, 3, {spaceOf(1), spaceOf(7), spaceOf(3)});
+  const Difference difference = table_.replace(0, 3, {madeSpace(1), madeSpace(7), madeSpace(3)});
   EXPECT_EQ(difference.first, 1U);
   EXPECT_EQ(difference.before, 1U);
   EXPECT_EQ(difference.after, 1U);
@@ -101,9 +102,9 @@ TEST_F(SpaceTableTest, GivesWhatHasReallyChanged) {
 }
 
 TEST_F(SpaceTableTest, TellsWhichDesktopsHaveOtherNames) {
-  SpaceInfo alike = spaceOf(9);
-  alike.uuid = spaceOf(2).uuid;
-  set({spaceOf(1), spaceOf(2), alike});
+  SpaceInfo alike = madeSpace(9);
+  alike.uuid = madeSpace(2).uuid;
+  set({madeSpace(1), madeSpace(2), alike});
   const SpaceTable::Moment list = table_.listChangedAt();
   table_.renamed("uuid-2");
   EXPECT_EQ(changedSince(list), (Indices{1, 2}));
@@ -116,8 +117,8 @@ TEST_F(SpaceTableTest, TellsWhichDesktopsHaveOtherNames) {
 std::vector<SpaceInfo> chosenBy(std::mt19937& random) {
   std::vector<SpaceInfo> spaces;
   for (std::size_t count = random() % 4; count > 0; --count) {
-    spaces.push_back(
-        spaceOf(random() % 40, "display " + std::to_string(random() % 3), random() % 4 == 0 ? fullScreen : regular));
+    spaces.push_back(madeSpace(random() % 40, "display " + std::to_string(random() % 3),
+                               random() % 4 == 0 ? fullScreenType : regularType));
   }
   return spaces;
 }

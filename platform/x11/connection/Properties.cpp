@@ -3,6 +3,7 @@
 #include <QString>
 #include <algorithm>
 #include <cstring>
+#include <string_view>
 
 namespace roomlattice::platform::x11 {
 namespace {
@@ -24,9 +25,20 @@ std::size_t sizeOf(const xcb_get_property_reply_t& reply) {
   return static_cast<std::size_t>(xcb_get_property_value_length(&reply));
 }
 
-std::string validUtf8(const std::string& text) {
+std::string validUtf8(std::string_view text) {
   const auto isAscii = [](char character) { return static_cast<unsigned char>(character) < 0x80; };
-  return std::ranges::all_of(text, isAscii) ? text : QString::fromStdString(text).toStdString();
+  return std::ranges::all_of(text, isAscii)
+             ? std::string(text)
+             : QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())).toStdString();
+}
+
+template <class Visit>
+void forEachText(std::string_view bytes, Visit visit) {
+  for (std::size_t start = 0; start < bytes.size();) {
+    const std::size_t end = std::min(bytes.find('\0', start), bytes.size());
+    visit(bytes.substr(start, end - start));
+    start = end + 1;
+  }
 }
 
 }  // namespace
@@ -64,24 +76,28 @@ std::optional<std::string> readText(X11Connection& connection, xcb_window_t wind
   return bytes ? std::optional(validUtf8(*bytes)) : std::nullopt;
 }
 
-std::optional<std::vector<std::string>> readTexts(X11Connection& connection, xcb_window_t window, xcb_atom_t property) {
-  const auto bytes = readBytes(connection, window, property, connection.ewmh()->UTF8_STRING);
-  return bytes ? std::optional(textsOf(*bytes)) : std::nullopt;
+std::vector<std::string> textsOf(const std::string& bytes) {
+  std::vector<std::string> texts;
+  replaceTexts(texts, bytes);
+  return texts;
 }
 
-std::vector<std::string> textsOf(const std::string& bytes) {
-  std::vector<std::string> texts = rawTextsOf(bytes);
-  std::ranges::transform(texts, texts.begin(), validUtf8);
-  return texts;
+void replaceTexts(std::vector<std::string>& texts, const std::string& bytes) {
+  std::size_t count = 0;
+  forEachText(bytes, [&](std::string_view text) {
+    if (count == texts.size()) {
+      texts.push_back(validUtf8(text));
+    } else if (texts[count] != text) {
+      texts[count] = validUtf8(text);
+    }
+    ++count;
+  });
+  texts.resize(count);
 }
 
 std::vector<std::string> rawTextsOf(const std::string& bytes) {
   std::vector<std::string> texts;
-  for (std::size_t start = 0; start < bytes.size();) {
-    const std::size_t end = std::min(bytes.find('\0', start), bytes.size());
-    texts.push_back(bytes.substr(start, end - start));
-    start = end + 1;
-  }
+  forEachText(bytes, [&](std::string_view text) { texts.emplace_back(text); });
   return texts;
 }
 

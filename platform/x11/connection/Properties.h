@@ -30,13 +30,13 @@ std::optional<std::string> readText(X11Connection& connection, xcb_window_t wind
 /// Texts that end in a zero byte each, the last one's optional; what is not UTF-8 in them is U+FFFD.
 std::vector<std::string> textsOf(const std::string& bytes);
 
+/// The same in the place of `texts`. Those that are as they were are not made anew.
+void replaceTexts(std::vector<std::string>& texts, const std::string& bytes);
+
 /// The same, with what is not UTF-8 as it is.
 std::vector<std::string> rawTextsOf(const std::string& bytes);
 
 /// The texts with a zero byte at the end of each. One that has a zero byte in it ends there.
 std::string bytesOf(const std::vector<std::string>& texts);
-
-/// A UTF8_STRING property of texts that end in a zero byte each, the last one's optional.
-std::optional<std::vector<std::string>> readTexts(X11Connection& connection, xcb_window_t window, xcb_atom_t property);
 
 }  // namespace roomlattice::platform::x11

@@ -41,7 +41,7 @@ WindowManagerWatch::WindowManagerWatch(X11Connection& connection) : connection_(
       connection.observe<xcb_destroy_notify_event_t>([this](const auto& event) { checkWindowDestroyed(event.window); });
   batches_ = connection.observeBatches([this] { batchEnded(); });
   connection.selectOnRoot(XCB_EVENT_MASK_PROPERTY_CHANGE);
-  current_ = findWindowManager(connection_);
+  take(findWindowManager(connection_));
   follow();
 }
 
@@ -61,7 +61,7 @@ void WindowManagerWatch::update() {
     return;
   }
   const bool sameWindow = found && current_ && found->checkWindow == current_->checkWindow;
-  current_ = std::move(found);
+  take(std::move(found));
   if (!sameWindow) {
     follow();
   }
@@ -73,9 +73,14 @@ void WindowManagerWatch::checkWindowDestroyed(xcb_window_t window) {
     return;
   }
   // The next one may be up already, even with a window of the same number: it counts as another one.
-  current_ = findWindowManager(connection_);
+  take(findWindowManager(connection_));
   follow();
   listeners_.notify();
+}
+
+void WindowManagerWatch::take(std::optional<WindowManager> found) {
+  current_ = std::move(found);
+  traits_ = current_ ? traitsOf(current_->name) : WindowManagerTraits();
 }
 
 void WindowManagerWatch::follow() {
@@ -86,7 +91,7 @@ void WindowManagerWatch::follow() {
   xcb_change_window_attributes(connection_.raw(), current_->checkWindow, XCB_CW_EVENT_MASK, &events);
   // It may have gone between being found and being followed.
   if (findCheckWindow(connection_) != current_->checkWindow) {
-    current_.reset();
+    take(std::nullopt);
   }
 }
 

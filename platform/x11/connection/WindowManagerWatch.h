@@ -29,7 +29,7 @@ class WindowManagerWatch {
   const std::optional<WindowManager>& current() const { return current_; }
 
   /// Those of an ordinary one while there is none.
-  WindowManagerTraits traits() const { return current_ ? traitsOf(current_->name) : WindowManagerTraits(); }
+  const WindowManagerTraits& traits() const { return traits_; }
 
   /// Calls `handler` when another window manager runs, or the same one again, or none.
   Registration observe(std::function<void()> handler);
@@ -38,10 +38,12 @@ class WindowManagerWatch {
   void batchEnded();
   void update();
   void checkWindowDestroyed(xcb_window_t window);
+  void take(std::optional<WindowManager> found);
   void follow();
 
   X11Connection& connection_;
   std::optional<WindowManager> current_;
+  WindowManagerTraits traits_;
   Listeners<> listeners_;
   // What was heard is looked into once for each batch of events: anybody may send as many as he likes.
   bool dirty_ = false;

@@ -21,6 +21,10 @@ int pixels(std::uint32_t number) {
 std::optional<QRect> commonArea(const Numbers& numbers) {
   std::optional<QRect> common;
   for (std::size_t index = 0; index + 3 < numbers.size(); index += 4) {
+    if (index > 0 && std::equal(&numbers[index], &numbers[index] + 4, &numbers[index - 4])) {
+      // As on most desktops.
+      continue;
+    }
     const auto number = [&](std::size_t offset) { return pixels(numbers[index + offset]); };
     const QRect area(number(0), number(1), number(2), number(3));
     common = common ? *common & area : area;

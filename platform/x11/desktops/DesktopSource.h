@@ -36,8 +36,14 @@ class DesktopSource {
  public:
   virtual ~DesktopSource() = default;
 
-  /// The desktops as far as known now; nothing while they are unknown.
-  virtual std::optional<DesktopList> read() = 0;
+  /// The desktops as far as known now; null while they are unknown. Valid until the next call.
+  virtual const DesktopList* known() = 0;
+
+  /// A copy of them.
+  std::optional<DesktopList> read() {
+    const DesktopList* list = known();
+    return list == nullptr ? std::nullopt : std::optional(*list);
+  }
 
   /// Asks for a switch to the desktop at `index` of the list last read; it comes later, or not at all.
   virtual void activate(std::size_t index) = 0;

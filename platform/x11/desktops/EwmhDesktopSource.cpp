@@ -13,13 +13,13 @@ namespace {
 // What is larger is not meant to be read by anybody, and least of all to be written anew for the sake of one name.
 constexpr std::size_t maximumNamesSize = 65536;
 
-std::vector<Desktop> desktopsByPosition(std::size_t count) {
-  std::vector<Desktop> desktops;
-  desktops.reserve(count);
-  for (std::size_t position = 1; position <= count; ++position) {
+/// Lets there be so many of them.
+void resizeByPosition(std::vector<Desktop>& desktops, std::size_t count) {
+  desktops.resize(std::min(desktops.size(), count));
+  while (desktops.size() < count) {
+    const std::size_t position = desktops.size() + 1;
     desktops.push_back({position, "desktop-" + std::to_string(position)});
   }
-  return desktops;
 }
 
 /// A name that is missing or not the only one of its kind has its place added, so that no two desktops are taken for
@@ -57,21 +57,19 @@ EwmhDesktopSource::EwmhDesktopSource(X11Connection& connection, DesktopIdentity 
   connection.selectOnRoot(XCB_EVENT_MASK_PROPERTY_CHANGE);
 }
 
-std::optional<DesktopList> EwmhDesktopSource::read() {
+const DesktopList* EwmhDesktopSource::known() {
   if (std::exchange(listDirty_, false)) {
     readList();
   }
   if (list_.desktops.empty()) {
-    return std::nullopt;
+    return nullptr;
   }
-  DesktopList list = list_;
   const auto current =
       readNumber(connection_, connection_.root(), connection_.ewmh()->_NET_CURRENT_DESKTOP, XCB_ATOM_CARDINAL);
   // On Wayland GNOME's window manager writes it with the first switch only.
-  if (current.value_or(0) < list.desktops.size()) {
-    list.current = current.value_or(0);
-  }
-  return list;
+  const std::size_t inFront = current.value_or(0);
+  list_.current = inFront < list_.desktops.size() ? std::optional(inFront) : std::nullopt;
+  return &list_;
 }
 
 void EwmhDesktopSource::activate(std::size_t index) {
@@ -96,17 +94,21 @@ void EwmhDesktopSource::rename(std::size_t index, const std::string& name) {
 }
 
 void EwmhDesktopSource::readList() {
-  list_ = DesktopList();
   const xcb_ewmh_connection_t& ewmh = *connection_.ewmh();
   const xcb_window_t root = connection_.root();
   const auto count = readNumber(connection_, root, ewmh._NET_NUMBER_OF_DESKTOPS, XCB_ATOM_CARDINAL);
   if (!count || *count > maximumDesktops) {
+    list_ = DesktopList();
     return;
   }
-  list_.names = readTexts(connection_, root, ewmh._NET_DESKTOP_NAMES).value_or(std::vector<std::string>());
+  replaceTexts(list_.names, readBytes(connection_, root, ewmh._NET_DESKTOP_NAMES, ewmh.UTF8_STRING).value_or(""));
   // Names beyond belong to desktops that are gone.
   list_.names.resize(*count);
-  list_.desktops = identity_ == DesktopIdentity::Position ? desktopsByPosition(*count) : desktopsByName(list_.names);
+  if (identity_ == DesktopIdentity::Position) {
+    resizeByPosition(list_.desktops, *count);
+  } else {
+    list_.desktops = desktopsByName(list_.names);
+  }
 }
 
 void EwmhDesktopSource::propertyChanged(xcb_window_t window, xcb_atom_t atom) {

@@ -17,7 +17,7 @@ class EwmhDesktopSource final : public DesktopSource {
   /// `changed` is called from the event loop, once for each batch of events that may have changed what is read.
   EwmhDesktopSource(X11Connection& connection, DesktopIdentity identity, std::function<void()> changed);
 
-  std::optional<DesktopList> read() override;
+  const DesktopList* known() override;
   void activate(std::size_t index) override;
   /// Nothing happens where desktops are known by their names.
   void rename(std::size_t index, const std::string& name) override;
@@ -30,7 +30,7 @@ class EwmhDesktopSource final : public DesktopSource {
   X11Connection& connection_;
   DesktopIdentity identity_;
   std::function<void()> changed_;
-  // Without the one in front. Kept, so that a switch is one question to the server however many desktops there are.
+  // Kept, so that a switch is one question to the server however many desktops there are.
   DesktopList list_;
   bool listDirty_ = true;
   bool currentDirty_ = false;

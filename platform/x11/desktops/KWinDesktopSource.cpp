@@ -106,16 +106,16 @@ KWinDesktopSource::KWinDesktopSource(X11Connection& connection, linux::MessageBu
   request();
 }
 
-std::optional<DesktopList> KWinDesktopSource::read() {
+const DesktopList* KWinDesktopSource::known() {
   switch (state_) {
     case State::Heard:
-      return list_;
+      return &list_;
     case State::Unheard:
-      return ewmh_.read();
+      return ewmh_.known();
     case State::Waiting:
       break;
   }
-  return std::nullopt;
+  return nullptr;
 }
 
 void KWinDesktopSource::activate(std::size_t index) {

@@ -21,7 +21,7 @@ class KWinDesktopSource final : public DesktopSource {
   /// `changed` is called from the event loop when what is read has changed.
   KWinDesktopSource(X11Connection& connection, linux::MessageBus& bus, std::function<void()> changed);
 
-  std::optional<DesktopList> read() override;
+  const DesktopList* known() override;
   void activate(std::size_t index) override;
   void rename(std::size_t index, const std::string& name) override;
 

@@ -25,8 +25,8 @@ X11Desktops::X11Desktops(X11Connection& connection, linux::MessageBus& sessionBu
       workspaceCenter_(workspaceCenter) {
   windowManagerChanges_ = windowManager.observe([this] { windowManagerChanged(); });
   selectSource(Moment::Start);
-  if (source_ != nullptr) {
-    list_ = source_->read().value_or(DesktopList());
+  if (const DesktopList* read = source_ == nullptr ? nullptr : source_->known()) {
+    list_ = *read;
   }
 }
 
@@ -94,16 +94,17 @@ void X11Desktops::selectSource(Moment moment) {
 }
 
 void X11Desktops::sourceChanged() {
-  std::optional<DesktopList> read = source_ == nullptr ? std::nullopt : source_->read();
-  if (!read) {
+  const DesktopList* read = source_ == nullptr ? nullptr : source_->known();
+  if (read == nullptr) {
     return;
   }
-  if (read->desktops != list_.desktops) {
+  const bool listDiffers = read->desktops != list_.desktops;
+  if (listDiffers) {
     requests_.clear();
   }
-  const bool differs = read->desktops != list_.desktops || read->current != list_.current;
+  const bool differs = listDiffers || read->current != list_.current;
   const bool namesDiffer = read->names != list_.names;
-  list_ = std::move(*read);
+  list_ = *read;
   settleRequests();
   if (differs) {
     workspaceCenter_.post(notification::activeSpaceDidChange);
