@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <tuple>
 #include <utility>
 
 namespace roomlattice {
@@ -71,8 +72,7 @@ void SpaceTable::renamed(const std::string& uuid) {
 template <class Member>
 void SpaceTable::add(Places& places, std::size_t place, Member member) {
   const auto isBefore = [&](std::size_t a, std::size_t b) {
-    const auto order = spaces_[a].*member <=> spaces_[b].*member;
-    return order < 0 || (order == 0 && a < b);
+    return std::tie(spaces_[a].*member, a) < std::tie(spaces_[b].*member, b);
   };
   places.insert(std::ranges::upper_bound(places, place, isBefore), place);
 }
