@@ -69,10 +69,10 @@ void NameExchange::forget() {
 /// The desktops, in their order, of which anything may have changed on either side. Most have not.
 std::vector<NameExchange::Meeting> NameExchange::changesSinceLast(const Names& names) {
   const SpaceTable& table = spaces_.table();
-  std::vector<std::size_t> places;
+  std::set<std::size_t> places;
   for (std::size_t place = 0; place < table.rows().size(); ++place) {
     if (table.rows()[place].changedAt > comparedAt_) {
-      places.push_back(place);
+      places.insert(place);
     }
   }
   addChangedThere(places, names);
@@ -90,8 +90,7 @@ std::vector<NameExchange::Meeting> NameExchange::changesSinceLast(const Names& n
   return meetings;
 }
 
-void NameExchange::addChangedThere(std::vector<std::size_t>& places, const Names& names) const {
-  const std::size_t changedHere = places.size();
+void NameExchange::addChangedThere(std::set<std::size_t>& places, const Names& names) const {
   auto there = names.begin();
   for (const auto& [uuid, entry] : entries_) {
     // Both are in the same order, so that nothing is looked for.
@@ -101,13 +100,9 @@ void NameExchange::addChangedThere(std::vector<std::size_t>& places, const Names
     const bool hasName = there != names.end() && there->first == uuid;
     if (entry.there != (hasName ? there->second : noName)) {
       if (const SpaceInfo* desktop = spaces_.table().firstRegular(uuid)) {
-        places.push_back(static_cast<std::size_t>(desktop - spaces_.spaces().data()));
+        places.insert(static_cast<std::size_t>(desktop - spaces_.spaces().data()));
       }
     }
-  }
-  if (places.size() > changedHere) {
-    std::ranges::sort(places);
-    places.erase(std::unique(places.begin(), places.end()), places.end());
   }
 }
 

@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -61,7 +62,7 @@ class NameExchange {
   void follow(const Names& names);
   void forget();
   std::vector<Meeting> changesSinceLast(const Names& names);
-  void addChangedThere(std::vector<std::size_t>& places, const Names& names) const;
+  void addChangedThere(std::set<std::size_t>& places, const Names& names) const;
   Extent takeStock(const std::vector<Meeting>& meetings);
   void forgetThoseThatWent();
   bool isListed(const std::string& uuid, Entry& entry) const;
