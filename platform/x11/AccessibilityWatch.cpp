@@ -9,13 +9,15 @@
 #include <QString>
 #include <QStringList>
 #include <QVariant>
+#include <algorithm>
 #include <chrono>
-#include <vector>
+#include <iterator>
 
 namespace roomlattice::platform::x11 {
 namespace {
 
 using namespace std::chrono_literals;
+using ToolkitWatches = std::vector<QPointer<QObject>>;
 
 constexpr std::chrono::milliseconds accessibilityLimit = 1s;
 
@@ -31,30 +33,38 @@ class NewChildren final : public QObject {
     return false;
   }
 
-  /// The watch for that name on the bus.
-  QObject* serviceWatch(const QString& name) const {
-    for (QObject* child : children_) {
-      if (child != nullptr && child->inherits("QDBusServiceWatcher") &&
-          child->property("watchedServices").toStringList().contains(name)) {
-        return child;
-      }
-    }
-    return nullptr;
+  /// The watches for that name on the bus. Newer versions of the toolkit have several.
+  ToolkitWatches watchesFor(const QString& name) const {
+    ToolkitWatches watches;
+    std::ranges::copy_if(children_, std::back_inserter(watches), [&name](const QObject* child) {
+      return child != nullptr && child->inherits("QDBusServiceWatcher") &&
+             child->property("watchedServices").toStringList().contains(name);
+    });
+    return watches;
   }
 
  private:
-  std::vector<QPointer<QObject>> children_;
+  ToolkitWatches children_;
 };
 
 QString serviceName() {
   return QString::fromLatin1(linux::accessibilityService);
 }
 
-QObject* letToolkitLook() {
+ToolkitWatches letToolkitLook() {
   const NewChildren made;
   // Asking makes the toolkit connect to the session bus for its services to people with disabilities, and wait for it.
   QAccessible::isActive();
-  return made.serviceWatch(serviceName());
+  return made.watchesFor(serviceName());
+}
+
+template <class Visit>
+void forEachOf(const ToolkitWatches& watches, Visit visit) {
+  for (const QPointer<QObject>& watch : watches) {
+    if (watch != nullptr) {
+      visit(*watch);
+    }
+  }
 }
 
 }  // namespace
@@ -72,19 +82,21 @@ AccessibilityWatch::AccessibilityWatch(linux::MessageBus& sessionBus)
                             .method = "GetNameOwner",
                             .arguments = {linux::busName}},
                            linux::usualAnswerLimit, [this](const linux::BusMessage& answer) {
-                             if (toolkits_ != nullptr && !answer.isError()) {
-                               toolkits_->blockSignals(true);
+                             if (!answer.isError()) {
+                               forEachOf(toolkits_, [](QObject& watch) { watch.blockSignals(true); });
                              }
                            });
 }
 
 void AccessibilityWatch::serviceCame() {
-  if (toolkits_ == nullptr || linux::isAccessibilityMute(accessibilityLimit)) {
+  if (toolkits_.empty() || linux::isAccessibilityMute(accessibilityLimit)) {
     return;
   }
-  toolkits_->blockSignals(false);
-  QMetaObject::invokeMethod(toolkits_, "serviceRegistered", Qt::DirectConnection, Q_ARG(QString, serviceName()));
-  toolkits_->blockSignals(true);
+  forEachOf(toolkits_, [](QObject& watch) {
+    watch.blockSignals(false);
+    QMetaObject::invokeMethod(&watch, "serviceRegistered", Qt::DirectConnection, Q_ARG(QString, serviceName()));
+    watch.blockSignals(true);
+  });
 }
 
 }  // namespace roomlattice::platform::x11

@@ -5,6 +5,7 @@
 
 #include <QObject>
 #include <QPointer>
+#include <vector>
 
 namespace roomlattice::platform::x11 {
 
@@ -20,8 +21,8 @@ class AccessibilityWatch {
  private:
   void serviceCame();
 
-  // The toolkit's own watch, if any: a QDBusServiceWatcher.
-  QPointer<QObject> toolkits_;
+  // The toolkit's own watches, if any: each is a QDBusServiceWatcher.
+  std::vector<QPointer<QObject>> toolkits_;
   linux::BusService service_;
   Registration ready_;
 };
