@@ -31,7 +31,8 @@ class Backend {
 
   virtual bool isMenuOpen() = 0;
 
-  /// Serves the event loop until the window that the program has shown has the keyboard for good, where that takes time.
+  /// Serves the event loop until the window that the program has shown has the keyboard for good, where that takes
+  /// time.
   virtual void waitForKeyboard() {}
 
   /// Presses Return while the program has the keyboard.

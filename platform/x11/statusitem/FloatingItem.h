@@ -19,8 +19,8 @@ namespace roomlattice::platform::x11 {
 /// The status item as a window of its own at an edge of the primary screen, inside what panels leave of it: in the
 /// middle of the top edge, where no window has its buttons, unless the user has dragged it elsewhere. It is on all
 /// desktops, above other windows but for those that fill the screen, and never takes the keyboard. Where the window
-/// manager makes strips of docks it stands at the right end of one. It grows with its title, and shrinks where the title
-/// would leave much of it empty.
+/// manager makes strips of docks it stands at the right end of one. It grows with its title, and shrinks where the
+/// title would leave much of it empty.
 ///
 /// It is the toolkit's button for those who cannot see it, which brings its role, its name and the action to press it.
 class FloatingItem final : public QPushButton {
