@@ -25,6 +25,8 @@ constexpr std::uint32_t windowGroupHint = 1U << 6U;
 constexpr std::uint32_t noInput = 0;
 constexpr std::uint32_t normalState = 1;
 
+}  // namespace
+
 xcb_connection_t* toolkitConnection() {
   auto* application = qApp->nativeInterface<QNativeInterface::QX11Application>();
   if (application == nullptr) {
@@ -32,8 +34,6 @@ xcb_connection_t* toolkitConnection() {
   }
   return application->connection();
 }
-
-}  // namespace
 
 NativeWindow::NativeWindow(X11Connection& connection, QWidget& widget)
     : connection_(connection), raw_(toolkitConnection()), id_(static_cast<xcb_window_t>(widget.winId())) {

@@ -33,6 +33,10 @@ struct Strut {
   bool operator==(const Strut&) const = default;
 };
 
+/// That by which the program's windows are drawn: requests of another one need not arrive in order with its own. There
+/// must be a Qt application, with which it goes; one that does not run on X11 is fatal.
+xcb_connection_t* toolkitConnection();
+
 /// The X window of a top-level widget, which is marked as the program's, written to through the toolkit's own
 /// connection, so that requests arrive in order with the toolkit's. Nothing here waits for the server unless it says
 /// so.

@@ -1,40 +1,22 @@
 #include "platform/x11/connection/PackedPicture.h"
 
+#include "platform/x11/connection/PictureDetails.h"
+
+#include <QByteArrayView>
+#include <QCryptographicHash>
 #include <algorithm>
 #include <cstddef>
 #include <cstdlib>
+#include <iterator>
 #include <limits>
 
 namespace roomlattice::platform::x11 {
 namespace {
 
-// As high as a detail is at most: letters have gaps above and below them, and plates have corners.
-constexpr int bandHeight = 16;
-
 constexpr std::size_t maximumOf16Bits = std::numeric_limits<std::uint16_t>::max();
 
 const std::uint32_t* rowOf(const QImage& image, int y) {
   return reinterpret_cast<const std::uint32_t*>(image.constScanLine(y));
-}
-
-/// What of these rows is not of that colour; empty where all of it is.
-QRect detailOf(const QImage& image, int top, int height, std::uint32_t color) {
-  int left = image.width();
-  int end = 0;
-  for (int y = top; y < top + height; ++y) {
-    const std::uint32_t* row = rowOf(image, y);
-    int start = 0;
-    while (start < left && row[start] == color) {
-      ++start;
-    }
-    left = start;
-    int last = image.width();
-    while (last > end && row[last - 1] == color) {
-      --last;
-    }
-    end = last;
-  }
-  return {left, top, std::max(end - left, 0), height};
 }
 
 constexpr unsigned opaque = 0xff;
@@ -51,10 +33,19 @@ int distance(std::uint32_t a, std::uint32_t b) {
   return sum;
 }
 
+/// The same for shapes of the same size that cover the same.
+GlyphSet::Key keyOf(const GlyphMask& mask) {
+  return QCryptographicHash::hash(QByteArrayView(mask.coverage), QCryptographicHash::Sha1) +
+         QByteArray::number(mask.size.width());
+}
+
 /// How much of `ink` over `plate` makes `color`; nothing where none does. Both sides of it were rounded.
 std::optional<std::uint8_t> coverageOf(std::uint32_t color, std::uint32_t ink, std::uint32_t plate) {
   const int whole = distance(ink, plate);
   const int coverage = (distance(color, plate) * int{opaque} + whole / 2) / whole;
+  if (coverage > int{opaque}) {
+    return std::nullopt;
+  }
   for (unsigned index = 0; index < 4; ++index) {
     const int from = component(plate, index);
     const int expected = from + (component(ink, index) - from) * coverage / int{opaque};
@@ -74,10 +65,8 @@ std::optional<PackedPicture> PackedPicture::of(const QImage& image) {
   }
   Places places;
   packed.plateColor_ = *rowOf(image, image.height() / 2);
-  for (int top = 0; top < image.height(); top += bandHeight) {
-    const int height = std::min(bandHeight, image.height() - top);
-    const QRect detail = detailOf(image, top, height, packed.plateColor_);
-    if (!detail.isEmpty() && !packed.pack(image, detail, places)) {
+  for (const QRect& detail : detailsOf(image, packed.plateColor_)) {
+    if (!packed.pack(image, detail, places)) {
       return std::nullopt;
     }
   }
@@ -104,7 +93,7 @@ bool PackedPicture::pack(const QImage& image, const QRect& area, Places& places)
       runs_.push_back({*color, static_cast<std::uint16_t>(pixel - start)});
     }
   }
-  details_.push_back(area);
+  details_.push_back({.area = area, .shape = {}});
   starts_.push_back(runs_.size());
   return true;
 }
@@ -121,77 +110,54 @@ std::optional<std::uint16_t> PackedPicture::placeOf(std::uint32_t color, Places&
 }
 
 void PackedPicture::findInk() {
-  const auto fromPlate = [this](std::uint32_t color) { return distance(color, plateColor_); };
-  const auto farthest = std::ranges::max_element(colors_, {}, fromPlate);
-  if (farthest == colors_.end() || *farthest == plateColor_ || *farthest >> 24U != opaque) {
+  std::uint32_t farthest = plateColor_;
+  for (const std::uint32_t color : colors_) {
+    if (color >> 24U == opaque && distance(color, plateColor_) > distance(farthest, plateColor_)) {
+      farthest = color;
+    }
+  }
+  if (farthest == plateColor_) {
     return;
   }
-  for (const std::uint32_t color : colors_) {
-    const std::optional<std::uint8_t> coverage = coverageOf(color, *farthest, plateColor_);
-    if (!coverage) {
-      coverages_.clear();
-      return;
+  ink_ = farthest;
+  std::ranges::transform(colors_, std::back_inserter(coverages_),
+                         [&](std::uint32_t color) { return coverageOf(color, farthest, plateColor_); });
+  for (std::size_t detail = 0; detail < details_.size(); ++detail) {
+    if (isInk(detail)) {
+      details_[detail].shape = keyOf(mask(detail));
     }
-    coverages_.push_back(*coverage);
   }
-  ink_ = *farthest;
 }
 
-std::vector<QRect> PackedPicture::plate() const {
-  std::vector<QRect> plate;
-  const auto add = [&plate](int left, int top, int width, int height) {
-    if (width > 0 && height > 0) {
-      plate.emplace_back(left, top, width, height);
-    }
-  };
-  int top = 0;
-  for (const QRect& detail : details_) {
-    add(0, top, size_.width(), detail.top() - top);
-    add(0, detail.top(), detail.left(), detail.height());
-    add(detail.right() + 1, detail.top(), size_.width() - detail.right() - 1, detail.height());
-    top = detail.bottom() + 1;
-  }
-  add(0, top, size_.width(), size_.height() - top);
-  return plate;
+std::span<const PackedPicture::Run> PackedPicture::runsOf(std::size_t detail) const {
+  return std::span(runs_).subspan(starts_.at(detail), starts_.at(detail + 1) - starts_[detail]);
+}
+
+bool PackedPicture::isInk(std::size_t detail) const {
+  return std::ranges::all_of(runsOf(detail), [this](const Run& run) { return coverages_[run.color].has_value(); });
 }
 
 std::vector<std::uint32_t> PackedPicture::pixels(std::size_t detail) const {
-  const QSize size = details_.at(detail).size();
+  const QSize size = details_.at(detail).area.size();
   std::vector<std::uint32_t> pixels(static_cast<std::size_t>(size.width()) * static_cast<std::size_t>(size.height()));
   std::uint32_t* next = pixels.data();
-  for (std::size_t index = starts_[detail]; index < starts_[detail + 1]; ++index) {
-    next = std::fill_n(next, runs_[index].length, colors_[runs_[index].color]);
+  for (const Run& run : runsOf(detail)) {
+    next = std::fill_n(next, run.length, colors_[run.color]);
   }
   return pixels;
 }
 
-InkMask PackedPicture::inkMask() const {
-  InkMask mask;
-  for (const QRect& detail : details_) {
-    mask.area |= detail;
-  }
-  const std::size_t bytesPerRow = mask.bytesPerRow();
-  mask.coverage.resize(bytesPerRow * static_cast<std::size_t>(mask.area.height()));
-  for (std::size_t detail = 0; detail < details_.size(); ++detail) {
-    const QPoint corner = details_[detail].topLeft() - mask.area.topLeft();
-    std::uint8_t* row = mask.coverage.data() + static_cast<std::size_t>(corner.y()) * bytesPerRow +
-                        static_cast<std::size_t>(corner.x());
-    const auto width = static_cast<std::size_t>(details_[detail].width());
-    std::size_t x = 0;
-    for (std::size_t index = starts_[detail]; index < starts_[detail + 1]; ++index) {
-      const Run& run = runs_[index];
-      const std::uint8_t coverage = coverages_[run.color];
-      if (run.length == 1) {
-        // Most are, at the edges of letters.
-        row[x] = coverage;
-      } else if (coverage != 0) {
-        std::fill_n(row + x, run.length, coverage);
-      }
-      x += run.length;
-      if (x == width) {
-        x = 0;
-        row += bytesPerRow;
-      }
+GlyphMask PackedPicture::mask(std::size_t detail) const {
+  GlyphMask mask{.size = details_.at(detail).area.size(), .coverage = {}};
+  const auto width = static_cast<std::size_t>(mask.size.width());
+  mask.coverage.resize(mask.bytesPerRow() * static_cast<std::size_t>(mask.size.height()));
+  std::uint8_t* row = mask.coverage.data();
+  std::size_t x = 0;
+  for (const Run& run : runsOf(detail)) {
+    x = static_cast<std::size_t>(std::fill_n(row + x, run.length, coverages_[run.color].value_or(0)) - row);
+    if (x == width) {
+      x = 0;
+      row += mask.bytesPerRow();
     }
   }
   return mask;

@@ -1,12 +1,13 @@
 #pragma once
 
-#include "platform/x11/connection/WindowInk.h"
+#include "platform/x11/connection/GlyphSet.h"
 
 #include <QImage>
 #include <QRect>
 #include <QSize>
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <unordered_map>
 #include <vector>
 
@@ -20,18 +21,27 @@ class PackedPicture {
 
   QSize size() const { return size_; }
 
-  /// The pixel in the middle of the left side, and where there is nothing else, in pixels.
+  /// The pixel in the middle of the left side, and all there is beside the details.
   std::uint32_t plateColor() const { return plateColor_; }
-  std::vector<QRect> plate() const;
 
-  /// The rest, as rectangles that lie below each other. The pixels of one, row by row.
-  const std::vector<QRect>& details() const { return details_; }
+  /// The opaque colour that letters are of, if there is one.
+  std::optional<std::uint32_t> ink() const { return ink_; }
+
+  struct Detail {
+    QRect area;  // in pixels of the picture; no two overlap
+    /// That of its mask, where it is but ink over the plate, more or less of it; empty where it is not.
+    GlyphSet::Key shape;
+
+    bool isInk() const { return !shape.isEmpty(); }
+  };
+
+  const std::vector<Detail>& details() const { return details_; }
+
+  /// Those of a detail, row by row.
   std::vector<std::uint32_t> pixels(std::size_t detail) const;
 
-  /// Where all the details are but this opaque colour over the plate's, more or less of it, as letters are: the colour,
-  /// and how much of it is where.
-  std::optional<std::uint32_t> ink() const { return ink_; }
-  InkMask inkMask() const;
+  /// How much ink is where in a detail that is but ink.
+  GlyphMask mask(std::size_t detail) const;
 
  private:
   struct Run {
@@ -45,13 +55,15 @@ class PackedPicture {
   bool pack(const QImage& image, const QRect& area, Places& places);
   std::optional<std::uint16_t> placeOf(std::uint32_t color, Places& places);
   void findInk();
+  std::span<const Run> runsOf(std::size_t detail) const;
+  bool isInk(std::size_t detail) const;
 
   QSize size_;
   std::uint32_t plateColor_ = 0;
-  std::vector<QRect> details_;
+  std::vector<Detail> details_;
   std::vector<std::uint32_t> colors_;
   std::optional<std::uint32_t> ink_;
-  std::vector<std::uint8_t> coverages_;  // how much of the ink is in each of the colours
+  std::vector<std::optional<std::uint8_t>> coverages_;  // how much of the ink makes each of the colours
   // Of all details, one after the other; where each begins, and where the last ends.
   std::vector<Run> runs_;
   std::vector<std::size_t> starts_{0};

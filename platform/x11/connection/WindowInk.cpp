@@ -1,11 +1,12 @@
 #include "platform/x11/connection/WindowInk.h"
 
-#include "platform/x11/connection/PixelRows.h"
+#include <cstddef>
+#include <memory>
+#include <vector>
+#include <xcb/xcb_renderutil.h>
 
 namespace roomlattice::platform::x11 {
 namespace {
-
-constexpr std::uint8_t maskDepth = 8;
 
 /// RENDER has 16 bits for each component.
 xcb_render_color_t renderColor(std::uint32_t color) {
@@ -15,55 +16,44 @@ xcb_render_color_t renderColor(std::uint32_t color) {
   return {.red = component(16), .green = component(8), .blue = component(0), .alpha = component(24)};
 }
 
-/// A picture of a pixmap that goes with this object, made of the mask.
-class MaskPicture {
- public:
-  MaskPicture(xcb_connection_t* raw, xcb_window_t window, xcb_render_pictformat_t format, const InkMask& mask)
-      : raw_(raw), pixmap_(xcb_generate_id(raw)), picture_(xcb_generate_id(raw)) {
-    const QSize size = mask.area.size();
-    xcb_create_pixmap(raw, maskDepth, pixmap_, window, static_cast<std::uint16_t>(size.width()),
-                      static_cast<std::uint16_t>(size.height()));
-    const xcb_gcontext_t context = xcb_generate_id(raw);
-    xcb_create_gc(raw, context, pixmap_, 0, nullptr);
-    put({.bytes = mask.coverage.data(), .size = size, .bytesPerRow = mask.bytesPerRow(), .depth = maskDepth}, raw,
-        pixmap_, context, {});
-    xcb_free_gc(raw, context);
-    xcb_render_create_picture(raw, picture_, pixmap_, format, 0, nullptr);
-  }
-  ~MaskPicture() {
-    xcb_render_free_picture(raw_, picture_);
-    xcb_free_pixmap(raw_, pixmap_);
-  }
-  MaskPicture(const MaskPicture&) = delete;
-  MaskPicture& operator=(const MaskPicture&) = delete;
-
-  xcb_render_picture_t id() const { return picture_; }
-
- private:
-  xcb_connection_t* raw_;
-  xcb_pixmap_t pixmap_;
-  xcb_render_picture_t picture_;
+struct TextDeleter {
+  void operator()(xcb_render_util_composite_text_stream_t* text) const { xcb_render_util_composite_text_free(text); }
 };
+using Text = std::unique_ptr<xcb_render_util_composite_text_stream_t, TextDeleter>;
+
+/// What is but ink, each at its place, as a text of glyphs.
+Text textOf(const PackedPicture& picture, GlyphSet& glyphs) {
+  const std::vector<PackedPicture::Detail>& details = picture.details();
+  Text text(xcb_render_util_composite_text_stream(glyphs.id(), static_cast<std::uint32_t>(details.size()), 0));
+  QPoint pen;
+  for (std::size_t index = 0; index < details.size(); ++index) {
+    if (!details[index].isInk()) {
+      continue;
+    }
+    const QPoint step = details[index].area.topLeft() - pen;
+    pen += step;
+    const std::uint32_t glyph = glyphs.glyph(details[index].shape, [&] { return picture.mask(index); });
+    xcb_render_util_glyphs_32(text.get(), static_cast<std::int16_t>(step.x()), static_cast<std::int16_t>(step.y()), 1,
+                              &glyph);
+  }
+  return text;
+}
 
 }  // namespace
 
-WindowInk::WindowInk(const NativeWindow& window, xcb_visualid_t visual, PictureFormats& formats)
-    : raw_(window.raw()), window_(window.id()), windowFormat_(formats.of(visual)), maskFormat_(formats.ofMasks()) {}
+WindowInk::WindowInk(const NativeWindow& window, xcb_visualid_t visual, GlyphSet& glyphs)
+    : raw_(window.raw()), window_(window.id()), windowFormat_(glyphs.formats().of(visual)), glyphs_(glyphs) {}
 
-void WindowInk::pour(std::uint32_t color, const InkMask& mask, Ground ground) const {
-  const MaskPicture picture(raw_, window_, maskFormat_, mask);
+void WindowInk::pour(const PackedPicture& picture) const {
+  const Text text = textOf(picture, glyphs_);
   const xcb_render_picture_t ink = xcb_generate_id(raw_);
   const xcb_render_picture_t window = xcb_generate_id(raw_);
-  xcb_render_create_solid_fill(raw_, ink, renderColor(color));
+  xcb_render_create_solid_fill(raw_, ink, renderColor(picture.ink().value()));
   xcb_render_create_picture(raw_, window, window_, windowFormat_, 0, nullptr);
-  const QRect& area = mask.area;
-  // What is covered in part only is darker then by itself.
-  const std::uint8_t operation = ground == Ground::Black ? XCB_RENDER_PICT_OP_SRC : XCB_RENDER_PICT_OP_OVER;
-  xcb_render_composite(raw_, operation, ink, picture.id(), window, 0, 0, 0, 0, static_cast<std::int16_t>(area.x()),
-                       static_cast<std::int16_t>(area.y()), static_cast<std::uint16_t>(area.width()),
-                       static_cast<std::uint16_t>(area.height()));
+  xcb_render_util_composite_text(raw_, XCB_RENDER_PICT_OP_OVER, ink, window, 0, 0, 0, text.get());
   xcb_render_free_picture(raw_, window);
   xcb_render_free_picture(raw_, ink);
+  glyphs_.trim();
 }
 
 }  // namespace roomlattice::platform::x11

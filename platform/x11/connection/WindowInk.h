@@ -1,49 +1,33 @@
 #pragma once
 
+#include "platform/x11/connection/GlyphSet.h"
 #include "platform/x11/connection/NativeWindow.h"
-#include "platform/x11/connection/PictureFormats.h"
+#include "platform/x11/connection/PackedPicture.h"
 
-#include <QRect>
-#include <cstddef>
 #include <cstdint>
-#include <vector>
 #include <xcb/render.h>
 
 namespace roomlattice::platform::x11 {
 
-/// How much of each pixel of an area is covered, 0–255, row by row; each row is followed by as many unused bytes as
-/// make its length a multiple of four.
-struct InkMask {
-  QRect area;  // in pixels of the window
-  std::vector<std::uint8_t> coverage;
-
-  std::size_t bytesPerRow() const { return (static_cast<std::size_t>(area.width()) + 3) / 4 * 4; }
-};
-
-/// Draws in one colour on a window, such as letters, by the server's RENDER extension: a quarter of what the pixels
-/// take goes to the server.
+/// Draws in one colour on a window, such as letters, by the server's RENDER extension. The server is sent a shape only
+/// when it does not have it from an earlier time.
 class WindowInk {
  public:
-  /// The window, which has that visual, must outlive it. Waits for the server only where the formats do.
-  WindowInk(const NativeWindow& window, xcb_visualid_t visual, PictureFormats& formats);
+  /// The window, which has that visual, and the set must outlive it. Waits for the server only where the set's formats
+  /// do.
+  WindowInk(const NativeWindow& window, xcb_visualid_t visual, GlyphSet& glyphs);
 
   /// Servers may lack the extension, or know no format for the window.
-  bool isAvailable() const { return windowFormat_ != 0 && maskFormat_ != 0; }
+  bool isAvailable() const { return windowFormat_ != 0 && glyphs_.id() != 0; }
 
-  enum class Ground {
-    AsItIs,
-    /// Black, whatever was there. On a window without alpha, this spares the server to read it.
-    Black,
-  };
-
-  /// Blends `color`, an opaque one of ARGB32, with the ground. Waits for nobody.
-  void pour(std::uint32_t color, const InkMask& mask, Ground ground) const;
+  /// Blends the details that are but ink with what is on the window; the picture must have an ink. Waits for nobody.
+  void pour(const PackedPicture& picture) const;
 
  private:
   xcb_connection_t* raw_;
   xcb_window_t window_;
   xcb_render_pictformat_t windowFormat_;
-  xcb_render_pictformat_t maskFormat_;
+  GlyphSet& glyphs_;
 };
 
 }  // namespace roomlattice::platform::x11

@@ -2,7 +2,6 @@
 
 #include "platform/x11/connection/PixelRows.h"
 
-#include <QRegion>
 #include <algorithm>
 #include <cstddef>
 #include <iterator>
@@ -11,12 +10,27 @@
 namespace roomlattice::platform::x11 {
 namespace {
 
-constexpr std::uint8_t depthWithoutAlpha = 24;
-constexpr std::uint32_t rgbMask = 0xffffff;
-
 xcb_rectangle_t rectangleOf(const QRect& area) {
   return {static_cast<std::int16_t>(area.x()), static_cast<std::int16_t>(area.y()),
           static_cast<std::uint16_t>(area.width()), static_cast<std::uint16_t>(area.height())};
+}
+
+/// A detail that is sent as it is.
+struct Copy {
+  QRect area;
+  std::vector<std::uint32_t> pixels;
+};
+
+enum class Ink { Poured, Copied };
+
+std::vector<Copy> copiesOf(const PackedPicture& picture, Ink ink) {
+  std::vector<Copy> copies;
+  for (std::size_t detail = 0; detail < picture.details().size(); ++detail) {
+    if (ink == Ink::Copied || !picture.details()[detail].isInk()) {
+      copies.push_back({.area = picture.details()[detail].area, .pixels = picture.pixels(detail)});
+    }
+  }
+  return copies;
 }
 
 }  // namespace
@@ -47,42 +61,29 @@ void WindowPicture::put(const QImage& picture, const QPoint& corner) {
   x11::put(rows, window_.raw(), window_.id(), context_, corner);
 }
 
-void WindowPicture::put(const PackedPicture& picture, PictureFormats& formats) {
+void WindowPicture::put(const PackedPicture& picture, GlyphSet& glyphs) {
   if (!ink_) {
-    ink_.emplace(window_, visual_, formats);
+    ink_.emplace(window_, visual_, glyphs);
   }
-  if (picture.ink() && ink_->isAvailable()) {
-    putInk(picture, *ink_);
-  } else {
-    putDetails(picture);
+  const bool poursInk = picture.ink() && ink_->isAvailable();
+  // Before anything is drawn, so that what is drawn comes without a pause.
+  const std::vector<Copy> copies = copiesOf(picture, poursInk ? Ink::Poured : Ink::Copied);
+  QRegion around(QRect(QPoint(), picture.size()));
+  for (const Copy& copy : copies) {
+    around -= copy.area;
   }
-}
-
-void WindowPicture::putInk(const PackedPicture& picture, const WindowInk& ink) {
-  const InkMask mask = picture.inkMask();
-  const bool isBlack = depth_ == depthWithoutAlpha && (picture.plateColor() & rgbMask) == 0;
-  const QRegion whole(QRect(QPoint(), picture.size()));
-  const QRegion plate = isBlack ? whole.subtracted(mask.area) : whole;
-  fill({plate.begin(), plate.end()}, picture.plateColor());
-  ink.pour(*picture.ink(), mask, isBlack ? WindowInk::Ground::Black : WindowInk::Ground::AsItIs);
-}
-
-void WindowPicture::putDetails(const PackedPicture& picture) {
-  // All of them first, so that what is drawn comes without a pause.
-  std::vector<std::vector<std::uint32_t>> details;
-  for (std::size_t index = 0; index < picture.details().size(); ++index) {
-    details.push_back(picture.pixels(index));
+  fill(around, picture.plateColor());
+  if (poursInk) {
+    ink_->pour(picture);
   }
-  fill(picture.plate(), picture.plateColor());
-  for (std::size_t index = 0; index < details.size(); ++index) {
-    const QRect& area = picture.details()[index];
-    const QImage part(reinterpret_cast<const uchar*>(details[index].data()), area.width(), area.height(),
-                      QImage::Format_ARGB32_Premultiplied);
-    put(part, area.topLeft());
+  for (const Copy& copy : copies) {
+    put(QImage(reinterpret_cast<const uchar*>(copy.pixels.data()), copy.area.width(), copy.area.height(),
+               QImage::Format_ARGB32_Premultiplied),
+        copy.area.topLeft());
   }
 }
 
-void WindowPicture::fill(const std::vector<QRect>& areas, std::uint32_t color) {
+void WindowPicture::fill(const QRegion& areas, std::uint32_t color) {
   std::vector<xcb_rectangle_t> rectangles;
   std::ranges::transform(areas, std::back_inserter(rectangles), rectangleOf);
   xcb_change_gc(window_.raw(), context_, XCB_GC_FOREGROUND, &color);

@@ -1,16 +1,15 @@
 #pragma once
 
+#include "platform/x11/connection/GlyphSet.h"
 #include "platform/x11/connection/NativeWindow.h"
 #include "platform/x11/connection/PackedPicture.h"
-#include "platform/x11/connection/PictureFormats.h"
 #include "platform/x11/connection/WindowInk.h"
 
 #include <QImage>
 #include <QPoint>
-#include <QRect>
+#include <QRegion>
 #include <cstdint>
 #include <optional>
-#include <vector>
 
 namespace roomlattice::platform::x11 {
 
@@ -28,13 +27,11 @@ class WindowPicture {
   /// for nobody.
   void put(const QImage& picture, const QPoint& corner);
 
-  /// The same for all of the window. Waits for the server only where the formats, always the same ones, do.
-  void put(const PackedPicture& picture, PictureFormats& formats);
+  /// The same for all of the window. Waits for the server only where the set's formats do.
+  void put(const PackedPicture& picture, GlyphSet& glyphs);
 
  private:
-  void fill(const std::vector<QRect>& areas, std::uint32_t color);
-  void putInk(const PackedPicture& picture, const WindowInk& ink);
-  void putDetails(const PackedPicture& picture);
+  void fill(const QRegion& areas, std::uint32_t color);
 
   const NativeWindow& window_;
   xcb_gcontext_t context_;

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "platform/x11/connection/CompositorWatch.h"
+#include "platform/x11/connection/GlyphSet.h"
+#include "platform/x11/connection/NativeWindow.h"
 #include "platform/x11/connection/PictureFormats.h"
 #include "platform/x11/connection/WindowManagerWatch.h"
 #include "platform/x11/connection/X11Connection.h"
@@ -27,6 +29,7 @@ struct OverlayEnvironment {
   std::chrono::milliseconds longestUnseen;
   OverlayStack stack;
   PictureFormats formats{connection};
+  GlyphSet glyphs{toolkitConnection(), formats};
 };
 
 }  // namespace roomlattice::platform::x11

@@ -33,7 +33,7 @@ OverlayPane::~OverlayPane() {
 void OverlayPane::show(View* view) {
   picture_.reset();
   if (view != nullptr) {
-    picture_.emplace(*view, surface_, native_, environment_.formats);
+    picture_.emplace(*view, surface_, native_, environment_.glyphs);
     surface_.update();
   }
 }

@@ -8,8 +8,8 @@
 
 namespace roomlattice::platform::x11 {
 
-OverlayPicture::OverlayPicture(View& view, QWidget& surface, NativeWindow& window, PictureFormats& formats)
-    : view_(view), surface_(surface), window_(window), formats_(formats), drawing_(view, surface) {
+OverlayPicture::OverlayPicture(View& view, QWidget& surface, NativeWindow& window, GlyphSet& glyphs)
+    : view_(view), surface_(surface), window_(window), glyphs_(glyphs), drawing_(view, surface) {
   surface_.setAccessibleName(drawing_.visibleText());
   view_.setHost(this);
 }
@@ -38,7 +38,7 @@ void OverlayPicture::draw() {
     }
   }
   if (packed_) {
-    onScreen_.put(*packed_, formats_);
+    onScreen_.put(*packed_, glyphs_);
   }
   window_.flush();
 }

@@ -15,7 +15,7 @@ namespace roomlattice::platform::x11 {
 class OverlayPicture final : public ViewHost {
  public:
   /// `surface` has no paint engine, and has draw() called when the window is to be drawn. `window` is the same one.
-  OverlayPicture(View& view, QWidget& surface, NativeWindow& window, PictureFormats& formats);
+  OverlayPicture(View& view, QWidget& surface, NativeWindow& window, GlyphSet& glyphs);
   ~OverlayPicture() override;
   OverlayPicture(const OverlayPicture&) = delete;
   OverlayPicture& operator=(const OverlayPicture&) = delete;
@@ -48,7 +48,7 @@ class OverlayPicture final : public ViewHost {
   View& view_;
   QWidget& surface_;
   NativeWindow& window_;
-  PictureFormats& formats_;
+  GlyphSet& glyphs_;
   ViewDrawing drawing_;
   Blending blending_;
   Look packedLook_;

@@ -7,22 +7,19 @@
 namespace roomlattice::tests {
 namespace {
 
-using platform::x11::InkMask;
+using platform::x11::GlyphMask;
 using platform::x11::PackedPicture;
 
 QImage unpacked(const PackedPicture& packed) {
   QImage image(packed.size(), QImage::Format_ARGB32_Premultiplied);
-  image.fill(Qt::magenta);
   const auto set = [&image](const QPoint& place, std::uint32_t pixel) {
     reinterpret_cast<std::uint32_t*>(image.scanLine(place.y()))[place.x()] = pixel;
   };
-  for (const QRect& area : packed.plate()) {
-    for (int at = 0; at < area.width() * area.height(); ++at) {
-      set(area.topLeft() + QPoint(at % area.width(), at / area.width()), packed.plateColor());
-    }
+  for (int at = 0; at < image.width() * image.height(); ++at) {
+    set(QPoint(at % image.width(), at / image.width()), packed.plateColor());
   }
   for (std::size_t detail = 0; detail < packed.details().size(); ++detail) {
-    const QRect& area = packed.details()[detail];
+    const QRect& area = packed.details()[detail].area;
     const std::vector<std::uint32_t> pixels = packed.pixels(detail);
     for (std::size_t at = 0; at < pixels.size(); ++at) {
       const int offset = static_cast<int>(at);
@@ -57,7 +54,6 @@ TEST(PackedPictureTest, IsAllPlateWhereThereIsNothingElse) {
   QImage image(40, 40, QImage::Format_ARGB32_Premultiplied);
   image.fill(Qt::red);
   const PackedPicture packed = PackedPicture::of(image).value();
-  EXPECT_EQ(packed.plate(), std::vector{image.rect()});
   EXPECT_TRUE(packed.details().empty());
   EXPECT_EQ(packed.plateColor(), 0xffff0000U);
 }
@@ -94,42 +90,91 @@ QImage letters(const QColor& plate, const QColor& ink) {
   return image;
 }
 
-int blended(int from, int to, int coverage) {
-  return from + (to - from) * coverage / 255;
+/// What the picture is with `coverage` of an opaque white over a translucent black.
+int blended(int from, int coverage) {
+  return from + (255 - from) * coverage / 255;
+}
+
+void expectInk(const QImage& image, const QRect& area, const GlyphMask& mask) {
+  ASSERT_EQ(mask.size, area.size());
+  ASSERT_EQ(mask.coverage.size(), mask.bytesPerRow() * static_cast<std::size_t>(area.height()));
+  for (int y = 0; y < area.height(); ++y) {
+    for (int x = 0; x < area.width(); ++x) {
+      const int coverage =
+          mask.coverage[static_cast<std::size_t>(y) * mask.bytesPerRow() + static_cast<std::size_t>(x)];
+      const QPoint place = area.topLeft() + QPoint(x, y);
+      const auto pixel = reinterpret_cast<const std::uint32_t*>(image.constScanLine(place.y()))[place.x()];
+      EXPECT_NEAR(qAlpha(pixel), blended(199, coverage), 1) << place.x() << "," << place.y();
+      EXPECT_NEAR(qRed(pixel), blended(0, coverage), 1) << place.x() << "," << place.y();
+    }
+  }
 }
 
 TEST(PackedPictureTest, IsItsInkOverItsPlateWhereItHasNoOtherColor) {
   const QImage image = letters(QColor(0, 0, 0, 199), Qt::white);
   const PackedPicture packed = PackedPicture::of(image).value();
   ASSERT_EQ(packed.ink(), 0xffffffffU);
-  const InkMask mask = packed.inkMask();
-  ASSERT_EQ(mask.coverage.size(), mask.bytesPerRow() * static_cast<std::size_t>(mask.area.height()));
-  EXPECT_TRUE(mask.area.contains(QRect(18, 13, 61, 50)));
-  const std::uint32_t plate = packed.plateColor();
-  for (int y = 0; y < image.height(); ++y) {
-    for (int x = 0; x < image.width(); ++x) {
-      const QPoint in = QPoint(x, y) - mask.area.topLeft();
-      const int coverage =
-          !mask.area.contains(x, y)
-              ? 0
-              : mask.coverage[static_cast<std::size_t>(in.y()) * mask.bytesPerRow() + static_cast<std::size_t>(in.x())];
-      const auto pixel = reinterpret_cast<const std::uint32_t*>(image.constScanLine(y))[x];
-      EXPECT_NEAR(qAlpha(pixel), blended(qAlpha(plate), 255, coverage), 1) << x << "," << y;
-      EXPECT_NEAR(qRed(pixel), blended(qRed(plate), 255, coverage), 1) << x << "," << y;
-    }
+  ASSERT_EQ(packed.details().size(), 2U);
+  for (std::size_t detail = 0; detail < packed.details().size(); ++detail) {
+    ASSERT_TRUE(packed.details()[detail].isInk());
+    expectInk(image, packed.details()[detail].area, packed.mask(detail));
   }
 }
 
-TEST(PackedPictureTest, HasNoInkWhereItHasSeveralColors) {
+TEST(PackedPictureTest, KnowsTheSameLetterAgain) {
+  QImage twice(160, 77, QImage::Format_ARGB32_Premultiplied);
+  twice.fill(Qt::black);
+  QPainter painter(&twice);
+  painter.drawImage(QPoint(0, 0), letters(Qt::black, Qt::white).copy(0, 0, 50, 77));
+  painter.drawImage(QPoint(50, 3), letters(Qt::black, Qt::white).copy(0, 0, 50, 70));
+  painter.drawImage(QPoint(100, 0), letters(Qt::black, Qt::white).copy(50, 0, 50, 77));
+  painter.end();
+  const PackedPicture packed = PackedPicture::of(twice).value();
+  ASSERT_EQ(packed.details().size(), 3U);
+  EXPECT_EQ(packed.details()[0].shape, packed.details()[1].shape);
+  EXPECT_NE(packed.details()[0].shape, packed.details()[2].shape);
+}
+
+TEST(PackedPictureTest, TellsShapesOfDifferentSizesApart) {
+  // Both are the same bytes, row after row.
+  QImage image(40, 40, QImage::Format_ARGB32_Premultiplied);
+  image.fill(Qt::black);
+  QPainter painter(&image);
+  painter.fillRect(QRect(4, 4, 8, 4), Qt::white);
+  painter.fillRect(QRect(20, 4, 4, 8), Qt::white);
+  painter.end();
+  const PackedPicture packed = PackedPicture::of(image).value();
+  ASSERT_EQ(packed.details().size(), 2U);
+  EXPECT_EQ(packed.mask(0).coverage, packed.mask(1).coverage);
+  EXPECT_NE(packed.details()[0].shape, packed.details()[1].shape);
+}
+
+TEST(PackedPictureTest, HasNoInkInADetailOfSeveralColors) {
   QImage image = letters(Qt::black, Qt::white);
-  image.setPixel(50, 38, 0xffff0000U);
-  EXPECT_EQ(PackedPicture::of(image).value().ink(), std::nullopt);
-  EXPECT_EQ(PackedPicture::of(label({64, 48})).value().ink(), std::nullopt);
+  image.setPixel(30, 38, 0xffff0000U);
+  const PackedPicture packed = PackedPicture::of(image).value();
+  ASSERT_EQ(packed.details().size(), 2U);
+  EXPECT_FALSE(packed.details()[0].isInk());
+  EXPECT_TRUE(packed.details()[1].isInk());
+}
+
+TEST(PackedPictureTest, HasInkBetweenRoundCornersButNotInThem) {
+  const PackedPicture packed = PackedPicture::of(label({64, 48})).value();
+  ASSERT_EQ(packed.details().size(), 5U);
+  for (const PackedPicture::Detail& detail : packed.details()) {
+    EXPECT_EQ(detail.isInk(), detail.area.contains(32, 24)) << detail.area.x() << "," << detail.area.y();
+  }
+}
+
+TEST(PackedPictureTest, HasNoInkWhereNothingIsOpaque) {
+  const PackedPicture packed = PackedPicture::of(letters(QColor(0, 0, 0, 100), QColor(255, 0, 0, 200))).value();
+  EXPECT_EQ(packed.ink(), std::nullopt);
+  EXPECT_FALSE(packed.details().at(0).isInk());
 }
 
 TEST(PackedPictureTest, OfNothingIsNothing) {
   const PackedPicture packed = PackedPicture::of(QImage()).value();
-  EXPECT_TRUE(packed.plate().empty());
+  EXPECT_TRUE(packed.size().isEmpty());
   EXPECT_TRUE(packed.details().empty());
 }
 
