@@ -12,6 +12,7 @@
 #include <cmath>
 
 #include "tests/macos/MainLoop.h"
+#include "tests/macos/NativeWindow.h"
 #include "tests/macos/PlateView.h"
 #include "tests/macos/supplement/Animation.h"
 #include "tests/macos/supplement/Views.h"
@@ -21,19 +22,15 @@ namespace {
 
 using namespace std::chrono_literals;
 using gnustep::AnimationRecord;
+using tests::nativeWindow;
 using tests::PlateView;
 using tests::plateWindowFrame;
 using tests::runUntil;
 
-/// The NSWindow with this number.
-NSWindow* native(const Window& window) {
-  return [NSApp windowWithWindowNumber:window.number()];
-}
-
 TEST(MacWindowOnGnustepTest, ShowsItsViewOnALayer) {
   MacWindow window({.frame = plateWindowFrame});
   window.setContentView(std::make_unique<PlateView>());
-  NSView* view = [native(window) contentView];
+  NSView* view = [nativeWindow(window) contentView];
   ASSERT_TRUE([view wantsLayer]);
   EXPECT_EQ(toColor((NSColor*)[[view layer] backgroundColor]), (Color{0.0, 0.0, 0.0, 0.78}));
   EXPECT_EQ([[view layer] cornerRadius], 40.0);
@@ -50,9 +47,9 @@ TEST(MacWindowOnGnustepTest, ShowsItsViewOnALayer) {
 
 TEST(MacWindowOnGnustepTest, HasItsShadowFollowItsSize) {
   MacWindow window({.frame = plateWindowFrame});
-  const int before = gnustep::shadowChanges(native(window));
+  const int before = gnustep::shadowChanges(nativeWindow(window));
   window.setFrame({plateWindowFrame.origin, {200.0, 60.0}});
-  EXPECT_GT(gnustep::shadowChanges(native(window)), before);
+  EXPECT_GT(gnustep::shadowChanges(nativeWindow(window)), before);
 }
 
 // With pixels of several points, as GNUstep's own windows stand on whole points.
@@ -71,11 +68,11 @@ TEST(MacWindowOnGnustepTest, StandsOnWholePixels) {
 TEST(MacWindowOnGnustepTest, ShowsItsPartsOnWholePixelsWithAllTheirRoom) {
   MacWindow window({.frame = plateWindowFrame});
   window.setContentView(std::make_unique<PlateView>());
-  NSTextField* label = [[[native(window) contentView] subviews] objectAtIndex:0];
+  NSTextField* label = [[[nativeWindow(window) contentView] subviews] objectAtIndex:0];
   const NSRect exact = [label frame];
   // As when the window comes to a screen with other pixels.
   gnustep::setBackingScale(1.0 / 16.0);
-  [[native(window) contentView] viewDidChangeBackingProperties];
+  [[nativeWindow(window) contentView] viewDidChangeBackingProperties];
   gnustep::setBackingScale(std::nullopt);
   const NSRect frame = [label frame];
   EXPECT_TRUE(NSContainsRect(frame, exact));

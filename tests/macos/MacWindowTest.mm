@@ -10,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/macos/MainLoop.h"
+#include "tests/macos/NativeWindow.h"
 #include "tests/macos/PlateView.h"
 
 namespace roomlattice::platform::macos {
@@ -19,19 +20,15 @@ using namespace std::chrono_literals;
 using tests::runUntil;
 
 using tests::PlateView;
+using tests::nativeWindow;
 using tests::plateWindowFrame;
-
-/// The NSWindow with this number.
-NSWindow* native(const Window& window) {
-  return [NSApp windowWithWindowNumber:window.number()];
-}
 
 TEST(MacWindowTest, IsBorderlessClearAndClickThrough) {
   const MacWindow window({.frame = plateWindowFrame,
                           .level = WindowLevel::StatusWindow,
                           .collectionBehavior = CollectionBehavior::CanJoinAllSpaces | CollectionBehavior::Stationary |
                                                 CollectionBehavior::IgnoresCycle});
-  NSWindow* made = native(window);
+  NSWindow* made = nativeWindow(window);
   ASSERT_NE(made, nil);
   EXPECT_EQ([made styleMask], 0U);
   EXPECT_FALSE([made isOpaque]);
@@ -47,9 +44,9 @@ TEST(MacWindowTest, IsBorderlessClearAndClickThrough) {
 
 TEST(MacWindowTest, ChangesItsBehaviourAndFrame) {
   MacWindow window({.frame = plateWindowFrame});
-  EXPECT_EQ([native(window) level], 3);
+  EXPECT_EQ([nativeWindow(window) level], 3);
   window.setCollectionBehavior(CollectionBehavior::Transient | CollectionBehavior::IgnoresCycle);
-  EXPECT_EQ([native(window) collectionBehavior], 72U);
+  EXPECT_EQ([nativeWindow(window) collectionBehavior], 72U);
   window.setFrame({{10.0, 20.0}, {300.0, 50.0}});
   EXPECT_EQ(window.frame(), (Rect{{10.0, 20.0}, {300.0, 50.0}}));
 }
@@ -57,16 +54,16 @@ TEST(MacWindowTest, ChangesItsBehaviourAndFrame) {
 TEST(MacWindowTest, ShowsWithoutTakingTheKeyboard) {
   MacWindow window({.frame = plateWindowFrame, .alpha = 1.0});
   window.orderFront();
-  EXPECT_TRUE([native(window) isVisible]);
-  EXPECT_FALSE([native(window) isKeyWindow]);
+  EXPECT_TRUE([nativeWindow(window) isVisible]);
+  EXPECT_FALSE([nativeWindow(window) isKeyWindow]);
   window.orderOut();
-  EXPECT_FALSE([native(window) isVisible]);
+  EXPECT_FALSE([nativeWindow(window) isVisible]);
 }
 
 TEST(MacWindowTest, LeavesTheTextTheRoomItAskedFor) {
   MacWindow window({.frame = plateWindowFrame});
   window.setContentView(std::make_unique<PlateView>());
-  NSTextField* label = [[[native(window) contentView] subviews] objectAtIndex:0];
+  NSTextField* label = [[[nativeWindow(window) contentView] subviews] objectAtIndex:0];
   const NSSize cell = [[label cell] cellSize];
   const Size text = textSize("Mail", {.size = 30.0, .weight = FontWeight::Heavy});
   EXPECT_NEAR(NSWidth([label frame]) - (cell.width - text.width), 300.0, 0.001);
@@ -77,7 +74,7 @@ TEST(MacWindowTest, LeavesTheTextTheRoomItAskedFor) {
 TEST(MacWindowTest, TurnsASpinnerForDarkSurroundings) {
   MacWindow window({.frame = plateWindowFrame});
   window.setContentView(std::make_unique<PlateView>());
-  NSProgressIndicator* spinner = [[[native(window) contentView] subviews] objectAtIndex:1];
+  NSProgressIndicator* spinner = [[[nativeWindow(window) contentView] subviews] objectAtIndex:1];
   EXPECT_EQ([spinner style], NSProgressIndicatorStyleSpinning);
   EXPECT_TRUE([spinner isIndeterminate]);
   EXPECT_EQ([spinner controlSize], NSControlSizeRegular);
@@ -89,7 +86,7 @@ TEST(MacWindowTest, FollowsItsView) {
   MacWindow window({.frame = plateWindowFrame});
   window.setContentView(std::make_unique<PlateView>());
   static_cast<PlateView*>(window.contentView())->setText("Música");
-  NSTextField* label = [[[native(window) contentView] subviews] objectAtIndex:0];
+  NSTextField* label = [[[nativeWindow(window) contentView] subviews] objectAtIndex:0];
   EXPECT_EQ(toString([label stringValue]), "Música");
 }
 
@@ -97,7 +94,7 @@ TEST(MacWindowTest, SetsItsAlphaAtOnce) {
   MacWindow window({.frame = plateWindowFrame});
   window.setAlpha(0.78);
   EXPECT_EQ(window.alpha(), 0.78);
-  EXPECT_NEAR([native(window) alphaValue], 0.78, 1e-6);
+  EXPECT_NEAR([nativeWindow(window) alphaValue], 0.78, 1e-6);
 }
 
 TEST(MacWindowTest, EndsAnAnimationWhenItsAlphaIsSet) {
@@ -107,7 +104,7 @@ TEST(MacWindowTest, EndsAnAnimationWhenItsAlphaIsSet) {
   window.setAlpha(0.5);
   tests::runFor(300ms);
   EXPECT_EQ(window.alpha(), 0.5);
-  EXPECT_NEAR([native(window) alphaValue], 0.5, 1e-6);
+  EXPECT_NEAR([nativeWindow(window) alphaValue], 0.5, 1e-6);
   EXPECT_FALSE(completed);
 }
 
@@ -119,7 +116,7 @@ TEST(MacWindowTest, ReplacesARunningAnimation) {
   EXPECT_TRUE(runUntil([&] { return !ended.empty(); }));
   tests::runFor(300ms);
   EXPECT_EQ(ended, "b");
-  EXPECT_NEAR([native(window) alphaValue], 0.6, 1e-6);
+  EXPECT_NEAR([nativeWindow(window) alphaValue], 0.6, 1e-6);
 }
 
 TEST(MacWindowTest, MayBeOwnedByTheCompletionOfItsAnimation) {
