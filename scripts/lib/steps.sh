@@ -22,6 +22,46 @@ run_step() {
   finish_step "$name" "$status" $((SECONDS - started))
 }
 
+begun_folder=
+begun_steps=()
+begun_processes=()
+
+# begin_step NAME COMMAND...: like run_step, beside what comes next. What it prints comes with await_steps.
+begin_step() {
+  local name=$1 outcome
+  shift
+  begun_folder=${begun_folder:-$(mktemp -d)}
+  outcome=$begun_folder/${#begun_steps[@]}
+  (
+    started=$SECONDS status=0
+    set +e
+    (
+      set -euo pipefail
+      "$@"
+    ) >"$outcome.output" 2>&1
+    status=$?
+    printf '%s %s\n' "$status" $((SECONDS - started)) >"$outcome"
+  ) &
+  begun_steps+=("$name")
+  begun_processes+=($!)
+}
+
+# Tells how the steps ended that were begun.
+await_steps() {
+  local index status seconds
+  for index in "${!begun_steps[@]}"; do
+    wait "${begun_processes[index]}" || true
+    heading "${begun_steps[index]}"
+    cat "$begun_folder/$index.output"
+    read -r status seconds <"$begun_folder/$index" || status=1 seconds=0
+    finish_step "${begun_steps[index]}" "$status" "$seconds"
+  done
+  rm -rf "${begun_folder:?}"
+  begun_folder=
+  begun_steps=()
+  begun_processes=()
+}
+
 finish_step() {
   local name=$1 status=$2 seconds=$3 result=ok
   if [[ $status != 0 ]]; then
