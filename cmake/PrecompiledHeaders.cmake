@@ -1,5 +1,6 @@
 # Headers that nearly every source of a target reads are compiled once, where ROOMLATTICE_PRECOMPILED_HEADERS is ON. The
 # sources do not count on it: scripts/check-includes sees that each has what it needs of the standard library.
+# It pays for targets of many sources: where these are joined, three that read the same are about even.
 set(precompiled_standard_headers <algorithm> <chrono> <functional> <map> <memory> <optional> <string> <utility> <variant>
                                  <vector>)
 

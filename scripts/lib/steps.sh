@@ -31,7 +31,10 @@ begin_step() {
   local name=$1 outcome
   shift
   begun_folder=${begun_folder:-$(mktemp -d)}
+  trap end_begun_steps EXIT
   outcome=$begun_folder/${#begun_steps[@]}
+  # In a process group of its own, all of which can be ended.
+  set -m
   (
     started=$SECONDS status=0
     set +e
@@ -42,6 +45,7 @@ begin_step() {
     status=$?
     printf '%s %s\n' "$status" $((SECONDS - started)) >"$outcome"
   ) &
+  set +m
   begun_steps+=("$name")
   begun_processes+=($!)
 }
@@ -51,12 +55,21 @@ await_steps() {
   local index status seconds
   for index in "${!begun_steps[@]}"; do
     wait "${begun_processes[index]}" || true
+    unset "begun_processes[index]"
     heading "${begun_steps[index]}"
     cat "$begun_folder/$index.output"
     read -r status seconds <"$begun_folder/$index" || status=1 seconds=0
     finish_step "${begun_steps[index]}" "$status" "$seconds"
   done
-  rm -rf "${begun_folder:?}"
+  end_begun_steps
+}
+
+end_begun_steps() {
+  local process
+  for process in ${begun_processes[@]+"${begun_processes[@]}"}; do
+    kill -- "-$process" 2>/dev/null || true
+  done
+  rm -rf "$begun_folder"
   begun_folder=
   begun_steps=()
   begun_processes=()
