@@ -16,6 +16,9 @@ using std::chrono::milliseconds;
 constexpr std::array retryDelays = {milliseconds(50), milliseconds(150), milliseconds(500), milliseconds(1500),
                                     milliseconds(5000)};
 
+/// How long after its first redirected window it may be busy with its start.
+constexpr milliseconds settlingTime(1000);
+
 constexpr std::uint32_t ownerEvents = XCB_XFIXES_SELECTION_EVENT_MASK_SET_SELECTION_OWNER |
                                       XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_WINDOW_DESTROY |
                                       XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_CLIENT_CLOSE;
@@ -76,6 +79,7 @@ void CompositorWatch::update() {
   if (owned && !now && retries_ < retryDelays.size()) {
     retry_.start(retryDelays[retries_++]);
   }
+  now ? settle_.start(settlingTime) : settle_.stop();
   if (std::exchange(compositing_, now) != now) {
     listeners_.notify();
   }

@@ -19,7 +19,9 @@ class CompositorWatch {
 
   bool isCompositing() const { return compositing_; }
 
-  /// Calls `handler` after each change.
+  /// Calls `handler` after each change, and once more a second after compositing has begun, when what was drawn
+  /// meanwhile is to be drawn again: some compositing managers (picom 12) do not see that as long as they start, and
+  /// leave the window out until it is drawn again.
   Registration observe(std::function<void()> handler);
 
  private:
@@ -32,6 +34,7 @@ class CompositorWatch {
   bool compositing_ = false;
   std::size_t retries_ = 0;
   linux::OneShotTimer retry_{[this] { update(); }};
+  linux::OneShotTimer settle_{[this] { listeners_.notify(); }};
   Listeners<> listeners_;
   Registration selectionEvents_;
 };

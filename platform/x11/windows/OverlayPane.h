@@ -42,6 +42,9 @@ class OverlayPane {
   /// Gives the window its place, in Qt's coordinates; false when it had that place already.
   bool place(const QRect& frame) { return surface_.place(frame); }
 
+  /// Draws the view, which is otherwise drawn by itself when it has to be.
+  void draw();
+
   void setBlending(const Blending& blending);
   void setOpacity(double opacity);
 
@@ -62,7 +65,6 @@ class OverlayPane {
   Shape shapeOf(Cut cut) const;
   void prepareToAppear();
   void appearAgain();
-  void draw();
   void listen(std::function<void()> mapped);
   void reparented(const xcb_reparent_notify_event_t& reparent);
   void passOpacityOn();

@@ -36,7 +36,7 @@ X11Window::X11Window(OverlayEnvironment& environment, const OverlayWindowOptions
       alpha_(options.alpha, [this] { present(); }),
       paintsOpacity_(environment.windowManager.traits().ignoresOpacity) {
   makePane();
-  compositorChanges_ = environment_.compositor.observe([this] { changeDepth(); });
+  compositorChanges_ = environment_.compositor.observe([this] { compositorChanged(); });
   managementChanges_ = environment_.management.observe([this] { mapAnew(); });
   desktopChanges_ = environment_.desktops.observe([this] {
     if (!environment_.management.mayWaitOnDesktops()) {
@@ -131,13 +131,25 @@ bool X11Window::isWantedOnScreen() const {
   return orderedIn_ && pane_->desktop().mayBeSeen() && (staysUnseen || isToBeSeen());
 }
 
+OverlaySurface::Depth X11Window::wantedDepth() const {
+  return blends() || !screenTakesPictures() ? OverlaySurface::Depth::WithAlpha : OverlaySurface::Depth::OfScreen;
+}
+
 void X11Window::makePane() {
-  const auto depth =
-      blends() || !screenTakesPictures() ? OverlaySurface::Depth::WithAlpha : OverlaySurface::Depth::OfScreen;
-  pane_.emplace(environment_, level_, behavior_, depth, [this] { alpha_.release(); });
+  depth_ = wantedDepth();
+  pane_.emplace(environment_, level_, behavior_, depth_, [this] { alpha_.release(); });
   pane_->place(place());
   pane_->show(view_.get());
   applyLook();
+}
+
+void X11Window::compositorChanged() {
+  if (depth_ != wantedDepth()) {
+    changeDepth();
+  } else {
+    present();
+    pane_->draw();
+  }
 }
 
 void X11Window::changeDepth() {

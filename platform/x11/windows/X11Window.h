@@ -45,7 +45,9 @@ class X11Window final : public Window {
   bool isComingUp() const;
   bool isWantedOnScreen() const;
 
+  OverlaySurface::Depth wantedDepth() const;
   void makePane();
+  void compositorChanged();
   void changeDepth();
 
   /// Brings what is on the screen in line with what was asked for.
@@ -60,6 +62,7 @@ class X11Window final : public Window {
   Rect frame_;
   bool orderedIn_ = false;
   std::unique_ptr<View> view_;
+  OverlaySurface::Depth depth_ = OverlaySurface::Depth::OfScreen;  // the pane's
   std::optional<OverlayPane> pane_;
   AlphaAnimation alpha_;
   bool paintsOpacity_ = false;

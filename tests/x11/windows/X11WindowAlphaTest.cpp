@@ -2,7 +2,11 @@
 
 #include "tests/x11/windows/X11WindowFixture.h"
 
+#include <cstdint>
 #include <gtest/gtest.h>
+#include <memory>
+#include <string>
+#include <xcb/composite.h>
 
 namespace roomlattice::tests {
 namespace {
@@ -184,6 +188,54 @@ TEST_F(X11WindowAlphaTest, FollowsACompositorThatComesAndGoes) {
   // It must not turn up as an opaque plate.
   EXPECT_TRUE(waitFor([&] { return probe(*window).isCutToNothing(); }));
   EXPECT_TRUE(centerBecomes(Qt::blue));
+}
+
+/// A compositing manager that has the server do all the work. It goes with its connection.
+class PlainCompositor {
+ public:
+  PlainCompositor() {
+    xcb_connection_t* raw = connection_->raw();
+    const auto version = xcb_composite_query_version(raw, 0, 4);
+    platform::x11::replyTo(raw, version, xcb_composite_query_version_reply);
+    xcb_composite_redirect_subwindows(raw, connection_->root(), XCB_COMPOSITE_REDIRECT_AUTOMATIC);
+    start();
+  }
+
+  /// Says that it has just started.
+  void start() {
+    xcb_connection_t* raw = connection_->raw();
+    const xcb_window_t owner = xcb_generate_id(raw);
+    xcb_create_window(raw, XCB_COPY_FROM_PARENT, owner, connection_->root(), -1, -1, 1, 1, 0,
+                      XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, 0, nullptr);
+    const std::string selection = "_NET_WM_CM_S" + std::to_string(connection_->screenNumber());
+    xcb_set_selection_owner(raw, owner, connection_->atom(selection), XCB_CURRENT_TIME);
+    connection_->waitForServer();
+  }
+
+  /// Shows the window as if it had not seen it drawn.
+  void overlook(const Window& window) {
+    xcb_connection_t* raw = connection_->raw();
+    const auto id = static_cast<xcb_window_t>(window.number());
+    const xcb_gcontext_t context = xcb_generate_id(raw);
+    constexpr std::uint32_t green = 0xff00ff00;
+    xcb_create_gc(raw, context, id, XCB_GC_FOREGROUND, &green);
+    constexpr xcb_rectangle_t everything = {0, 0, 2000, 2000};
+    xcb_poly_fill_rectangle(raw, id, context, 1, &everything);
+    xcb_free_gc(raw, context);
+    connection_->waitForServer();
+  }
+
+ private:
+  std::unique_ptr<platform::x11::X11Connection> connection_ = platform::x11::X11Connection::open();
+};
+
+TEST_F(X11WindowAlphaTest, IsDrawnAgainForACompositorThatWasStillStarting) {
+  PlainCompositor compositor;
+  const auto window = makeOn(0);
+  ASSERT_TRUE(centerBecomes(Qt::red));
+  compositor.start();
+  compositor.overlook(*window);
+  EXPECT_TRUE(centerBecomes(Qt::red));
 }
 
 TEST_F(X11WindowAlphaTest, StaysWithTheWindowManagerWhileItIsNotSeen) {
