@@ -6,6 +6,7 @@
 #include <QAction>
 #include <QGuiApplication>
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QScreen>
 #include <QWidgetAction>
 #include <algorithm>
@@ -42,8 +43,6 @@ CommandRow::Style styleBeside(const HostedView* row, const Color& accent) {
 MenuSession::MenuSession(Menu& menu, const QRect& anchor, const Color& accent, QObject& owner,
                          std::function<void()> closed)
     : closed_(std::move(closed)), popup_(std::make_unique<QMenu>()) {
-  // The click that closes the menu is not to open it again.
-  popup_->setAttribute(Qt::WA_NoMouseReplay);
   popup_->setAccessibleName(QStringLiteral("Desktops"));
   menu.needsUpdate(menu);
   addItems(menu, accent, owner);
@@ -176,8 +175,32 @@ void MenuSession::choose(QAction& action) {
 }
 
 bool MenuSession::eventFilter(QObject* watched, QEvent* event) {
-  return (event->type() == QEvent::KeyPress && work(static_cast<const QKeyEvent&>(*event))) ||
-         QObject::eventFilter(watched, event);
+  switch (event->type()) {
+    case QEvent::KeyPress:
+      return work(static_cast<const QKeyEvent&>(*event));
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+      return press(static_cast<const QMouseEvent&>(*event));
+    case QEvent::MouseButtonRelease:
+      return release(static_cast<const QMouseEvent&>(*event));
+    default:
+      return QObject::eventFilter(watched, event);
+  }
+}
+
+/// The toolkit would close the menu at once. Whoever is under the pointer would hear of the release then, for which
+/// some panels open the menu again.
+bool MenuSession::press(const QMouseEvent& event) {
+  isPressedOutside_ = !popup_->rect().contains(event.position().toPoint());
+  return isPressedOutside_;
+}
+
+bool MenuSession::release(const QMouseEvent& event) {
+  if (!isPressedOutside_ || event.buttons() != Qt::NoButton) {
+    return false;
+  }
+  popup_->close();
+  return true;
 }
 
 bool MenuSession::work(const QKeyEvent& key) {

@@ -15,8 +15,8 @@ namespace roomlattice::platform::x11 {
 
 /// A menu while it is open: a native popup with the menu's items, worked by mouse and keyboard. Beside the toolkit's
 /// own keys and the commands' shortcuts, F2 presses the button of the row under the cursor, which renames it; digits
-/// choose a row by its number, and letters move the cursor to a name. The rows are hosted exactly as long as the
-/// session lives.
+/// choose a row by its number, and letters move the cursor to a name. A click beside the menu closes it, and is heard
+/// by nobody else. The rows are hosted exactly as long as the session lives.
 class MenuSession final : private QObject {
  public:
   /// Has the menu brought up to date and opens it below `anchor`, in Qt's coordinates, with their right edges in line;
@@ -47,6 +47,8 @@ class MenuSession final : private QObject {
   void choose(QAction& action);
 
   bool eventFilter(QObject* watched, QEvent* event) override;
+  bool press(const QMouseEvent& event);
+  bool release(const QMouseEvent& event);
   bool work(const QKeyEvent& key);
   bool runShortcut(const QKeyEvent& key);
   bool pressButton();
@@ -61,6 +63,7 @@ class MenuSession final : private QObject {
   std::vector<Row> rows_;
   HostedView* highlighted_ = nullptr;
   MenuTyping typing_;
+  bool isPressedOutside_ = false;
 };
 
 }  // namespace roomlattice::platform::x11

@@ -14,7 +14,8 @@ PlainWindow::PlainWindow(const QRect& frame, const QColor& color) : connection_(
   xcb_connection_t* raw = connection_->raw();
   window_ = xcb_generate_id(raw);
   const std::array<std::uint32_t, 2> values = {
-      color.rgb() & 0xFFFFFF, XCB_EVENT_MASK_BUTTON_PRESS | XCB_EVENT_MASK_KEY_PRESS | XCB_EVENT_MASK_STRUCTURE_NOTIFY};
+      color.rgb() & 0xFFFFFF, XCB_EVENT_MASK_BUTTON_PRESS | XCB_EVENT_MASK_BUTTON_RELEASE | XCB_EVENT_MASK_KEY_PRESS |
+                                  XCB_EVENT_MASK_STRUCTURE_NOTIFY};
   const auto x = static_cast<std::int16_t>(frame.x());
   const auto y = static_cast<std::int16_t>(frame.y());
   const auto width = static_cast<std::uint16_t>(frame.width());
@@ -70,6 +71,11 @@ int PlainWindow::clicks() {
   return clicks_;
 }
 
+int PlainWindow::releases() {
+  countInput();
+  return releases_;
+}
+
 int PlainWindow::keys() {
   connection_->waitForServer();
   countInput();
@@ -80,6 +86,7 @@ void PlainWindow::countInput() {
   while (const XcbPointer<xcb_generic_event_t> event{xcb_poll_for_event(connection_->raw())}) {
     const int type = event->response_type & 0x7f;
     clicks_ += type == XCB_BUTTON_PRESS ? 1 : 0;
+    releases_ += type == XCB_BUTTON_RELEASE ? 1 : 0;
     keys_ += type == XCB_KEY_PRESS ? 1 : 0;
   }
 }

@@ -30,6 +30,9 @@ class PlainWindow {
   /// The presses of the first button so far.
   int clicks();
 
+  /// The releases of any button so far.
+  int releases();
+
   /// The keys pressed so far.
   int keys();
 
@@ -40,6 +43,7 @@ class PlainWindow {
   std::unique_ptr<platform::x11::X11Connection> connection_;
   xcb_window_t window_ = XCB_WINDOW_NONE;
   int clicks_ = 0;
+  int releases_ = 0;
   int keys_ = 0;
 };
 

@@ -1,5 +1,6 @@
 #include "platform/x11/statusitem/MenuSession.h"
 
+#include "tests/x11/session/PlainWindow.h"
 #include "tests/x11/session/QtApplication.h"
 #include "tests/x11/session/X11Session.h"
 
@@ -191,6 +192,20 @@ TEST_F(MenuSessionTest, KeepsTheRowUnderTheCursorWhenAnotherOneIsLeft) {
   QEvent leaving(QEvent::Leave);
   QCoreApplication::sendEvent(first->defaultWidget(), &leaving);
   EXPECT_THAT(notes_, IsEmpty());
+}
+
+TEST_F(MenuSessionTest, HasTheClickThatClosesItToItself) {
+  PlainWindow below({50, 400, 300, 200}, Qt::green);
+  open();
+  session_.run({"xdotool", "mousedown", "1"});
+  EXPECT_TRUE(waitFor([] { return QApplication::mouseButtons() == Qt::LeftButton; }));
+  session_.run({"xdotool", "mouseup", "1"});
+  EXPECT_TRUE(waitFor([this] { return menuSession_ == nullptr; }));
+  session_.run({"xdotool", "mousedown", "1"});
+  EXPECT_TRUE(waitFor([&] { return below.clicks() == 1; }));
+  EXPECT_EQ(below.releases(), 0);
+  session_.run({"xdotool", "mouseup", "1"});
+  EXPECT_TRUE(waitFor([&] { return below.releases() == 1; }));
 }
 
 TEST_F(MenuSessionTest, RunsNoCommandForAnOwnerThatHasGone) {
