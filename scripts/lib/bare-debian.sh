@@ -28,6 +28,7 @@ in_debian() {
     shift 2
     mount -t proc proc "$debian/proc"
     mount --rbind /dev "$debian/dev"
+    mount --rbind /sys "$debian/sys"
     mount --bind "$project" "$debian/opt/roomlattice"
     mount --bind "$debian/var/roomlattice/build" "$debian/opt/roomlattice/build"
     mount --bind "$debian/var/roomlattice/cache" "$debian/opt/roomlattice/.cache"

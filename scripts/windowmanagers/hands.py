@@ -135,8 +135,9 @@ class KWinHands(Hands):
 class MutterHands(Hands):
     """Through org.gnome.Mutter.RemoteDesktop, and the shell's console, which its unsafe mode opens."""
 
-    def __init__(self):
+    def __init__(self, root):
         import dbus  # pylint: disable=import-outside-toplevel  # only where a compositor is tried
+        self.root = root
         self.bus = dbus.SessionBus()
         name = "org.gnome.Mutter.RemoteDesktop"
         desktop = dbus.Interface(self.bus.get_object(name, "/org/gnome/Mutter/RemoteDesktop"), name)
@@ -146,9 +147,12 @@ class MutterHands(Hands):
 
     def move_pointer(self, x, y):
         """By a step from where it is, as only steps can be told without a stream of pictures."""
-        left, top, scale = self.ask("[...global.get_pointer().slice(0, 2), global.display.get_monitor_scale(0)]")
-        # A step is longer where the monitor is scaled.
-        self.session.NotifyPointerMotionRelative((x - left) / scale, (y - top) / scale)
+        left, top, width, scale = self.ask("[...global.get_pointer().slice(0, 2), global.screen_width,"
+                                           " global.display.get_monitor_scale(0)]")
+        # Where the monitor is scaled, X clients count its pixels, steps do not, and the shell did so up to GNOME 43.
+        per_pixel = width / self.root.get_geometry().width
+        per_step = per_pixel * scale
+        self.session.NotifyPointerMotionRelative((x * per_pixel - left) / per_step, (y * per_pixel - top) / per_step)
 
     def ask(self, expression):
         return json.loads(self.shell.Eval(expression)[1])

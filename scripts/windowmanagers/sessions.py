@@ -58,8 +58,10 @@ gnome_file = ".config/glib-2.0/settings/keyfile"
 gnome_settings = {gnome_file: "[org/gnome/desktop/notifications]\nshow-banners=false\n"
                               "[org/gnome/shell]\nwelcome-dialog-last-shown-version='9999'\n"}
 indicator_settings = {gnome_file: gnome_settings[gnome_file] + "enabled-extensions=['ubuntu-appindicators@ubuntu.com']\n"}
+# Plasma's panel shows no items where this is another version's.
+plasma_version = "6" if is_installed("kded6") else "5"
 plasma_environment = {"LIBGL_ALWAYS_SOFTWARE": "1", "XDG_CURRENT_DESKTOP": "KDE", "KDE_FULL_SESSION": "true",
-                      "KDE_SESSION_VERSION": "5"}
+                      "KDE_SESSION_VERSION": plasma_version}
 kwin_wayland_environment = {"LIBGL_ALWAYS_SOFTWARE": "1", "XDG_SESSION_TYPE": "wayland",
                             "KWIN_SCREENSHOT_NO_PERMISSION_CHECKS": "1", "KWIN_WAYLAND_NO_PERMISSION_CHECKS": "1"}
 memory_settings = {"GSETTINGS_BACKEND": "memory"}
@@ -114,8 +116,8 @@ desktops = [
     Desktop("gnome-shell+indicators", ["gnome-shell", "--x11", "--sm-disable", "--unsafe-mode"],
             files=indicator_settings, environment={**gnome_environment, "XDG_SESSION_TYPE": "x11"},
             makes_desktops=False, dynamic=True, drawing_time=0.2),
-    Desktop("cinnamon", ["cinnamon"], environment={"LIBGL_ALWAYS_SOFTWARE": "1", **memory_settings},
-            makes_desktops=False, drawing_time=0.2),
+    Desktop("cinnamon", ["cinnamon"], makes_desktops=False, drawing_time=0.2,
+            environment={"LIBGL_ALWAYS_SOFTWARE": "1", "XDG_SESSION_TYPE": "x11", **memory_settings}),
     on_kwin_wayland("kwin_wayland"),
     on_kwin_wayland("kwin_wayland two outputs", "--output-count", "2"),
     on_kwin_wayland("kwin_wayland scale 2", "--scale", "2"),
@@ -267,7 +269,7 @@ class Session:
         if self.desktop.server == "xvfb":
             return hands.XHands(self.screen.display)
         os.environ["WAYLAND_DISPLAY"] = "wayland-0"
-        return hands.KWinHands() if self.desktop.command[0] == "kwin_wayland" else hands.MutterHands()
+        return hands.KWinHands() if self.desktop.command[0] == "kwin_wayland" else hands.MutterHands(self.screen.root)
 
     def set_desktops(self):
         if self.desktop.dynamic:
