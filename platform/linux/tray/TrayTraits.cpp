@@ -10,7 +10,7 @@ TrayTraits trayTraitsOf(std::string_view program) {
   if (program == "gnome-shell") {
     return {.opensExportedMenus = true};
   }
-  if (program == "xfce4-panel") {
+  if (program == "xfce4-panel" || program == "waybar") {
     return {.countsScrollingDown = true};
   }
   return {};

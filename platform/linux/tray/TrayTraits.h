@@ -6,10 +6,11 @@ namespace roomlattice::platform::linux {
 
 /// In what a host of status items differs from the others. The defaults are what most do.
 ///
-/// Measured with xfce4-panel 4.18, mate-panel 1.26, lxqt-panel 1.2 and gnome-shell 43 with its AppIndicator extension:
-/// with a Menu property and ItemIsMenu false all but GNOME call Activate on a left click and open the exported menu on
-/// a right click. GNOME opens the exported menu on both, calls SecondaryActivate for the middle button and Activate for
-/// a double click. MATE tells wrong places with its calls.
+/// Measured with xfce4-panel 4.18 and 4.20, mate-panel 1.26 and 1.27, lxqt-panel 1.2 and 2.1, Plasma's panel 6.3,
+/// waybar 0.12 and gnome-shell 43 with its AppIndicator extension: with a Menu property and ItemIsMenu false all but
+/// GNOME call Activate on a left click and open the exported menu on a right click. GNOME opens the exported menu on
+/// both, calls SecondaryActivate for the middle button and Activate for a double click. MATE tells wrong places with
+/// its calls, and waybar of two steps for each of the wheel.
 struct TrayTraits {
   /// It keeps pictures that are wider than high; others shrink them into a square. A label replaces the picture there,
   /// even an empty one.
