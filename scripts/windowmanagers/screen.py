@@ -174,7 +174,7 @@ class PlainWindow:
         return self.count
 
 
-def kwin_picture(path, width, height):
+def kwin_picture(path, width, height, crop):
     """KWin writes the pixels of its screens into a pipe; newer ones only where they have a graphics card: false."""
     import dbus  # pylint: disable=import-outside-toplevel  # only where KWin is tried
     kwin = dbus.SessionBus().get_object("org.kde.KWin", "/org/kde/KWin/ScreenShot2")
@@ -198,14 +198,14 @@ def kwin_picture(path, width, height):
         collector.join(20)
     columns, lines, stride = (int(answer[key]) for key in ("width", "height", "stride"))
     rows = b"".join(pixels[y * stride:y * stride + columns * 4] for y in range(lines))
-    subprocess.run(["convert", "-size", f"{columns}x{lines}", "-depth", "8", "bgra:-", "-alpha", "off", path],
+    subprocess.run(["convert", "-size", f"{columns}x{lines}", "-depth", "8", "bgra:-", "-alpha", "off", *crop, path],
                    input=rows, check=True)
     return True
 
 
-def brightness(path, frame):
-    """The mean of that part of a picture, from 0 to 1."""
-    return float(of_part(path, frame, "-colorspace", "gray", "-format", "%[fx:mean]"))
+def brightness(path):
+    """The mean of a picture, from 0 to 1."""
+    return float(output_of("convert", path, "-colorspace", "gray", "-format", "%[fx:mean]", "info:"))
 
 
 def differ(path, other, frame):

@@ -288,16 +288,19 @@ class Session:
             raise RuntimeError(f"{what} did not start (logs in {self.folder})")
         return value
 
-    def picture(self, path):
-        """Of the whole screen, by the means of the session; false where it has none."""
+    def picture(self, path, frame=None):
+        """Of the whole screen or of a part, by the means of the session; false where it has none."""
+        geometry = self.screen.root.get_geometry()
+        left, top, width, height = frame or (0, 0, geometry.width, geometry.height)
+        crop = ("-crop", f"{width}x{height}+{left}+{top}", "+repage")
         if self.desktop.server == "xvfb":
-            output_of("import", "-silent", "-window", "root", path)
+            output_of("import", "-silent", "-window", "root", *crop, path)
         elif self.desktop.command[0] == "kwin_wayland":
-            geometry = self.screen.root.get_geometry()
-            return screen.kwin_picture(path, geometry.width, geometry.height)
+            return screen.kwin_picture(path, geometry.width, geometry.height, crop)
         else:
+            area = [str(side // self.desktop.scale) for side in (left, top, width, height)]
             output_of("gdbus", "call", "--session", "--dest", "org.gnome.Shell.Screenshot", "--object-path",
-                      "/org/gnome/Shell/Screenshot", "--method", "org.gnome.Shell.Screenshot.Screenshot", "false",
+                      "/org/gnome/Shell/Screenshot", "--method", "org.gnome.Shell.Screenshot.ScreenshotArea", *area,
                       "false", path)
         return True
 
