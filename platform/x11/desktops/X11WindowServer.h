@@ -24,6 +24,8 @@ class X11WindowServer final : public WindowServer {
   void removeWindowFromSpace(WindowNumber window, SpaceID space) override;
 
  private:
+  void bringUpToDate(const std::vector<Desktop>& desktops);
+
   int screenNumber_;
   X11Desktops& desktops_;
   WindowAttachments& attachments_;
