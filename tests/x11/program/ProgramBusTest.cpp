@@ -16,7 +16,7 @@ TEST(ProgramBusTest, NeedNotAnswerForTheProgramToStart) {
   EXPECT_TRUE(program.isUp());
   EXPECT_TRUE(program.knowsDesktop("desktop-3"));
   program.process().signal(SIGTERM);
-  EXPECT_EQ(program.exitStatus(), 0);
+  EXPECT_EQ(program.exitStatus(), 0) << program.process().errorOutput();
   EXPECT_THAT(program.complaints(), ::testing::IsEmpty());
 }
 
@@ -57,7 +57,7 @@ TEST(ProgramBusTest, NeedNotAnswerWhileTheProgramRuns) {
   EXPECT_TRUE(program.knowsDesktop("desktop-6"));
   EXPECT_TRUE(program.hasLogged("tour end"));
   program.process().signal(SIGTERM);
-  EXPECT_EQ(program.exitStatus(), 0);
+  EXPECT_EQ(program.exitStatus(), 0) << program.process().errorOutput();
 }
 
 }  // namespace
