@@ -12,8 +12,11 @@ FileWatch::FileWatch(std::filesystem::path path, std::function<void()> changed, 
 }
 
 FileWatch::~FileWatch() {
-  const std::scoped_lock lock(access_->mutex);
-  access_->watch = nullptr;
+  {
+    const std::scoped_lock lock(access_->mutex);
+    access_->watch = nullptr;
+  }
+  drop();
 }
 
 void FileWatch::readEvents() {
@@ -38,8 +41,16 @@ void FileWatch::renew() {
   });
 }
 
-void FileWatch::take(std::shared_ptr<InotifyWatches> watches) {
+/// The kernel takes its time to end watches: on a busy machine, seconds.
+void FileWatch::drop() {
   notifier_.reset();
+  if (watches_ != nullptr) {
+    background_([watches = std::move(watches_)]() mutable { watches.reset(); });
+  }
+}
+
+void FileWatch::take(std::shared_ptr<InotifyWatches> watches) {
+  drop();
   watches_ = std::move(watches);
   if (watches_->descriptor()) {
     notifier_.emplace(watches_->descriptor().get(), QSocketNotifier::Read);

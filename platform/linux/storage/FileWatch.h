@@ -16,7 +16,8 @@ namespace roomlattice::platform::linux {
 /// it (inotify). A link is followed. That a link among the folders above leads elsewhere goes unnoticed.
 class FileWatch {
  public:
-  /// Has what it is given run, once, on any thread: what waits for the disk.
+  /// Has what it is given run, once, on any thread, also after this object has gone: what waits for the disk or for the
+  /// kernel.
   using Background = std::function<void(std::function<void()>)>;
 
   /// `changed` is called from the event loop of the Qt application, which is where this object lives: also once when it
@@ -40,6 +41,7 @@ class FileWatch {
   void readEvents();
   void renew();
   void take(std::shared_ptr<InotifyWatches> watches);
+  void drop();
 
   std::filesystem::path path_;
   std::function<void()> changed_;

@@ -10,6 +10,7 @@
 #include <functional>
 #include <gtest/gtest.h>
 #include <optional>
+#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -148,6 +149,28 @@ TEST_F(FileWatchTest, MayGoBeforeTheDiskHasAnswered) {
   background.work();
   QCoreApplication::sendPostedEvents();
   EXPECT_EQ(told_, 0);
+}
+
+/// How many sets of watches this process has.
+int countWatches() {
+  int count = 0;
+  for (const auto& entry : std::filesystem::directory_iterator("/proc/self/fd")) {
+    std::error_code error;
+    count += std::filesystem::read_symlink(entry, error) == "anon_inode:inotify" ? 1 : 0;
+  }
+  return count;
+}
+
+TEST_F(FileWatchTest, LeavesItToTheBackgroundToEndWatches) {
+  SlowBackground background;
+  const int before = countWatches();
+  {
+    const FileWatch watch(file_, tell(), background.add());
+    ASSERT_TRUE(tellsOf([&] { background.work(); }));
+  }
+  EXPECT_EQ(countWatches(), before + 1);
+  background.work();
+  EXPECT_EQ(countWatches(), before);
 }
 
 }  // namespace
