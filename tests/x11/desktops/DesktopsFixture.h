@@ -38,6 +38,24 @@ class FollowedDesktops {
   platform::x11::X11Desktops desktops{qt.connection(), bus, windowManager, center};
 };
 
+/// Three desktops of KWin's, which other programs make and remove.
+class FollowedKWinDesktops : public FollowedDesktops {
+ public:
+  FollowedKWinDesktops() : FollowedDesktops({.windowManager = WindowManagerKind::KWin, .desktops = 3}) {}
+
+  void create(int place) { call("createDesktop", {"uint32:" + std::to_string(place), "string:New"}); }
+  void remove(const std::string& uuid) { call("removeDesktop", {"string:" + uuid}); }
+
+ private:
+  void call(const std::string& method, const std::vector<std::string>& arguments) {
+    std::vector<std::string> command{
+        "dbus-send",           "--print-reply",          "--session",
+        "--dest=org.kde.KWin", "/VirtualDesktopManager", "org.kde.KWin.VirtualDesktopManager." + method};
+    command.insert(command.end(), arguments.begin(), arguments.end());
+    session.run(command);
+  }
+};
+
 /// For tests that hold whatever manages the windows.
 class OnEveryWindowManager : public ::testing::TestWithParam<WindowManagerKind> {};
 

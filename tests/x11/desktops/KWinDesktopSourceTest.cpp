@@ -14,18 +14,7 @@ using ::testing::ElementsAre;
 
 class KWinDesktopSourceTest : public ::testing::Test {
  protected:
-  void call(const std::string& method, const std::vector<std::string>& arguments) {
-    std::vector<std::string> command{
-        "dbus-send",           "--print-reply",          "--session",
-        "--dest=org.kde.KWin", "/VirtualDesktopManager", "org.kde.KWin.VirtualDesktopManager." + method};
-    command.insert(command.end(), arguments.begin(), arguments.end());
-    followed_.session.run(command);
-  }
-
-  void createDesktop(int position) { call("createDesktop", {"uint32:" + std::to_string(position), "string:New"}); }
-  void removeDesktop(const std::string& identifier) { call("removeDesktop", {"string:" + identifier}); }
-
-  FollowedDesktops followed_{{.windowManager = WindowManagerKind::KWin, .desktops = 3}};
+  FollowedKWinDesktops followed_;
 };
 
 TEST_F(KWinDesktopSourceTest, AreIdentifiedByKWinsIdentifiers) {
@@ -34,14 +23,14 @@ TEST_F(KWinDesktopSourceTest, AreIdentifiedByKWinsIdentifiers) {
 
 TEST_F(KWinDesktopSourceTest, KeepTheirIdentityWhenOneIsRemovedFromTheMiddle) {
   const platform::SpaceID third = followed_.desktops.list().desktops[2].id;
-  removeDesktop("test-desktop-2");
+  followed_.remove("test-desktop-2");
   EXPECT_TRUE(waitFor([this] { return followed_.count() == 2; }));
   EXPECT_THAT(followed_.uuids(), ElementsAre("test-desktop-1", "test-desktop-3"));
   EXPECT_EQ(followed_.desktops.list().desktops[1].id, third);
 }
 
 TEST_F(KWinDesktopSourceTest, KeepTheirIdentityWhenOneIsMadeInTheMiddle) {
-  createDesktop(1);
+  followed_.create(1);
   EXPECT_TRUE(waitFor([this] { return followed_.count() == 4; }));
   EXPECT_EQ(followed_.uuids()[0], "test-desktop-1");
   EXPECT_EQ(followed_.uuids()[2], "test-desktop-2");
@@ -49,7 +38,7 @@ TEST_F(KWinDesktopSourceTest, KeepTheirIdentityWhenOneIsMadeInTheMiddle) {
 }
 
 TEST_F(KWinDesktopSourceTest, AreSwitchedRightlyAfterOneWasMadeInTheMiddle) {
-  createDesktop(1);
+  followed_.create(1);
   ASSERT_TRUE(waitFor([this] { return followed_.count() == 4; }));
   for (int place = 1; place < 4; ++place) {
     followed_.desktops.step(Direction::Right);
@@ -60,7 +49,7 @@ TEST_F(KWinDesktopSourceTest, AreSwitchedRightlyAfterOneWasMadeInTheMiddle) {
 TEST_F(KWinDesktopSourceTest, HaveTheRightCurrentOneWhenTheCurrentIsRemoved) {
   followed_.desktops.activate(1);
   ASSERT_TRUE(waitFor([this] { return followed_.current() == 1; }));
-  removeDesktop("test-desktop-2");
+  followed_.remove("test-desktop-2");
   EXPECT_TRUE(waitFor([this] { return followed_.count() == 2 && followed_.current() >= 0; }));
 }
 

@@ -15,14 +15,6 @@ using ::testing::ElementsAre;
 
 class X11WindowServerTest : public ::testing::Test {
  protected:
-  void callKWin(const std::string& method, const std::vector<std::string>& arguments) {
-    std::vector<std::string> command{
-        "dbus-send",           "--print-reply",          "--session",
-        "--dest=org.kde.KWin", "/VirtualDesktopManager", "org.kde.KWin.VirtualDesktopManager." + method};
-    command.insert(command.end(), arguments.begin(), arguments.end());
-    followed_.session.run(command);
-  }
-
   bool counts(int desktops) {
     return waitFor([&] { return followed_.count() == desktops; });
   }
@@ -42,7 +34,7 @@ class X11WindowServerTest : public ::testing::Test {
     return uuids;
   }
 
-  FollowedDesktops followed_{{.windowManager = WindowManagerKind::KWin, .desktops = 3}};
+  FollowedKWinDesktops followed_;
   platform::x11::WindowAttachments attachments_;
   platform::x11::X11WindowServer server_{0, followed_.desktops, attachments_};
   std::vector<Value> answers_;
@@ -50,10 +42,10 @@ class X11WindowServerTest : public ::testing::Test {
 
 TEST_F(X11WindowServerTest, ListsTheDesktopsInTheirOrder) {
   EXPECT_EQ(uuids(), followed_.uuids());
-  callKWin("createDesktop", {"uint32:1", "string:New"});
+  followed_.create(1);
   ASSERT_TRUE(counts(4));
   EXPECT_EQ(uuids(), followed_.uuids());
-  callKWin("removeDesktop", {"string:test-desktop-2"});
+  followed_.remove("test-desktop-2");
   ASSERT_TRUE(counts(3));
   EXPECT_EQ(uuids(), followed_.uuids());
 }
@@ -61,12 +53,12 @@ TEST_F(X11WindowServerTest, ListsTheDesktopsInTheirOrder) {
 TEST_F(X11WindowServerTest, KeepsTheDictionariesOfDesktopsThatAreAsTheyWere) {
   const std::vector<const Value::Dictionary*> before = spaces();
   ASSERT_EQ(before.size(), 3U);
-  callKWin("createDesktop", {"uint32:1", "string:New"});
+  followed_.create(1);
   ASSERT_TRUE(counts(4));
   const std::vector<const Value::Dictionary*> more = spaces();
   ASSERT_EQ(more.size(), 4U);
   EXPECT_THAT(more, ElementsAre(before[0], more[1], before[1], before[2]));
-  callKWin("removeDesktop", {"string:test-desktop-1"});
+  followed_.remove("test-desktop-1");
   ASSERT_TRUE(counts(3));
   EXPECT_THAT(spaces(), ElementsAre(more[1], before[1], before[2]));
 }
