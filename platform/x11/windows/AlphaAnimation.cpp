@@ -14,9 +14,16 @@ constexpr QEasingCurve::Type easing = QEasingCurve::InOutSine;
 // Just less often than most screens are drawn, so that no step is drawn by nobody.
 constexpr std::chrono::milliseconds stepPeriod(17);
 
-/// On a later turn, whatever has gone by then: the completion may be all that keeps its window.
+/// On a later turn, whatever has gone by then: the completion may be all that keeps its window. Where the program ends
+/// before that turn, it is dropped while what windows stand on is still there.
 void callLater(std::function<void()> completion) {
-  QMetaObject::invokeMethod(qApp, std::move(completion), Qt::QueuedConnection);
+  auto* const turn = new QObject(qApp);
+  QObject::connect(qApp, &QCoreApplication::aboutToQuit, turn, &QObject::deleteLater);
+  const auto call = [turn, completion = std::move(completion)] {
+    turn->deleteLater();
+    completion();
+  };
+  QMetaObject::invokeMethod(turn, call, Qt::QueuedConnection);
 }
 
 }  // namespace
@@ -45,6 +52,7 @@ void AlphaAnimation::set(double value) {
 }
 
 void AlphaAnimation::moveTo(double target, Duration duration, Steps steps, std::function<void()> completion) {
+  const double start = value();
   const std::function<void()> replaced = end();
   if (duration <= Duration::zero()) {
     assign(target);
@@ -52,7 +60,7 @@ void AlphaAnimation::moveTo(double target, Duration duration, Steps steps, std::
     return;
   }
   completion_ = std::move(completion);
-  start_ = value_;
+  start_ = start;
   target_ = target;
   duration_ = std::chrono::ceil<std::chrono::milliseconds>(duration);
   steps_.setInterval(steps == Steps::One ? duration_ : std::min(duration_, stepPeriod));
@@ -95,7 +103,6 @@ void AlphaAnimation::assign(double value) {
 }
 
 std::function<void()> AlphaAnimation::end() {
-  value_ = value();
   steps_.stop();
   isMoving_ = false;
   isWaiting_ = false;

@@ -44,7 +44,7 @@ class AlphaAnimation {
   /// Ends a running move and hands over its completion.
   std::function<void()> end();
 
-  // As last told, or that a move had reached when it ended.
+  // As last told. A move may be further on than its steps where nobody was waiting for them.
   double value_;
   std::function<void()> changed_;
   std::function<void()> completion_;

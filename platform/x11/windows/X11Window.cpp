@@ -33,8 +33,7 @@ X11Window::X11Window(OverlayEnvironment& environment, const OverlayWindowOptions
       level_(options.level),
       behavior_(options.collectionBehavior),
       frame_(options.frame),
-      alpha_(options.alpha, [this] { present(); }),
-      paintsOpacity_(environment.windowManager.traits().ignoresOpacity) {
+      alpha_(options.alpha, [this] { present(); }) {
   makePane();
   compositorChanges_ = environment_.compositor.observe([this] { compositorChanged(); });
   managementChanges_ = environment_.management.observe([this] { mapAnew(); });
@@ -104,6 +103,10 @@ void X11Window::orderOut() {
   present();
 }
 
+bool X11Window::paintsOpacity() const {
+  return environment_.windowManager.traits().ignoresOpacity;
+}
+
 bool X11Window::blends() const {
   return environment_.compositor.isCompositing();
 }
@@ -127,7 +130,7 @@ bool X11Window::isWantedOnScreen() const {
   // GNOME's window manager on Wayland overlooks the opacity that a window has when it is mapped. One that faded out
   // while it was still being mapped would stay on the screen for good.
   const bool staysUnseen = environment_.management.mayWaitOnDesktops() && !withdrawn_ &&
-                           (blends() || (pane_->isVisible() && !paintsOpacity_));
+                           (blends() || (pane_->isVisible() && !paintsOpacity()));
   return orderedIn_ && pane_->desktop().mayBeSeen() && (staysUnseen || isToBeSeen());
 }
 
@@ -193,10 +196,8 @@ void X11Window::mapAnew() {
 }
 
 void X11Window::applyLook() {
-  pane_->setBlending({.solid = !blends(), .opacity = blends() && paintsOpacity_ ? alpha_.value() : 1.0});
-  if (!paintsOpacity_) {
-    pane_->setOpacity(alpha_.value());
-  }
+  pane_->setBlending({.solid = !blends(), .opacity = blends() && paintsOpacity() ? alpha_.value() : 1.0});
+  pane_->setOpacity(paintsOpacity() ? 1.0 : alpha_.value());
   using Cut = OverlayPane::Cut;
   pane_->setCut(blends() ? Cut::Nothing : isToBeSeen() ? Cut::RoundCorners : Cut::Everything);
 }

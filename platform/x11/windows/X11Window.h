@@ -40,6 +40,7 @@ class X11Window final : public Window {
 
  private:
   bool blends() const;
+  bool paintsOpacity() const;
   QRect place() const;
   bool isToBeSeen() const;
   bool isComingUp() const;
@@ -65,7 +66,6 @@ class X11Window final : public Window {
   OverlaySurface::Depth depth_ = OverlaySurface::Depth::OfScreen;  // the pane's
   std::optional<OverlayPane> pane_;
   AlphaAnimation alpha_;
-  bool paintsOpacity_ = false;
   // Until it is to be seen again.
   bool withdrawn_ = false;
   linux::OneShotTimer presentSoon_{[this] { present(); }};

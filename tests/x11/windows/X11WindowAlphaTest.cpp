@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 #include <memory>
 #include <string>
+#include <thread>
 #include <xcb/composite.h>
 
 namespace roomlattice::tests {
@@ -111,6 +112,17 @@ TEST_F(X11WindowAlphaTest, SetsItsAlphaAtOnceWithoutADuration) {
   EXPECT_TRUE(waitFor([&done] { return done; }));
 }
 
+/// The program may be so busy that the time of an animation is over before its last step.
+TEST_F(X11WindowAlphaTest, GoesAlsoWhenItsAlphaIsSetToWhatAnAnimationHasReachedUnseen) {
+  const auto window = makeOn(0);
+  ASSERT_TRUE(centerBecomes(Qt::red));
+  window->animateAlpha(0.0, 1ms, [] {});
+  std::this_thread::sleep_for(5ms);
+  ASSERT_EQ(window->alpha(), 0.0);
+  window->setAlpha(0.0);
+  EXPECT_TRUE(centerBecomes(Qt::blue));
+}
+
 TEST_F(X11WindowAlphaTest, LivesUntilACompletionThatOwnsItHasRun) {
   auto window = std::shared_ptr<Window>(makeOn(0));
   const std::weak_ptr<Window> watched = window;
@@ -132,6 +144,20 @@ TEST_F(X11WindowAlphaTest, GoesWithTheProgramAlsoWhenACompletionOwnsIt) {
   shown.animateAlpha(0.0, 1h, [window = std::move(window)] { window->orderOut(); });
   QTimer::singleShot(0, [] { QCoreApplication::quit(); });
   QCoreApplication::exec();
+  EXPECT_TRUE(watched.expired());
+}
+
+TEST_F(X11WindowAlphaTest, GoesWithTheProgramAlsoWhenACompletionThatOwnsItIsDue) {
+  auto window = std::shared_ptr<Window>(makeOn(0));
+  const std::weak_ptr<Window> watched = window;
+  Window& shown = *window;
+  bool called = false;
+  QTimer::singleShot(0, [&] {
+    shown.animateAlpha(0.0, 0ms, [&called, window = std::move(window)] { called = true; });
+    QCoreApplication::quit();
+  });
+  QCoreApplication::exec();
+  EXPECT_FALSE(called);
   EXPECT_TRUE(watched.expired());
 }
 
@@ -162,6 +188,17 @@ TEST_F(X11WindowAlphaUnderFluxboxTest, BlendsItsAlphaThoughItsOpacityIsIgnored) 
   const auto window = make({.alpha = 0.5});
   window->orderFront();
   EXPECT_TRUE(centerBecomes(QColor(128, 0, 128))) << centerColor().name().toStdString();
+  window->setAlpha(0.0);
+  EXPECT_TRUE(centerBecomes(Qt::blue)) << centerColor().name().toStdString();
+}
+
+TEST_F(X11WindowAlphaTest, GoesUnderAWindowManagerThatIgnoresOpacityAndComesLater) {
+  ChildProcess picom({"picom", "--backend", "xrender"});
+  const auto window = makeOn(0);
+  ASSERT_TRUE(centerBecomes(Qt::red));
+  ui_.session.stopWindowManager();
+  ui_.session.startWindowManager(WindowManagerKind::Fluxbox);
+  ASSERT_TRUE(centerBecomes(Qt::red));
   window->setAlpha(0.0);
   EXPECT_TRUE(centerBecomes(Qt::blue)) << centerColor().name().toStdString();
 }
