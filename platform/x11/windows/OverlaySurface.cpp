@@ -2,6 +2,7 @@
 
 #include <QCloseEvent>
 #include <QMetaObject>
+#include <QWindow>
 #include <utility>
 
 namespace roomlattice::platform::x11 {
@@ -33,6 +34,7 @@ bool OverlaySurface::place(const QRect& frame) {
     return false;
   }
   wanted_ = frame;
+  corrections_ = maximumPlaceCorrections;
   setGeometry(frame);
   return true;
 }
@@ -64,8 +66,13 @@ void OverlaySurface::resizeEvent(QResizeEvent* event) {
   verify();
 }
 
+bool OverlaySurface::isInPlace() const {
+  // Hearing late of the window's former place, the toolkit may take that for the window's and not for the widget's.
+  return geometry() == wanted_ && windowHandle()->geometry() == wanted_;
+}
+
 void OverlaySurface::verify() {
-  if (!isVisible() || geometry() == wanted_ || corrections_ == 0 || verifying_) {
+  if (!isVisible() || isInPlace() || corrections_ == 0 || verifying_) {
     return;
   }
   // A window that was moved and resized reports it in two events.
@@ -74,8 +81,9 @@ void OverlaySurface::verify() {
       this,
       [this] {
         verifying_ = false;
-        if (isVisible() && geometry() != wanted_) {
+        if (isVisible() && !isInPlace()) {
           --corrections_;
+          windowHandle()->setGeometry(wanted_);
           setGeometry(wanted_);
         }
       },

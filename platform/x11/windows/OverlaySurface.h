@@ -35,10 +35,11 @@ class OverlaySurface final : public QWidget {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
+  bool isInPlace() const;
   void verify();
 
   QRect wanted_;
-  // How many more times the widget moves back.
+  // How many more times the widget moves back to the place it was given last.
   int corrections_ = 0;
   bool verifying_ = false;
   // Whoever switches desktops looks for the name of the new one first, in the status item. The news of the switch
