@@ -33,16 +33,14 @@ WindowManagerWatch::WindowManagerWatch(X11Connection& connection) : connection_(
     const bool isPointer = notify.atom == ewmh._NET_SUPPORTING_WM_CHECK;
     const bool onRoot = notify.window == connection_.root() && isPointer;
     // Some window managers write others there with each switch.
-    const bool onCheckWindow =
-        current_ && notify.window == current_->checkWindow && (isPointer || notify.atom == ewmh._NET_WM_NAME);
+    const bool onCheckWindow = notify.window == named_ && (isPointer || notify.atom == ewmh._NET_WM_NAME);
     dirty_ = dirty_ || onRoot || onCheckWindow;
   });
   destroyEvents_ =
       connection.observe<xcb_destroy_notify_event_t>([this](const auto& event) { checkWindowDestroyed(event.window); });
   batches_ = connection.observeBatches([this] { batchEnded(); });
   connection.selectOnRoot(XCB_EVENT_MASK_PROPERTY_CHANGE);
-  take(findWindowManager(connection_));
-  follow();
+  take(look());
 }
 
 Registration WindowManagerWatch::observe(std::function<void()> handler) {
@@ -56,43 +54,38 @@ void WindowManagerWatch::batchEnded() {
 }
 
 void WindowManagerWatch::update() {
-  std::optional<WindowManager> found = findWindowManager(connection_);
-  if (found == current_) {
-    return;
+  if (std::optional<WindowManager> found = look(); found != current_) {
+    take(std::move(found));
+    listeners_.notify();
   }
-  const bool sameWindow = found && current_ && found->checkWindow == current_->checkWindow;
-  take(std::move(found));
-  if (!sameWindow) {
-    follow();
-  }
-  listeners_.notify();
 }
 
 void WindowManagerWatch::checkWindowDestroyed(xcb_window_t window) {
-  if (!current_ || window != current_->checkWindow) {
+  if (window != named_) {
     return;
   }
   // The next one may be up already, even with a window of the same number: it counts as another one.
-  take(findWindowManager(connection_));
-  follow();
-  listeners_.notify();
+  const bool isOver = current_.has_value();
+  take(look());
+  if (isOver || current_) {
+    listeners_.notify();
+  }
+}
+
+/// Follows the window that the root names before it reads there: it may bear the property only later, or go meanwhile.
+std::optional<WindowManager> WindowManagerWatch::look() {
+  const xcb_atom_t atom = connection_.ewmh()->_NET_SUPPORTING_WM_CHECK;
+  named_ = readNumber(connection_, connection_.root(), atom, XCB_ATOM_WINDOW).value_or(XCB_WINDOW_NONE);
+  if (named_ != XCB_WINDOW_NONE && named_ != connection_.root()) {
+    constexpr std::uint32_t events = XCB_EVENT_MASK_STRUCTURE_NOTIFY | XCB_EVENT_MASK_PROPERTY_CHANGE;
+    xcb_change_window_attributes(connection_.raw(), named_, XCB_CW_EVENT_MASK, &events);
+  }
+  return findWindowManager(connection_);
 }
 
 void WindowManagerWatch::take(std::optional<WindowManager> found) {
   current_ = std::move(found);
   traits_ = current_ ? traitsOf(current_->name) : WindowManagerTraits();
-}
-
-void WindowManagerWatch::follow() {
-  if (!current_) {
-    return;
-  }
-  const std::uint32_t events = XCB_EVENT_MASK_STRUCTURE_NOTIFY | XCB_EVENT_MASK_PROPERTY_CHANGE;
-  xcb_change_window_attributes(connection_.raw(), current_->checkWindow, XCB_CW_EVENT_MASK, &events);
-  // It may have gone between being found and being followed.
-  if (findCheckWindow(connection_) != current_->checkWindow) {
-    take(std::nullopt);
-  }
 }
 
 }  // namespace roomlattice::platform::x11

@@ -38,10 +38,12 @@ class WindowManagerWatch {
   void batchEnded();
   void update();
   void checkWindowDestroyed(xcb_window_t window);
+  std::optional<WindowManager> look();
   void take(std::optional<WindowManager> found);
-  void follow();
 
   X11Connection& connection_;
+  // By the root window, as a check window. It need not be one yet.
+  xcb_window_t named_ = XCB_WINDOW_NONE;
   std::optional<WindowManager> current_;
   WindowManagerTraits traits_;
   Listeners<> listeners_;
