@@ -18,11 +18,12 @@ void setText(const platform::Window& window, const std::string& name) {
   }
 }
 
-void moveToFrame(platform::Window& window, const platform::Rect& frame) {
-  window.setFrame(frame);
-  if (platform::View* view = window.contentView()) {
+void moveToFrame(SignWindows::Label& label, const platform::Rect& frame) {
+  label.window->setFrame(frame);
+  if (platform::View* view = label.window->contentView()) {
     view->setFrame({{}, frame.size});
   }
+  label.frame = label.window->frame();
 }
 
 }  // namespace
@@ -34,7 +35,11 @@ SignWindows::WindowPointer SignWindows::find(platform::SpaceID desktop) const {
 
 platform::Window& SignWindows::make(const SpaceInfo& desktop, double alpha) {
   const std::string name = manager_.displayName(desktop);
-  const platform::Rect frame = signFrame(name);
+  const SignPlacement placement = this->placement();
+  const platform::Rect frame = placement.frameOf(name);
+  if (placedBy_ != placement.frameOf("")) {
+    placedBy_.reset();
+  }
   const WindowPointer made = platform_.userInterface().createOverlayWindow({.frame = frame,
                                                                             .level = platform::WindowLevel::Floating,
                                                                             .collectionBehavior = ordinaryBehavior,
@@ -44,7 +49,7 @@ platform::Window& SignWindows::make(const SpaceInfo& desktop, double alpha) {
   made->setContentView(std::move(view));
   made->orderFront();
   pinWindow(*made, desktop.spaceID);
-  windows_[desktop.spaceID] = {.window = made, .name = name};
+  windows_[desktop.spaceID] = {.window = made, .name = name, .frame = made->frame()};
   return *made;
 }
 
@@ -55,13 +60,14 @@ void SignWindows::ensure(const SpaceInfo& desktop) {
     return;
   }
   Label& label = found->second;
-  if (const std::string name = manager_.displayName(desktop); label.name != name) {
+  const std::string name = manager_.displayName(desktop);
+  setText(*label.window, name);
+  if (label.name != name) {
     label.name.reset();
-    setText(*label.window, name);
   }
 }
 
-void SignWindows::spacesChanged() {
+void SignWindows::dropStale() {
   for (auto entry = windows_.begin(); entry != windows_.end();) {
     auto& [desktop, label] = *entry;
     if (isOfRegularSpace(desktop, label)) {
@@ -71,16 +77,21 @@ void SignWindows::spacesChanged() {
       entry = windows_.erase(entry);
     }
   }
+}
+
+void SignWindows::spacesChanged() {
+  dropStale();
   if (windows_.empty()) {
     // There need be no screen.
     return;
   }
   const SignPlacement placement = this->placement();
   const platform::Rect placedBy = placement.frameOf("");
-  if (std::exchange(placedBy_, placedBy) != placedBy) {
-    namedAt_ = 0;
-    for (auto& [desktop, label] : windows_) {
+  const bool arePlaced = std::exchange(placedBy_, placedBy) == placedBy;
+  for (auto& [desktop, label] : windows_) {
+    if (!arePlaced || !isAsMade(label)) {
       label.name.reset();
+      namedAt_ = 0;
     }
   }
   const std::vector<SpaceTable::Row>& rows = manager_.table().rows();
@@ -99,7 +110,7 @@ void SignWindows::bringUpToDate(const SpaceInfo& desktop, const SignPlacement& p
     Label& label = found->second;
     if (std::string name = manager_.displayName(desktop); label.name != name) {
       setText(*label.window, name);
-      moveToFrame(*label.window, placement.frameOf(name));
+      moveToFrame(label, placement.frameOf(name));
       label.name = std::move(name);
     }
   }
@@ -107,14 +118,15 @@ void SignWindows::bringUpToDate(const SpaceInfo& desktop, const SignPlacement& p
 
 void SignWindows::place() {
   std::optional<SignPlacement> placement;
-  for (const auto& [desktop, label] : windows_) {
+  for (auto& [desktop, label] : windows_) {
     if (const SpaceInfo* space = manager_.firstSpace(desktop)) {
       if (!placement) {
         placement.emplace(this->placement());
       }
-      moveToFrame(*label.window, placement->frameOf(manager_.displayName(*space)));
+      moveToFrame(label, placement->frameOf(manager_.displayName(*space)));
     }
   }
+  placedBy_.reset();
 }
 
 bool SignWindows::isOfRegularSpace(platform::SpaceID desktop, Label& label) const {
@@ -134,6 +146,12 @@ bool SignWindows::isOfRegularSpace(platform::SpaceID desktop, Label& label) cons
     label.place = static_cast<std::size_t>(first - spaces.data());
   }
   return first != nullptr;
+}
+
+/// Others may have moved it since, or written on it.
+bool SignWindows::isAsMade(const Label& label) {
+  const auto* view = dynamic_cast<const SignView*>(label.window->contentView());
+  return label.window->frame() == label.frame && (view == nullptr || view->text() == label.name);
 }
 
 SignPlacement SignWindows::placement() const {

@@ -21,8 +21,10 @@ class SignWindows {
   using WindowPointer = std::shared_ptr<platform::Window>;
   struct Label {
     WindowPointer window;
-    /// For which the window has its text and its frame; nothing where it may have those of another.
+    /// The name that the window's text and frame were last made for; nothing where they have to be made again.
     std::optional<std::string> name;
+    /// What came of that frame.
+    platform::Rect frame;
     /// Where the desktop was last seen in the list.
     std::size_t place = 0;
   };
@@ -57,6 +59,8 @@ class SignWindows {
 
  private:
   bool isOfRegularSpace(platform::SpaceID desktop, Label& label) const;
+  static bool isAsMade(const Label& label);
+  void dropStale();
   void bringUpToDate(const SpaceInfo& desktop, const SignPlacement& placement);
   SignPlacement placement() const;
   void pinWindow(const platform::Window& window, platform::SpaceID desktop);
@@ -65,7 +69,8 @@ class SignWindows {
   const SpaceManager& manager_;
   const PreferencesStore& preferences_;
   Map windows_;
-  // The frame of no text when all were placed last. It tells of the screen and of the font.
+  // The frame of no text when all were placed last, which tells of the screen and of the font; nothing where some were
+  // placed later.
   std::optional<platform::Rect> placedBy_;
   // Desktops that have not changed since then have their names on their labels.
   SpaceTable::Moment namedAt_ = 0;

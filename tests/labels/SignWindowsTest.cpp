@@ -17,6 +17,7 @@
 namespace roomlattice::tests {
 namespace {
 
+using platform::SpaceID;
 using ::testing::Each;
 using ::testing::ElementsAre;
 using ::testing::SizeIs;
@@ -154,6 +155,59 @@ TEST_F(SignWindowsTest, KeepsItsTextWhenPreferencesAndScreensChange) {
   desktop.setScreens({{{200.0, 100.0}, {1000.0, 500.0}}});
   EXPECT_THAT(label(1).texts(), ElementsAre("Written by another hand"));
   EXPECT_EQ(label(1).frame(), label(0).frame());
+}
+
+TEST_F(SignWindowsTest, HasItsTextAndItsFrameAgainWheneverDesktopsChange) {
+  startVisitedLabels();
+  const platform::Rect frame = label(1).frame();
+  dynamic_cast<SignView&>(*label(1).contentView()).setText("Written by another hand");
+  label(1).setFrame({{1.0, 2.0}, {3.0, 4.0}});
+  post(SpaceManager::didChange);
+  EXPECT_THAT(label(1).texts(), ElementsAre("Desktop 2"));
+  EXPECT_EQ(label(1).frame(), frame);
+}
+
+TEST_F(SignWindowsTest, HasItsTextAgainOnceItsDesktopIsInFront) {
+  startVisitedLabels();
+  dynamic_cast<SignView&>(*label(1).contentView()).setText("Written by another hand");
+  desktop.switchTo(desktop.desktopAt(1));
+  EXPECT_THAT(label(1).texts(), ElementsAre("Desktop 2"));
+}
+
+/// The main screen may become another one without anybody being told.
+class SignWindowsOnTwoScreensTest : public LabelFixture {
+ protected:
+  SignWindowsOnTwoScreensTest() {
+    desktop.setScreens({{{}, {1440.0, 900.0}}, {{1440.0, 0.0}, {1000.0, 500.0}}});
+    startVisitedLabels();
+    frame_ = label(1).frame();
+    desktop.setMainScreen(1);
+  }
+
+  void renameFirstBackOnTheFirstScreen() {
+    desktop.setMainScreen(0);
+    SpaceManager::shared().setName("Home", SpaceManager::shared().spaces().front());
+  }
+
+  platform::Rect frame_;
+};
+
+TEST_F(SignWindowsOnTwoScreensTest, GoBackAfterAPreferencePlacedThemOnTheOther) {
+  preferences().setInstantMenuSwitch(true);
+  ASSERT_NE(label(1).frame(), frame_);
+  renameFirstBackOnTheFirstScreen();
+  EXPECT_EQ(label(1).frame(), frame_);
+}
+
+TEST_F(SignWindowsOnTwoScreensTest, GoBackThoughTheyWereMadeOnTheOther) {
+  desktop.setMainScreen(0);
+  const SpaceID added = desktop.addDesktop();
+  desktop.reportActiveSpaceChange();
+  desktop.setMainScreen(1);
+  desktop.switchTo(added);
+  ASSERT_NE(labelOn(added)->frame(), frame_);
+  renameFirstBackOnTheFirstScreen();
+  EXPECT_EQ(labelOn(added)->frame(), frame_);
 }
 
 }  // namespace
