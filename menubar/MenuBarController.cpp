@@ -1,6 +1,7 @@
 #include "menubar/MenuBarController.h"
 
 #include <algorithm>
+#include <cmath>
 #include <optional>
 #include <string>
 #include <utility>
@@ -13,10 +14,11 @@ using platform::Color;
 constexpr double fixedWidth = 140.0;
 constexpr double titleCornerRadius = 3.0;
 
-/// Rec. 601 luma of gamma-encoded components; alpha takes no part. The weights are whole thousandths so that a grey's
-/// luminance is exactly its component, which the strict bounds below depend on.
+/// Rec. 601 luma of gamma-encoded components; alpha takes no part. Sums that are exactly one of the strict bounds below
+/// in decimals lie beside it in binary fractions, by less than what is rounded away here.
 double luminance(const Color& color) {
-  return (299.0 * color.red + 587.0 * color.green + 114.0 * color.blue) / 1000.0;
+  constexpr double steps = 1e12;
+  return std::round((0.299 * color.red + 0.587 * color.green + 0.114 * color.blue) * steps) / steps;
 }
 
 Color mapComponents(const Color& color, double (*map)(double)) {

@@ -132,14 +132,18 @@ void SpaceRowView::mouseUp(platform::Point point) {
   }
 }
 
+platform::TextField* SpaceRowView::textField() const {
+  return host() == nullptr ? nullptr : host()->textField();
+}
+
 void SpaceRowView::renameClicked() {
-  if (isEditing_ || host() == nullptr) {
+  if (isEditing_) {
     return;
   }
   isEditing_ = true;
   isPencilVisible_ = false;
   contentChanged();
-  if (platform::TextField* field = host()->textField()) {
+  if (platform::TextField* field = textField()) {
     field->setText(displayName_);
     field->focusAndSelectAll();
   }
@@ -162,7 +166,7 @@ platform::KeyDisposition SpaceRowView::handleKey(const platform::KeyEvent& event
       cancelRename();
       return KeyDisposition::Swallow;
     default: {
-      platform::TextField* field = host()->textField();
+      platform::TextField* field = textField();
       return field != nullptr && field->interpret(event) ? KeyDisposition::Swallow : KeyDisposition::PassOn;
     }
   }
@@ -172,12 +176,8 @@ void SpaceRowView::commit() {
   if (!isEditing_) {
     return;
   }
-  const platform::TextField* field = host()->textField();
-  if (field == nullptr) {
-    cancelRename();
-    return;
-  }
-  const std::string typed = field->text();
+  const platform::TextField* field = textField();
+  const std::string typed = field == nullptr ? displayName_ : field->text();
   // The label shows what was typed, blanks at the ends included; what becomes of it is the model's affair.
   labelText_ = trimWhitespace(typed).empty() ? displayName_ : typed;
   endEditing();

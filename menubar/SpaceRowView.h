@@ -44,6 +44,9 @@ class SpaceRowView final : public platform::View {
   platform::Rect pencilFrame() const;
   bool isOnPencil(platform::Point point) const;
 
+  /// Null while nobody shows the row: what would stand in it is the name as it was.
+  platform::TextField* textField() const;
+
   void renameClicked();
   void installMonitor();
   platform::KeyDisposition handleKey(const platform::KeyEvent& event);

@@ -250,6 +250,13 @@ TEST(MenuBarControllerContrastTest, IsBlackOnlyOverALuminanceAboveOneHalf) {
   EXPECT_EQ(MenuBarController::contrastingColor({1.0, 1.0, 1.0, 0.0}), Color::black());
 }
 
+/// In binary fractions such sums may lie beside the bound.
+TEST(MenuBarControllerContrastTest, IsWhiteWhereTheLuminanceIsOneHalfInDecimals) {
+  for (const Color& color : {Color{0.09, 0.67, 0.7, 1.0}, Color{0.2, 0.68, 0.36, 1.0}, Color{0.95, 0.23, 0.71, 1.0}}) {
+    EXPECT_EQ(MenuBarController::contrastingColor(color), Color::white()) << color.red;
+  }
+}
+
 TEST(MenuBarControllerContrastTest, IsWhiteOverAColourWithoutAnSrgbForm) {
   Color pattern = Color::white();
   pattern.space = platform::ColorSpace::Unconvertible;

@@ -38,6 +38,16 @@ TEST_F(SpaceRowViewEditingTest, DoesNotBeginAgainForAnotherClickOnThePencil) {
   EXPECT_EQ(field().text(), "Post");
 }
 
+TEST_F(SpaceRowViewEditingTest, TakesPlaceWithoutAWindowTooWithTheNameAsItWas) {
+  makeRow("Mail").buttonClicked();
+  EXPECT_TRUE(isEditing());
+  EXPECT_EQ(presses(49), KeyDisposition::PassOn);
+  EXPECT_EQ(presses(keyCode::returnKey), KeyDisposition::Swallow);
+  EXPECT_FALSE(isEditing());
+  EXPECT_EQ(label().text, "Mail");
+  EXPECT_EQ(renames, Renames{"Mail"});
+}
+
 TEST_F(SpaceRowViewEditingTest, EndsWithReturnAndKeypadEnter) {
   Renames expected;
   for (const std::uint16_t key : {std::uint16_t{36}, std::uint16_t{76}}) {
