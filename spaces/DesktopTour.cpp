@@ -33,8 +33,7 @@ void DesktopTour::start(Directions directions, std::function<void()> completion)
   run_->arrivals = workspace_.observe(platform::notification::activeSpaceDidChange, [this] { arrived(); });
   system_.log("[Roomlattice] tour start: " + std::to_string(run_->ahead.size()) + " steps");
   onStart();
-  // Never cancelled: after a normal end it finds no tour.
-  dispatcher_.asyncAfter(hardTimeout, lifetime_.guard([this] { gaveUp(); }));
+  run_->timeLimit = dispatcher_.schedule(hardTimeout, [this] { gaveUp(); });
   advance();
 }
 
@@ -92,10 +91,8 @@ void DesktopTour::arrived() {
 }
 
 void DesktopTour::gaveUp() {
-  if (run_) {
-    system_.log("[Roomlattice] tour hard timeout after 20s, forcing end");
-    end();
-  }
+  system_.log("[Roomlattice] tour hard timeout after 20s, forcing end");
+  end();
 }
 
 void DesktopTour::end() {

@@ -44,6 +44,8 @@ class DesktopTour {
     Directions ahead;
     std::function<void()> completion;
     platform::Registration arrivals;
+    // The next tour has a limit of its own.
+    platform::Registration timeLimit;
     // Counts from 1; deferred work compares it to learn that its step is over.
     int step = 0;
     platform::Direction direction = platform::Direction::Right;

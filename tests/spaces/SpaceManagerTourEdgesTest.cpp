@@ -56,6 +56,15 @@ TEST_F(SpaceManagerTourEdgesTest, BeginsAnewWhenItIsStartedWhileItRuns) {
                                    "second completion"));
 }
 
+TEST_F(SpaceManagerTourEdgesTest, LeavesNoTimeLimitBehindForTheNextOne) {
+  startTour();
+  advanceTo(19900ms);
+  manager.performAutoTour({});
+  desktop.advance(15s);
+  EXPECT_EQ(directions(), "RRLLRRLL");
+  EXPECT_THAT(logged(), ElementsAre(startLine(4), endLine, startLine(4), endLine));
+}
+
 // The completion is looked up after the end has been announced: by then it is the other tour's.
 TEST_F(SpaceManagerTourEdgesTest, LetsItsEndStartAnotherWhoseCompletionTakesItsOwnsPlace) {
   bool startedAgain = false;
