@@ -7,10 +7,11 @@
 
 namespace roomlattice::platform::macos {
 
-/// Grand Central Dispatch says when there is something to do, and this class what: the system may group delayed work
-/// and bring it in another order than it is due. So tasks wait in a queue of their own, each has the system wake the
-/// program when it is due, and every wake-up runs the first task in the queue, whoever's wake-up it was. A task that is
-/// cancelled only leaves the queue; the wake-up too many then finds nothing that is due.
+/// Grand Central Dispatch says when there is something to do, and this class what: the system may bring delayed work as
+/// much as a tenth of the delay too late, and in another order than it is due. So tasks wait in a queue of their own,
+/// each has the system wake the program when it is due, and every wake-up runs the first task in the queue, whoever's
+/// wake-up it was. Where the next one is due by then, another wake-up follows at once: its own may be the late one. A
+/// task that is cancelled only leaves the queue; the wake-ups too many then find nothing that is due.
 class MacDispatcher final : public Dispatcher {
  public:
   MacDispatcher();

@@ -56,7 +56,7 @@ class TimerSource {
 
 }  // namespace
 
-class MacDispatcher::MainQueue {
+class MacDispatcher::MainQueue : public std::enable_shared_from_this<MainQueue> {
  public:
   std::uint64_t post(Instant due, Task task) {
     const std::scoped_lock lock(mutex_);
@@ -72,10 +72,34 @@ class MacDispatcher::MainQueue {
   void wake(Instant due) {
     if (const std::optional<Task> task = take(std::max(now(), due))) {
       (*task)();
+      wakeForNext();
     }
   }
 
  private:
+  /// The wake-up that was meant for the next task may be late. One of these is enough: it sees to the one after it.
+  void wakeForNext() {
+    if (isWakingForNext_ || !isDue(now())) {
+      return;
+    }
+    isWakingForNext_ = true;
+    const std::weak_ptr weak = weak_from_this();
+    dispatch_async(dispatch_get_main_queue(), ^{
+      @autoreleasepool {
+        if (const auto queue = weak.lock()) {
+          queue->isWakingForNext_ = false;
+          queue->wake(now());
+        }
+      }
+    });
+  }
+
+  bool isDue(Instant at) {
+    const std::scoped_lock lock(mutex_);
+    const std::optional<Instant> next = tasks_.nextDue();
+    return next && *next <= at;
+  }
+
   std::optional<Task> take(Instant at) {
     const std::scoped_lock lock(mutex_);
     return tasks_.takeDue(at);
@@ -84,6 +108,8 @@ class MacDispatcher::MainQueue {
   // Recursive: what a removed task owned may come back here when it ends.
   std::recursive_mutex mutex_;
   TaskQueue tasks_;
+  // Of the main thread alone.
+  bool isWakingForNext_ = false;
 };
 
 MacDispatcher::MacDispatcher() : queue_(std::make_shared<MainQueue>()) {}

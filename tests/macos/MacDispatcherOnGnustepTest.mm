@@ -22,8 +22,36 @@ TEST(MacDispatcherOnGnustepTest, MeasuresDelaysByTheMachinesUptime) {
   dispatcher.asyncAfter(10min, [&] { order += "a"; });
   gnustep::letUptimePass(20min);
   dispatcher.async([&] { order += "b"; });
-  EXPECT_TRUE(runUntil([&] { return !order.empty(); }));
-  EXPECT_EQ(order, "a");
+  EXPECT_TRUE(runUntil([&] { return order.size() == 2; }));
+  EXPECT_EQ(order, "ab");
+}
+
+TEST(MacDispatcherOnGnustepTest, LetsNoTaskWaitForTheLateWakeUpOfAnother) {
+  MacDispatcher dispatcher;
+  std::string order;
+  dispatcher.asyncAfter(10min, [&] { order += "a"; });
+  dispatcher.asyncAfter(15min, [&] { order += "b"; });
+  gnustep::letUptimePass(20min);
+  dispatcher.async([&] { order += "c"; });
+  EXPECT_TRUE(runUntil([&] { return order.size() == 3; }));
+  EXPECT_EQ(order, "abc");
+}
+
+TEST(MacDispatcherOnGnustepTest, RunsOneTaskForEachWakeUp) {
+  MacDispatcher dispatcher;
+  std::string order;
+  std::string* const said = &order;
+  dispatcher.asyncAfter(10min, [said] {
+    dispatch_async(dispatch_get_main_queue(), ^{
+      *said += "x";
+    });
+    *said += "a";
+  });
+  dispatcher.asyncAfter(15min, [&] { order += "b"; });
+  gnustep::letUptimePass(20min);
+  dispatcher.async([&] { order += "c"; });
+  EXPECT_TRUE(runUntil([&] { return order.size() == 4; }));
+  EXPECT_EQ(order, "axbc");
 }
 
 TEST(MacDispatcherOnGnustepTest, RepeatsWithoutLeeway) {
