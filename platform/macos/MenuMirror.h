@@ -23,7 +23,7 @@ class MenuMirror {
   MenuMirror& operator=(const MenuMirror&) = delete;
 
   NSMenu* get() const { return native_.get(); }
-  bool isOpen() const { return session_.has_value(); }
+  bool isOpen() const { return isOpen_; }
 
   // For the menu's delegate.
   void needsUpdate();
@@ -34,6 +34,7 @@ class MenuMirror {
   Menu& menu_;
   ObjectPointer<NSMenu> native_;
   ObjectPointer<RoomlatticeMenuDelegate> delegate_;
+  // There may be one in a closed menu, too, that AppKit has asked for its items.
   std::optional<MenuSession> session_;
   bool isOpen_ = false;
 };

@@ -14,10 +14,13 @@
 #include <memory>
 #include <string>
 
+#include "tests/macos/MainLoop.h"
 #include "tests/macos/supplement/StatusBar.h"
 
 namespace roomlattice::platform::macos {
 namespace {
+
+using namespace std::chrono_literals;
 
 /// A row with one of everything.
 class RowView final : public View {
@@ -303,6 +306,20 @@ TEST_F(MenuMirrorTest, KeepsItsRowsWhenAnUpdateIsAskedForWhileItIsOpen) {
   EXPECT_TRUE(row().isEditing);
   open();
   EXPECT_FALSE(row().isEditing);
+}
+
+TEST_F(MenuMirrorTest, OpensAfterAnUpdateThatWasAskedForWhileItWasClosed) {
+  [[native() delegate] menuNeedsUpdate:native()];
+  item_.openMenu();
+  EXPECT_TRUE(tests::runUntil([] { return gnustep::menuWindow() != nil; }));
+}
+
+TEST_F(MenuMirrorTest, DoesNotOpenAgainWhileItIsOpen) {
+  open();
+  RowView* const shown = &row();
+  item_.openMenu();
+  tests::runFor(50ms);
+  EXPECT_EQ(&row(), shown);
 }
 
 TEST_F(MenuMirrorTest, ClosesTheMenuForARow) {
