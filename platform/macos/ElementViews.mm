@@ -33,7 +33,7 @@ class TextElementView final : public ElementViewOf<NSTextField> {
 
   void show(const ViewElement& element) override {
     const auto& text = std::get<TextElement>(element.kind);
-    [native() setStringValue:toNSString(text.text)];
+    [native() setStringValue:toNSString(toSingleLine(text.text))];
     [native() setFont:toNSFont(text.font)];
     [native() setTextColor:toNSColor(text.color)];
     [native() setAlignment:text.alignment == TextAlignment::Center ? NSTextAlignmentCenter : NSTextAlignmentLeft];

@@ -11,7 +11,7 @@ namespace roomlattice::platform::macos {
 
 NSFont* toNSFont(const Font& font);
 
-/// The typographic size of a single line.
+/// The typographic size of what toSingleLine makes of `text`.
 Size textSize(const std::string& text, const Font& font);
 
 }  // namespace roomlattice::platform::macos

@@ -30,7 +30,7 @@ NSFont* toNSFont(const Font& font) {
 Size textSize(const std::string& text, const Font& font) {
   NSDictionary* attributes = [NSDictionary dictionaryWithObject:toNSFont(font) forKey:NSFontAttributeName];
   // An empty string has no height; its line has.
-  NSString* measured = text.empty() ? @" " : toNSString(text);
+  NSString* measured = text.empty() ? @" " : toNSString(toSingleLine(text));
   const Size size = toSize([measured sizeWithAttributes:attributes]);
   return text.empty() ? Size{0.0, size.height} : size;
 }

@@ -25,7 +25,8 @@ NSAttributedString* toNSAttributedString(const StatusTitle& title) {
   if (title.color) {
     [attributes setObject:toNSColor(*title.color) forKey:NSForegroundColorAttributeName];
   }
-  return [[[NSAttributedString alloc] initWithString:toNSString(title.text) attributes:attributes] autorelease];
+  return [[[NSAttributedString alloc] initWithString:toNSString(toSingleLine(title.text))
+                                          attributes:attributes] autorelease];
 }
 
 }  // namespace
@@ -68,7 +69,7 @@ void MacStatusItem::setContent(const StatusButtonContent& content) {
     if (content.title.color || content.title.text.empty()) {
       [button setAttributedTitle:toNSAttributedString(content.title)];
     } else {
-      [button setTitle:toNSString(content.title.text)];
+      [button setTitle:toNSString(toSingleLine(content.title.text))];
     }
   }
 }

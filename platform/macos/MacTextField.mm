@@ -60,6 +60,8 @@ MacTextField::MacTextField(View& view)
   [field setBezelStyle:NSTextFieldSquareBezel];
   [field setDrawsBackground:YES];
   [field setFocusRingType:NSFocusRingTypeDefault];
+  // What is pasted may have several.
+  [[field cell] setUsesSingleLineMode:YES];
   [field setDelegate:delegate_.get()];
 }
 

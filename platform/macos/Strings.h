@@ -13,6 +13,9 @@ std::string toString(NSString* string);
 /// Nil when `text` is not UTF-8.
 NSString* toNSStringOrNil(std::string_view text);
 
+/// The text with a blank for each character that would end a line.
+std::string toSingleLine(std::string_view text);
+
 /// Text that is not UTF-8 becomes the empty string.
 NSString* toNSString(std::string_view text);
 

@@ -33,6 +33,14 @@ TEST_F(UserInterfaceConformance, MeasuresLongerTextsWiderAndEmptyOnesAsHighAsALi
             userInterface().measure("Mail", {.size = 40.0}).height);
 }
 
+TEST_F(UserInterfaceConformance, MeasuresALineEndAsABlank) {
+  const platform::Font font{.size = 40.0};
+  const Size line = userInterface().measure("Work Mail", font);
+  for (const char* text : {"Work\nMail", "Work\rMail", "Work\u2028Mail", "Work\u2029Mail"}) {
+    EXPECT_EQ(userInterface().measure(text, font), line) << text;
+  }
+}
+
 TEST_F(UserInterfaceConformance, GivesEveryControlASize) {
   const Control controls[] = {platform::LabelControl{.text = "x"},
                               platform::SliderControl{},

@@ -79,6 +79,14 @@ TEST(MacStatusItemTest, ShowsAPlainTitle) {
   EXPECT_EQ([[native() button] image], nil);
 }
 
+TEST(MacStatusItemTest, ShowsATitleOfSeveralLinesAsOne) {
+  MacStatusItem item{VariableLength{}};
+  item.button()->setContent({.title = {.text = " Work\nMail "}});
+  EXPECT_EQ(toString([[native() button] title]), " Work Mail ");
+  item.button()->setContent({.title = {.text = " Work\nMail ", .color = Color::black()}});
+  EXPECT_EQ(toString([[[native() button] attributedTitle] string]), " Work Mail ");
+}
+
 TEST(MacStatusItemTest, HasNoButtonWhereTheBarGivesNone) {
   MacStatusItem item{VariableLength{}};
   gnustep::withholdButtons(true);

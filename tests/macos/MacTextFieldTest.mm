@@ -113,6 +113,10 @@ class MacTextFieldTest : public testing::Test {
   MacTextField field_{view_};
 };
 
+TEST_F(MacTextFieldTest, HasASingleLine) {
+  EXPECT_TRUE([[field_.get() cell] usesSingleLineMode]);
+}
+
 TEST_F(MacTextFieldTest, GivesItsWindowTheKeyboard) {
   window_.get()->heard_.clear();
   field_.focusAndSelectAll();

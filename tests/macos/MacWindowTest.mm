@@ -90,6 +90,14 @@ TEST(MacWindowTest, FollowsItsView) {
   EXPECT_EQ(toString([label stringValue]), "Música");
 }
 
+TEST(MacWindowTest, ShowsATextOfSeveralLinesAsOne) {
+  MacWindow window({.frame = plateWindowFrame});
+  window.setContentView(std::make_unique<PlateView>());
+  static_cast<PlateView*>(window.contentView())->setText("Work\nMail");
+  NSTextField* label = [[[nativeWindow(window) contentView] subviews] objectAtIndex:0];
+  EXPECT_EQ(toString([label stringValue]), "Work Mail");
+}
+
 TEST(MacWindowTest, SetsItsAlphaAtOnce) {
   MacWindow window({.frame = plateWindowFrame});
   window.setAlpha(0.78);

@@ -41,6 +41,7 @@ static const NSBezelStyle NSBezelStyleRegularSquare = NSBezelStyleFlexiblePush;
 
 @interface NSCell : NSObject <NSCopying, NSCoding>
 @property NSLineBreakMode lineBreakMode;
+@property BOOL usesSingleLineMode;
 @property(readonly) NSSize cellSize;
 - (NSSize)cellSizeForBounds:(NSRect)rect;
 @end
