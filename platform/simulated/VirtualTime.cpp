@@ -15,15 +15,13 @@ void VirtualTime::remove(Token token) {
 }
 
 void VirtualTime::advance(Duration duration) {
-  if (asleep_) {
-    asleepFor_ += duration;
-    return;
-  }
-  const Duration end = now_ + duration;
-  for (auto due = queue_.nextDue(); due && *due <= end && !asleep_; due = queue_.nextDue()) {
+  // By the clock on the wall: a task may put the machine to sleep.
+  const Duration end = wallClock() + duration;
+  for (auto due = queue_.nextDue(); due && *due + asleepFor_ <= end && !asleep_; due = queue_.nextDue()) {
     runNext();
   }
-  now_ = std::max(now_, end);
+  Duration& passing = asleep_ ? asleepFor_ : now_;
+  passing += std::max(end - wallClock(), Duration::zero());
 }
 
 bool VirtualTime::runNext() {

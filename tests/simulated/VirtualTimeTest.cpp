@@ -100,5 +100,31 @@ TEST_F(VirtualTimeTest, StandsStillWhileAsleepExceptOnTheWallClock) {
   EXPECT_EQ(time_.wallClock(), 11s);
 }
 
+TEST_F(VirtualTimeTest, StandsStillFromWhenATaskPutsTheMachineToSleep) {
+  time_.post(1s, [this] { time_.setAsleep(true); });
+  time_.post(2s, stamping());
+  time_.advance(10s);
+  EXPECT_TRUE(stamps_.empty());
+  EXPECT_EQ(time_.now(), 1s);
+  EXPECT_EQ(time_.wallClock(), 10s);
+  time_.setAsleep(false);
+  time_.advance(1s);
+  EXPECT_EQ(stamps_, std::vector<Duration>{2s});
+  EXPECT_EQ(time_.wallClock(), 11s);
+}
+
+TEST_F(VirtualTimeTest, LetsATaskLetTimePassInItsSleep) {
+  time_.post(1s, [this] {
+    time_.setAsleep(true);
+    time_.advance(4s);
+    time_.setAsleep(false);
+  });
+  time_.post(2s, stamping());
+  time_.advance(10s);
+  EXPECT_EQ(stamps_, std::vector<Duration>{2s});
+  EXPECT_EQ(time_.now(), 6s);
+  EXPECT_EQ(time_.wallClock(), 10s);
+}
+
 }  // namespace
 }  // namespace roomlattice::tests
