@@ -67,7 +67,7 @@ CommandResult DesktopCommands::switchTo(const std::string& desktop) {
     return *error;
   }
   if (!positionOf(switcher_.destination(), regularSpaces(manager_.spaces()))) {
-    return CommandError{CommandErrorKind::NotPossible, "there is no way from a full-screen space to a desktop"};
+    return noWayFrom(switcher_.destination());
   }
   switcher_.switchTo(manager_.spaces().at(std::get<std::size_t>(found)).spaceID);
   return done;
@@ -85,7 +85,7 @@ CommandResult DesktopCommands::step(platform::Direction direction) {
   const std::vector<SpaceInfo> regular = regularSpaces(manager_.spaces());
   const std::optional<std::size_t> from = positionOf(switcher_.destination(), regular);
   if (!from) {
-    return CommandError{CommandErrorKind::NotPossible, "there is no way from a full-screen space to a desktop"};
+    return noWayFrom(switcher_.destination());
   }
   const bool isRight = direction == platform::Direction::Right;
   if (isRight ? *from + 1 == regular.size() : *from == 0) {
@@ -94,6 +94,12 @@ CommandResult DesktopCommands::step(platform::Direction direction) {
   }
   switcher_.switchTo(regular[isRight ? *from + 1 : *from - 1].spaceID);
   return done;
+}
+
+CommandError DesktopCommands::noWayFrom(platform::SpaceID space) const {
+  return manager_.firstSpace(space) == nullptr
+             ? nothingInFront()
+             : CommandError{CommandErrorKind::NotPossible, "there is no way from a full-screen space to a desktop"};
 }
 
 CommandResult DesktopCommands::rename(const std::string& desktop, const std::string& name) {
@@ -117,8 +123,7 @@ CommandResult DesktopCommands::setName(const SpaceInfo& space, const std::string
   if (std::ranges::any_of(name, isControlCharacter)) {
     return CommandError{CommandErrorKind::InvalidName, "a name has no control characters"};
   }
-  // The model tells of it while it still uses what it was given.
-  manager_.setName(name, SpaceInfo(space));
+  manager_.setName(name, space);
   return done;
 }
 
@@ -144,7 +149,11 @@ CommandResult DesktopCommands::openPreferences() {
 }
 
 CommandResult DesktopCommands::startTour() {
-  if (regularSpaces(manager_.spaces()).size() < 2) {
+  const std::vector<SpaceInfo> regular = regularSpaces(manager_.spaces());
+  if (!positionOf(manager_.activeSpaceID(), regular)) {
+    return noWayFrom(manager_.activeSpaceID());
+  }
+  if (regular.size() < 2) {
     return CommandError{CommandErrorKind::NotPossible, "there is only one desktop"};
   }
   manager_.performAutoTour();

@@ -45,6 +45,8 @@ class DesktopCommands final : public platform::Commands {
 
  private:
   platform::CommandResult step(platform::Direction direction);
+  /// Why nothing leads away from there, which is no regular desktop of the list.
+  platform::CommandError noWayFrom(platform::SpaceID space) const;
   platform::CommandResult setName(const SpaceInfo& space, const std::string& name);
   void activeChanged();
   void listChanged();

@@ -77,7 +77,7 @@ class SpaceManager {
   std::optional<int> defaultNumber(const SpaceInfo& space) const;
 
   /// Keeps `name`, without white space at its ends, for the desktop's uuid; a blank name brings the default title back.
-  /// Posts didChange in any case.
+  /// Posts didChange in any case. `space` may belong to the list.
   void setName(const std::string& name, const SpaceInfo& space);
 
   /// Names, by uuid, that desktops have elsewhere, in place of those borrowed before. They stand in for default titles

@@ -16,9 +16,20 @@ using ::testing::SizeIs;
 
 constexpr CommandResult accepted = std::nullopt;
 
+constexpr const char* fromFullScreen = "there is no way from a full-screen space to a desktop";
+constexpr const char* nothingInFront = "no desktop is in front";
+
 class DesktopCommandsTest : public CommandsFixture {
  protected:
   using CommandsFixture::CommandsFixture;
+
+  static std::string messageOf(const CommandResult& result) { return result ? result->message : ""; }
+
+  /// The desktops are there, and the active one is none of them.
+  void showNothingInFront() {
+    desktop.overrideActiveSpace(4711);
+    desktop.reportActiveSpaceChange();
+  }
 
   std::vector<double> labelAlphas() {
     std::vector<double> alphas;
@@ -110,6 +121,17 @@ TEST_F(DesktopCommandsTest, NeitherSwitchToAFullScreenSpaceNorFromOne) {
   EXPECT_EQ(kindOf(commands().switchTo("2")), Kind::NotPossible);
   EXPECT_EQ(kindOf(commands().switchToNext()), Kind::NotPossible);
   EXPECT_EQ(kindOf(commands().switchToPrevious()), Kind::NotPossible);
+  EXPECT_EQ(messageOf(commands().switchTo("2")), fromFullScreen);
+  EXPECT_EQ(messageOf(commands().switchToNext()), fromFullScreen);
+}
+
+TEST_F(DesktopCommandsTest, SayWhereNothingIsInFrontToSwitchFrom) {
+  showNothingInFront();
+  for (const CommandResult& result : {commands().switchTo("2"), commands().switchToNext(),
+                                      commands().switchToPrevious(), commands().renameCurrent("Mail")}) {
+    EXPECT_EQ(kindOf(result), Kind::NotPossible);
+    EXPECT_EQ(messageOf(result), nothingInFront);
+  }
 }
 
 TEST_F(DesktopCommandsTest, StepToTheNeighborsAndNotBeyondTheEnds) {
@@ -207,6 +229,20 @@ TEST_F(DesktopCommandsTest, StartTheTour) {
 
 TEST_F(DesktopCommandsOfOneDesktopTest, SayThatThereIsNothingToTour) {
   EXPECT_EQ(kindOf(commands().startTour()), Kind::NotPossible);
+}
+
+TEST_F(DesktopCommandsTest, TourNothingFromAFullScreenSpace) {
+  desktop.enterFullScreen();
+  const CommandResult result = commands().startTour();
+  EXPECT_EQ(kindOf(result), Kind::NotPossible);
+  EXPECT_EQ(messageOf(result), fromFullScreen);
+}
+
+TEST_F(DesktopCommandsTest, TourNothingWhileNothingIsInFront) {
+  showNothingInFront();
+  const CommandResult result = commands().startTour();
+  EXPECT_EQ(kindOf(result), Kind::NotPossible);
+  EXPECT_EQ(messageOf(result), nothingInFront);
 }
 
 TEST_F(DesktopCommandsTest, QuitOnceItHasBeenAnswered) {
