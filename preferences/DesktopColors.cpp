@@ -5,14 +5,16 @@
 namespace roomlattice {
 namespace {
 
-CodableColor& placeIn(SpaceColorConfig& pair, ColorMode mode) {
+/// Of the two colours the one that the mode uses, as constant as the pair.
+template <class Pair>
+auto& usedIn(Pair& pair, ColorMode mode) {
   return mode == ColorMode::ColorForeground ? pair.foreground : pair.background;
 }
 
 }  // namespace
 
 CodableColor usedOf(const SpaceColorConfig& pair, ColorMode mode) {
-  return mode == ColorMode::ColorForeground ? pair.foreground : pair.background;
+  return usedIn(pair, mode);
 }
 
 CodableColor defaultColorAt(std::size_t position) {
@@ -54,7 +56,7 @@ CodableColor DesktopColors::usedColor(const std::string& uuid) const {
 
 void DesktopColors::setUsedColor(const std::string& uuid, const CodableColor& color) {
   SpaceColorConfig changed = config(uuid);
-  placeIn(changed, mode_) = color;
+  usedIn(changed, mode_) = color;
   stored_[uuid] = changed;
 }
 
