@@ -12,10 +12,6 @@ constexpr const char* emptyOutputText = "(no log output \u2014 make sure you rep
 
 }  // namespace
 
-platform::LogQuery diagnosticLogQuery(const platform::System& system) {
-  return system.recentLog();
-}
-
 std::string gatherDiagnosticLog(platform::System& system, const platform::LogQuery& query) {
   auto outcome = system.run(query.executable, query.arguments);
   if (const auto* error = std::get_if<platform::LaunchError>(&outcome)) {

@@ -7,9 +7,6 @@
 
 namespace roomlattice {
 
-/// How this system gives out the program's log lines of the last ten minutes.
-platform::LogQuery diagnosticLogQuery(const platform::System& system);
-
 /// Runs the query and returns what it printed, or a text that stands in for nothing or for a tool that cannot be run.
 /// Blocks until the tool has finished; may be called from any thread.
 std::string gatherDiagnosticLog(platform::System& system, const platform::LogQuery& query);

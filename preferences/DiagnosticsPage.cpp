@@ -38,7 +38,7 @@ platform::TabPage DiagnosticsPage::make() {
   // Its texts come later, and find the page as it is.
   statusLabel_ = {index_, page.add(secondaryLabel("", 11.0), textWidth)};
   page.add(secondaryLabel("Or run this in Terminal and paste the output:", 12.0));
-  page.add(platform::SelectableTextControl{.text = diagnosticLogQuery(platform_.system()).command,
+  page.add(platform::SelectableTextControl{.text = platform_.system().recentLog().command,
                                            .font = {.family = platform::FontFamily::MonospacedSystem, .size = 11.0}},
            textWidth, "Log command");
   page.add(platform::PushButtonControl{.title = "Copy Command", .action = [this] { copyLogCommand(); }});
@@ -50,7 +50,7 @@ void DiagnosticsPage::copyDiagnosticLog() {
   window_->setEnabled(copyLogButton_, false);
   auto finish = lifetime_.guard([this](const std::string& text) { showCopiedLog(text); });
   platform_.dispatcher().background(
-      [&platform = platform_, finish = std::move(finish), query = diagnosticLogQuery(platform_.system())] {
+      [&platform = platform_, finish = std::move(finish), query = platform_.system().recentLog()] {
         platform.dispatcher().async(
             [finish, text = gatherDiagnosticLog(platform.system(), query)]() mutable { finish(text); });
       });
@@ -63,7 +63,7 @@ void DiagnosticsPage::showCopiedLog(const std::string& text) {
 }
 
 void DiagnosticsPage::copyLogCommand() {
-  platform_.system().setPasteboardString(diagnosticLogQuery(platform_.system()).command);
+  platform_.system().setPasteboardString(platform_.system().recentLog().command);
   setStatus("Command copied to clipboard.");
 }
 

@@ -17,7 +17,7 @@ const std::string nothingLogged = "(no log output \u2014 make sure you reproduce
 
 class DiagnosticLogTest : public SimulatedFixture {
  protected:
-  std::string gather() { return gatherDiagnosticLog(platform().system(), diagnosticLogQuery(platform().system())); }
+  std::string gather() { return gatherDiagnosticLog(platform().system(), platform().system().recentLog()); }
 
   std::string gatherWhenToolPrints(const std::string& output) {
     desktop.childProcesses().install(logTool, output);
@@ -26,7 +26,7 @@ class DiagnosticLogTest : public SimulatedFixture {
 };
 
 TEST_F(DiagnosticLogTest, OffersTheCommandAsAUserWouldTypeIt) {
-  const platform::LogQuery query = diagnosticLogQuery(platform().system());
+  const platform::LogQuery query = platform().system().recentLog();
   EXPECT_EQ(query.command, logCommand);
   EXPECT_EQ(query.command.size(), 74U);
 }
