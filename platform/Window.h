@@ -53,7 +53,10 @@ class Window {
   /// The view, owned by the window; null before one was set.
   virtual View* contentView() const = 0;
 
+  /// As it was given, or as it came to be shown.
   virtual Rect frame() const = 0;
+
+  /// A backend may move the edges to pixels near by, so that what is in it is sharp.
   virtual void setFrame(const Rect& frame) = 0;
 
   virtual void setCollectionBehavior(CollectionBehavior behavior) = 0;
@@ -64,9 +67,12 @@ class Window {
   /// Sets the opacity at once and ends a running animation of it, whose completion is then not called.
   virtual void setAlpha(double alpha) = 0;
 
-  /// Moves the opacity from its present value to `alpha` within `duration`, in place of a running animation.
-  /// With a duration of 0 it is set at once, without any implicit animation. `completion` is called after the end; it
-  /// may own this window.
+  /// Moves the opacity from its present value to `alpha` within `duration`, in place of a running animation, whose
+  /// completion is then not called. With a duration of 0 it is set at once, without any implicit animation.
+  ///
+  /// `completion` is called after the end, on a later turn; it may own this window. It is not called when the window
+  /// goes before the end. Once the end is reached, which is at once with a duration of 0, a backend may call it in any
+  /// case: also when the window has gone since, or another opacity was asked for.
   virtual void animateAlpha(
       double alpha, Duration duration, std::function<void()> completion = [] {}) = 0;
 

@@ -153,6 +153,15 @@ TEST_F(UserInterfaceWindowConformance, ReplacesARunningAnimation) {
   EXPECT_EQ(window->alpha(), 0.6);
 }
 
+TEST_F(UserInterfaceWindowConformance, DropsTheCompletionOfAnAnimationThatItDoesNotOutlive) {
+  std::unique_ptr<Window> window = make(1.0);
+  bool completed = false;
+  window->animateAlpha(0.0, 100ms, [&] { completed = true; });
+  window.reset();
+  runFor(300ms);
+  EXPECT_FALSE(completed);
+}
+
 TEST_F(UserInterfaceWindowConformance, MayBeOwnedByItsCompletion) {
   std::shared_ptr<Window> window = make(1.0);
   const std::weak_ptr<Window> weak = window;
