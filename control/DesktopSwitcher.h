@@ -6,7 +6,8 @@
 namespace roomlattice {
 
 /// Switches desktops for those who cannot see how far a switch has come. Swipes lead so many desktops on, wherever that
-/// is by then: so there is one journey at a time, and what is asked for meanwhile comes after it, the last wish only.
+/// is by then: so there is one journey at a time, and what is asked for meanwhile comes after it, the last wish only. A
+/// journey that does not arrive in time is given up, and with it the wish that was to follow.
 class DesktopSwitcher {
  public:
   DesktopSwitcher(platform::Platform& platform, SpaceManager& manager);

@@ -13,6 +13,7 @@ using Duration = std::chrono::nanoseconds;
 /// The main queue, its timers, and the one background queue.
 ///
 /// Main-queue tasks run one at a time, ordered by due time and, when due at the same time, by the order of scheduling.
+/// Those that repeat keep a time of their own, in no order with the others.
 class Dispatcher {
  public:
   using Task = std::function<void()>;

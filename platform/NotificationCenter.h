@@ -50,7 +50,7 @@ inline constexpr std::string_view didWake = "NSWorkspaceDidWakeNotification";
 /// Default centre: screens were added, removed, moved or resized.
 inline constexpr std::string_view didChangeScreenParameters = "NSApplicationDidChangeScreenParametersNotification";
 
-/// Default centre: settings were changed by anybody but this program.
+/// Default centre: settings were changed by anybody but this program. Not every backend learns of that.
 inline constexpr std::string_view defaultsDidChangeElsewhere = "DefaultsDidChangeElsewhere";
 
 /// Distributed centre: the desktop went from light to dark or back. One change may be told more than once.

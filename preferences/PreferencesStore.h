@@ -15,8 +15,8 @@ namespace roomlattice {
 enum class MenuBarWidthMode { FitToTitle, MaxTitleLength };
 
 /// Typed access to the settings. Every read goes to the defaults, and an absent key or a value of another type reads as
-/// the setting's default. Every write posts didChange once, synchronously, on the default centre, whoever has written.
-/// No value is clamped.
+/// the setting's default. Every write here posts didChange once, synchronously, on the default centre, and so does each
+/// notice of writes by others, which not every backend gives. No value is clamped.
 class PreferencesStore {
  public:
   static constexpr std::string_view didChange = "PreferencesStoreDidChange";

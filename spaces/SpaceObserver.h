@@ -28,7 +28,7 @@ class SpaceObserver {
   struct Listed {
     const platform::Value::Dictionary* dictionary;
     const std::string* displayUUID;
-    /// Others than spaces have no identifier.
+    /// False for a dictionary without an identifier, which is no space.
     bool isSpace = false;
   };
 

@@ -51,8 +51,8 @@ class SpaceTable {
   Moment now() const { return now_; }
   Moment listChangedAt() const { return listChangedAt_; }
 
-  /// Puts `by` in the place of `count` desktops from `first` on. Gives what has really changed: those of `by` which
-  /// both begin or end with are as they were.
+  /// Puts `by` in the place of `count` desktops from `first` on. Gives the part that really differs: desktops that the
+  /// old and the new stretch have in common at their beginning or end are left out.
   Difference replace(std::size_t first, std::size_t count, std::vector<SpaceInfo> by);
 
   /// Desktops with that uuid have another name.

@@ -36,7 +36,7 @@ class EventStream {
   Registration attach(InputListener& listener);
 
   /// What a process posts: it passes on a later turn of the queue, with `processID` as its source, unless the
-  /// permission is missing by now.
+  /// permission is missing at this call.
   void post(const Event& event, std::int64_t processID);
 
   /// What the hardware makes passes at once.
