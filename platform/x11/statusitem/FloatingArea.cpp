@@ -2,6 +2,7 @@
 
 #include <QGuiApplication>
 #include <QScreen>
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -29,6 +30,16 @@ QRect inPoints(const QRect& part, const QScreen& screen) {
   return {corner + first, QSize(end.x() - first.x(), end.y() - first.y())};
 }
 
+/// Whether there is one on the way from an edge of `screen`, its top or its bottom, to that of the root window.
+bool isScreenBeyond(Edge edge, const QScreen& screen) {
+  const QRect own = inPixels(screen);
+  return std::ranges::any_of(QGuiApplication::screens(), [&](const QScreen* other) {
+    const QRect area = inPixels(*other);
+    const bool isInLine = area.left() <= own.right() && area.right() >= own.left();
+    return isInLine && (edge == Edge::Top ? area.top() < own.top() : area.bottom() > own.bottom());
+  });
+}
+
 }  // namespace
 
 FloatingArea::FloatingArea(X11Connection& connection, std::function<void()> changed)
@@ -37,7 +48,11 @@ FloatingArea::FloatingArea(X11Connection& connection, std::function<void()> chan
   for (QScreen* screen : QGuiApplication::screens()) {
     follow(screen);
   }
-  QObject::connect(qGuiApp, &QGuiApplication::screenAdded, &context_, [this](QScreen* screen) { follow(screen); });
+  QObject::connect(qGuiApp, &QGuiApplication::screenAdded, &context_, [this](QScreen* screen) {
+    follow(screen);
+    changedSoon_.start();
+  });
+  QObject::connect(qGuiApp, &QGuiApplication::screenRemoved, &context_, [this] { changedSoon_.start(); });
   QObject::connect(qGuiApp, &QGuiApplication::primaryScreenChanged, &context_, [this] { changedSoon_.start(); });
 }
 
@@ -59,7 +74,7 @@ std::optional<QRect> FloatingArea::freeFor(xcb_window_t window, EdgeUse use) con
 std::optional<Strut> FloatingArea::strutFor(Edge edge, const QRect& frame) const {
   const QScreen* screen = usableScreen();
   const bool isAtTop = edge == Edge::Top;
-  if (screen == nullptr || !(isAtTop || edge == Edge::Bottom)) {
+  if (screen == nullptr || !(isAtTop || edge == Edge::Bottom) || isScreenBeyond(edge, *screen)) {
     return std::nullopt;
   }
   const QRect pixels = inPixels(*screen);

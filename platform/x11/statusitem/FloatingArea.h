@@ -27,8 +27,9 @@ class FloatingArea {
   /// is waited for then.
   std::optional<QRect> freeFor(xcb_window_t window, EdgeUse use) const;
 
-  /// What something at the top or the bottom of the screen has to reserve for no window to lie below it; nothing at
-  /// the other edges. Waits for the server.
+  /// What something at the top or the bottom of the screen has to reserve for no window to lie below it. Nothing at the
+  /// other edges, and where another screen lies beyond the edge: reservations count from the edge of the root window,
+  /// so it would be all of that screen as well. Waits for the server.
   std::optional<Strut> strutFor(Edge edge, const QRect& frame) const;
 
   /// Whether a part of the root window, in its pixels, meets the screen.
