@@ -31,7 +31,7 @@ std::vector<ExportedItem> ItemOptions::items() {
   return items;
 }
 
-void ItemOptions::open(QPoint pointer) {
+void ItemOptions::open(QPoint pointer, const std::function<void()>& closed) {
   popup_ = std::make_unique<QMenu>();
   // The click that closes the menu is not to do anything else.
   popup_->setAttribute(Qt::WA_NoMouseReplay);
@@ -46,7 +46,14 @@ void ItemOptions::open(QPoint pointer) {
     // The choice may end the item that the menu was opened from.
     QObject::connect(action, &QAction::triggered, popup_.get(), item.activate, Qt::QueuedConnection);
   }
+  QObject::connect(popup_.get(), &QMenu::aboutToHide, popup_.get(), closed, Qt::QueuedConnection);
   popup_->popup(pointer);
+}
+
+void ItemOptions::close() {
+  if (popup_ != nullptr) {
+    popup_->close();
+  }
 }
 
 ExportedItem ItemOptions::placeItem(const char* title, ItemPlace place) {

@@ -25,8 +25,12 @@ class ItemOptions {
   /// The items as things are now. What they do ends with this object.
   std::vector<linux::ExportedItem> items();
 
-  /// Opens the menu at a point in Qt's coordinates.
-  void open(QPoint pointer);
+  /// Opens the menu at a point in Qt's coordinates. `closed` is called on a later turn when it has closed, unless it
+  /// has been opened again by then.
+  void open(QPoint pointer, const std::function<void()>& closed);
+
+  /// Closes the menu, if it is open.
+  void close();
 
  private:
   linux::ExportedItem placeItem(const char* title, ItemPlace place);

@@ -132,7 +132,7 @@ std::function<void()> X11StatusItem::later(std::function<void()> action) {
 ItemHandlers X11StatusItem::handlers() {
   // A click in a panel of Wayland does not close the menu by itself.
   return {.openMenu = [this](const QRect& anchor) { session_ == nullptr ? openMenuAt(anchor) : closeMenu(); },
-          .openOptions = [this](QPoint pointer) { options_.open(pointer); },
+          .openOptions = [this](QPoint pointer) { openOptions(pointer); },
           .step = [this](Direction direction) { environment_.desktops.step(direction); }};
 }
 
@@ -147,6 +147,11 @@ void X11StatusItem::openMenuAt(const QRect& anchor) {
 void X11StatusItem::closeMenu() {
   session_.reset();
   keyboard_.reset();
+}
+
+void X11StatusItem::openOptions(QPoint pointer) {
+  optionsKeyboard_.emplace(environment_.connection, pointer, [this] { options_.close(); });
+  options_.open(pointer, [this] { optionsKeyboard_.reset(); });
 }
 
 }  // namespace roomlattice::platform::x11

@@ -9,6 +9,7 @@
 #include "platform/x11/windows/KeyboardClaim.h"
 
 #include <QObject>
+#include <QPoint>
 #include <QRect>
 #include <cstddef>
 #include <functional>
@@ -40,6 +41,7 @@ class X11StatusItem final : public StatusItem, public StatusButton {
   std::function<void()> later(std::function<void()> action);
   void openMenuAt(const QRect& anchor);
   void closeMenu();
+  void openOptions(QPoint pointer);
 
   StatusItemEnvironment environment_;
   StatusButtonContent content_;
@@ -49,6 +51,8 @@ class X11StatusItem final : public StatusItem, public StatusButton {
   // Both exist while the menu is open.
   std::optional<KeyboardClaim> keyboard_;
   std::unique_ptr<MenuSession> session_;
+  // While the options are open.
+  std::optional<KeyboardClaim> optionsKeyboard_;
   ItemSettings settings_{environment_.defaults};
   linux::TrayWatch tray_{environment_.sessionBus};
   std::optional<FloatingItem> floating_;

@@ -1,10 +1,13 @@
 #include "platform/x11/statusitem/X11StatusItem.h"
 
 #include "tests/linux/tray/FakeTray.h"
+#include "tests/x11/session/PlainWindow.h"
 #include "tests/x11/session/UserInterfaceFixture.h"
 
 #include <QApplication>
 #include <QDBusArgument>
+#include <QGuiApplication>
+#include <QScreen>
 #include <algorithm>
 #include <cstdlib>
 #include <utility>
@@ -147,6 +150,42 @@ TEST_F(X11StatusItemTest, OpensItsMenuAtThePointerWhereverThePanelSaysItWasClick
     return std::abs(opened.left() + opened.width() - right) <= 2 && std::abs(opened.top() - top) <= 2;
   };
   EXPECT_TRUE(waitFor([&] { return opensAt(600, 300); }));
+}
+
+/// A screen by which the program takes the server for Xwayland.
+class X11StatusItemUnderXwaylandTest : public X11StatusItemTest {
+ protected:
+  X11StatusItemUnderXwaylandTest() {
+    ui_.session.changesMonitors();
+    ui_.session.run({"xrandr", "--setmonitor", "XWAYLAND0", "1280/300x800/200+0+0", "screen"});
+    EXPECT_TRUE(waitFor([] { return QGuiApplication::primaryScreen()->name() == QStringLiteral("XWAYLAND0"); }));
+  }
+
+  /// Has a panel that shows the item ask for what the right button opens.
+  void openOptions() {
+    tray_.appear(TrayHost::Registered);
+    show();
+    ASSERT_TRUE(isInPanel());
+    tray_.call(QStringLiteral("ContextMenu"), {600, 300});
+    ASSERT_TRUE(waitFor([] { return QApplication::activePopupWidget() != nullptr; }));
+  }
+};
+
+TEST_F(X11StatusItemUnderXwaylandTest, HasTheKeyboardWhileItsOptionsAreOpen) {
+  PlainWindow other({200, 200, 300, 200}, Qt::blue);
+  openOptions();
+  EXPECT_TRUE(waitFor([&] { return ui_.session.activeWindow() != other.id(); }));
+  ui_.session.run({"xdotool", "key", "Escape"});
+  EXPECT_TRUE(waitFor([] { return QApplication::activePopupWidget() == nullptr; }));
+  EXPECT_TRUE(waitFor([&] { return ui_.session.activeWindow() == other.id(); }));
+}
+
+TEST_F(X11StatusItemUnderXwaylandTest, ClosesItsOptionsWhenTheKeyboardGoesElsewhere) {
+  PlainWindow other({200, 200, 300, 200}, Qt::blue);
+  openOptions();
+  ASSERT_TRUE(waitFor([&] { return ui_.session.activeWindow() != other.id(); }));
+  ui_.session.run({"wmctrl", "-i", "-a", std::to_string(other.id())});
+  EXPECT_TRUE(waitFor([] { return QApplication::activePopupWidget() == nullptr; }));
 }
 
 TEST_F(X11StatusItemTest, SwitchesToTheNeighbourWhenThePanelTellsOfTheWheel) {
