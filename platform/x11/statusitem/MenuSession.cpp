@@ -38,6 +38,20 @@ CommandRow::Style styleBeside(const HostedView* row, const Color& accent) {
   return style;
 }
 
+/// Where the upper left corner of a menu of that size is to be.
+QPoint menuCorner(const QRect& anchor, const QSize& size) {
+  const QScreen* screen = QGuiApplication::screenAt(anchor.center());
+  const int left = anchor.left() + anchor.width() - size.width();
+  const int below = anchor.top() + anchor.height();
+  if (screen == nullptr) {
+    return {left, below};
+  }
+  // The toolkit would take a corner beyond these edges for one on the neighbouring screen.
+  const QRect area = screen->geometry();
+  const bool fits = below + size.height() <= area.top() + area.height();
+  return {std::max(left, area.left()), fits ? below : std::max(anchor.top() - size.height(), area.top())};
+}
+
 }  // namespace
 
 MenuSession::MenuSession(Menu& menu, const QRect& anchor, const Color& accent, QObject& owner,
@@ -126,12 +140,7 @@ QAction* MenuSession::addHosted(View& view) {
 }
 
 void MenuSession::open(const QRect& anchor) {
-  const QSize size = popup_->sizeHint();
-  const QScreen* screen = QGuiApplication::screenAt(anchor.center());
-  const int below = anchor.top() + anchor.height();
-  const bool fits =
-      screen == nullptr || below + size.height() <= screen->geometry().top() + screen->geometry().height();
-  popup_->popup({anchor.left() + anchor.width() - size.width(), fits ? below : anchor.top() - size.height()});
+  popup_->popup(menuCorner(anchor, popup_->sizeHint()));
   // The widest item decides how wide the menu is, and all rows are as wide as it.
   for (const Row& row : rows_) {
     View& view = row.host->view();

@@ -20,9 +20,10 @@ namespace roomlattice::platform::x11 {
 class MenuSession final : private QObject {
  public:
   /// Has the menu brought up to date and opens it below `anchor`, in Qt's coordinates, with their right edges in line;
-  /// above it or where it fits, if there is no room. `accent` is the colour of what is under the pointer. The menu must
-  /// outlive the session. Commands run on a later turn, when the menu has gone, unless `owner` has gone as well by
-  /// then. `closed` is called when the menu closes, and has to end the session.
+  /// above it or where it fits, if there is no room, but never on another screen than that of the anchor. `accent` is
+  /// the colour of what is under the pointer. The menu must outlive the session. Commands run on a later turn, when the
+  /// menu has gone, unless `owner` has gone as well by then. `closed` is called when the menu closes, and has to end
+  /// the session.
   MenuSession(Menu& menu, const QRect& anchor, const Color& accent, QObject& owner, std::function<void()> closed);
   ~MenuSession() override;
 

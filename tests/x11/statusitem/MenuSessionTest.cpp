@@ -6,6 +6,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QGuiApplication>
 #include <QWidgetAction>
 #include <algorithm>
 #include <gmock/gmock.h>
@@ -62,12 +63,20 @@ class MenuSessionTest : public ::testing::Test {
         CommandItem{"Command", "k", [this] { notes_.emplace_back(isMenuOpen() ? "run too early" : "run"); }});
   }
 
-  void open() {
-    menuSession_ = std::make_unique<MenuSession>(menu_, QRect(599, 99, 1, 1), platform::Color{0.0, 0.0, 1.0}, *owner_,
-                                                 [this] { menuSession_.reset(); });
+  void open(QPoint anchor = {599, 99}) {
+    menuSession_ = std::make_unique<MenuSession>(menu_, QRect(anchor, QSize(1, 1)), platform::Color{0.0, 0.0, 1.0},
+                                                 *owner_, [this] { menuSession_.reset(); });
     ASSERT_TRUE(waitFor(isMenuOpen));
     // No row is under the pointer.
     session_.run({"xdotool", "mousemove", "--sync", "100", "500"});
+  }
+
+  /// Cuts the server's screen into two monitors.
+  void setMonitors(const std::string& first, const std::string& second) {
+    session_.changesMonitors();
+    session_.run({"xrandr", "--setmonitor", "first", first, "screen"});
+    session_.run({"xrandr", "--setmonitor", "second", second, "none"});
+    ASSERT_TRUE(waitFor([] { return QGuiApplication::screens().size() == 2; }));
   }
 
   /// Puts rows of these names before the command, in place of the one.
@@ -206,6 +215,19 @@ TEST_F(MenuSessionTest, HasTheClickThatClosesItToItself) {
   EXPECT_EQ(below.releases(), 0);
   session_.run({"xdotool", "mouseup", "1"});
   EXPECT_TRUE(waitFor([&] { return below.releases() == 1; }));
+}
+
+TEST_F(MenuSessionTest, OpensOnTheScreenOfItsAnchorAtTheLeft) {
+  setMonitors("640/150x800/200+0+0", "640/150x800/200+640+0");
+  open({650, 99});
+  EXPECT_TRUE(waitFor([] { return QApplication::activePopupWidget()->geometry().topLeft() == QPoint(640, 100); }));
+}
+
+TEST_F(MenuSessionTest, OpensOnTheScreenOfItsAnchorAtTheTop) {
+  setMonitors("1280/300x400/100+0+0", "1280/300x400/100+0+400");
+  nameRows(std::vector<std::string>(12, "Mail"));
+  open({599, 620});
+  EXPECT_TRUE(waitFor([] { return QApplication::activePopupWidget()->geometry().top() == 400; }));
 }
 
 TEST_F(MenuSessionTest, RunsNoCommandForAnOwnerThatHasGone) {
