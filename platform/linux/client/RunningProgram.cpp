@@ -84,16 +84,20 @@ RunningProgram::RunningProgram(const std::string& display, std::chrono::millisec
   }
 }
 
-bool RunningProgram::isAdmitted() {
-  return waitForAdmission(bus_.get(), std::chrono::steady_clock::now() + busLimit_) == Admission::Granted;
+std::optional<RunningProgram::NotRunning> RunningProgram::busTrouble() {
+  if (bus_ == nullptr) {
+    return NotRunning{"there is no session bus"};
+  }
+  const Admission admission = waitForAdmission(bus_.get(), std::chrono::steady_clock::now() + busLimit_);
+  return admission == Admission::Granted ? std::nullopt : std::optional(NotRunning{"the session bus does not answer"});
 }
 
 RunningProgram::Answer<MessagePointer> RunningProgram::send(const MessagePointer& question) {
-  if (question == nullptr) {
-    return NotRunning{"there is no session bus"};
+  if (auto trouble = busTrouble()) {
+    return std::move(*trouble);
   }
-  if (!isAdmitted()) {
-    return NotRunning{"the session bus does not answer"};
+  if (question == nullptr) {
+    return NotRunning{"the session bus has gone"};
   }
   sd_bus_message_set_auto_start(question.get(), 0);
   sd_bus_error error{};
@@ -158,16 +162,18 @@ RunningProgram::Answer<std::vector<DesktopState>> RunningProgram::desktops() {
   return readDesktops(message);
 }
 
-bool RunningProgram::watch(const Watcher& watcher, const std::function<bool()>& isEnough) {
-  if (bus_ == nullptr || !isAdmitted()) {
-    return false;
+RunningProgram::Answer<RunningProgram::Done> RunningProgram::watch(const Watcher& watcher,
+                                                                   const std::function<bool()>& isEnough) {
+  if (auto trouble = busTrouble()) {
+    return std::move(*trouble);
   }
+  const NotRunning gone{"the session bus has gone"};
   Watch watch{watcher};
   const std::string changes = ruleFor(name_, controlInterface, "Changed", "");
   const std::string owners = ruleFor("org.freedesktop.DBus", "org.freedesktop.DBus", "NameOwnerChanged", name_);
   if (sd_bus_add_match(bus_.get(), nullptr, changes.c_str(), changeCame, &watch) < 0 ||
       sd_bus_add_match(bus_.get(), nullptr, owners.c_str(), ownerCame, &watch) < 0) {
-    return false;
+    return gone;
   }
   while (!isEnough()) {
     int result = 0;
@@ -176,13 +182,13 @@ bool RunningProgram::watch(const Watcher& watcher, const std::function<bool()>& 
       result = sd_bus_process(bus_.get(), nullptr);
     } while (result > 0 && !watch.heard);
     if (result < 0) {
-      return false;
+      return gone;
     }
     if (result == 0 && !waitForBus(bus_.get())) {
-      return true;
+      break;
     }
   }
-  return true;
+  return Done{};
 }
 
 }  // namespace roomlattice::platform::linux

@@ -51,20 +51,21 @@ class RunningProgram {
     DesktopState desktop;
   };
 
-  /// What watch tells. Either may be empty.
+  /// Called by `watch`. Either may be left out, and then does nothing; an empty function may not stand there.
   struct Watcher {
     std::function<void(const Change&)> changed = [](const Change&) {};
     /// The program has come or gone.
     std::function<void(bool isRunning)> ownerChanged = [](bool) {};
   };
 
-  /// Tells what happens until `isEnough` says so, which is asked after each thing told, or nobody reads standard output
-  /// any more. False where there is no bus, or none any more, or it does not answer.
-  bool watch(const Watcher& watcher, const std::function<bool()>& isEnough);
+  /// Tells what happens until `isEnough` says so, which is asked at first and after each thing told, or nobody reads
+  /// standard output any more. Never refused; NotRunning where there is no bus, or none any more, or it does not
+  /// answer.
+  Answer<Done> watch(const Watcher& watcher, const std::function<bool()>& isEnough);
 
  private:
-  /// Whether the bus has let this client in.
-  bool isAdmitted();
+  /// What is wrong with the bus; nothing where it has let this client in.
+  std::optional<NotRunning> busTrouble();
   Answer<MessagePointer> send(const MessagePointer& question);
 
   std::string name_;

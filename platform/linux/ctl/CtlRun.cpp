@@ -30,11 +30,6 @@ CtlStatus failure(const RunningProgram::Answer<T>& answer) {
   return complain(std::get<RunningProgram::NotRunning>(answer).reason, CtlStatus::NotRunning);
 }
 
-void print(const std::string& text) {
-  std::fwrite(text.data(), 1, text.size(), stdout);
-  std::fflush(stdout);
-}
-
 std::string environment(const char* name) {
   const char* value = std::getenv(name);
   return value == nullptr ? "" : value;
@@ -99,15 +94,13 @@ class Run {
       return failure(answer);
     }
     if (!arguments_.json) {
-      print(desktopTable(*desktops, coloringOfOutput()));
-      return CtlStatus::Done;
+      return printCtl(desktopTable(*desktops, coloringOfOutput()));
     }
     Value::Array all;
     for (const DesktopState& desktop : *desktops) {
       all.push_back(desktopValue(desktop));
     }
-    print(jsonOf(Value(all), JsonLayout::Indented));
-    return CtlStatus::Done;
+    return printCtl(jsonOf(Value(all), JsonLayout::Indented));
   }
 
   CtlStatus current() {
@@ -117,26 +110,23 @@ class Run {
       return failure(answer);
     }
     if (arguments_.format) {
-      print(barFormatLine(*arguments_.format, *desktops) + "\n");
-      return CtlStatus::Done;
+      return printCtl(barFormatLine(*arguments_.format, *desktops) + "\n");
     }
     const auto active = std::ranges::find(*desktops, true, &DesktopState::isActive);
     if (active == desktops->end()) {
       return complain("no desktop is in front", CtlStatus::Refused);
     }
-    print(arguments_.json ? jsonOf(desktopValue(*active), JsonLayout::Indented)
-                          : desktopTable({*active}, coloringOfOutput()));
-    return CtlStatus::Done;
+    return printCtl(arguments_.json ? jsonOf(desktopValue(*active), JsonLayout::Indented)
+                                    : desktopTable({*active}, coloringOfOutput()));
   }
 
-  void printChange(const RunningProgram::Change& change) const {
+  CtlStatus printChange(const RunningProgram::Change& change) const {
     if (arguments_.json) {
-      print(jsonOf(Value::Dictionary{{"change", change.kind}, {"desktop", desktopValue(change.desktop)}},
-                   JsonLayout::Compact));
-      return;
+      return printCtl(jsonOf(Value::Dictionary{{"change", change.kind}, {"desktop", desktopValue(change.desktop)}},
+                             JsonLayout::Compact));
     }
     const std::string number = change.desktop.number ? std::to_string(*change.desktop.number) : "-";
-    print(plainText(change.kind) + " " + number + " " + plainText(change.desktop.name) + "\n");
+    return printCtl(plainText(change.kind) + " " + number + " " + plainText(change.desktop.name) + "\n");
   }
 
   CtlStatus watch() {
@@ -144,35 +134,43 @@ class Run {
     // It asks only when it hears already, so that no change falls between the two.
     bool isAsked = false;
     RunningProgram::Answer<Desktops> answer;
-    const bool heard = program_.watch({.changed = [this](const RunningProgram::Change& change) { printChange(change); },
-                                       .ownerChanged = [&](bool hasOwner) { isRunning = hasOwner; }},
-                                      [&] {
-                                        if (!std::exchange(isAsked, true)) {
-                                          answer = program_.desktops();
-                                          isRunning = std::holds_alternative<Desktops>(answer);
-                                        }
-                                        return !isRunning;
-                                      });
+    CtlStatus printed = CtlStatus::Done;
+    const auto end =
+        program_.watch({.changed = [&](const RunningProgram::Change& change) { printed = printChange(change); },
+                        .ownerChanged = [&](bool hasOwner) { isRunning = hasOwner; }},
+                       [&] {
+                         if (!std::exchange(isAsked, true)) {
+                           answer = program_.desktops();
+                           isRunning = std::holds_alternative<Desktops>(answer);
+                         }
+                         return !isRunning || printed != CtlStatus::Done;
+                       });
     if (!std::holds_alternative<Desktops>(answer)) {
       return failure(answer);
     }
-    return heard && isRunning ? CtlStatus::Done : complain("Roomlattice has ended", CtlStatus::NotRunning);
+    if (!std::holds_alternative<RunningProgram::Done>(end)) {
+      return failure(end);
+    }
+    return isRunning ? printed : complain("Roomlattice has ended", CtlStatus::NotRunning);
   }
 
   CtlStatus watchForBar() {
-    print(barFormatHeader(*arguments_.format));
+    CtlStatus printed = printCtl(barFormatHeader(*arguments_.format));
     std::optional<std::string> shown;
-    const bool heard = program_.watch({}, [&] {
+    const auto end = program_.watch({}, [&] {
+      if (printed != CtlStatus::Done) {
+        return true;
+      }
       const auto answer = program_.desktops();
       const auto* desktops = std::get_if<Desktops>(&answer);
       const std::string line = barFormatLine(*arguments_.format, desktops == nullptr ? Desktops() : *desktops);
       if (line != shown) {
-        print(line + "\n");
+        printed = printCtl(line + "\n");
         shown = line;
       }
-      return false;
+      return printed != CtlStatus::Done;
     });
-    return heard ? CtlStatus::Done : complain("there is no session bus", CtlStatus::NotRunning);
+    return std::holds_alternative<RunningProgram::Done>(end) ? printed : failure(end);
   }
 
   const CtlArguments& arguments_;
@@ -183,6 +181,11 @@ class Run {
 
 CtlStatus runCtl(const CtlArguments& arguments) {
   return Run(arguments).carryOut();
+}
+
+CtlStatus printCtl(const std::string& text) {
+  const bool isWritten = std::fwrite(text.data(), 1, text.size(), stdout) == text.size() && std::fflush(stdout) == 0;
+  return isWritten ? CtlStatus::Done : complain("cannot write to standard output", CtlStatus::Refused);
 }
 
 }  // namespace roomlattice::platform::linux

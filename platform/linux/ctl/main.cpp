@@ -12,8 +12,8 @@ int main(int argc, char** argv) {
   std::setlocale(LC_CTYPE, "");
   const auto parsed = parseCtlArguments(std::vector<std::string>(argv + (argc > 0 ? 1 : 0), argv + argc));
   if (const auto* information = std::get_if<CtlInformation>(&parsed)) {
-    std::fputs(*information == CtlInformation::Help ? ctlHelp : "roomlatticectl " ROOMLATTICE_VERSION "\n", stdout);
-    return static_cast<int>(CtlStatus::Done);
+    const bool isHelp = *information == CtlInformation::Help;
+    return static_cast<int>(printCtl(isHelp ? ctlHelp : "roomlatticectl " ROOMLATTICE_VERSION "\n"));
   }
   if (const auto* error = std::get_if<CtlUsageError>(&parsed)) {
     std::fprintf(stderr, "roomlatticectl: %s (see --help)\n", error->reason.c_str());

@@ -18,7 +18,7 @@ TEST_F(RunningProgramTest, IsNotWaitedForWhereTheBusIsMute) {
   RunningProgram program("", 30s, 20ms);
   EXPECT_TRUE(std::holds_alternative<RunningProgram::NotRunning>(program.call("OpenMenu")));
   EXPECT_TRUE(std::holds_alternative<RunningProgram::NotRunning>(program.desktops()));
-  EXPECT_FALSE(program.watch({}, [] { return false; }));
+  EXPECT_TRUE(std::holds_alternative<RunningProgram::NotRunning>(program.watch({}, [] { return false; })));
 }
 
 TEST_F(RunningProgramTest, IsNotWaitedForBeyondTheLimit) {

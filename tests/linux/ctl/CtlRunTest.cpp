@@ -106,10 +106,38 @@ TEST_F(CtlRunTest, EndsWithThreeWhereNothingRuns) {
     EXPECT_EQ(result.status, 3) << command;
     EXPECT_EQ(result.errorOutput, "roomlatticectl: Roomlattice is not running\n");
   }
+}
+
+TEST_F(CtlRunTest, EndsWithThreeWhereThereIsNoBus) {
   daemon_.stop();
-  EXPECT_EQ(run({"list"}).status, 3);
-  EXPECT_EQ(run({"watch"}).status, 3);
-  EXPECT_EQ(run({"watch", "--format=polybar"}).status, 3);
+  const std::vector<std::vector<std::string>> all{{"list"}, {"next"}, {"watch"}, {"watch", "--format=polybar"}};
+  for (const std::vector<std::string>& arguments : all) {
+    const Result result = run(arguments);
+    EXPECT_EQ(result.status, 3) << arguments[0];
+    EXPECT_EQ(result.errorOutput, "roomlatticectl: there is no session bus\n") << arguments[0];
+  }
+}
+
+TEST_F(CtlRunTest, SaysWhereNothingCanBeWritten) {
+  serve();
+  for (const char* arguments :
+       {"list", "list --json", "current", "current --format={name}", "watch --format={name}", "--help", "--version"}) {
+    ChildProcess shell({"bash", "-c", "exec \"$0\" " + std::string(arguments) + " >/dev/full", ROOMLATTICECTL_PROGRAM});
+    EXPECT_TRUE(waitFor([&] { return !shell.isRunning(); })) << arguments;
+    EXPECT_EQ(shell.waitForExitStatus(), 1) << arguments;
+    EXPECT_EQ(shell.errorOutput(), "roomlatticectl: cannot write to standard output\n") << arguments;
+  }
+}
+
+TEST_F(CtlRunTest, WatchesNoLongerThanItCanWrite) {
+  serve();
+  ChildProcess shell({"bash", "-c", "exec \"$0\" watch >/dev/full", ROOMLATTICECTL_PROGRAM});
+  EXPECT_TRUE(waitFor([&] {
+    commands_.tell({{platform::DesktopChangeKind::Switched, commands_.list[2]}});
+    return !shell.isRunning();
+  }));
+  EXPECT_EQ(shell.waitForExitStatus(), 1);
+  EXPECT_EQ(shell.errorOutput(), "roomlatticectl: cannot write to standard output\n");
 }
 
 TEST_F(CtlRunTest, MeansTheProgramOfItsDisplay) {
