@@ -35,7 +35,7 @@ linux::TrayPicture pictureOf(const QImage& image) {
 PanelItem::PanelItem(X11Connection& connection, linux::MessageBus& bus, linux::TrayWatch& watch, ItemHandlers handlers,
                      linux::ExportedMenu::Items menu)
     : connection_(connection),
-      watch_(watch),
+      traits_(watch.traits()),
       handlers_(std::move(handlers)),
       menu_(bus, menuPath, std::move(menu)),
       item_(bus, watch, trayHandlers(), linux::ObjectPath{menuPath}) {}
@@ -71,7 +71,7 @@ linux::TrayHandlers PanelItem::trayHandlers() {
 
 const std::vector<linux::TrayPicture>& PanelItem::pictures() {
   if (pictures_.empty()) {
-    const auto draw = watch_.traits().keepsWidePictures ? drawWideTile : drawTile;
+    const auto draw = traits_.keepsWidePictures ? drawWideTile : drawTile;
     for (const int side : sides) {
       pictures_.push_back(pictureOf(draw(content_, side)));
     }

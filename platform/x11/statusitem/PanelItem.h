@@ -14,12 +14,15 @@ namespace roomlattice::platform::x11 {
 /// keeps it a picture with the whole title.
 class PanelItem {
  public:
-  /// `menu` gives the items of the menu that a panel shows in the program's stead. The connection, the bus and the
-  /// watch must outlive it.
+  /// For the host that runs now. `menu` gives the items of the menu that a panel shows in the program's stead. The
+  /// connection, the bus and the watch must outlive it.
   PanelItem(X11Connection& connection, linux::MessageBus& bus, linux::TrayWatch& watch, ItemHandlers handlers,
             linux::ExportedMenu::Items menu);
 
   void setContent(const StatusButtonContent& content);
+
+  /// Whether a host with these traits is shown what it is to be shown; otherwise it needs another item.
+  bool suits(const linux::TrayTraits& host) const { return host == traits_; }
 
   /// To be called when the menu's items are others.
   void menuChanged();
@@ -29,7 +32,7 @@ class PanelItem {
   const std::vector<linux::TrayPicture>& pictures();
 
   X11Connection& connection_;
-  linux::TrayWatch& watch_;
+  const linux::TrayTraits traits_;
   ItemHandlers handlers_;
   StatusButtonContent content_;
   // Of the content, once somebody has asked.

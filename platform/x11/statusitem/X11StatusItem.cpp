@@ -79,7 +79,7 @@ void X11StatusItem::place() {
   }
   if (!placement_.isInPanel()) {
     panel_.reset();
-  } else if (!panel_) {
+  } else if (!panel_ || !panel_->suits(tray_.traits())) {
     panel_.emplace(environment_.connection, environment_.sessionBus, tray_, handlers(),
                    [this] { return exportedItems(); });
     panel_->setContent(content_);

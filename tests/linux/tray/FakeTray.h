@@ -3,6 +3,7 @@
 #include "tests/linux/session/Wait.h"
 
 #include <QDBusConnection>
+#include <QDBusConnectionInterface>
 #include <QDBusMessage>
 #include <QDBusPendingReply>
 #include <QDBusVariant>
@@ -10,6 +11,7 @@
 #include <QStringList>
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 namespace roomlattice::tests {
 
@@ -18,18 +20,20 @@ enum class TrayHost { Registered, None };
 /// The watcher of status items on a session bus, with a host that looks at them.
 class FakeTray final : public QDBusVirtualObject {
  public:
-  explicit FakeTray(const std::string& busAddress)
-      : connection_(QDBusConnection::connectToBus(QString::fromStdString(busAddress), name())) {
+  /// Two of them need different names for their connections.
+  explicit FakeTray(const std::string& busAddress, QString name = QStringLiteral("fake-tray"))
+      : name_(std::move(name)), connection_(QDBusConnection::connectToBus(QString::fromStdString(busAddress), name_)) {
     connection_.registerVirtualObject(path(), this);
   }
-  ~FakeTray() override { QDBusConnection::disconnectFromBus(name()); }
+  ~FakeTray() override { QDBusConnection::disconnectFromBus(name_); }
   FakeTray(const FakeTray&) = delete;
   FakeTray& operator=(const FakeTray&) = delete;
 
+  /// As soon as no other one is there.
   void appear(TrayHost host) {
     host_ = host;
     items_.clear();
-    connection_.registerService(service());
+    connection_.interface()->registerService(service(), QDBusConnectionInterface::QueueService);
   }
   void disappear() { connection_.unregisterService(service()); }
 
@@ -98,7 +102,6 @@ class FakeTray final : public QDBusVirtualObject {
   }
 
  private:
-  static QString name() { return QStringLiteral("fake-tray"); }
   static QString service() { return QStringLiteral("org.kde.StatusNotifierWatcher"); }
   static QString path() { return QStringLiteral("/StatusNotifierWatcher"); }
 
@@ -106,6 +109,7 @@ class FakeTray final : public QDBusVirtualObject {
     return QDBusMessage::createMethodCall(items_.value(0), QStringLiteral("/StatusNotifierItem"), interface, method);
   }
 
+  QString name_;
   QDBusConnection connection_;
   TrayHost host_ = TrayHost::None;
   QStringList items_;

@@ -9,7 +9,10 @@
 #include <QGuiApplication>
 #include <QScreen>
 #include <algorithm>
+#include <array>
 #include <cstdlib>
+#include <memory>
+#include <sys/prctl.h>
 #include <utility>
 #include <vector>
 
@@ -150,6 +153,35 @@ TEST_F(X11StatusItemTest, OpensItsMenuAtThePointerWhereverThePanelSaysItWasClick
     return std::abs(opened.left() + opened.width() - right) <= 2 && std::abs(opened.top() - top) <= 2;
   };
   EXPECT_TRUE(waitFor([&] { return opensAt(600, 300); }));
+}
+
+/// As a panel finds this process in the list of all, whose name is that of its first thread.
+class ProgramName {
+ public:
+  explicit ProgramName(const char* name) {
+    prctl(PR_GET_NAME, before_.data());
+    prctl(PR_SET_NAME, name);
+  }
+  ~ProgramName() { prctl(PR_SET_NAME, before_.data()); }
+  ProgramName(const ProgramName&) = delete;
+  ProgramName& operator=(const ProgramName&) = delete;
+
+ private:
+  std::array<char, 16> before_{};
+};
+
+TEST_F(X11StatusItemTest, IsMadeAnewForAPanelOfAnotherKindThatFollowsWithoutAGap) {
+  tray_.appear(TrayHost::Registered);
+  show();
+  ASSERT_TRUE(isInPanel());
+  ASSERT_TRUE(tray_.property(QStringLiteral("XAyatanaLabel")).isValid());
+  const ProgramName name("mate-panel");
+  FakeTray next(ui_.session.busAddress(), QStringLiteral("next-tray"));
+  next.appear(TrayHost::Registered);
+  tray_.disappear();
+  ASSERT_TRUE(waitFor([&] { return !next.items().isEmpty() && next.isOnTheBus(next.items().front()); }));
+  EXPECT_TRUE(waitFor([&] { return !next.property(QStringLiteral("XAyatanaLabel")).isValid(); }));
+  EXPECT_EQ(next.property(QStringLiteral("Title")).toString(), QStringLiteral("Desktop 2"));
 }
 
 /// A screen by which the program takes the server for Xwayland.
