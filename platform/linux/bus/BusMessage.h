@@ -21,6 +21,12 @@ class BusMessage {
 
   bool isError() const { return sd_bus_message_is_method_error(message_.get(), nullptr) > 0; }
 
+  /// Whether it stands for an answer that was not given: not in time, or whoever was asked has gone.
+  bool isNoReply() const {
+    return sd_bus_message_is_method_error(message_.get(), SD_BUS_ERROR_NO_REPLY) > 0 ||
+           sd_bus_message_is_method_error(message_.get(), SD_BUS_ERROR_TIMEOUT) > 0;
+  }
+
   /// The unique name of the connection that sent it, as the bus has it.
   std::string sender() const;
 

@@ -162,7 +162,8 @@ void KWinDesktopSource::request() {
   }
   pendingCall_ = service_.call(propertiesMethod("GetAll"), answerLimit, [this](const BusMessage& answer) {
     requesting_ = false;
-    if (std::exchange(requestAgain_, false)) {
+    // What KWin was too busy to answer, it may never have a reason to tell again.
+    if (std::exchange(requestAgain_, false) || answer.isNoReply()) {
       request();
     }
     answered(answer);

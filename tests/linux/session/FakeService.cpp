@@ -38,6 +38,11 @@ void FakeService::answerWith(WriteArguments arguments) {
   answer_ = std::move(arguments);
 }
 
+int FakeService::calls() const {
+  const std::scoped_lock lock(mutex_);
+  return calls_;
+}
+
 std::string FakeService::lastCaller() const {
   const std::scoped_lock lock(mutex_);
   return lastCaller_;
@@ -62,6 +67,7 @@ int FakeService::called(sd_bus_message* message, void* service, sd_bus_error*) {
     return 0;
   }
   self.lastCaller_ = sd_bus_message_get_sender(message);
+  ++self.calls_;
   sd_bus_message* answer = nullptr;
   if (self.answer_ && sd_bus_message_new_method_return(message, &answer) >= 0) {
     self.answer_(answer);

@@ -23,6 +23,9 @@ class FakeService {
   /// What every call is answered with from now on; an empty one leaves them without an answer.
   void answerWith(WriteArguments arguments);
 
+  /// How often it has been called.
+  int calls() const;
+
   /// Who called last, by the name that the bus has for the connection.
   std::string lastCaller() const;
 
@@ -39,6 +42,7 @@ class FakeService {
   sd_bus* bus_ = nullptr;
   WriteArguments answer_;
   std::string lastCaller_;
+  int calls_ = 0;
   std::jthread thread_;
 };
 

@@ -104,11 +104,15 @@ struct OddAnswer {
   WriteArguments write;
 };
 
-class KWinDesktopSourceWithOddAnswersTest : public ::testing::TestWithParam<OddAnswer> {
+class FakeKWinTest : public ::testing::Test {
  protected:
   static void tellTwoDesktops(sd_bus_message* answer) {
     sd_bus_message_append(answer, "a{sv}", 2, "current", "s", "b", "desktops", "a(uss)", 2, 1U, "b", "Two", 0U, "a",
                           "One");
+  }
+
+  static void tellOneDesktop(sd_bus_message* answer) {
+    sd_bus_message_append(answer, "a{sv}", 2, "current", "s", "a", "desktops", "a(uss)", 1, 0U, "a", "One");
   }
 
   X11Session session_{{.windowManager = std::nullopt}};
@@ -116,6 +120,24 @@ class KWinDesktopSourceWithOddAnswersTest : public ::testing::TestWithParam<OddA
   platform::linux::MessageBus bus_{platform::linux::MessageBus::Kind::Session};
   FakeService kwin_{session_.busAddress(), "org.kde.KWin"};
 };
+
+class KWinDesktopSourceThatIsBusyTest : public FakeKWinTest {};
+
+TEST_F(KWinDesktopSourceThatIsBusyTest, IsAskedAgainWhenItHasNotAnsweredInTime) {
+  kwin_.answerWith(tellTwoDesktops);
+  platform::x11::KWinDesktopSource source(qt_.connection(), bus_, [] {});
+  source.waitForAnswer(std::chrono::seconds(30));
+  ASSERT_EQ(source.read()->desktops.size(), 2U);
+  kwin_.answerWith({});
+  const int before = kwin_.calls();
+  kwin_.emit("/VirtualDesktopManager", "org.kde.KWin.VirtualDesktopManager", "desktopRemoved",
+             [](sd_bus_message* signal) { sd_bus_message_append(signal, "s", "b"); });
+  ASSERT_TRUE(waitFor([&] { return kwin_.calls() > before; }));
+  kwin_.answerWith(tellOneDesktop);
+  EXPECT_TRUE(waitFor([&] { return source.read()->desktops.size() == 1U; }));
+}
+
+class KWinDesktopSourceWithOddAnswersTest : public FakeKWinTest, public ::testing::WithParamInterface<OddAnswer> {};
 
 TEST_P(KWinDesktopSourceWithOddAnswersTest, IsNotHeardUntilItMakesSense) {
   kwin_.answerWith(GetParam().write);
