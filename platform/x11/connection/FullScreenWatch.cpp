@@ -17,36 +17,60 @@ FullScreenWatch::FullScreenWatch(X11Connection& connection, std::function<void()
   batches_ = connection.observeBatches([this] { batchEnded(); });
   connection.selectOnRoot(XCB_EVENT_MASK_PROPERTY_CHANGE);
   follow();
+  area_ = readArea();
+}
+
+FullScreenWatch::~FullScreenWatch() {
+  leave();
 }
 
 void FullScreenWatch::batchEnded() {
   const bool isOtherState = std::exchange(isOtherState_, false);
-  if (std::exchange(isOtherActive_, false)) {
+  const bool isOtherActive = std::exchange(isOtherActive_, false);
+  if (!isOtherActive && !isOtherState) {
+    return;
+  }
+  if (isOtherActive) {
+    leave();
     follow();
-  } else if (isOtherState) {
-    update();
+  }
+  std::optional<QRect> area = readArea();
+  if (std::exchange(area_, area) != area) {
+    changed_();
   }
 }
 
 void FullScreenWatch::follow() {
   const xcb_atom_t property = connection_.ewmh()->_NET_ACTIVE_WINDOW;
   active_ = readNumber(connection_, connection_.root(), property, XCB_ATOM_WINDOW).value_or(XCB_WINDOW_NONE);
-  if (active_ != XCB_WINDOW_NONE) {
-    // As much as is selected on the program's own windows, which may be the active one.
-    constexpr std::uint32_t events = XCB_EVENT_MASK_STRUCTURE_NOTIFY | XCB_EVENT_MASK_PROPERTY_CHANGE;
-    xcb_change_window_attributes(connection_.raw(), active_, XCB_CW_EVENT_MASK, &events);
+  if (active_ == XCB_WINDOW_NONE) {
+    return;
   }
-  update();
+  xcb_connection_t* raw = connection_.raw();
+  const auto attributes = replyTo(raw, xcb_get_window_attributes(raw, active_), xcb_get_window_attributes_reply);
+  if (attributes == nullptr) {
+    // It has gone already.
+    active_ = XCB_WINDOW_NONE;
+    return;
+  }
+  // It may be one of the program's own, or one it listens to for something else.
+  formerEvents_ = attributes->your_event_mask;
+  const std::uint32_t events = formerEvents_ | XCB_EVENT_MASK_PROPERTY_CHANGE;
+  xcb_change_window_attributes(raw, active_, XCB_CW_EVENT_MASK, &events);
 }
 
-void FullScreenWatch::update() {
-  std::optional<QRect> area = active_ == XCB_WINDOW_NONE ? std::nullopt : readArea();
-  if (std::exchange(area_, area) != area) {
-    changed_();
+void FullScreenWatch::leave() {
+  if (active_ != XCB_WINDOW_NONE) {
+    // Where it has gone, that is an error nobody hears of.
+    xcb_change_window_attributes(connection_.raw(), active_, XCB_CW_EVENT_MASK, &formerEvents_);
+    connection_.flush();
   }
 }
 
 std::optional<QRect> FullScreenWatch::readArea() const {
+  if (active_ == XCB_WINDOW_NONE) {
+    return std::nullopt;
+  }
   const xcb_ewmh_connection_t& atoms = *connection_.ewmh();
   const auto states = readNumbers(connection_, active_, atoms._NET_WM_STATE, XCB_ATOM_ATOM);
   if (!states || std::ranges::find(*states, atoms._NET_WM_STATE_FULLSCREEN) == states->end()) {
