@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <map>
+#include <numeric>
 #include <set>
 #include <tuple>
 #include <utility>
@@ -168,16 +169,26 @@ std::optional<BusError> ExportedMenu::writeLayout(Identifier parent, BusWriter& 
   return std::nullopt;
 }
 
-void ExportedMenu::writeProperties(BusWriter& answer, const std::vector<Identifier>& identifiers) const {
+void ExportedMenu::writeProperties(BusWriter& answer, const std::vector<Identifier>& identifiers) {
   std::vector<std::tuple<Identifier, Properties>> result;
   std::set<Identifier> told;
-  for (const Identifier identifier : identifiers) {
+  for (const Identifier identifier : identifiers.empty() ? allIdentifiers() : identifiers) {
     // The question may be much shorter than the answer would be.
     if (const ExportedItem* found = item(identifier); found != nullptr && told.insert(identifier).second) {
       result.emplace_back(identifier, propertiesOf(*found));
     }
   }
   answer.write(result);
+}
+
+std::vector<ExportedMenu::Identifier> ExportedMenu::allIdentifiers() {
+  if (!isUpToDate_) {
+    refresh();
+  }
+  std::vector<Identifier> all(all_.size());
+  std::iota(all.begin(), all.end(), firstIdentifier_ - 1);
+  all.front() = 0;
+  return all;
 }
 
 void ExportedMenu::happened(Identifier identifier, const std::string& event) {

@@ -49,7 +49,9 @@ class ExportedMenu {
   bool refresh();
   const ExportedItem* item(Identifier identifier) const;
   std::optional<BusError> writeLayout(Identifier parent, BusWriter& answer);
-  void writeProperties(BusWriter& answer, const std::vector<Identifier>& identifiers) const;
+  /// Where none is named, of all items.
+  void writeProperties(BusWriter& answer, const std::vector<Identifier>& identifiers);
+  std::vector<Identifier> allIdentifiers();
   void happened(Identifier identifier, const std::string& event);
 
   Items items_;

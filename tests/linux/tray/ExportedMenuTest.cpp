@@ -83,6 +83,21 @@ class ExportedMenuTest : public BusTest {
     return readItem(answer.arguments().value(1).value<QDBusArgument>());
   }
 
+  /// Of the items whose properties are told.
+  static std::vector<int> identifiersIn(const QDBusMessage& answer) {
+    const auto list = answer.arguments().value(0).value<QDBusArgument>();
+    std::vector<int> told;
+    list.beginArray();
+    while (!list.atEnd()) {
+      QVariantMap properties;
+      list.beginStructure();
+      list >> told.emplace_back() >> properties;
+      list.endStructure();
+    }
+    list.endArray();
+    return told;
+  }
+
   void click(int identifier) {
     ask(QStringLiteral("Event"),
         {identifier, QStringLiteral("clicked"), QVariant::fromValue(QDBusVariant(0)), QVariant(0U)});
@@ -208,18 +223,20 @@ TEST_F(ExportedMenuTest, TellsThePropertiesOfAnItemOnceHoweverOftenSomebodyAsks)
   const int first = layout().children.at(0).identifier;
   QList<int> often(1000, first + 1);
   often.push_back(first);
-  const QDBusMessage answer = ask(QStringLiteral("GetGroupProperties"), {QVariant::fromValue(often), QStringList()});
-  const auto list = answer.arguments().value(0).value<QDBusArgument>();
-  std::vector<int> told;
-  list.beginArray();
-  while (!list.atEnd()) {
-    QVariantMap properties;
-    list.beginStructure();
-    list >> told.emplace_back() >> properties;
-    list.endStructure();
-  }
-  list.endArray();
+  const std::vector<int> told =
+      identifiersIn(ask(QStringLiteral("GetGroupProperties"), {QVariant::fromValue(often), QStringList()}));
   EXPECT_THAT(told, ElementsAre(first + 1, first));
+}
+
+TEST_F(ExportedMenuTest, TellsThePropertiesOfAllItemsToWhoeverNamesNone) {
+  const auto ofAll = [this] {
+    return identifiersIn(ask(QStringLiteral("GetGroupProperties"), {QVariant::fromValue(QList<int>()), QStringList()}));
+  };
+  EXPECT_EQ(ofAll().size(), 7U) << "before anybody has asked for the layout";
+  const ReadItem root = layout();
+  EXPECT_THAT(ofAll(), ElementsAre(0, root.children.at(0).identifier, root.children.at(1).identifier,
+                                   root.children.at(2).identifier, root.children.at(3).identifier,
+                                   root.children.at(3).children.at(0).identifier, root.children.at(4).identifier));
 }
 
 TEST_F(ExportedMenuTest, TellsThePropertiesOfSeveralItems) {
