@@ -88,8 +88,10 @@ SettingsMemory::Write SettingsMemory::write() {
       work.changes.empty() ? look(work.stamp)
                            : SettingsUpdate(*file_, std::move(work.lastKnown), settling_).run(std::move(work.changes));
   const bool failed = result.mayWorkLater;
+  // Readers wait while the mutex is held, so no file is asked for anything then.
+  const std::optional<FileStamp> stamp = result.file ? stampOf(*result.file) : std::nullopt;
   Lines lines;
-  endWrite(std::move(result), lines);
+  endWrite(std::move(result), stamp, lines);
   report(lines);
   return failed ? Write::Failed : Write::Done;
 }
@@ -109,7 +111,13 @@ SettingsUpdate::Result SettingsMemory::look(const std::optional<FileStamp>& stam
   return {.file = file_->read()};
 }
 
-void SettingsMemory::endWrite(SettingsUpdate::Result result, Lines& lines) {
+/// Of what was read, or where nothing was, of what stands there.
+std::optional<FileStamp> SettingsMemory::stampOf(const SettingsFile::ReadResult& state) const {
+  const auto* contents = std::get_if<SettingsFile::Contents>(&state);
+  return contents != nullptr ? contents->stamp : file_->stamp();
+}
+
+void SettingsMemory::endWrite(SettingsUpdate::Result result, const std::optional<FileStamp>& stamp, Lines& lines) {
   const std::scoped_lock lock(mutex_);
   const std::string path = file_->path().string();
   SettingsChanges later = std::exchange(waiting_, std::move(result.left));
@@ -123,7 +131,7 @@ void SettingsMemory::endWrite(SettingsUpdate::Result result, Lines& lines) {
                     aside.string());
   }
   if (result.file) {
-    take(std::move(*result.file), lines);
+    take(std::move(*result.file), stamp, lines);
   }
   tellTrouble(writeTrouble_,
               result.trouble ? "[Roomlattice] settings cannot be written to " + path + ": " + *result.trouble : "",
@@ -161,20 +169,20 @@ void SettingsMemory::refresh(Lines& lines) {
     return;
   }
   if (!stampCounts_ || file_->stamp() != stamp_) {
-    take(file_->read(), lines);
+    SettingsFile::ReadResult state = file_->read();
+    const std::optional<FileStamp> stamp = stampOf(state);
+    take(std::move(state), stamp, lines);
   }
   hasLooked_ = true;
 }
 
-void SettingsMemory::take(SettingsFile::ReadResult state, Lines& lines) {
+void SettingsMemory::take(SettingsFile::ReadResult state, const std::optional<FileStamp>& stamp, Lines& lines) {
   state_ = std::move(state);
+  stamp_ = stamp;
   ++version_;
   std::string trouble;
   if (auto* contents = std::get_if<SettingsFile::Contents>(&state_)) {
     settings_ = std::move(contents->settings);
-    stamp_ = contents->stamp;
-  } else {
-    stamp_ = file_->stamp();
   }
   if (std::holds_alternative<SettingsFile::Absent>(state_)) {
     settings_.clear();

@@ -88,15 +88,17 @@ class SettingsMemory {
 
   struct Known {
     Value value;  // null where there was nothing
-    /// The version of which it is the value; `never` before the first, `setHere` for what may be in part of it only.
+    /// The version in which that is the whole value. `never` before anything was read or set; `setHere` after it was
+    /// set, where the file may hold more by now: others write into the same dictionary.
     std::uint64_t asOf = never;
   };
 
   Work beginWrite();
   SettingsUpdate::Result look(const std::optional<FileStamp>& stamp) const;
-  void endWrite(SettingsUpdate::Result result, Lines& lines);
+  std::optional<FileStamp> stampOf(const SettingsFile::ReadResult& state) const;
+  void endWrite(SettingsUpdate::Result result, const std::optional<FileStamp>& stamp, Lines& lines);
   void refresh(Lines& lines);
-  void take(SettingsFile::ReadResult state, Lines& lines);
+  void take(SettingsFile::ReadResult state, const std::optional<FileStamp>& stamp, Lines& lines);
   void report(const Lines& lines);
   Value current(const std::string& key) const;
   bool holds(const std::string& key, const Known& known, const Value& value) const;
