@@ -38,7 +38,7 @@ class GlyphSet {
   /// formats do.
   xcb_render_glyphset_t id();
 
-  /// The same for shapes that are the same, and for no others.
+  /// Stands for a shape: equal shapes have equal keys, and different ones have different keys.
   using Key = QByteArray;
 
   /// The number of a shape within the set, which must not be 0, until the next `trim`. The shape is asked for, at once,

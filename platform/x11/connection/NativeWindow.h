@@ -38,8 +38,8 @@ struct Strut {
 xcb_connection_t* toolkitConnection();
 
 /// The X window of a top-level widget, which is marked as the program's, written to through the toolkit's own
-/// connection, so that requests arrive in order with the toolkit's. Nothing here waits for the server unless it says
-/// so.
+/// connection, so that requests arrive in order with the toolkit's. The constructor waits for the server, and so does
+/// the first use of an atom in the program; beside these only what says so.
 class NativeWindow {
  public:
   /// Makes the widget's X window if there is none yet. Both must outlive this object.

@@ -29,7 +29,7 @@ class PackedPicture {
 
   struct Detail {
     QRect area;  // in pixels of the picture; no two overlap
-    /// That of its mask, where it is but ink over the plate, more or less of it; empty where it is not.
+    /// The key of the detail's mask, where every pixel is a mixture of ink and plate; empty for any other detail.
     GlyphSet::Key shape;
 
     bool isInk() const { return !shape.isEmpty(); }
@@ -37,10 +37,10 @@ class PackedPicture {
 
   const std::vector<Detail>& details() const { return details_; }
 
-  /// Those of a detail, row by row.
+  /// The pixels of a detail, row by row.
   std::vector<std::uint32_t> pixels(std::size_t detail) const;
 
-  /// How much ink is where in a detail that is but ink.
+  /// How much ink each pixel has, of a detail for which `isInk` holds.
   GlyphMask mask(std::size_t detail) const;
 
  private:

@@ -22,8 +22,8 @@ struct TouchpadSwipe {
 
 /// Makes Dock swipes out of touchpad swipes of three or more fingers along a row of desktops. It waits until the
 /// fingers have come far enough to tell the direction, so that already the first event has it, whatever way they made
-/// until then: its velocity is the mean of that way's. Fingers that move to the
-/// left pull the next desktop in from the right: progress and velocity are positive then. A swipe up or down is none.
+/// until then: its velocity is the mean of that way's. Fingers that move to the left pull the next desktop in from the
+/// right: progress and velocity are positive then. A swipe up or down is none.
 class SwipeTranslator {
  public:
   /// The event of the Dock swipe that follows from `swipe`, if any. A user makes it, so its source is no process.

@@ -6,9 +6,10 @@
 
 namespace roomlattice::platform::x11 {
 
-/// A label of a page, with a form in the dimmer colour of secondary text. Unlike its base it cuts no text that can be
-/// kept: lines break within a word that is wider than the label. Where it is to be one line, that is drawn narrower as
-/// far as it can be read easily, and only then cut at its end; the whole text is its tool tip then.
+/// A label of a page, in the colour of ordinary text or in the dimmer one of secondary text. Unlike its base it keeps
+/// text from being cut. Text of several lines breaks even within a word that is wider than the label. Text of one line
+/// is drawn narrower, as far as it can be read easily; what still does not fit is cut at the end, and the tool tip is
+/// the whole text then.
 class PageLabel final : public QLabel {
  public:
   explicit PageLabel(const LabelControl& label);

@@ -18,7 +18,7 @@ namespace roomlattice::platform::x11 {
 /// whose controls need more room than it has can be scrolled.
 class X11TabbedWindow final : public TabbedWindow {
  public:
-  /// The others must outlive the panel.
+  /// The others must outlive the window.
   X11TabbedWindow(const TabbedWindowModel& model, X11Connection& connection, const WindowManagerWatch& windowManager,
                   const X11Desktops& desktops);
 

@@ -28,7 +28,9 @@ class FloatingItem final : public QPushButton {
   /// The others must outlive it. It appears on a later turn.
   FloatingItem(StatusItemEnvironment& environment, ItemSettings& settings, ItemHandlers handlers);
 
-  /// Shows it at once. What has been shown before in the same size costs no drawing and no question to anybody.
+  /// Shows it at once where it is no wider than what was there; otherwise when the window has its new width, or after a
+  /// moment without. A hidden item has it when it appears. What has been shown before in the same size costs no drawing
+  /// and no question to anybody.
   void setContent(const StatusButtonContent& content, const StatusItemLength& length);
 
   /// To be called when the settings have changed.

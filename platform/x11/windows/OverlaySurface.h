@@ -8,9 +8,9 @@
 
 namespace roomlattice::platform::x11 {
 
-/// The widget of an overlay window: without a frame, never focused. Clicks pass through it. It
-/// cannot be closed from outside: a window manager's request to close it is not obeyed. Some window
-/// managers choose a place of their own for a window that appears; the widget then moves back to its place.
+/// The widget of an overlay window: without a frame, never focused. Clicks pass through it. It cannot be closed from
+/// outside: a window manager's request to close it is not obeyed. Some window managers choose a place of their own for
+/// a window that appears; the widget then moves back to its place.
 ///
 /// The toolkit does not paint it, and keeps no picture of it.
 class OverlaySurface final : public QWidget {
