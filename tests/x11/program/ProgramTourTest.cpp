@@ -9,14 +9,14 @@
 namespace roomlattice::tests {
 namespace {
 
-constexpr int desktops = 3;
+constexpr int touredDesktops = 3;
 constexpr int home = 1;
 
 /// A tour that begins on the second of three desktops, each of which has a window of another application.
 class ProgramTourTest : public ::testing::TestWithParam<WindowManagerKind> {
  protected:
   void SetUp() override {
-    for (int desktop = 0; desktop < desktops; ++desktop) {
+    for (int desktop = 0; desktop < touredDesktops; ++desktop) {
       ASSERT_TRUE(user_.switchTo(desktop));
       windows_.push_back(std::make_unique<PlainWindow>(QRect(100, 550, 300, 150), Qt::green));
     }
@@ -32,7 +32,7 @@ class ProgramTourTest : public ::testing::TestWithParam<WindowManagerKind> {
 
   bool hasEnded() { return user_.program().process().errorOutput().find("tour end") != std::string::npos; }
 
-  ProgramSession user_{{.windowManager = GetParam(), .desktops = desktops}};
+  ProgramSession user_{{.windowManager = GetParam(), .desktops = touredDesktops}};
   std::vector<std::unique_ptr<PlainWindow>> windows_;
 };
 
