@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <typeinfo>
 #include <utility>
 #include <vector>
 
@@ -67,31 +68,34 @@ void SignWindows::ensure(const SpaceInfo& desktop) {
   }
 }
 
-void SignWindows::dropStale() {
+void SignWindows::lookThrough() {
   for (auto entry = windows_.begin(); entry != windows_.end();) {
     auto& [desktop, label] = *entry;
-    if (isOfRegularSpace(desktop, label)) {
-      ++entry;
-    } else {
+    if (!isOfRegularSpace(desktop, label)) {
       label.window->orderOut();
       entry = windows_.erase(entry);
+      continue;
     }
+    if (!isAsMade(label)) {
+      label.name.reset();
+      namedAt_ = 0;
+    }
+    ++entry;
   }
 }
 
 void SignWindows::spacesChanged() {
-  dropStale();
+  lookThrough();
   if (windows_.empty()) {
     // There need be no screen.
     return;
   }
   const SignPlacement placement = this->placement();
   const platform::Rect placedBy = placement.frameOf("");
-  const bool arePlaced = std::exchange(placedBy_, placedBy) == placedBy;
-  for (auto& [desktop, label] : windows_) {
-    if (!arePlaced || !isAsMade(label)) {
+  if (std::exchange(placedBy_, placedBy) != placedBy) {
+    namedAt_ = 0;
+    for (auto& [desktop, label] : windows_) {
       label.name.reset();
-      namedAt_ = 0;
     }
   }
   const std::vector<SpaceTable::Row>& rows = manager_.table().rows();
@@ -150,8 +154,10 @@ bool SignWindows::isOfRegularSpace(platform::SpaceID desktop, Label& label) cons
 
 /// Others may have moved it since, or written on it.
 bool SignWindows::isAsMade(const Label& label) {
-  const auto* view = dynamic_cast<const SignView*>(label.window->contentView());
-  return label.window->frame() == label.frame && (view == nullptr || view->text() == label.name);
+  const platform::View* view = label.window->contentView();
+  // Quicker than a cast that has to look for its way.
+  const bool isSign = view != nullptr && typeid(*view) == typeid(SignView);
+  return label.window->frame() == label.frame && (!isSign || static_cast<const SignView*>(view)->text() == label.name);
 }
 
 SignPlacement SignWindows::placement() const {

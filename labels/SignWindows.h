@@ -60,7 +60,8 @@ class SignWindows {
  private:
   bool isOfRegularSpace(platform::SpaceID desktop, Label& label) const;
   static bool isAsMade(const Label& label);
-  void dropStale();
+  /// Drops the labels of desktops that have gone, and marks those that are to be made again.
+  void lookThrough();
   void bringUpToDate(const SpaceInfo& desktop, const SignPlacement& placement);
   SignPlacement placement() const;
   void pinWindow(const platform::Window& window, platform::SpaceID desktop);
