@@ -7,24 +7,25 @@
 namespace roomlattice::platform::x11 {
 namespace {
 
-/// EWMH: the root window names a window that bears the same property, so that one left over is told from one in use.
-std::optional<xcb_window_t> findCheckWindow(X11Connection& connection) {
+/// The window that the root names as the check window (EWMH), whether or not it is one; NONE where it names none.
+xcb_window_t namedWindow(X11Connection& connection) {
   const xcb_atom_t atom = connection.ewmh()->_NET_SUPPORTING_WM_CHECK;
-  const auto window = readNumber(connection, connection.root(), atom, XCB_ATOM_WINDOW);
-  if (!window || readNumber(connection, *window, atom, XCB_ATOM_WINDOW) != window) {
+  return readNumber(connection, connection.root(), atom, XCB_ATOM_WINDOW).value_or(XCB_WINDOW_NONE);
+}
+
+/// EWMH: the check window bears the same property, so that one left over is told from one in use.
+std::optional<WindowManager> windowManagerOf(X11Connection& connection, xcb_window_t named) {
+  const xcb_atom_t atom = connection.ewmh()->_NET_SUPPORTING_WM_CHECK;
+  if (named == XCB_WINDOW_NONE || readNumber(connection, named, atom, XCB_ATOM_WINDOW) != named) {
     return std::nullopt;
   }
-  return window;
+  return WindowManager{named, readText(connection, named, connection.ewmh()->_NET_WM_NAME).value_or("")};
 }
 
 }  // namespace
 
 std::optional<WindowManager> findWindowManager(X11Connection& connection) {
-  const auto window = findCheckWindow(connection);
-  if (!window) {
-    return std::nullopt;
-  }
-  return WindowManager{*window, readText(connection, *window, connection.ewmh()->_NET_WM_NAME).value_or("")};
+  return windowManagerOf(connection, namedWindow(connection));
 }
 
 WindowManagerWatch::WindowManagerWatch(X11Connection& connection) : connection_(connection) {
@@ -74,13 +75,12 @@ void WindowManagerWatch::checkWindowDestroyed(xcb_window_t window) {
 
 /// Follows the window that the root names before it reads there: it may bear the property only later, or go meanwhile.
 std::optional<WindowManager> WindowManagerWatch::look() {
-  const xcb_atom_t atom = connection_.ewmh()->_NET_SUPPORTING_WM_CHECK;
-  named_ = readNumber(connection_, connection_.root(), atom, XCB_ATOM_WINDOW).value_or(XCB_WINDOW_NONE);
+  named_ = namedWindow(connection_);
   if (named_ != XCB_WINDOW_NONE && named_ != connection_.root()) {
     constexpr std::uint32_t events = XCB_EVENT_MASK_STRUCTURE_NOTIFY | XCB_EVENT_MASK_PROPERTY_CHANGE;
     xcb_change_window_attributes(connection_.raw(), named_, XCB_CW_EVENT_MASK, &events);
   }
-  return findWindowManager(connection_);
+  return windowManagerOf(connection_, named_);
 }
 
 void WindowManagerWatch::take(std::optional<WindowManager> found) {
