@@ -19,6 +19,11 @@ void setText(const platform::Window& window, const std::string& name) {
   }
 }
 
+/// Null for another view. Quicker than a cast that has to look for its way.
+const SignView* asSign(const platform::View& view) {
+  return typeid(view) == typeid(SignView) ? static_cast<const SignView*>(&view) : nullptr;
+}
+
 void moveToFrame(SignWindows::Label& label, const platform::Rect& frame) {
   label.window->setFrame(frame);
   if (platform::View* view = label.window->contentView()) {
@@ -155,9 +160,8 @@ bool SignWindows::isOfRegularSpace(platform::SpaceID desktop, Label& label) cons
 /// Others may have moved it since, or written on it.
 bool SignWindows::isAsMade(const Label& label) {
   const platform::View* view = label.window->contentView();
-  // Quicker than a cast that has to look for its way.
-  const bool isSign = view != nullptr && typeid(*view) == typeid(SignView);
-  return label.window->frame() == label.frame && (!isSign || static_cast<const SignView*>(view)->text() == label.name);
+  const SignView* sign = view != nullptr ? asSign(*view) : nullptr;
+  return label.window->frame() == label.frame && (sign == nullptr || sign->text() == label.name);
 }
 
 SignPlacement SignWindows::placement() const {
