@@ -9,6 +9,9 @@
 namespace roomlattice::platform::x11 {
 namespace {
 
+constexpr std::uint32_t eventsAtRest = XCB_EVENT_MASK_STRUCTURE_NOTIFY | XCB_EVENT_MASK_PROPERTY_CHANGE;
+constexpr std::uint32_t eventsWhileMoving = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
+
 // Of a window manager that has been asked to show a window.
 constexpr std::chrono::milliseconds forgettingTime(500);
 
@@ -50,6 +53,21 @@ void OverlayPane::setOpacity(double opacity) {
     native_.setOpacity(opacity);
     passOpacityOn();
   }
+}
+
+void OverlayPane::opacityWillMove(std::chrono::milliseconds duration) {
+  if (!listenAgainLater_.isRunning()) {
+    selectEvents(eventsWhileMoving);
+  }
+  listenAgainLater_.start(duration);
+}
+
+void OverlayPane::opacityMoved() {
+  selectEvents(eventsAtRest);
+  if (surface_.isVisible() && !native_.isManaged()) {
+    appearAgainLater_.start(forgettingTime);
+  }
+  refuseAttention();
 }
 
 OverlayPane::Shape OverlayPane::shapeOf(Cut cut) const {
@@ -119,9 +137,7 @@ void OverlayPane::draw() {
 
 void OverlayPane::listen(std::function<void()> mapped) {
   X11Connection& connection = environment_.connection;
-  constexpr std::uint32_t events = XCB_EVENT_MASK_STRUCTURE_NOTIFY | XCB_EVENT_MASK_PROPERTY_CHANGE;
-  xcb_change_window_attributes(connection.raw(), native_.id(), XCB_CW_EVENT_MASK, &events);
-  connection.flush();
+  selectEvents(eventsAtRest);
   mapEvents_ = connection.observe<xcb_map_notify_event_t>(
       native_.id(), [this, mapped = std::move(mapped)](const xcb_map_notify_event_t&) {
         isMapped_ = true;
@@ -133,6 +149,12 @@ void OverlayPane::listen(std::function<void()> mapped) {
       native_.id(), [this](const xcb_reparent_notify_event_t& reparent) { reparented(reparent); });
   propertyEvents_ = connection.observe<xcb_property_notify_event_t>(
       native_.id(), [this](const xcb_property_notify_event_t& property) { propertyChanged(property); });
+}
+
+void OverlayPane::selectEvents(std::uint32_t eventMask) {
+  X11Connection& connection = environment_.connection;
+  xcb_change_window_attributes(connection.raw(), native_.id(), XCB_CW_EVENT_MASK, &eventMask);
+  connection.flush();
 }
 
 void OverlayPane::reparented(const xcb_reparent_notify_event_t& reparent) {
@@ -156,10 +178,15 @@ void OverlayPane::propertyChanged(const xcb_property_notify_event_t& property) {
     // A window manager that is busy may hide what was hidden and shown again in the meantime.
     appearAgainLater_.start(forgettingTime);
   }
-  const xcb_atom_t state = environment_.connection.ewmh()->_NET_WM_STATE;
+  if (property.atom == environment_.connection.ewmh()->_NET_WM_STATE) {
+    refuseAttention();
+  }
+}
+
+/// Some window managers mark what appears without the focus.
+void OverlayPane::refuseAttention() {
   const xcb_atom_t attention = environment_.connection.ewmh()->_NET_WM_STATE_DEMANDS_ATTENTION;
-  // Some window managers mark what appears without the focus.
-  if (property.atom == state && native_.hasState(attention)) {
+  if (native_.hasState(attention)) {
     native_.requestNoState(attention);
   }
 }

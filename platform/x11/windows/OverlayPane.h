@@ -9,6 +9,8 @@
 #include "platform/x11/windows/OverlaySurface.h"
 
 #include <QRect>
+#include <chrono>
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <vector>
@@ -48,6 +50,10 @@ class OverlayPane {
   void setBlending(const Blending& blending);
   void setOpacity(double opacity);
 
+  /// To be called before the opacity moves in many steps. As the program would be woken to hear of each, it takes no
+  /// news of the window's properties for that long, and looks at them afterwards.
+  void opacityWillMove(std::chrono::milliseconds duration);
+
   /// Cuts the window to the round corners of its view, or to nothing at all, or lets it be whole.
   enum class Cut { RoundCorners, Everything, Nothing };
   void setCut(Cut cut);
@@ -66,9 +72,12 @@ class OverlayPane {
   void prepareToAppear();
   void appearAgain();
   void listen(std::function<void()> mapped);
+  void selectEvents(std::uint32_t eventMask);
+  void opacityMoved();
   void reparented(const xcb_reparent_notify_event_t& reparent);
   void passOpacityOn();
   void propertyChanged(const xcb_property_notify_event_t& property);
+  void refuseAttention();
 
   OverlayEnvironment& environment_;
   OverlaySurface surface_;
@@ -77,6 +86,7 @@ class OverlayPane {
   std::optional<OverlayPicture> picture_;
   std::optional<double> writtenOpacity_;
   Shape writtenShape_;
+  linux::OneShotTimer listenAgainLater_{[this] { opacityMoved(); }};
   linux::OneShotTimer appearAgainLater_{[this] { appearAgain(); }};
   bool isMapped_ = false;
   // What a window manager has put around it.

@@ -3,6 +3,7 @@
 #include <QGuiApplication>
 #include <QScreen>
 #include <algorithm>
+#include <chrono>
 #include <cmath>
 #include <utility>
 
@@ -71,12 +72,15 @@ void X11Window::setCollectionBehavior(CollectionBehavior behavior) {
 
 void X11Window::animateAlpha(double alpha, Duration duration, std::function<void()> completion) {
   // Where nothing is blended, a fade is but a wait for its end.
-  const auto steps = blends() ? AlphaAnimation::Steps::Many : AlphaAnimation::Steps::One;
+  const bool isFade = blends() && duration > Duration::zero();
   if (isComingUp()) {
     // A window manager that is busy takes a window in so late that a fade from now on could be over by then.
     alpha_.hold();
+  } else if (isFade) {
+    pane_->opacityWillMove(std::chrono::ceil<std::chrono::milliseconds>(duration));
   }
-  alpha_.moveTo(alpha, duration, steps, std::move(completion));
+  using Steps = AlphaAnimation::Steps;
+  alpha_.moveTo(alpha, duration, isFade ? Steps::Many : Steps::One, std::move(completion));
   if (alpha == 0.0) {
     excursion_.reset();
   }

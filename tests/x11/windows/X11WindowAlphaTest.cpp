@@ -275,6 +275,53 @@ TEST_F(X11WindowAlphaTest, IsDrawnAgainForACompositorThatWasStillStarting) {
   EXPECT_TRUE(centerBecomes(Qt::red));
 }
 
+/// A window that fades under a compositor, until it is told to end.
+class X11WindowAlphaInManyStepsTest : public X11WindowTest {
+ protected:
+  void SetUp() override {
+    ASSERT_TRUE(appears(*window_));
+    settle();
+    window_->animateAlpha(0.5, 1h, [] {});
+  }
+
+  void endFade() {
+    window_->animateAlpha(0.5, 50ms, [] {});
+  }
+
+  bool hearsOfProperties() {
+    xcb_connection_t* raw = ui_.connection().raw();
+    const auto cookie = xcb_get_window_attributes(raw, static_cast<xcb_window_t>(window_->number()));
+    const auto attributes = platform::x11::replyTo(raw, cookie, xcb_get_window_attributes_reply);
+    return attributes != nullptr && (attributes->your_event_mask & XCB_EVENT_MASK_PROPERTY_CHANGE) != 0;
+  }
+
+  PlainCompositor compositor_;
+  std::unique_ptr<Window> window_ = makeOn(0);
+};
+
+TEST_F(X11WindowAlphaInManyStepsTest, HearsNothingOfThem) {
+  EXPECT_FALSE(hearsOfProperties());
+  endFade();
+  EXPECT_TRUE(waitFor([this] { return hearsOfProperties(); }));
+}
+
+TEST_F(X11WindowAlphaInManyStepsTest, RefusesAttentionAfterwards) {
+  ui_.session.run({"wmctrl", "-i", "-r", std::to_string(window_->number()), "-b", "add,demands_attention"});
+  ASSERT_TRUE(waitFor([this] { return probe(*window_).hasState("DEMANDS_ATTENTION"); }));
+  endFade();
+  EXPECT_TRUE(waitFor([this] { return !probe(*window_).hasState("DEMANDS_ATTENTION"); }));
+}
+
+TEST_F(X11WindowAlphaInManyStepsTest, AppearsAgainAfterwardsWhereTheWindowManagerHasForgottenIt) {
+  xcb_connection_t* raw = ui_.connection().raw();
+  const auto id = static_cast<xcb_window_t>(window_->number());
+  xcb_unmap_window(raw, id);
+  xcb_flush(raw);
+  ASSERT_TRUE(waitFor([this] { return !probe(*window_).number("WM_STATE"); }));
+  endFade();
+  EXPECT_TRUE(appears(*window_));
+}
+
 TEST_F(X11WindowAlphaTest, StaysWithTheWindowManagerWhileItIsNotSeen) {
   const auto window = makeOn(0);
   ASSERT_TRUE(centerBecomes(Qt::red));
