@@ -10,6 +10,7 @@
 #include <poll.h>
 #include <sys/eventfd.h>
 #include <sys/prctl.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <system_error>
 #include <unistd.h>
@@ -140,7 +141,13 @@ std::variant<ChildResult, LaunchError> ChildRunner::run(const std::string& path,
     waitForEnd(child, status);
     return launchError(path, number);
   }
-  std::string bytes = collect(pipe.reader.get(), child, options.limit);
+  const Deadline deadline = options.limit ? Deadline(Clock::now() + *options.limit) : std::nullopt;
+  const FileDescriptor childExit(static_cast<int>(syscall(SYS_pidfd_open, child, 0)));
+  std::string bytes;
+  // One that has closed its output may live on.
+  if (!collect(pipe.reader, deadline, bytes) || !waitFor(childExit, deadline)) {
+    kill(-child, SIGKILL);
+  }
   waitForEnd(child, status);
   return ChildResult{std::move(bytes), status == 0};
 }
@@ -150,26 +157,25 @@ void ChildRunner::interrupt() {
   [[maybe_unused]] const ssize_t written = write(interruption_.get(), &one, sizeof(one));
 }
 
-std::string ChildRunner::collect(int output, pid_t child, std::optional<std::chrono::milliseconds> limit) const {
-  const auto end = Clock::now() + limit.value_or(std::chrono::milliseconds::zero());
-  std::string bytes;
+bool ChildRunner::collect(const FileDescriptor& output, Deadline deadline, std::string& bytes) const {
   std::array<char, 65536> buffer{};
-  std::array<pollfd, 2> waiting{{{output, POLLIN, 0}, {interruption_.get(), POLLIN, 0}}};
-  for (;;) {
-    const int ready = poll(waiting.data(), waiting.size(), limit ? timeLeft(end) : -1);
-    if (ready < 0) {
-      continue;
-    }
-    if (ready == 0 || waiting[1].revents != 0) {
-      kill(-child, SIGKILL);
-      return bytes;
-    }
-    const ssize_t count = read(output, buffer.data(), buffer.size());
+  while (waitFor(output, deadline)) {
+    const ssize_t count = read(output.get(), buffer.data(), buffer.size());
     if (count == 0 || (count < 0 && errno != EINTR)) {
-      return bytes;
+      return true;
     }
     bytes.append(buffer.data(), count < 0 ? 0 : static_cast<std::size_t>(count));
   }
+  return false;
+}
+
+bool ChildRunner::waitFor(const FileDescriptor& source, Deadline deadline) const {
+  std::array<pollfd, 2> waiting{{{source.get(), POLLIN, 0}, {interruption_.get(), POLLIN, 0}}};
+  int ready = source ? -1 : 0;
+  while (ready < 0) {
+    ready = poll(waiting.data(), waiting.size(), deadline ? timeLeft(*deadline) : -1);
+  }
+  return ready > 0 && waiting[1].revents == 0;
 }
 
 }  // namespace roomlattice::platform::linux

@@ -24,7 +24,8 @@ class ChildRunner {
 
   struct Options {
     ErrorOutput errorOutput = ErrorOutput::WithOutput;
-    /// How long it may take; a child that takes longer is killed, with all it has started.
+    /// How long it may take until it has exited, whether it still writes or not; a child that takes longer is killed,
+    /// with all it has started.
     std::optional<std::chrono::milliseconds> limit;
   };
 
@@ -39,7 +40,12 @@ class ChildRunner {
   void interrupt();
 
  private:
-  std::string collect(int output, pid_t child, std::optional<std::chrono::milliseconds> limit) const;
+  using Deadline = std::optional<std::chrono::steady_clock::time_point>;
+
+  /// False when waitFor gave that before the output had ended.
+  bool collect(const FileDescriptor& output, Deadline deadline, std::string& bytes) const;
+  /// Until `source` is readable. False once it is too late, interrupt was called, or where there is no source.
+  bool waitFor(const FileDescriptor& source, Deadline deadline) const;
 
   // Readable from interrupt on.
   FileDescriptor interruption_;

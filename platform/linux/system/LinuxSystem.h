@@ -15,6 +15,7 @@ class LinuxSystem final : public System {
   explicit LinuxSystem(SystemLog log = {});
 
   void log(const std::string& line) override;
+  /// For a minute at most: then the child is killed.
   std::variant<ProcessOutput, LaunchError> run(const std::string& path,
                                                const std::vector<std::string>& arguments) override;
   LogQuery recentLog() const override;

@@ -37,6 +37,17 @@ TEST(ChildRunnerTest, EndsAChildThatTakesTooLong) {
   EXPECT_FALSE(result.succeeded);
 }
 
+TEST(ChildRunnerTest, EndsAChildThatTakesTooLongAfterItsOutput) {
+  const ChildResult result = resultOf("echo early; exec >&- 2>&-; sleep 20", {.limit = 200ms});
+  EXPECT_FALSE(result.succeeded);
+}
+
+TEST(ChildRunnerTest, WaitsForTheExitAfterTheOutput) {
+  const ChildResult result = resultOf("echo early; exec >&- 2>&-; sleep 0.1", {.limit = 100s});
+  EXPECT_TRUE(result.succeeded);
+  EXPECT_EQ(result.bytes, "early\n");
+}
+
 TEST(ChildRunnerTest, LeavesAChildThatIsInTimeAlone) {
   const ChildResult result = resultOf("echo early", {.limit = 100s});
   EXPECT_TRUE(result.succeeded);
