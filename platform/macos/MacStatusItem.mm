@@ -54,10 +54,13 @@ void MacStatusItem::setMenu(Menu* menu) {
 }
 
 void MacStatusItem::openMenu() {
-  if (menu_ != nullptr && !menu_->isOpen()) {
-    // AppKit stays in the click until the menu has closed.
-    [[item_.get() button] performSelector:@selector(performClick:) withObject:nil afterDelay:0.0];
+  NSStatusBarButton* button = [item_.get() button];
+  if (button == nil || menu_ == nullptr || menu_->isOpen()) {
+    return;
   }
+  // AppKit stays in the click until the menu has closed. A second one would wait, and open it again then.
+  [NSObject cancelPreviousPerformRequestsWithTarget:button selector:@selector(performClick:) object:nil];
+  [button performSelector:@selector(performClick:) withObject:nil afterDelay:0.0];
 }
 
 void MacStatusItem::setContent(const StatusButtonContent& content) {

@@ -72,6 +72,7 @@ class MenuMirrorTest : public testing::Test {
  protected:
   MenuMirrorTest() {
     menu_.needsUpdate = [this](Menu& menu) {
+      ++updates_;
       menu.items.clear();
       menu.items.emplace_back(ViewItem{std::make_unique<RowView>(heard_), Value::Dictionary{{"uuid", "A"}}});
       menu.items.emplace_back(SeparatorItem{});
@@ -114,6 +115,7 @@ class MenuMirrorTest : public testing::Test {
   }
 
   std::string heard_;
+  int updates_ = 0;
   Menu menu_;
   MacStatusItem item_{VariableLength{}};
 };
@@ -320,6 +322,16 @@ TEST_F(MenuMirrorTest, DoesNotOpenAgainWhileItIsOpen) {
   item_.openMenu();
   tests::runFor(50ms);
   EXPECT_EQ(&row(), shown);
+}
+
+TEST_F(MenuMirrorTest, OpensOnceForSeveralWishesOfOneTurn) {
+  item_.openMenu();
+  item_.openMenu();
+  ASSERT_TRUE(tests::runUntil([] { return gnustep::menuWindow() != nil; }));
+  gnustep::closeMenu();
+  tests::runFor(50ms);
+  EXPECT_EQ(gnustep::menuWindow(), nil);
+  EXPECT_EQ(updates_, 1);
 }
 
 TEST_F(MenuMirrorTest, ClosesTheMenuForARow) {
