@@ -21,7 +21,8 @@ class CompositorWatch {
 
   /// Calls `handler` after each change, and once more a second after compositing has begun, when what was drawn
   /// meanwhile is to be drawn again: some compositing managers (picom 12) do not see that as long as they start, and
-  /// leave the window out until it is drawn again.
+  /// leave the window out until it is drawn again. One that was there before this object may be starting as well, as
+  /// at the start of a session.
   Registration observe(std::function<void()> handler);
 
  private:
