@@ -4,6 +4,7 @@
 
 #include <QGuiApplication>
 #include <QScreen>
+#include <algorithm>
 
 namespace roomlattice::platform::x11 {
 namespace {
@@ -26,13 +27,23 @@ std::vector<QRect> geometries() {
   return geometries;
 }
 
-/// Qt scales a screen around its top left corner, which keeps its place in pixels.
+}  // namespace
+
 QRectF pixelsOf(const QScreen& screen) {
   const QRectF geometry = screen.geometry();
   return {geometry.topLeft(), geometry.size() * screen.devicePixelRatio()};
 }
 
-}  // namespace
+QScreen* screenAtPixel(QPointF pixel) {
+  const QList<QScreen*> screens = QGuiApplication::screens();
+  const auto found = std::ranges::find_if(screens, [&](const QScreen* one) { return pixelsOf(*one).contains(pixel); });
+  return found == screens.end() ? nullptr : *found;
+}
+
+QPointF fromPixel(QPointF pixel, const QScreen& screen) {
+  const QPointF corner = screen.geometry().topLeft();
+  return corner + (pixel - corner) / screen.devicePixelRatio();
+}
 
 X11Screens::X11Screens(X11Connection& connection, NotificationCenter& defaultCenter)
     : connection_(connection), defaultCenter_(defaultCenter) {
@@ -111,11 +122,7 @@ Point X11Screens::fromPixel(QPointF pixel) const {
   if (screen == nullptr) {
     screen = QGuiApplication::primaryScreen();
   }
-  if (screen == nullptr) {
-    return {};
-  }
-  const QPointF corner = screen->geometry().topLeft();
-  return fromQt(corner + (pixel - corner) / screen->devicePixelRatio());
+  return screen == nullptr ? Point{} : fromQt(x11::fromPixel(pixel, *screen));
 }
 
 void X11Screens::follow(QScreen* screen) {
@@ -145,15 +152,6 @@ void X11Screens::postIfChanged() {
     postedMain_ = nowMain;
     defaultCenter_.post(notification::didChangeScreenParameters);
   }
-}
-
-QScreen* X11Screens::screenAtPixel(QPointF pixel) const {
-  for (QScreen* screen : QGuiApplication::screens()) {
-    if (pixelsOf(*screen).contains(pixel)) {
-      return screen;
-    }
-  }
-  return nullptr;
 }
 
 QScreen* X11Screens::screenOfActiveWindow() const {

@@ -17,6 +17,15 @@ class QScreen;
 
 namespace roomlattice::platform::x11 {
 
+/// A screen's part of the root window, in pixels. Qt scales a screen around its top left corner, which keeps its place.
+QRectF pixelsOf(const QScreen& screen);
+
+/// The screen that shows a pixel of the root window; null where none does.
+QScreen* screenAtPixel(QPointF pixel);
+
+/// Where a pixel of the root window is in Qt's coordinates, by the scale of `screen`.
+QPointF fromPixel(QPointF pixel, const QScreen& screen);
+
 /// The screens of the Qt application and the ways between the three kinds of coordinates: the program's (points, origin
 /// at the bottom left of the primary screen, y up), Qt's (points, origin at the top left, y down) and the X server's
 /// (pixels, origin at the top left of the root window, y down).
@@ -48,7 +57,6 @@ class X11Screens {
   void postIfChanged();
   QRect primaryGeometry() const;
   Rect frameOf(const QScreen& screen) const;
-  QScreen* screenAtPixel(QPointF pixel) const;
   QScreen* screenOfActiveWindow() const;
   QScreen* screenOfPointer() const;
 

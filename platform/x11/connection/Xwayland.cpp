@@ -1,12 +1,12 @@
 #include "platform/x11/connection/Xwayland.h"
 
+#include "platform/x11/connection/X11Screens.h"
+
 #include <QCursor>
 #include <QGuiApplication>
-#include <QRectF>
 #include <QScreen>
 #include <algorithm>
 #include <array>
-#include <optional>
 #include <string_view>
 
 namespace roomlattice::platform::x11 {
@@ -21,25 +21,13 @@ bool knowsPointer(const X11Connection& connection) {
 // The scales that compositors offer.
 constexpr std::array outputScales{1.0, 1.25, 1.5, 1.75, 2.0, 2.5, 3.0};
 
-/// The same place in Qt's coordinates; nothing where there is no screen.
-std::optional<QPoint> fromPixel(QPointF pixel) {
-  for (const QScreen* screen : QGuiApplication::screens()) {
-    // The toolkit scales the sizes of screens and not their places.
-    const QPointF corner = screen->geometry().topLeft();
-    const QPointF place = (pixel - corner) / screen->devicePixelRatio();
-    if (QRectF({}, screen->geometry().size()).contains(place)) {
-      return (corner + place).toPoint();
-    }
-  }
-  return std::nullopt;
-}
-
 /// Panels of Wayland count in pixels of their output. Where the compositor enlarges the windows of X clients, these are
 /// smaller than the server's, and nobody tells how much.
 QPoint fromPanel(QPoint told) {
   for (const double scale : outputScales) {
-    if (const std::optional<QPoint> place = fromPixel(QPointF(told) / scale)) {
-      return *place;
+    const QPointF pixel = QPointF(told) / scale;
+    if (const QScreen* screen = screenAtPixel(pixel)) {
+      return fromPixel(pixel, *screen).toPoint();
     }
   }
   return QCursor::pos();

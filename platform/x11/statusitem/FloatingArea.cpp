@@ -1,5 +1,7 @@
 #include "platform/x11/statusitem/FloatingArea.h"
 
+#include "platform/x11/connection/X11Screens.h"
+
 #include <QGuiApplication>
 #include <QScreen>
 #include <algorithm>
@@ -12,11 +14,6 @@ namespace {
 QScreen* usableScreen() {
   QScreen* screen = QGuiApplication::primaryScreen();
   return screen == nullptr || screen->geometry().isEmpty() ? nullptr : screen;
-}
-
-/// A screen keeps the place of its corner in pixels, whatever its scale.
-QRect inPixels(const QScreen& screen) {
-  return {screen.geometry().topLeft(), (QSizeF(screen.geometry().size()) * screen.devicePixelRatio()).toSize()};
 }
 
 /// The part of a screen in points that lies inside of one in pixels.
@@ -32,9 +29,9 @@ QRect inPoints(const QRect& part, const QScreen& screen) {
 
 /// Whether there is one on the way from an edge of `screen`, its top or its bottom, to that of the root window.
 bool isScreenBeyond(Edge edge, const QScreen& screen) {
-  const QRect own = inPixels(screen);
+  const QRect own = pixelsOf(screen).toRect();
   return std::ranges::any_of(QGuiApplication::screens(), [&](const QScreen* other) {
-    const QRect area = inPixels(*other);
+    const QRect area = pixelsOf(*other).toRect();
     const bool isInLine = area.left() <= own.right() && area.right() >= own.left();
     return isInLine && (edge == Edge::Top ? area.top() < own.top() : area.bottom() > own.bottom());
   });
@@ -66,7 +63,7 @@ std::optional<QRect> FloatingArea::freeFor(xcb_window_t window, EdgeUse use) con
   if (screen == nullptr) {
     return std::nullopt;
   }
-  const QRect pixels = inPixels(*screen);
+  const QRect pixels = pixelsOf(*screen).toRect();
   const bool kept = use == EdgeUse::KeptFree;
   return inPoints(kept ? workArea_.leftByOthersThan(window, pixels) : workArea_.freePartOf(pixels), *screen);
 }
@@ -77,7 +74,7 @@ std::optional<Strut> FloatingArea::strutFor(Edge edge, const QRect& frame) const
   if (screen == nullptr || !(isAtTop || edge == Edge::Bottom) || isScreenBeyond(edge, *screen)) {
     return std::nullopt;
   }
-  const QRect pixels = inPixels(*screen);
+  const QRect pixels = pixelsOf(*screen).toRect();
   const auto pixelsDownTo = [&](int y) {
     return pixels.top() + static_cast<int>(std::lround((y - pixels.top()) * screen->devicePixelRatio()));
   };
@@ -91,7 +88,7 @@ std::optional<Strut> FloatingArea::strutFor(Edge edge, const QRect& frame) const
 
 bool FloatingArea::meets(const QRect& pixels) const {
   const QScreen* screen = usableScreen();
-  return screen != nullptr && inPixels(*screen).intersects(pixels);
+  return screen != nullptr && pixelsOf(*screen).toRect().intersects(pixels);
 }
 
 void FloatingArea::follow(QScreen* screen) {
