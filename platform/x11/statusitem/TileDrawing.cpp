@@ -1,5 +1,6 @@
 #include "platform/x11/statusitem/TileDrawing.h"
 
+#include "platform/linux/control/ColorText.h"
 #include "platform/x11/drawing/Drawing.h"
 #include "platform/x11/drawing/QtValues.h"
 #include "platform/x11/drawing/Text.h"
@@ -15,7 +16,7 @@
 namespace roomlattice::platform::x11 {
 namespace {
 
-const QColor neutralTile(72, 72, 77);
+constexpr Color neutralTile{72 / 255.0, 72 / 255.0, 77 / 255.0};
 
 struct TileColors {
   QColor tile;
@@ -26,9 +27,8 @@ TileColors colorsOf(const StatusButtonContent& content) {
   if (content.background) {
     return {toQt(*content.background), content.title.color ? toQt(*content.title.color) : QColor(Qt::white)};
   }
-  const QColor tile = content.title.color ? toQt(*content.title.color) : neutralTile;
-  const bool bright = 0.299F * tile.redF() + 0.587F * tile.greenF() + 0.114F * tile.blueF() > 0.5F;
-  return {tile, bright ? Qt::black : Qt::white};
+  const Color tile = content.title.color.value_or(neutralTile);
+  return {toQt(tile), toQt(linux::textColorOn(tile))};
 }
 
 /// What a reader takes for one character, which may be several code points.
