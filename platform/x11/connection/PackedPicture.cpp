@@ -15,10 +15,6 @@ namespace {
 
 constexpr std::size_t maximumOf16Bits = std::numeric_limits<std::uint16_t>::max();
 
-const std::uint32_t* rowOf(const QImage& image, int y) {
-  return reinterpret_cast<const std::uint32_t*>(image.constScanLine(y));
-}
-
 constexpr unsigned opaque = 0xff;
 
 int component(std::uint32_t color, unsigned index) {

@@ -50,7 +50,7 @@ class Cutter {
   std::vector<Span> columns(const Span& band) const {
     std::vector<std::uint8_t> isTaken(static_cast<std::size_t>(image_.width()));
     for (int y = band.begin; y < band.end; ++y) {
-      const std::uint32_t* row = rowOf(y);
+      const std::uint32_t* row = rowOf(image_, y);
       for (std::size_t x = 0; x < isTaken.size(); ++x) {
         isTaken[x] |= row[x] != plate_ ? 1U : 0U;
       }
@@ -70,10 +70,8 @@ class Cutter {
   }
 
  private:
-  const std::uint32_t* rowOf(int y) const { return reinterpret_cast<const std::uint32_t*>(image_.constScanLine(y)); }
-
   bool isDetailed(int y, const Span& column) const {
-    const std::uint32_t* row = rowOf(y);
+    const std::uint32_t* row = rowOf(image_, y);
     return std::any_of(row + column.begin, row + column.end, [this](std::uint32_t pixel) { return pixel != plate_; });
   }
 
