@@ -1,7 +1,5 @@
 #include "platform/x11/connection/WindowPicture.h"
 
-#include "platform/x11/connection/PixelRows.h"
-
 #include <algorithm>
 #include <cstddef>
 #include <iterator>
@@ -9,6 +7,9 @@
 
 namespace roomlattice::platform::x11 {
 namespace {
+
+// Far less than a request may have, so that neither side needs much memory for one.
+constexpr qsizetype requestBytes = qsizetype{128} * 1024;
 
 xcb_rectangle_t rectangleOf(const QRect& area) {
   return {static_cast<std::int16_t>(area.x()), static_cast<std::int16_t>(area.y()),
@@ -54,11 +55,15 @@ WindowPicture::~WindowPicture() {
 }
 
 void WindowPicture::put(const QImage& picture, const QPoint& corner) {
-  const PixelRows rows{.bytes = picture.constBits(),
-                       .size = picture.size(),
-                       .bytesPerRow = static_cast<std::size_t>(picture.bytesPerLine()),
-                       .depth = depth_};
-  x11::put(rows, window_.raw(), window_.id(), context_, corner);
+  const qsizetype rowBytes = std::max<qsizetype>(picture.bytesPerLine(), 1);
+  const int most = static_cast<int>(std::max<qsizetype>(requestBytes / rowBytes, 1));
+  for (int y = 0; y < picture.height(); y += most) {
+    const int height = std::min(most, picture.height() - y);
+    xcb_put_image(window_.raw(), XCB_IMAGE_FORMAT_Z_PIXMAP, window_.id(), context_,
+                  static_cast<std::uint16_t>(picture.width()), static_cast<std::uint16_t>(height),
+                  static_cast<std::int16_t>(corner.x()), static_cast<std::int16_t>(corner.y() + y), 0, depth_,
+                  static_cast<std::uint32_t>(rowBytes * height), picture.constScanLine(y));
+  }
 }
 
 void WindowPicture::put(const PackedPicture& picture, GlyphSet& glyphs) {
