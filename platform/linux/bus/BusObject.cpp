@@ -100,7 +100,7 @@ int BusObject::call(sd_bus_message* call, void* object, sd_bus_error* error) {
   const MessagePointer answer(made);
   BusWriter writer(answer.get());
   if (const std::optional<BusError> refusal = method->run(BusMessage(call), writer)) {
-    return sd_bus_error_set(error, refusal->name.c_str(), refusal->text.c_str());
+    return sd_bus_error_set(error, refusal->name.c_str(), sendable(refusal->text).c_str());
   }
   return sd_bus_send(nullptr, answer.get(), nullptr);
 }

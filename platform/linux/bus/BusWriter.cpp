@@ -1,6 +1,16 @@
 #include "platform/linux/bus/BusWriter.h"
 
+#include <QString>
+#include <algorithm>
+
 namespace roomlattice::platform::linux {
+
+std::string sendable(const std::string& text) {
+  std::u32string characters = QString::fromStdString(text).toStdU32String();
+  std::ranges::replace_if(
+      characters, [](char32_t one) { return QChar::isNonCharacter(one); }, U'\uFFFD');
+  return QString::fromStdU32String(characters).toStdString();
+}
 
 void BusWriter::write(const BusVariant& value) {
   open('v', value.type());

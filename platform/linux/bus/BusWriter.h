@@ -14,7 +14,11 @@
 
 namespace roomlattice::platform::linux {
 
-/// Writes values of the types that BusTypeOf knows at the end of a message. Texts have to be UTF-8.
+/// The text as a message can hold it. What is not UTF-8, and the characters that Unicode keeps for no text, become
+/// U+FFFD: the library refuses them, and breaks with the bus where they are the reason of a refusal.
+std::string sendable(const std::string& text);
+
+/// Writes values of the types that BusTypeOf knows at the end of a message, texts as they are sendable.
 class BusWriter {
  public:
   /// The message stays its owner's.
@@ -24,7 +28,7 @@ class BusWriter {
   void write(std::int32_t value) { writeBasic('i', &value); }
   void write(std::uint32_t value) { writeBasic('u', &value); }
   void write(double value) { writeBasic('d', &value); }
-  void write(const std::string& value) { writeBasic('s', value.c_str()); }
+  void write(const std::string& value) { writeBasic('s', sendable(value).c_str()); }
   void write(const char* value) { writeBasic('s', value); }
   void write(const ObjectPath& value) { writeBasic('o', value.path.c_str()); }
   void write(const BusVariant& value);

@@ -2,9 +2,7 @@
 
 #include "platform/linux/control/ColorText.h"
 #include "platform/linux/control/ControlNames.h"
-#include "support/Text.h"
 
-#include <algorithm>
 #include <map>
 #include <optional>
 #include <utility>
@@ -14,20 +12,10 @@ namespace {
 
 using Dictionary = std::map<std::string, BusVariant>;
 
-/// The bus breaks with whoever sends it anything but UTF-8, and window managers name desktops as they like.
-std::string sendable(std::string text) {
-  if (!isUtf8(text)) {
-    std::ranges::replace_if(
-        text, [](char character) { return static_cast<unsigned char>(character) >= 0x80; }, '?');
-  }
-  return text;
-}
-
 Dictionary dictionaryOf(const DesktopState& desktop) {
-  Dictionary dictionary{
-      {"name", BusVariant(sendable(desktop.name))}, {"color", BusVariant(colorText(desktop.color))},
-      {"active", BusVariant(desktop.isActive)},     {"fullscreen", BusVariant(!desktop.number)},
-      {"uuid", BusVariant(sendable(desktop.uuid))}, {"display", BusVariant(sendable(desktop.display))}};
+  Dictionary dictionary{{"name", BusVariant(desktop.name)},       {"color", BusVariant(colorText(desktop.color))},
+                        {"active", BusVariant(desktop.isActive)}, {"fullscreen", BusVariant(!desktop.number)},
+                        {"uuid", BusVariant(desktop.uuid)},       {"display", BusVariant(desktop.display)}};
   if (desktop.number) {
     dictionary.emplace("number", BusVariant(static_cast<std::uint32_t>(*desktop.number)));
   }
@@ -71,8 +59,7 @@ const char* nameOf(CommandErrorKind kind) {
 }
 
 std::optional<BusError> answerOf(const CommandResult& result) {
-  return result ? std::optional(
-                      BusError{std::string(controlErrorPrefix) + nameOf(result->kind), sendable(result->message)})
+  return result ? std::optional(BusError{std::string(controlErrorPrefix) + nameOf(result->kind), result->message})
                 : std::nullopt;
 }
 

@@ -27,12 +27,18 @@ using platform::linux::MessageBus;
 using platform::linux::ObjectPath;
 using Ownership = BusName::Ownership;
 
+// A byte that is not UTF-8, and characters that are none, of which the library takes no more than of that.
+constexpr const char* unsendable = "\xff \uFFFE \uFDD0 \U0001FFFF \u20AC";
+
 BusInterface counterInterface() {
   const auto add = [](const BusMessage& call, BusWriter& answer) -> std::optional<BusError> {
     const auto one = call.argument<std::int32_t>(0).value_or(0);
     const auto other = call.argument<std::int32_t>(1).value_or(0);
     if (other < 0) {
       return BusError{"test.Error.Negative", "the second number is negative"};
+    }
+    if (one < 0) {
+      return BusError{"test.Error.Negative", std::string("the first number is ") + unsendable};
     }
     answer.write(one + other);
     return std::nullopt;
@@ -41,6 +47,7 @@ BusInterface counterInterface() {
   return {.name = "test.Counter",
           .methods = {{"Add", "ii", "i", add}},
           .properties = {busProperty("Name", [] { return std::string("Zähler"); }),
+                         busProperty("Unsendable", [] { return std::string(unsendable); }),
                          busProperty("Place", [] { return ObjectPath{"/test"}; }),
                          busProperty("Flags",
                                      [] {
@@ -96,6 +103,13 @@ TEST_F(BusObjectTest, RefusesWithAReason) {
   const QDBusMessage answer = add({2, -3});
   EXPECT_EQ(answer.errorName(), QStringLiteral("test.Error.Negative"));
   EXPECT_EQ(answer.errorMessage(), QStringLiteral("the second number is negative"));
+}
+
+TEST_F(BusObjectTest, SendsWhatAMessageCannotHoldAsReplaced) {
+  const QString sent = QStringLiteral("\uFFFD \uFFFD \uFFFD \uFFFD \u20AC");
+  EXPECT_EQ(property("Unsendable"), QVariant(sent));
+  EXPECT_EQ(add({-2, 3}).errorMessage(), QStringLiteral("the first number is ") + sent);
+  EXPECT_EQ(add({2, 3}).arguments(), QVariantList{5});
 }
 
 TEST_F(BusObjectTest, IsCalledWithArgumentsOfItsTypesOnly) {
