@@ -97,7 +97,9 @@ TerminationSignals::TerminationSignals() {
 
 bool TerminationSignals::waitFor(std::chrono::milliseconds limit) const {
   pollfd file{eventFile, POLLIN, 0};
-  return poll(&file, 1, static_cast<int>(limit.count())) > 0;
+  // A signal that comes meanwhile ends the wait, before its handler has made the file readable.
+  poll(&file, 1, static_cast<int>(limit.count()));
+  return poll(&file, 1, 0) > 0;
 }
 
 Registration TerminationSignals::observe(std::function<void()> handler) const {
