@@ -99,7 +99,9 @@ std::vector<ExportedItem> X11StatusItem::exportedItems() {
   std::vector<ExportedItem> options = options_.items();
   for (ExportedItem& option : options) {
     // It may end what the menu was opened from.
-    option.activate = later(std::move(option.activate));
+    if (option.activate) {
+      option.activate = later(std::move(option.activate));
+    }
   }
   if (!tray_.traits().opensExportedMenus || menu_ == nullptr) {
     return options;

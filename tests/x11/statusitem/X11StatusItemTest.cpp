@@ -49,6 +49,34 @@ class X11StatusItemTest : public ::testing::Test {
     return waitFor([this] { return !tray_.isOnTheBus(tray_.items().front()); });
   }
 
+  /// Calls a method of the menu that the panel shows in the program's stead.
+  QDBusMessage callMenu(const QString& method, const QVariantList& arguments) {
+    QDBusMessage question =
+        QDBusMessage::createMethodCall(tray_.items().front(), QStringLiteral("/StatusNotifierItem/Menu"),
+                                       QStringLiteral("com.canonical.dbusmenu"), method);
+    question.setArguments(arguments);
+    return tray_.ask(question);
+  }
+
+  std::vector<int> separatorsOfMenu() {
+    const QDBusMessage answer =
+        callMenu(QStringLiteral("GetGroupProperties"), {QVariant::fromValue(QList<int>()), QStringList()});
+    const auto items = answer.arguments().value(0).value<QDBusArgument>();
+    std::vector<int> separators;
+    items.beginArray();
+    while (!items.atEnd()) {
+      int identifier = 0;
+      QVariantMap properties;
+      items.beginStructure();
+      items >> identifier >> properties;
+      items.endStructure();
+      if (properties.value(QStringLiteral("type")) == QStringLiteral("separator")) {
+        separators.push_back(identifier);
+      }
+    }
+    return separators;
+  }
+
   UserInterfaceSession ui_;
   FakeTray tray_{ui_.session.busAddress()};
   std::unique_ptr<platform::StatusItem> item_;
@@ -153,6 +181,19 @@ TEST_F(X11StatusItemTest, OpensItsMenuAtThePointerWhereverThePanelSaysItWasClick
     return std::abs(opened.left() + opened.width() - right) <= 2 && std::abs(opened.top() - top) <= 2;
   };
   EXPECT_TRUE(waitFor([&] { return opensAt(600, 300); }));
+}
+
+TEST_F(X11StatusItemTest, DoesNothingForAClickThatChoosesNothing) {
+  tray_.appear(TrayHost::Registered);
+  show();
+  ASSERT_TRUE(isInPanel());
+  const std::vector<int> separators = separatorsOfMenu();
+  ASSERT_FALSE(separators.empty());
+  for (const int separator : separators) {
+    callMenu(QStringLiteral("Event"),
+             {separator, QStringLiteral("clicked"), QVariant::fromValue(QDBusVariant(0)), QVariant(0U)});
+  }
+  EXPECT_EQ(tray_.property(QStringLiteral("Title")).toString(), QStringLiteral("Desktop 2"));
 }
 
 /// As a panel finds this process in the list of all, whose name is that of its first thread.
