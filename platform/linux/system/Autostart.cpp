@@ -36,7 +36,9 @@ std::string asArgument(const std::string& text) {
   return asValue(quoted + "\"");
 }
 
-bool saysOff(const std::string& line) {
+bool saysOff(std::string line) {
+  // There may be some around the equals sign.
+  std::erase(line, ' ');
   return line == "Hidden=true" || line == "X-GNOME-Autostart-enabled=false";
 }
 
@@ -46,12 +48,14 @@ bool writeWhole(const fs::path& path, const std::string& text) {
   file << text;
   file.close();
   std::error_code error;
-  if (!file) {
-    fs::remove(made, error);
-    return false;
+  if (file) {
+    fs::rename(made, path, error);
   }
-  fs::rename(made, path, error);
-  return !error;
+  const bool isDone = file && !error;
+  if (!isDone) {
+    fs::remove(made, error);
+  }
+  return isDone;
 }
 
 }  // namespace

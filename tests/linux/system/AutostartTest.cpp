@@ -40,7 +40,7 @@ TEST_F(AutostartTest, IsSwitchedOnAndOff) {
 }
 
 TEST_F(AutostartTest, IsOffWhereAnotherProgramHasSwitchedTheEntryOff) {
-  for (const char* line : {"Hidden=true", "X-GNOME-Autostart-enabled=false"}) {
+  for (const char* line : {"Hidden=true", "Hidden = true ", "X-GNOME-Autostart-enabled=false"}) {
     ASSERT_TRUE(autostart_.set(State::On, "/usr/bin/roomlattice"));
     writeText(entry_, textOf(entry_) + line + "\n");
     EXPECT_EQ(autostart_.state(), State::Off) << line;
@@ -54,6 +54,14 @@ TEST_F(AutostartTest, LeavesWhatIsThereWhereItCannotWrite) {
   EXPECT_FALSE(autostart_.set(State::On, "/usr/bin/roomlattice"));
   EXPECT_EQ(autostart_.state(), State::Off);
   EXPECT_EQ(textOf(folder_.path() / "config"), "not a folder");
+}
+
+TEST_F(AutostartTest, LeavesNothingBesideAnEntryThatItCannotReplace) {
+  std::filesystem::create_directories(entry_ / "inside");
+  EXPECT_FALSE(autostart_.set(State::On, "/usr/bin/roomlattice"));
+  EXPECT_FALSE(autostart_.set(State::Off, "/usr/bin/roomlattice"));
+  const std::filesystem::directory_iterator beside(entry_.parent_path());
+  EXPECT_EQ(std::distance(begin(beside), end(beside)), 1);
 }
 
 TEST_F(AutostartTest, StartsTheProgramWhereverItIs) {
