@@ -144,8 +144,8 @@ std::variant<ChildResult, LaunchError> ChildRunner::run(const std::string& path,
   const Deadline deadline = options.limit ? Deadline(Clock::now() + *options.limit) : std::nullopt;
   const FileDescriptor childExit(static_cast<int>(syscall(SYS_pidfd_open, child, 0)));
   std::string bytes;
-  // One that has closed its output may live on.
-  if (!collect(pipe.reader, deadline, bytes) || !waitFor(childExit, deadline)) {
+  // One that has closed its output may live on. Where the kernel cannot tell of its exit, it is waited for.
+  if (!collect(pipe.reader, deadline, bytes) || (childExit && !waitFor(childExit, deadline))) {
     kill(-child, SIGKILL);
   }
   waitForEnd(child, status);
@@ -171,7 +171,7 @@ bool ChildRunner::collect(const FileDescriptor& output, Deadline deadline, std::
 
 bool ChildRunner::waitFor(const FileDescriptor& source, Deadline deadline) const {
   std::array<pollfd, 2> waiting{{{source.get(), POLLIN, 0}, {interruption_.get(), POLLIN, 0}}};
-  int ready = source ? -1 : 0;
+  int ready = -1;
   while (ready < 0) {
     ready = poll(waiting.data(), waiting.size(), deadline ? timeLeft(*deadline) : -1);
   }

@@ -44,7 +44,7 @@ class ChildRunner {
 
   /// False when waitFor gave that before the output had ended.
   bool collect(const FileDescriptor& output, Deadline deadline, std::string& bytes) const;
-  /// Until `source` is readable. False once it is too late, interrupt was called, or where there is no source.
+  /// Until `source` is readable. False once it is too late or interrupt was called.
   bool waitFor(const FileDescriptor& source, Deadline deadline) const;
 
   // Readable from interrupt on.
