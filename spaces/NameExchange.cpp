@@ -107,20 +107,18 @@ void NameExchange::addChangedThere(std::set<std::size_t>& places, const Names& n
 }
 
 NameExchange::Extent NameExchange::takeStock(const std::vector<Meeting>& meetings) {
-  const bool isStart = entries_.empty();
+  const std::size_t before = entries_.size();
   std::size_t added = 0;
   std::size_t changed = 0;
   for (const Meeting& meeting : meetings) {
     added += static_cast<std::size_t>(meeting.entry == nullptr);
     changed += static_cast<std::size_t>(meeting.entry != nullptr && meeting.entry->there != *meeting.there);
   }
-  const std::size_t before = entries_.size();
   forgetThoseThatWent();
-  const std::size_t removed = before - entries_.size();
-  if (added + removed > 0) {
-    begin(isStart ? Phase::Starting : Phase::Settling);
+  if (added > 0 || entries_.size() < before) {
+    begin(before == 0 ? Phase::Starting : Phase::Settling);
   }
-  return changed + added + removed > 1 ? Extent::Several : Extent::One;
+  return changed > 1 ? Extent::Several : Extent::One;
 }
 
 void NameExchange::forgetThoseThatWent() {
