@@ -176,8 +176,7 @@ platform::Registration DesktopCommands::observe(std::function<void(const std::ve
 void DesktopCommands::activeChanged() {
   const std::vector<SpaceInfo>& spaces = manager_.spaces();
   if (!std::ranges::equal(told_, spaces, {}, &DesktopState::uuid, &SpaceInfo::uuid)) {
-    // A switch from within the news of another list, which is still to come here.
-    listChanged();
+    // A switch from within the news of another list, which is still to come here and tells of both.
     return;
   }
   // Looking at everything anew would cost each switch more, the more desktops there are.
