@@ -2,6 +2,9 @@
 
 #include "tests/spaces/NameExchangeFixture.h"
 
+#include <utility>
+#include <vector>
+
 namespace roomlattice::tests {
 namespace {
 
@@ -23,6 +26,18 @@ TEST_F(NameExchangeAnswersTest, KeepsANameThatIsRefused) {
   setName(3, "Chat");
   desktop.advance(60s);
   EXPECT_EQ(shown(), "Mail Web Chat");
+  EXPECT_EQ(desktop.names().wishes(), 1);
+}
+
+TEST_F(NameExchangeAnswersTest, RepeatsNoWishThatIsRefusedRightAfterTheStart) {
+  keep(2, "Web");
+  callThere({"Mail", "News", "Workspace 3"});
+  desktop.names().answer = [](const std::string&, const std::string&) { return std::nullopt; };
+  begin();
+  desktop.advance(500ms);
+  setName(2, "Chat");
+  desktop.advance(60s);
+  EXPECT_EQ(shown(), "Mail Chat 3");
   EXPECT_EQ(desktop.names().wishes(), 1);
 }
 
@@ -58,6 +73,19 @@ TEST_F(NameExchangeAnswersTest, KeepsTheDefaultWhereTheOldNameStays) {
   desktop.advance(60s);
   setName(3, "Chat");
   EXPECT_EQ(shown(), "1 2 Chat");
+}
+
+TEST_F(NameExchangeAnswersTest, AsksForNoOtherNumberInPlaceOfOne) {
+  callThere({"Workspace 1", "7", "Workspace 3"});
+  begin();
+  desktop.advance(5s);
+  desktop.names().answer = [](const std::string&, const std::string&) { return std::nullopt; };
+  setName(2, "Web");
+  desktop.advance(5s);
+  setName(2, "");
+  desktop.advance(5s);
+  EXPECT_EQ(shown(), "1 2 3");
+  EXPECT_EQ(desktop.names().wishes(), 1);
 }
 
 TEST_F(NameExchangeAnswersTest, GivesInToAProgramThatInsistsOnItsName) {
@@ -130,10 +158,12 @@ TEST_F(NameExchangeAnswersTest, GivesNamesOfDesktopsThatComeAndTakesTheirs) {
 TEST_F(NameExchangeAnswersTest, LetsNamesGoWithTheirDesktops) {
   beginWithAKeptName();
   nameThere(3, "Chat");
+  const SpaceInfo gone = manager().spaces().front();
   desktop.removeDesktop(desktop.desktopAt(0));
   desktop.moveDesktop(desktop.desktopAt(1), 0);
   desktop.advance(5s);
   EXPECT_EQ(shown(), "Chat Web");
+  EXPECT_EQ(manager().displayName(gone), "Desktop");
   EXPECT_EQ(desktop.names().wishes(), 0);
 }
 
@@ -143,6 +173,14 @@ TEST_F(NameExchangeAnswersTest, HasNoNamesOfFullScreenSpaces) {
   nameThere(4, "Film");
   desktop.advance(5s);
   EXPECT_EQ(shown(), "Mail Desktop Web 3");
+}
+
+TEST_F(NameExchangeAnswersTest, EndsTheNameOfADesktopThatBecomesAFullScreenSpace) {
+  beginWithAKeptName();
+  std::vector<SpaceInfo> spaces = manager().spaces();
+  spaces.front().type = platform::simulated::spaceType::fullScreen;
+  manager().update(std::move(spaces), manager().activeSpaceID());
+  EXPECT_EQ(shown(), "Desktop Web 2");
 }
 
 TEST_F(NameExchangeAnswersTest, EndsWithTheProgram) {

@@ -52,10 +52,49 @@ TEST_F(NameExchangeTest, LetsTheNameThatIsKeptWinAtTheStart) {
   EXPECT_EQ(there(), (Texts{"Mail", "Web", "Workspace 3"}));
 }
 
+TEST_F(NameExchangeTest, GivesANameThatIsKeptToTheEnvironmentASecondAfterTheStart) {
+  keep(2, "Web");
+  callThere({"Mail", "News", "Workspace 3"});
+  begin();
+  desktop.advance(1s - 1ns);
+  EXPECT_EQ(desktop.names().wishes(), 0);
+  desktop.advance(1ns);
+  EXPECT_EQ(desktop.names().wishes(), 1);
+}
+
+TEST_F(NameExchangeTest, GivesItThoughAnotherDesktopIsRenamedMeanwhile) {
+  keep(2, "Web");
+  callThere({"Mail", "News", "Workspace 3"});
+  begin();
+  desktop.advance(500ms);
+  setName(1, "Letters");
+  desktop.advance(5s);
+  EXPECT_EQ(there(), (Texts{"Letters", "Web", "Workspace 3"}));
+}
+
+TEST_F(NameExchangeTest, GivesItThoughTheEnvironmentHadNoneToShareMeanwhile) {
+  keep(2, "Web");
+  callThere({"Mail", "News", "Workspace 3"});
+  begin();
+  desktop.advance(500ms);
+  desktop.names().replace(std::nullopt);
+  callThere({"Mail", "News", "Workspace 3"});
+  desktop.advance(5s);
+  EXPECT_EQ(there(), (Texts{"Mail", "Web", "Workspace 3"}));
+}
+
 TEST_F(NameExchangeTest, TakesFewerAndMoreNamesThanDesktops) {
   desktop.names().replace(platform::DesktopNames::Names{{uuid(2), "Web"}, {"UUID-999", "Gone"}});
   begin();
   EXPECT_EQ(shown(), "1 Web 3");
+}
+
+TEST_F(NameExchangeTest, FollowsTheFirstNameOfADesktopAmongThoseOfOthers) {
+  desktop.names().replace(platform::DesktopNames::Names{{"A", "Gone"}, {"B", "Gone"}, {"UUID-999", "Gone"}});
+  begin();
+  EXPECT_EQ(shown(), "1 2 3");
+  nameThere(1, "Mail");
+  EXPECT_EQ(shown(), "Mail 2 3");
 }
 
 TEST_F(NameExchangeTest, BringsARenameToTheEnvironment) {
@@ -141,6 +180,14 @@ TEST_F(NameExchangeTest, BringsTheDefaultBackThereForAnEmptyName) {
   desktop.advance(5s);
   EXPECT_EQ(shown(), "1 2 3");
   EXPECT_EQ(there(), (Texts{"Workspace 1", "Workspace 2", "Workspace 3"}));
+}
+
+TEST_F(NameExchangeTest, NumbersADesktopLikeThoseThatTheEnvironmentNumbers) {
+  callThere({"", "Web", "Workspace 3"});
+  begin();
+  setName(2, "");
+  desktop.advance(5s);
+  EXPECT_EQ(there(), (Texts{"", "Workspace 2", "Workspace 3"}));
 }
 
 TEST_F(NameExchangeTest, NumbersDesktopsItselfWhereTheEnvironmentNumbersNone) {

@@ -65,6 +65,22 @@ TEST_F(SpaceManagerTourEdgesTest, LeavesNoTimeLimitBehindForTheNextOne) {
   EXPECT_THAT(logged(), ElementsAre(startLine(4), endLine, startLine(4), endLine));
 }
 
+TEST_F(SpaceManagerTourEdgesTest, HasItsHomeThoughItIsStartedFromTheEndOfAnother) {
+  bool startedAgain = false;
+  onEvent = [&](const std::string& event) {
+    if (event == SpaceManager::tourDidEnd && !std::exchange(startedAgain, true)) {
+      manager.performAutoTour();
+    }
+  };
+  startTour();
+  while (!startedAgain && elapsed() < 20s) {
+    desktop.advance(10ms);
+  }
+  desktop.advance(450ms);
+  ASSERT_NE(desktop.activeSpace(), desktop.desktopAt(0));
+  EXPECT_EQ(manager.homeSpace()->spaceID, desktop.desktopAt(0));
+}
+
 // The completion is looked up after the end has been announced: by then it is the other tour's.
 TEST_F(SpaceManagerTourEdgesTest, LetsItsEndStartAnotherWhoseCompletionTakesItsOwnsPlace) {
   bool startedAgain = false;

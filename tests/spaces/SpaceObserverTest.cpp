@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <limits>
+#include <utility>
 #include <vector>
 
 namespace roomlattice {
@@ -132,6 +133,15 @@ TEST_F(SpaceObserverTest, ReadsWhatHasBecomeOfAListThatItHasRead) {
   EXPECT_EQ(spaces[1].uuid, "B");
 }
 
+TEST_F(SpaceObserverTest, CountsADesktopNoLongerThatHasLostItsIdentifier) {
+  readSpaces(Value::Array{space(1), space(2), space(3)});
+  EXPECT_EQ(readSpaces(Value::Array{space(1), Value::Dictionary{}, space(3)}).size(), 2U);
+  const auto& spaces = readSpaces(Value::Array{space(1), Value::Dictionary{}, space(4)});
+  ASSERT_EQ(spaces.size(), 2U);
+  EXPECT_EQ(spaces[0].spaceID, 1U);
+  EXPECT_EQ(spaces[1].spaceID, 4U);
+}
+
 TEST_F(SpaceObserverTest, GivesTheListAgainWhereSomebodyElseHasGivenAnother) {
   const auto& spaces = readSpaces(Value::Array{space(1), Value::Dictionary{}, space(2), space(3)});
   SpaceManager::shared().update({SpaceInfo{7, "G", "Main", 0}}, 7);
@@ -151,6 +161,18 @@ TEST_F(SpaceObserverTest, ReadsTheListFromWithinTheNewsOfAnother) {
   EXPECT_EQ(spaces.size(), 2U);
   EXPECT_EQ(readSpaces(Value::Array{space(1), space(2), space(3)}).size(), 3U);
   EXPECT_EQ(readSpaces(Value::Array{space(3)}).size(), 2U);
+}
+
+TEST_F(SpaceObserverTest, GivesTheListAgainWhereSomebodyElseHasGivenAnotherFromWithinItsNews) {
+  refreshed();
+  bool answered = false;
+  const auto observation = platform().notifications().defaultCenter().observe(SpaceManager::didChange, [&answered] {
+    if (!std::exchange(answered, true)) {
+      SpaceManager::shared().update({SpaceInfo{7, "G", "Main", 0}}, 7);
+    }
+  });
+  ASSERT_EQ(readSpaces(Value::Array{space(1), space(2)}).front().spaceID, 7U);
+  EXPECT_EQ(refreshed().size(), 2U);
 }
 
 TEST_F(SpaceObserverTest, TakesASpaceWithoutTypeForARegularOne) {

@@ -89,6 +89,14 @@ TEST_F(SpaceTableTest, TellsWhichDesktopsHaveOtherNumbersAfterARemoval) {
   EXPECT_EQ(changedSince(before), (Indices{1, 2}));
 }
 
+TEST_F(SpaceTableTest, TellsWhichDesktopsHaveOtherNumbersOnlyOnTheirDisplay) {
+  set({madeSpace(1), madeSpace(2), madeSpace(3, "Other")});
+  const SpaceTable::Moment before = table_.now();
+  table_.replace(0, 1, {madeSpace(1, "Other")});
+  EXPECT_EQ(onDisplays(), (Numbers{1, 1, 2}));
+  EXPECT_EQ(changedSince(before), (Indices{0, 1, 2}));
+}
+
 TEST_F(SpaceTableTest, GivesWhatHasReallyChanged) {
   set({madeSpace(1), madeSpace(2), madeSpace(3)});
   const SpaceTable::Moment before = table_.now();
