@@ -8,6 +8,7 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <cstddef>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -159,12 +160,35 @@ TEST_F(SignWindowsTest, KeepsItsTextWhenPreferencesAndScreensChange) {
 
 TEST_F(SignWindowsTest, HasItsTextAndItsFrameAgainWheneverDesktopsChange) {
   startVisitedLabels();
-  const platform::Rect frame = label(1).frame();
-  dynamic_cast<SignView&>(*label(1).contentView()).setText("Written by another hand");
-  label(1).setFrame({{1.0, 2.0}, {3.0, 4.0}});
   post(SpaceManager::didChange);
+  const platform::Rect frame = label(1).frame();
+  for (const bool isRenamed : {true, false}) {
+    if (isRenamed) {
+      dynamic_cast<SignView&>(*label(1).contentView()).setText("Written by another hand");
+    } else {
+      label(1).setFrame({{1.0, 2.0}, {3.0, 4.0}});
+    }
+    post(SpaceManager::didChange);
+    EXPECT_THAT(label(1).texts(), ElementsAre("Desktop 2"));
+    EXPECT_EQ(label(1).frame(), frame);
+  }
+}
+
+TEST_F(SignWindowsTest, HasTheNameOfItsDesktopAlthoughAFullScreenSpaceHasTheSameIdentifier) {
+  startVisitedLabels();
+  std::vector<SpaceInfo> spaces = SpaceManager::shared().spaces();
+  spaces.push_back({.spaceID = spaces[1].spaceID, .uuid = "F", .displayUUID = spaces[1].displayUUID, .type = 4});
+  SpaceManager::shared().update(spaces, spaces[0].spaceID);
   EXPECT_THAT(label(1).texts(), ElementsAre("Desktop 2"));
-  EXPECT_EQ(label(1).frame(), frame);
+}
+
+TEST_F(SignWindowsTest, IsOutOfSightOnceItsDesktopHasGoneThoughItIsAboutToFadeOut) {
+  arriveOnTheSecond();
+  std::size_t shown = 0;
+  beforeLabelsHearOfAChange = [&] { shown = labels().size(); };
+  ASSERT_THAT(labels(), SizeIs(3));
+  desktop.removeDesktop(desktop.desktopAt(1));
+  EXPECT_EQ(shown, 2U);
 }
 
 TEST_F(SignWindowsTest, HasItsTextAgainOnceItsDesktopIsInFront) {
@@ -180,6 +204,8 @@ class SignWindowsOnTwoScreensTest : public LabelFixture {
   SignWindowsOnTwoScreensTest() {
     desktop.setScreens({{{}, {1440.0, 900.0}}, {{1440.0, 0.0}, {1000.0, 500.0}}});
     startVisitedLabels();
+    // Places them all, as every change of the list does where it has not been done for this screen.
+    post(SpaceManager::didChange);
     frame_ = label(1).frame();
     desktop.setMainScreen(1);
   }
