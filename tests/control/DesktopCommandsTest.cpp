@@ -261,8 +261,10 @@ TEST_F(DesktopCommandsTest, DoNothingLateForAProgramThatHasGone) {
 
 class DesktopCommandsChangesTest : public DesktopCommandsTest {
  protected:
-  /// The changes of each moment as "kind number name".
+  /// The changes as "kind number name".
   std::vector<std::string> lines_;
+  /// How many times there were any.
+  int moments_ = 0;
 
  private:
   static std::string text(const platform::DesktopChange& change) {
@@ -272,6 +274,7 @@ class DesktopCommandsChangesTest : public DesktopCommandsTest {
   }
 
   platform::Registration observation_ = commands().observe([this](const std::vector<platform::DesktopChange>& changes) {
+    ++moments_;
     for (const platform::DesktopChange& change : changes) {
       lines_.push_back(text(change));
     }
@@ -296,6 +299,13 @@ TEST_F(DesktopCommandsChangesTest, AreToldForNamesAndColors) {
   EXPECT_THAT(lines_, ElementsAre("renamed 2 Mail", "recolored 2 Mail"));
 }
 
+TEST_F(DesktopCommandsChangesTest, AreToldForNamesThatTheEnvironmentGivesAndTakesAway) {
+  desktop.names().replace(platform::DesktopNames::Names{{commands().desktops()[1].uuid, "Mail"}});
+  EXPECT_THAT(lines_, ElementsAre("renamed 2 Mail"));
+  desktop.names().replace(std::nullopt);
+  EXPECT_THAT(lines_, ElementsAre("renamed 2 Mail", "renamed 2 Desktop 2"));
+}
+
 TEST_F(DesktopCommandsChangesTest, AreToldForDesktopsThatComeAndGo) {
   const platform::SpaceID added = desktop.addDesktop();
   EXPECT_THAT(lines_, ElementsAre("added 4 Desktop 4"));
@@ -307,6 +317,36 @@ TEST_F(DesktopCommandsChangesTest, AreToldForThoseBehindOneThatGoes) {
   desktop.removeDesktop(desktop.desktopAt(1));
   EXPECT_THAT(lines_,
               ElementsAre("removed 2 Desktop 2", "moved 2 Desktop 2", "renamed 2 Desktop 2", "recolored 2 Desktop 2"));
+}
+
+TEST_F(DesktopCommandsChangesTest, AreToldForTheOneInFrontTogetherWithTheOnesThatGo) {
+  desktop.removeDesktop(desktop.desktopAt(0));
+  EXPECT_EQ(moments_, 1);
+  EXPECT_EQ(lines_.front(), "removed 1 Desktop 1");
+  EXPECT_EQ(lines_.back(), "switched 1 Desktop 1");
+}
+
+TEST_F(DesktopCommandsChangesTest, AreToldForOneThatComesToTheFront) {
+  desktop.enterFullScreen();
+  EXPECT_THAT(lines_, ElementsAre("added 0 Desktop", "switched 0 Desktop"));
+}
+
+TEST_F(DesktopCommandsChangesTest, AreToldForOneThatIsOnAnotherDisplayWithTheSameNumber) {
+  std::vector<SpaceInfo> spaces = SpaceManager::shared().spaces();
+  spaces.back().displayUUID = "Display 2";
+  SpaceManager::shared().setName("Mail", spaces.back());
+  lines_.clear();
+  SpaceManager::shared().update(spaces, SpaceManager::shared().activeSpaceID());
+  EXPECT_THAT(lines_, ElementsAre("moved 3 Mail"));
+}
+
+TEST_F(DesktopCommandsChangesTest, AreToldForAFullScreenSpaceThatGoesBeforeAnother) {
+  const platform::SpaceID first =
+      desktop.addDesktop({.type = platform::simulated::spaceType::fullScreen, .position = 1});
+  desktop.addDesktop({.type = platform::simulated::spaceType::fullScreen, .position = 2});
+  lines_.clear();
+  desktop.removeDesktop(first);
+  EXPECT_THAT(lines_, ElementsAre("removed 0 Desktop"));
 }
 
 TEST_F(DesktopCommandsChangesTest, AreNotToldForOtherSettings) {

@@ -78,6 +78,13 @@ INSTANTIATE_TEST_SUITE_P(OfEachKind, DesktopLookupRefusedTest,
                                            Refusal{"c", CommandErrorKind::FullScreenDesktop, all},
                                            Refusal{"Fil", CommandErrorKind::NoSuchDesktop, all}));
 
+TEST(DesktopLookupTest, KnowsEachOfSeveralFullScreenSpaces) {
+  const std::vector<DesktopState> spaces{{.name = "Film", .uuid = "a"}, {.name = "Slides", .uuid = "b"}};
+  for (const char* text : {"Film", "Slides", "a", "b"}) {
+    EXPECT_EQ(std::get<CommandError>(findDesktop(text, spaces)).kind, CommandErrorKind::FullScreenDesktop) << text;
+  }
+}
+
 TEST(DesktopLookupTest, HasNoCandidatesWhereThereIsNoDesktop) {
   const auto found = findDesktop("1", {});
   ASSERT_TRUE(std::holds_alternative<CommandError>(found));

@@ -7,7 +7,7 @@ namespace {
 
 class DesktopSwitcherTest : public CommandsFixture {
  protected:
-  DesktopSwitcherTest() : CommandsFixture(6) {}
+  explicit DesktopSwitcherTest(int desktops = 6) : CommandsFixture(desktops) {}
 
   void ask(const std::string& name) { EXPECT_FALSE(commands().switchTo(name)); }
 };
@@ -60,6 +60,29 @@ TEST_F(DesktopSwitcherTest, ForgetsAWayThatDoesNotArrive) {
   ask("2");
   desktop.advance(5s);
   EXPECT_TRUE(isOnDesktop(1));
+}
+
+TEST_F(DesktopSwitcherTest, GoesOnAtOnceFromWhereItHasArrived) {
+  ask("3");
+  desktop.advance(300ms);
+  ASSERT_TRUE(isOnDesktop(2));
+  ask("2");
+  desktop.advance(300ms);
+  EXPECT_TRUE(isOnDesktop(1));
+}
+
+class DesktopSwitcherOfFortyTest : public DesktopSwitcherTest {
+ protected:
+  DesktopSwitcherOfFortyTest() : DesktopSwitcherTest(40) {}
+};
+
+TEST_F(DesktopSwitcherOfFortyTest, WaitsForTheEndOfALongWay) {
+  ask("1");
+  desktop.advance(5s);
+  ask("40");
+  ask("1");
+  desktop.advance(10s);
+  EXPECT_TRUE(isOnDesktop(0));
 }
 
 TEST_F(DesktopSwitcherTest, TakesTenThousandWishesAtOnce) {
