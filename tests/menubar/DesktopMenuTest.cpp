@@ -44,6 +44,8 @@ class DesktopMenuTest : public SimulatedFixture {
                         [] { PreferencesWindowController::shared().showWindow(); });
   }
 
+  void end() { controller_.reset(); }
+
   SpaceManager& manager() { return SpaceManager::shared(); }
 
   /// The items of the open menu from the top: the names of desktops, "-" and the titles of commands.
@@ -234,6 +236,14 @@ TEST_F(DesktopMenuTest, SwitchesInTheStyleThatIsPreferredWhenTheMenuHasGone) {
   // An animated swipe would not have ended yet.
   desktop.advance(desktop.dock().settlingTime() + 10ms);
   EXPECT_EQ(desktop.activeSpace(), desktop.desktopAt(1));
+}
+
+TEST_F(DesktopMenuTest, SwitchesNowhereOnceTheStatusItemHasGone) {
+  openMenu();
+  user.clicksRow(2);
+  end();
+  desktop.advance(5s);
+  EXPECT_EQ(desktop.activeSpace(), desktop.desktopAt(0));
 }
 
 TEST_F(DesktopMenuTest, SwitchesToTheDesktopItListedWhereverThatIsNow) {
