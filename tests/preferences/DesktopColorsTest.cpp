@@ -63,6 +63,12 @@ TEST_F(DesktopColorsTest, AreTheDefaultTwiceUntilStored) {
   EXPECT_EQ(store.colorConfig("uuid-1"), (SpaceColorConfig{pink, pink}));
 }
 
+TEST_F(DesktopColorsTest, FollowTheFirstOfDesktopsThatHaveTheSameUuid) {
+  setDesktops({regular(1), regular(2), {3, "uuid-1", "Other", 0}});
+  EXPECT_EQ(store.defaultColor("uuid-1"), pink);
+  EXPECT_EQ(store.colorConfig("uuid-1"), (SpaceColorConfig{pink, pink}));
+}
+
 TEST_F(DesktopColorsTest, AreNotWrittenByReading) {
   setDesktops({regular(1)});
   store.colorConfig("uuid-1");

@@ -136,6 +136,32 @@ TEST_F(PreferencesStoreTest, KeepsColorsOfAlmostAsMuchTextAsItReads) {
   EXPECT_EQ(store.spaceColors(), colorsOf(3'000));
 }
 
+TEST_F(PreferencesStoreTest, ReadsColorsOfJustAsMuchTextAsItMay) {
+  std::string text = toJson(encode(colorsOf(1)), JsonLayout::Compact).value();
+  text.resize(PreferencesStore::maximumColorsSize, ' ');
+  storeJson(text);
+  EXPECT_EQ(store.spaceColors(), colorsOf(1));
+  storeJson(text + " ");
+  EXPECT_TRUE(store.spaceColors().empty());
+}
+
+TEST_F(PreferencesStoreTest, ForgetsColorsThatAreStoredNoLonger) {
+  store.setSpaceColors(colorsOf(1));
+  ASSERT_EQ(store.spaceColors(), colorsOf(1));
+  desktop.storedDefaults().erase("SpaceColors");
+  EXPECT_TRUE(store.spaceColors().empty());
+}
+
+TEST_F(PreferencesStoreTest, ReadsColorsAnewOfWhichItHasReadABeginning) {
+  const std::string text = toJson(encode(colorsOf(2)), JsonLayout::Compact).value();
+  for (const std::size_t length : {std::size_t{0}, text.size() / 2}) {
+    storeJson(text.substr(0, length));
+    EXPECT_TRUE(store.spaceColors().empty());
+    storeJson(text);
+    EXPECT_EQ(store.spaceColors(), colorsOf(2)) << length;
+  }
+}
+
 TEST_F(PreferencesStoreTest, LeavesColorsAloneThatAreTooManyToRead) {
   storeJson(toJson(encode(colorsOf(4'000)), JsonLayout::Compact).value());
   const Value before = stored("SpaceColors");
