@@ -1,6 +1,7 @@
 #include "platform/linux/bus/MessageBus.h"
 
 #include "platform/linux/bus/BusAddress.h"
+#include "platform/linux/bus/BusWriter.h"
 
 #include <algorithm>
 #include <poll.h>
@@ -23,11 +24,12 @@ MessagePointer messageOf(sd_bus* bus, const BusCall& call) {
                                                        call.interface.c_str(), call.method.c_str()) < 0) {
     return nullptr;
   }
+  BusWriter writer(message);
   for (const std::string& argument : call.arguments) {
-    sd_bus_message_append(message, "s", argument.c_str());
+    writer.write(argument);
   }
   if (call.variant) {
-    sd_bus_message_append(message, "v", "s", call.variant->c_str());
+    writer.write(BusVariant(*call.variant));
   }
   sd_bus_message_set_auto_start(message, call.activation == BusCall::Activation::Allowed ? 1 : 0);
   return MessagePointer(message);

@@ -16,7 +16,7 @@
 
 namespace roomlattice::platform::linux {
 
-/// A method to call, with its arguments.
+/// A method to call, with its arguments. Texts are sent as they are sendable.
 struct BusCall {
   enum class Activation {
     /// The bus starts the service where nobody offers it yet.

@@ -1,5 +1,7 @@
 #include "platform/linux/bus/MessageBus.h"
 
+#include "platform/linux/bus/BusName.h"
+#include "platform/linux/bus/BusObject.h"
 #include "tests/linux/session/BusFixture.h"
 
 #include <csignal>
@@ -10,7 +12,11 @@ namespace {
 using namespace std::chrono_literals;
 using platform::Registration;
 using platform::linux::BusCall;
+using platform::linux::BusError;
 using platform::linux::BusMessage;
+using platform::linux::BusName;
+using platform::linux::BusObject;
+using platform::linux::BusWriter;
 using platform::linux::MessageBus;
 
 const BusCall call{.service = "test.Service", .path = "/test", .interface = "test.Test", .method = "Ask"};
@@ -112,6 +118,29 @@ TEST_F(MessageBusTest, SendsWhatWasAskedForBeforeItWasConnected) {
   EXPECT_FALSE(bus.isConnected());
   daemon_.signal(SIGCONT);
   EXPECT_TRUE(waitFor([&] { return answered; }));
+}
+
+TEST_F(MessageBusTest, SendsTextThatAMessageCannotHoldAsReplaced) {
+  std::vector<std::string> heard;
+  const auto hear = [&heard](const BusMessage& asked, BusWriter&) -> std::optional<BusError> {
+    for (std::size_t index = 0; index < 3; ++index) {
+      heard.push_back(asked.argument<std::string>(index).value_or("nothing"));
+    }
+    return std::nullopt;
+  };
+  MessageBus bus(MessageBus::Kind::Session);
+  const BusObject object(
+      bus, call.path,
+      {.name = call.interface, .methods = {{call.method, "ssv", "", hear}}, .properties = {}, .signalTypes = {}});
+  const BusName name(bus, call.service);
+  BusCall question = call;
+  question.arguments = {"\xff", "a \uFFFE"};
+  question.variant = "b \uFDD0";
+  std::optional<bool> refused;
+  const Registration answer = bus.call(question, 10s, [&](const BusMessage& message) { refused = message.isError(); });
+  EXPECT_TRUE(waitFor([&] { return refused.has_value(); }));
+  EXPECT_EQ(refused, false);
+  EXPECT_EQ(heard, (std::vector<std::string>{"\uFFFD", "a \uFFFD", "b \uFFFD"}));
 }
 
 TEST_F(MessageBusTest, TellsOnceThatTheBusHasGone) {
