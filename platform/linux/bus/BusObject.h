@@ -21,7 +21,8 @@ struct BusError {
 
 /// A method that others may call. Types are written as D-Bus writes them, one after the other.
 struct BusMethod {
-  /// The call's arguments are of the types promised. What is written to `answer` has to be of those promised, too.
+  /// The call's arguments are of the types promised, and can be read. What is written to `answer` has to be of those
+  /// promised, too.
   using Run = std::function<std::optional<BusError>(const BusMessage& call, BusWriter& answer)>;
 
   std::string name;

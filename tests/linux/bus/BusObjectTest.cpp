@@ -43,9 +43,13 @@ BusInterface counterInterface() {
     answer.write(one + other);
     return std::nullopt;
   };
+  const auto repeat = [](const BusMessage& call, BusWriter& answer) -> std::optional<BusError> {
+    answer.write(call.argument<std::string>(0).value_or("nothing"));
+    return std::nullopt;
+  };
   using Contents = std::map<std::string, BusVariant>;
   return {.name = "test.Counter",
-          .methods = {{"Add", "ii", "i", add}},
+          .methods = {{"Add", "ii", "i", add}, {"Repeat", "s", "s", repeat}},
           .properties = {busProperty("Name", [] { return std::string("Zähler"); }),
                          busProperty("Unsendable", [] { return std::string(unsendable); }),
                          busProperty("Place", [] { return ObjectPath{"/test"}; }),
@@ -115,6 +119,14 @@ TEST_F(BusObjectTest, SendsWhatAMessageCannotHoldAsReplaced) {
 TEST_F(BusObjectTest, IsCalledWithArgumentsOfItsTypesOnly) {
   EXPECT_EQ(add({QStringLiteral("two"), 3}).errorName(), QStringLiteral("org.freedesktop.DBus.Error.InvalidArgs"));
   EXPECT_EQ(add({2}).errorName(), QStringLiteral("org.freedesktop.DBus.Error.InvalidArgs"));
+}
+
+TEST_F(BusObjectTest, IsNotCalledWithTextThatCannotBeRead) {
+  const auto repeat = [this](const QString& text) {
+    return ask(QStringLiteral("test.Counter"), QStringLiteral("Repeat"), {text});
+  };
+  EXPECT_EQ(repeat(QStringLiteral("a \u20AC")).arguments(), QVariantList{QStringLiteral("a \u20AC")});
+  EXPECT_EQ(repeat(QStringLiteral("a \uFFFE")).errorName(), QStringLiteral("org.freedesktop.DBus.Error.InvalidArgs"));
 }
 
 TEST_F(BusObjectTest, TellsItsPropertiesWithTheirTypes) {
