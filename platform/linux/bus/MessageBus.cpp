@@ -150,14 +150,15 @@ Registration MessageBus::call(const BusCall& call, milliseconds limit, Handler h
 std::optional<BusMessage> MessageBus::callAndWait(const BusCall& call, milliseconds limit) {
   const auto end = Clock::now() + limit;
   const MessagePointer message = waitUntilConnected(limit) ? messageOf(bus_.get(), call) : nullptr;
-  sd_bus_message* answer = nullptr;
-  if (message == nullptr ||
-      sd_bus_call(bus_.get(), message.get(), microsecondsOf(end - Clock::now()), nullptr, &answer) < 0) {
+  if (message == nullptr) {
     return std::nullopt;
   }
+  sd_bus_message* answer = nullptr;
+  const int result = sd_bus_call(bus_.get(), message.get(), microsecondsOf(end - Clock::now()), nullptr, &answer);
   const MessagePointer owner(answer);
+  // Others may have been taken in meanwhile, also where the answer did not come.
   listen();
-  return BusMessage(answer);
+  return result < 0 ? std::nullopt : std::optional(BusMessage(answer));
 }
 
 void MessageBus::send(const BusCall& call) {
@@ -205,8 +206,10 @@ void MessageBus::listen() {
     readable_.setEnabled((events & POLLIN) != 0);
     writable_.setEnabled((events & POLLOUT) != 0);
   }
+  // Nothing comes of a connection that was given up outside of the event loop, where its loss is told.
+  const bool isLossUntold = sd_bus_is_open(bus_.get()) <= 0 && !lossReported_;
   std::uint64_t due = 0;
-  if (sd_bus_get_timeout(bus_.get(), &due) > 0) {
+  if (isLossUntold || sd_bus_get_timeout(bus_.get(), &due) > 0) {
     const auto left = microseconds(due) - Clock::now().time_since_epoch();
     due_.start(std::chrono::ceil<milliseconds>(std::max<Clock::duration>(left, Clock::duration::zero())));
   } else {

@@ -5,6 +5,10 @@
 #include "tests/linux/session/BusFixture.h"
 
 #include <csignal>
+#include <string_view>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
 
 namespace roomlattice::tests {
 namespace {
@@ -20,6 +24,35 @@ using platform::linux::BusWriter;
 using platform::linux::MessageBus;
 
 const BusCall call{.service = "test.Service", .path = "/test", .interface = "test.Test", .method = "Ask"};
+
+/// Where clients connect and are not let in.
+class RefusingBus {
+ public:
+  explicit RefusingBus(const std::string& path)
+      : path_(path), socket_(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
+    sockaddr_un place{.sun_family = AF_UNIX};
+    path.copy(static_cast<char*>(place.sun_path), sizeof(place.sun_path) - 1);
+    EXPECT_EQ(bind(socket_, reinterpret_cast<const sockaddr*>(&place), sizeof(place)), 0);
+    EXPECT_EQ(listen(socket_, 1), 0);
+  }
+  ~RefusingBus() { close(socket_); }
+  RefusingBus(const RefusingBus&) = delete;
+  RefusingBus& operator=(const RefusingBus&) = delete;
+
+  std::string address() const { return "unix:path=" + path_; }
+
+  /// Waits for a client.
+  void refuse() const {
+    constexpr std::string_view refusal = "REJECTED\r\nREJECTED\r\nREJECTED\r\n";
+    const int client = accept(socket_, nullptr, nullptr);
+    EXPECT_EQ(write(client, refusal.data(), refusal.size()), static_cast<ssize_t>(refusal.size()));
+    close(client);
+  }
+
+ private:
+  std::string path_;
+  int socket_;
+};
 
 class MessageBusTest : public BusTest {
  protected:
@@ -54,6 +87,20 @@ TEST_F(MessageBusTest, DeliversNothingWhileItWaits) {
   int heard = 0;
   const Registration answer = bus.call(call, 10s, [&](const BusMessage&) { ++heard; });
   ASSERT_TRUE(bus.callAndWait(call, 10s));
+  EXPECT_EQ(heard, 0);
+  EXPECT_TRUE(waitFor([&] { return heard == 1; }));
+}
+
+TEST_F(MessageBusTest, DeliversWhatCameWhileItWaitedInVain) {
+  const auto service = serviceThatAnswers("yes");
+  const FakeService mute(daemon_.address(), "test.Mute");
+  MessageBus bus(MessageBus::Kind::Session);
+  ASSERT_TRUE(bus.waitUntilConnected(10s));
+  int heard = 0;
+  const Registration answer = bus.call(call, 10min, [&](const BusMessage&) { ++heard; });
+  BusCall toMute = call;
+  toMute.service = "test.Mute";
+  EXPECT_FALSE(bus.callAndWait(toMute, 500ms));
   EXPECT_EQ(heard, 0);
   EXPECT_TRUE(waitFor([&] { return heard == 1; }));
 }
@@ -157,6 +204,19 @@ TEST_F(MessageBusTest, TellsOnceThatTheBusHasGone) {
   EXPECT_FALSE(bus.isConnected());
   EXPECT_FALSE(bus.callAndWait(call, 10s));
   EXPECT_FALSE(bus.call(call, 10s, [](const BusMessage&) {}));
+}
+
+TEST_F(MessageBusTest, TellsThatItWasNotLetInWhileItWaited) {
+  const RefusingBus refusing(folder_.path() / "refusing");
+  Environment environment;
+  environment.set("DBUS_SESSION_BUS_ADDRESS", refusing.address());
+  MessageBus bus(MessageBus::Kind::Session);
+  int losses = 0;
+  const Registration loss = bus.observeLoss([&] { ++losses; });
+  refusing.refuse();
+  EXPECT_FALSE(bus.waitUntilConnected(10s));
+  EXPECT_EQ(losses, 0);
+  EXPECT_TRUE(waitFor([&] { return losses == 1; }));
 }
 
 TEST_F(MessageBusTest, LetsRegistrationsOutliveIt) {
