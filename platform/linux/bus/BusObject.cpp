@@ -100,7 +100,7 @@ int BusObject::call(sd_bus_message* call, void* object, sd_bus_error* error) {
   const MessagePointer answer(made);
   // The bus lets texts pass that the library does not take, and no method has a use for less than it asks for.
   if (sd_bus_message_skip(call, method->argumentTypes.c_str()) < 0) {
-    return sd_bus_error_set(error, SD_BUS_ERROR_INVALID_ARGS, "a text in the arguments is none");
+    return sd_bus_error_set(error, SD_BUS_ERROR_INVALID_ARGS, "a text among the arguments cannot be read");
   }
   BusWriter writer(answer.get());
   if (const std::optional<BusError> refusal = method->run(BusMessage(call), writer)) {
