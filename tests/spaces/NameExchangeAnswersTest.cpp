@@ -122,6 +122,17 @@ TEST_F(NameExchangeAnswersTest, KeepsNamesWhenTheEnvironmentSetsItsOwnAnew) {
   EXPECT_EQ(shown(), "Letters Web three");
 }
 
+TEST_F(NameExchangeAnswersTest, KeepsANameThatIsSetAnewBesideARename) {
+  keep(1, "Letters");
+  keep(2, "Web");
+  callThere({"one", "two", "three"});
+  begin();
+  desktop.advance(5s);
+  callThere({"News", "two", "three"});
+  desktop.advance(5s);
+  EXPECT_EQ(shown(), "News Web three");
+}
+
 TEST_F(NameExchangeAnswersTest, KeepsANameWhenDesktopsAreNumberedAnewBecauseOneWasMade) {
   beginWithAKeptName();
   desktop.addDesktop();
@@ -129,6 +140,15 @@ TEST_F(NameExchangeAnswersTest, KeepsANameWhenDesktopsAreNumberedAnewBecauseOneW
   nameThere(2, "Workspace 2");
   desktop.advance(60s);
   EXPECT_EQ(shown(), "Mail Web 3 4");
+}
+
+TEST_F(NameExchangeAnswersTest, KeepsANameWhenDesktopsAreNumberedAnewBecauseOneHasGone) {
+  beginWithAKeptName();
+  desktop.removeDesktop(desktop.desktopAt(2));
+  desktop.advance(100ms);
+  nameThere(2, "Workspace 2");
+  desktop.advance(60s);
+  EXPECT_EQ(shown(), "Mail Web");
 }
 
 TEST_F(NameExchangeAnswersTest, GivesKeptNamesToAnEnvironmentThatHasSetItsOwnLate) {
@@ -169,8 +189,10 @@ TEST_F(NameExchangeAnswersTest, LetsNamesGoWithTheirDesktops) {
 
 TEST_F(NameExchangeAnswersTest, HasNoNamesOfFullScreenSpaces) {
   beginWithAKeptName();
-  desktop.enterFullScreen();
   nameThere(4, "Film");
+  desktop.enterFullScreen();
+  EXPECT_EQ(shown(), "Mail Desktop Web 3");
+  nameThere(4, "Slides");
   desktop.advance(5s);
   EXPECT_EQ(shown(), "Mail Desktop Web 3");
 }

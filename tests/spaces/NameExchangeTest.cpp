@@ -209,6 +209,14 @@ TEST_F(NameExchangeTest, EndsTheNameThatIsKeptWhereItIsTakenAwayThere) {
   EXPECT_EQ(desktop.storedDefaults()["SpaceNames"], platform::Value(platform::Value::Dictionary{}));
 }
 
+TEST_F(NameExchangeTest, EndsTheNameOfADesktopThatHasNoneThereAnyMore) {
+  callThere({"Mail", "Web", "Chat"});
+  begin();
+  desktop.advance(5s);
+  callThere({"Mail", "Web"});
+  EXPECT_EQ(shown(), "Mail Web 3");
+}
+
 TEST_F(NameExchangeTest, ForgetsWhatItBorrowedWhenNothingIsSharedAnyMore) {
   keep(2, "Web");
   callThere({"Mail", "News", "Chat"});
