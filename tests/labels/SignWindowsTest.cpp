@@ -182,6 +182,15 @@ TEST_F(SignWindowsTest, HasTheNameOfItsDesktopAlthoughAFullScreenSpaceHasTheSame
   EXPECT_THAT(label(1).texts(), ElementsAre("Desktop 2"));
 }
 
+TEST_F(SignWindowsTest, NeedsNoScreenBeforeThereIsALabel) {
+  desktop.overrideActiveSpace(4711);
+  desktop.setScreens({});
+  startLabels();
+  SpaceManager::shared().setName("Mail", SpaceManager::shared().spaces().front());
+  preferences().setSignTextSize(80.0);
+  EXPECT_THAT(labels(), SizeIs(0));
+}
+
 TEST_F(SignWindowsTest, IsOutOfSightOnceItsDesktopHasGoneThoughItIsAboutToFadeOut) {
   arriveOnTheSecond();
   std::size_t shown = 0;
