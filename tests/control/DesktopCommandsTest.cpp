@@ -141,9 +141,11 @@ TEST_F(DesktopCommandsTest, StepToTheNeighborsAndNotBeyondTheEnds) {
   EXPECT_EQ(kindOf(commands().switchToNext()), Kind::NoFurtherDesktop);
   desktop.advance(3s);
   EXPECT_TRUE(isOnDesktop(2));
-  EXPECT_EQ(commands().switchToPrevious(), accepted);
-  desktop.advance(3s);
-  EXPECT_TRUE(isOnDesktop(1));
+  for (const std::size_t index : {1U, 0U}) {
+    EXPECT_EQ(commands().switchToPrevious(), accepted);
+    desktop.advance(3s);
+    EXPECT_TRUE(isOnDesktop(index));
+  }
 }
 
 TEST_F(DesktopCommandsTest, RenameTheOneInFrontOrAnotherOne) {
@@ -299,6 +301,11 @@ TEST_F(DesktopCommandsChangesTest, AreToldForNamesAndColors) {
   EXPECT_THAT(lines_, ElementsAre("renamed 2 Mail", "recolored 2 Mail"));
 }
 
+TEST_F(DesktopCommandsChangesTest, AreToldForNoSwitchWhereTheOneInFrontHasAnotherName) {
+  commands().renameCurrent("Mail");
+  EXPECT_THAT(lines_, ElementsAre("renamed 1 Mail"));
+}
+
 TEST_F(DesktopCommandsChangesTest, AreToldForNamesThatTheEnvironmentGivesAndTakesAway) {
   desktop.names().replace(platform::DesktopNames::Names{{commands().desktops()[1].uuid, "Mail"}});
   EXPECT_THAT(lines_, ElementsAre("renamed 2 Mail"));
@@ -324,6 +331,14 @@ TEST_F(DesktopCommandsChangesTest, AreToldForTheOneInFrontTogetherWithTheOnesTha
   EXPECT_EQ(moments_, 1);
   EXPECT_EQ(lines_.front(), "removed 1 Desktop 1");
   EXPECT_EQ(lines_.back(), "switched 1 Desktop 1");
+}
+
+TEST_F(DesktopCommandsChangesTest, AreToldForTheOneInFrontTogetherWithAnotherThatComes) {
+  std::vector<SpaceInfo> spaces = SpaceManager::shared().spaces();
+  spaces.push_back({.spaceID = 4711, .uuid = "new", .displayUUID = spaces.front().displayUUID});
+  SpaceManager::shared().update(spaces, spaces[1].spaceID);
+  EXPECT_EQ(moments_, 1);
+  EXPECT_THAT(lines_, ElementsAre("added 4 Desktop 4", "switched 2 Desktop 2"));
 }
 
 TEST_F(DesktopCommandsChangesTest, AreToldForOneThatComesToTheFront) {

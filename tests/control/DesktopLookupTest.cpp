@@ -78,6 +78,11 @@ INSTANTIATE_TEST_SUITE_P(OfEachKind, DesktopLookupRefusedTest,
                                            Refusal{"c", CommandErrorKind::FullScreenDesktop, all},
                                            Refusal{"Fil", CommandErrorKind::NoSuchDesktop, all}));
 
+TEST(DesktopLookupTest, TakesANumberForThatRatherThanForTheUuidOfAnother) {
+  const auto found = findDesktop("2", {{.number = 1, .name = "Mail", .uuid = "2"}, {.number = 2, .name = "Web"}});
+  EXPECT_EQ(std::get<std::size_t>(found), 1U);
+}
+
 TEST(DesktopLookupTest, KnowsEachOfSeveralFullScreenSpaces) {
   const std::vector<DesktopState> spaces{{.name = "Film", .uuid = "a"}, {.name = "Slides", .uuid = "b"}};
   for (const char* text : {"Film", "Slides", "a", "b"}) {
