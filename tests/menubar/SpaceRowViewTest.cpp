@@ -213,5 +213,11 @@ TEST_F(SpaceRowViewTest, SwitchesForAClickWhereThePencilIsHidden) {
   EXPECT_EQ(switches, 1);
 }
 
+TEST_F(SpaceRowViewTest, GivesNameAndFieldNoWidthInARowNarrowerThanTheRest) {
+  makeRow("Mail").setFrame({{}, {40.0, 24.0}});
+  EXPECT_EQ(label().frame.size.width, 0.0);
+  EXPECT_EQ(fieldElement().frame.size.width, 0.0);
+}
+
 }  // namespace
 }  // namespace roomlattice::tests
