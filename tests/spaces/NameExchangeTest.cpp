@@ -213,8 +213,9 @@ TEST_F(NameExchangeTest, EndsTheNameOfADesktopThatHasNoneThereAnyMore) {
   callThere({"Mail", "Web", "Chat"});
   begin();
   desktop.advance(5s);
-  callThere({"Mail", "Web"});
-  EXPECT_EQ(shown(), "Mail Web 3");
+  nameThere(1, "Letters");
+  callThere({"Letters", "Web"});
+  EXPECT_EQ(shown(), "Letters Web 3");
 }
 
 TEST_F(NameExchangeTest, ForgetsWhatItBorrowedWhenNothingIsSharedAnyMore) {
