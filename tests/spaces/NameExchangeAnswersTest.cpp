@@ -18,6 +18,15 @@ class NameExchangeAnswersTest : public NameExchangeFixture {
     begin();
     desktop.advance(5s);
   }
+
+  /// The same with two names of our own in place of the environment's.
+  void beginWithTwoKeptNames() {
+    keep(1, "Letters");
+    keep(2, "Web");
+    callThere({"one", "two", "three"});
+    begin();
+    desktop.advance(5s);
+  }
 };
 
 TEST_F(NameExchangeAnswersTest, KeepsANameThatIsRefused) {
@@ -112,22 +121,14 @@ TEST_F(NameExchangeAnswersTest, KeepsNamesWhenTheEnvironmentNumbersAllDesktopsAn
 }
 
 TEST_F(NameExchangeAnswersTest, KeepsNamesWhenTheEnvironmentSetsItsOwnAnew) {
-  keep(1, "Letters");
-  keep(2, "Web");
-  callThere({"one", "two", "three"});
-  begin();
-  desktop.advance(5s);
+  beginWithTwoKeptNames();
   callThere({"one", "two", "three"});
   desktop.advance(5s);
   EXPECT_EQ(shown(), "Letters Web three");
 }
 
 TEST_F(NameExchangeAnswersTest, KeepsANameThatIsSetAnewBesideARename) {
-  keep(1, "Letters");
-  keep(2, "Web");
-  callThere({"one", "two", "three"});
-  begin();
-  desktop.advance(5s);
+  beginWithTwoKeptNames();
   callThere({"News", "two", "three"});
   desktop.advance(5s);
   EXPECT_EQ(shown(), "News Web three");
