@@ -1,5 +1,6 @@
 #include "platform/linux/system/SystemLog.h"
 
+#include "platform/linux/system/LogFile.h"
 #include "platform/linux/system/LogLine.h"
 #include "tests/linux/session/Environment.h"
 #include "tests/linux/session/StandardErrorInstead.h"
