@@ -2,6 +2,7 @@
 #include "tests/x11/statusitem/FloatingItemFixture.h"
 
 #include <QApplication>
+#include <QWindow>
 #include <optional>
 #include <utility>
 
