@@ -43,8 +43,25 @@ NativeWindow::NativeWindow(X11Connection& connection, QWidget& widget)
                       connection_.ewmh()->UTF8_STRING, 8, entry.size(), entry.data());
 }
 
-void NativeWindow::selectEvents(std::uint32_t eventMask) {
-  xcb_change_window_attributes(raw_, id_, XCB_CW_EVENT_MASK, &eventMask);
+void NativeWindow::deafenToolkit() {
+  constexpr std::uint32_t events = XCB_EVENT_MASK_NO_EVENT;
+  xcb_change_window_attributes(raw_, id_, XCB_CW_EVENT_MASK, &events);
+}
+
+void NativeWindow::tellPlace(const xcb_configure_notify_event_t& change) {
+  // What the server says of the place is relative to the frame.
+  const auto cookie = xcb_translate_coordinates(connection_.raw(), id_, connection_.root(), 0, 0);
+  const auto place = replyTo(connection_.raw(), cookie, xcb_translate_coordinates_reply);
+  if (place == nullptr) {
+    return;
+  }
+  xcb_configure_notify_event_t message = change;
+  message.event = id_;
+  message.x = place->dst_x;
+  message.y = place->dst_y;
+  // Without a mask an event goes to whoever made the window.
+  xcb_send_event(raw_, 0, id_, XCB_EVENT_MASK_NO_EVENT, reinterpret_cast<const char*>(&message));
+  flush();
 }
 
 void NativeWindow::setTypes(const std::vector<xcb_atom_t>& types) {

@@ -50,9 +50,14 @@ class NativeWindow {
   /// The toolkit's connection.
   xcb_connection_t* raw() const { return raw_; }
 
-  /// Has the toolkit hear of these events only. It would ask the server for the window's state whenever a window
-  /// manager shows or hides it, and wait for the answer.
-  void selectEvents(std::uint32_t eventMask);
+  /// Has the toolkit hear of nothing that happens to the window, which is for those to hear who need it, through the
+  /// program's connection: the toolkit is woken in a thread of its own for each event, and again in its main thread.
+  /// Messages of the window manager still reach it.
+  void deafenToolkit();
+
+  /// Tells the toolkit where the window is now (ICCCM 4.1.5), to be called when that has changed; its size is that of
+  /// `change`. Waits for the server.
+  void tellPlace(const xcb_configure_notify_event_t& change);
 
   /// Says what kind of window it is (EWMH), the best one first; to be called before it is mapped.
   void setTypes(const std::vector<xcb_atom_t>& types);

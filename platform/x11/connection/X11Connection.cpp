@@ -20,6 +20,10 @@ xcb_screen_t* screenAt(xcb_connection_t* connection, int number) {
 /// The window that such an event is about, for those that can be observed for one window.
 xcb_window_t subjectOf(const xcb_generic_event_t& event, std::uint8_t type) {
   switch (type) {
+    case XCB_CONFIGURE_NOTIFY:
+      return reinterpret_cast<const xcb_configure_notify_event_t&>(event).window;
+    case XCB_EXPOSE:
+      return reinterpret_cast<const xcb_expose_event_t&>(event).window;
     case XCB_MAP_NOTIFY:
       return reinterpret_cast<const xcb_map_notify_event_t&>(event).window;
     case XCB_PROPERTY_NOTIFY:

@@ -40,7 +40,11 @@ inline constexpr std::uint8_t responseTypeOf = 0;
 template <>
 inline constexpr std::uint8_t responseTypeOf<xcb_client_message_event_t> = XCB_CLIENT_MESSAGE;
 template <>
+inline constexpr std::uint8_t responseTypeOf<xcb_configure_notify_event_t> = XCB_CONFIGURE_NOTIFY;
+template <>
 inline constexpr std::uint8_t responseTypeOf<xcb_destroy_notify_event_t> = XCB_DESTROY_NOTIFY;
+template <>
+inline constexpr std::uint8_t responseTypeOf<xcb_expose_event_t> = XCB_EXPOSE;
 template <>
 inline constexpr std::uint8_t responseTypeOf<xcb_ge_generic_event_t> = XCB_GE_GENERIC;
 template <>

@@ -9,8 +9,8 @@
 namespace roomlattice::platform::x11 {
 namespace {
 
-constexpr std::uint32_t eventsAtRest = XCB_EVENT_MASK_STRUCTURE_NOTIFY | XCB_EVENT_MASK_PROPERTY_CHANGE;
-constexpr std::uint32_t eventsWhileMoving = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
+constexpr std::uint32_t eventsWhileMoving = XCB_EVENT_MASK_EXPOSURE | XCB_EVENT_MASK_STRUCTURE_NOTIFY;
+constexpr std::uint32_t eventsAtRest = eventsWhileMoving | XCB_EVENT_MASK_PROPERTY_CHANGE;
 
 // Of a window manager that has been asked to show a window.
 constexpr std::chrono::milliseconds forgettingTime(500);
@@ -24,7 +24,7 @@ OverlayPane::OverlayPane(OverlayEnvironment& environment, WindowLevel level, Col
       native_(environment.connection, surface_),
       desktop_(environment, surface_, native_, behavior) {
   environment_.stack.add(surface_, level);
-  native_.selectEvents(XCB_EVENT_MASK_EXPOSURE | XCB_EVENT_MASK_STRUCTURE_NOTIFY);
+  native_.deafenToolkit();
   listen(std::move(mapped));
 }
 
@@ -130,7 +130,8 @@ void OverlayPane::raise() {
 }
 
 void OverlayPane::draw() {
-  if (picture_ && surface_.isVisible()) {
+  // Before the window manager has shown it, nothing would be seen; it is exposed when it is shown.
+  if (picture_ && isMapped_) {
     picture_->draw();
   }
 }
@@ -138,6 +139,10 @@ void OverlayPane::draw() {
 void OverlayPane::listen(std::function<void()> mapped) {
   X11Connection& connection = environment_.connection;
   selectEvents(eventsAtRest);
+  exposeEvents_ =
+      connection.observe<xcb_expose_event_t>(native_.id(), [this](const xcb_expose_event_t&) { surface_.drawSoon(); });
+  configureEvents_ = connection.observe<xcb_configure_notify_event_t>(
+      native_.id(), [this](const xcb_configure_notify_event_t& change) { native_.tellPlace(change); });
   mapEvents_ = connection.observe<xcb_map_notify_event_t>(
       native_.id(), [this, mapped = std::move(mapped)](const xcb_map_notify_event_t&) {
         isMapped_ = true;

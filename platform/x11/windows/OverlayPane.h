@@ -91,6 +91,8 @@ class OverlayPane {
   bool isMapped_ = false;
   // What a window manager has put around it.
   std::optional<xcb_window_t> frame_;
+  Registration exposeEvents_;
+  Registration configureEvents_;
   Registration mapEvents_;
   Registration unmapEvents_;
   Registration reparentEvents_;

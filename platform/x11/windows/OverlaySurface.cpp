@@ -48,8 +48,12 @@ void OverlaySurface::appear() {
   overrideWindowFlags(surfaceFlags);
 }
 
-void OverlaySurface::paintEvent(QPaintEvent*) {
-  drawSoon_.start();
+bool OverlaySurface::event(QEvent* event) {
+  // The toolkit does not paint a window that it does not know to be on the screen.
+  if (event->type() == QEvent::UpdateRequest) {
+    drawSoon();
+  }
+  return QWidget::event(event);
 }
 
 void OverlaySurface::closeEvent(QCloseEvent* event) {

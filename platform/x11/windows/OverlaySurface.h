@@ -18,18 +18,21 @@ class OverlaySurface final : public QWidget {
   /// Whether the pixels of the window have an alpha, or are as all others on the screen.
   enum class Depth { WithAlpha, OfScreen };
 
-  /// `draw` is called when the window is to be drawn, on a turn of its own.
+  /// `draw` is called when the window is to be drawn.
   OverlaySurface(Depth depth, std::function<void()> draw);
 
   /// Gives the widget its place, in Qt's coordinates; false when it had that place already.
   bool place(const QRect& frame);
+
+  /// Has the window drawn, on a turn of its own.
+  void drawSoon() { drawSoon_.start(); }
 
   /// Shows the widget. A menu that is open stays open.
   void appear();
 
  protected:
   QPaintEngine* paintEngine() const override { return nullptr; }
-  void paintEvent(QPaintEvent* event) override;
+  bool event(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   void moveEvent(QMoveEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;

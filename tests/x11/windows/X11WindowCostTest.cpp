@@ -23,7 +23,7 @@ class X11WindowCostTest : public X11WindowTest {
   }
 };
 
-TEST_F(X11WindowCostTest, DoNotMakeTheToolkitAskForTheirState) {
+TEST_F(X11WindowCostTest, DoNotWakeTheToolkit) {
   const auto window = makeOn(0);
   ASSERT_TRUE(centerBecomes(Qt::red));
   auto* application = qApp->nativeInterface<QNativeInterface::QX11Application>();
@@ -31,7 +31,7 @@ TEST_F(X11WindowCostTest, DoNotMakeTheToolkitAskForTheirState) {
       xcb_get_window_attributes(application->connection(), static_cast<std::uint32_t>(window->number()));
   const auto attributes = replyTo(application->connection(), cookie, xcb_get_window_attributes_reply);
   ASSERT_NE(attributes, nullptr);
-  EXPECT_EQ(attributes->your_event_mask & XCB_EVENT_MASK_PROPERTY_CHANGE, 0U);
+  EXPECT_EQ(attributes->your_event_mask, XCB_EVENT_MASK_NO_EVENT);
 }
 
 TEST_F(X11WindowCostTest, KeepNoPictureInTheServer) {

@@ -180,6 +180,15 @@ TEST_P(X11WindowUnderTest, OfAHigherLevelStaysInFrontOfALaterOneOfALowerLevel) {
   EXPECT_TRUE(centerBecomes(Qt::red));
 }
 
+TEST_P(X11WindowUnderTest, GoesBackToItsPlaceWhenItIsTakenAway) {
+  const auto window = makeOn(0);
+  ASSERT_TRUE(waitFor([&] { return probe(*window).geometry() == labelPixels; }));
+  settle();
+  ui_.session.run({"wmctrl", "-i", "-r", std::to_string(window->number()), "-e", "0,10,20,300,100"});
+  settle();
+  EXPECT_TRUE(waitFor([&] { return probe(*window).geometry() == labelPixels; }));
+}
+
 TEST_P(X11WindowUnderTest, LeavesTheScreenWithItsObject) {
   auto window = makeOn(0);
   ASSERT_TRUE(centerBecomes(Qt::red));
@@ -234,15 +243,24 @@ TEST_F(X11WindowTest, KeepsTheFrameItWasGiven) {
 class Sign final : public platform::View {
  public:
   Sign() { setFrame({{}, {480.0, 200.0}}); }
+
+  void setLetters(const platform::Color& color) {
+    letters_ = color;
+    contentChanged();
+  }
+
   platform::ViewContent content() const override {
     return {.background = platform::Color::black().withAlpha(0.78),
             .cornerRadius = 40.0,
             .elements = {{.frame = {{40.0, 40.0}, {400.0, 120.0}},
                           .kind = platform::TextElement{.text = "Sign",
                                                         .font = {.size = 100.0, .weight = platform::FontWeight::Heavy},
-                                                        .color = platform::Color::white(),
+                                                        .color = letters_,
                                                         .alignment = platform::TextAlignment::Center}}}};
   }
+
+ private:
+  platform::Color letters_ = platform::Color::white();
 };
 
 /// Of all that is not at the corners.
@@ -256,26 +274,68 @@ int largestDifference(const QImage& a, const QImage& b) {
   return largest;
 }
 
-TEST_F(X11WindowTest, LooksAsItsViewIsDrawnEachTimeItIsShown) {
-  Sign sign;
-  QWidget widget;
-  QImage expected(labelPixels.size(), QImage::Format_RGB32);
-  {
-    QPainter painter(&expected);
+class X11WindowLookTest : public X11WindowTest {
+ protected:
+  /// Without a compositor, as a widget would draw it now.
+  static QImage drawn(Sign& sign) {
+    QWidget widget;
+    QImage image(labelPixels.size(), QImage::Format_RGB32);
+    QPainter painter(&image);
     platform::x11::ViewDrawing(sign, widget).paint(painter, {.solid = true});
+    return image;
   }
-  const auto window = make({.alpha = 1.0});
-  window->setContentView(std::make_unique<Sign>());
-  window->orderFront();
-  server_.addWindowToSpace(window->number(), spaceAt(0));
-  const auto looksRight = [&] {
+
+  std::unique_ptr<platform::Window> showing(std::unique_ptr<Sign> sign) {
+    auto window = make({.alpha = 1.0});
+    window->setContentView(std::move(sign));
+    window->orderFront();
+    server_.addWindowToSpace(window->number(), spaceAt(0));
+    return window;
+  }
+
+  bool becomes(const QImage& expected) {
     return waitFor([&] { return largestDifference(screenImage(ui_.connection(), labelPixels), expected) <= 1; });
-  };
-  EXPECT_TRUE(looksRight());
+  }
+};
+
+TEST_F(X11WindowLookTest, IsThatOfItsViewEachTimeItIsShown) {
+  Sign sign;
+  const auto window = showing(std::make_unique<Sign>());
+  EXPECT_TRUE(becomes(drawn(sign)));
   switchTo(1);
   ASSERT_TRUE(centerBecomes(Qt::blue));
   switchTo(0);
-  EXPECT_TRUE(looksRight());
+  EXPECT_TRUE(becomes(drawn(sign)));
+}
+
+TEST_F(X11WindowLookTest, FollowsItsView) {
+  auto shown = std::make_unique<Sign>();
+  Sign& sign = *shown;
+  const auto window = showing(std::move(shown));
+  ASSERT_TRUE(becomes(drawn(sign)));
+  for (const platform::Color& color : {platform::Color{0.0, 1.0, 0.0}, platform::Color::white()}) {
+    sign.setLetters(color);
+    EXPECT_TRUE(becomes(drawn(sign)));
+  }
+}
+
+TEST_F(X11WindowLookTest, TurnsASpinner) {
+  class Waiting final : public platform::View {
+   public:
+    Waiting() { setFrame({{}, {480.0, 200.0}}); }
+    platform::ViewContent content() const override {
+      return {.background = platform::Color::black(),
+              .elements = {{.frame = {{200.0, 60.0}, {80.0, 80.0}}, .kind = platform::SpinnerElement()}}};
+    }
+  };
+  const auto window = make({.alpha = 1.0});
+  window->setContentView(std::make_unique<Waiting>());
+  window->orderFront();
+  ASSERT_TRUE(centerBecomes(Qt::black));
+  const auto turned = [this, before = screenImage(ui_.connection(), labelPixels)] {
+    return screenImage(ui_.connection(), labelPixels) != before;
+  };
+  EXPECT_TRUE(waitFor(turned));
 }
 
 }  // namespace
