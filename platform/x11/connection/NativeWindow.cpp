@@ -8,6 +8,7 @@
 #include <QtGui/qguiapplication_platform.h>
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 #include <limits>
 #include <string_view>
 #include <xcb/shape.h>
@@ -55,11 +56,15 @@ void NativeWindow::tellPlace(const xcb_configure_notify_event_t& change) {
   if (place == nullptr) {
     return;
   }
-  xcb_configure_notify_event_t message = change;
-  message.event = id_;
-  message.x = place->dst_x;
-  message.y = place->dst_y;
-  // Without a mask an event goes to whoever made the window.
+  xcb_configure_notify_event_t now = change;
+  now.event = id_;
+  now.x = place->dst_x;
+  now.y = place->dst_y;
+  // A message is as long as the longest event.
+  xcb_raw_generic_event_t message{};
+  static_assert(sizeof(now) <= sizeof(message));
+  std::memcpy(&message, &now, sizeof(now));
+  // Without a mask it goes to whoever made the window.
   xcb_send_event(raw_, 0, id_, XCB_EVENT_MASK_NO_EVENT, reinterpret_cast<const char*>(&message));
   flush();
 }

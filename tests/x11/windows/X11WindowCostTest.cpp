@@ -1,9 +1,8 @@
 #include "platform/x11/windows/X11Window.h"
 
+#include "platform/x11/connection/NativeWindow.h"
 #include "tests/x11/windows/X11WindowFixture.h"
 
-#include <QGuiApplication>
-#include <QtGui/qguiapplication_platform.h>
 #include <xcb/res.h>
 
 namespace roomlattice::tests {
@@ -11,6 +10,7 @@ namespace {
 
 using platform::Window;
 using platform::x11::replyTo;
+using platform::x11::toolkitConnection;
 
 /// What windows cost the X server, apart from what is seen.
 class X11WindowCostTest : public X11WindowTest {
@@ -26,10 +26,9 @@ class X11WindowCostTest : public X11WindowTest {
 TEST_F(X11WindowCostTest, DoNotWakeTheToolkit) {
   const auto window = makeOn(0);
   ASSERT_TRUE(centerBecomes(Qt::red));
-  auto* application = qApp->nativeInterface<QNativeInterface::QX11Application>();
-  const auto cookie =
-      xcb_get_window_attributes(application->connection(), static_cast<std::uint32_t>(window->number()));
-  const auto attributes = replyTo(application->connection(), cookie, xcb_get_window_attributes_reply);
+  xcb_connection_t* const toolkit = toolkitConnection();
+  const auto cookie = xcb_get_window_attributes(toolkit, static_cast<std::uint32_t>(window->number()));
+  const auto attributes = replyTo(toolkit, cookie, xcb_get_window_attributes_reply);
   ASSERT_NE(attributes, nullptr);
   EXPECT_EQ(attributes->your_event_mask, XCB_EVENT_MASK_NO_EVENT);
 }

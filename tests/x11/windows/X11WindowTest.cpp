@@ -280,16 +280,16 @@ class X11WindowLookTest : public X11WindowTest {
   static QImage drawn(Sign& sign) {
     QWidget widget;
     QImage image(labelPixels.size(), QImage::Format_RGB32);
-    QPainter painter(&image);
-    platform::x11::ViewDrawing(sign, widget).paint(painter, {.solid = true});
+    {
+      QPainter painter(&image);
+      platform::x11::ViewDrawing(sign, widget).paint(painter, {.solid = true});
+    }
     return image;
   }
 
-  std::unique_ptr<platform::Window> showing(std::unique_ptr<Sign> sign) {
-    auto window = make({.alpha = 1.0});
-    window->setContentView(std::move(sign));
-    window->orderFront();
-    server_.addWindowToSpace(window->number(), spaceAt(0));
+  std::unique_ptr<platform::Window> showing(std::unique_ptr<platform::View> view) {
+    auto window = makeOn(0);
+    window->setContentView(std::move(view));
     return window;
   }
 
@@ -328,9 +328,7 @@ TEST_F(X11WindowLookTest, TurnsASpinner) {
               .elements = {{.frame = {{200.0, 60.0}, {80.0, 80.0}}, .kind = platform::SpinnerElement()}}};
     }
   };
-  const auto window = make({.alpha = 1.0});
-  window->setContentView(std::make_unique<Waiting>());
-  window->orderFront();
+  const auto window = showing(std::make_unique<Waiting>());
   ASSERT_TRUE(centerBecomes(Qt::black));
   const auto turned = [this, before = screenImage(ui_.connection(), labelPixels)] {
     return screenImage(ui_.connection(), labelPixels) != before;
